@@ -1,0 +1,94 @@
+#pragma once
+
+#include "database/dialect/catalog.h"
+#include "database/values/row_block.h"
+#include "database/values/sql_text.h"
+
+#include <QString>
+
+#include <memory>
+#include <stdexcept>
+
+namespace ebtq::db {
+
+struct Dialect;
+
+/// A failed database operation; what() is a text in Chinese fit to be shown, with the engine's own text behind
+/// where it helps.
+class DatabaseError : public std::runtime_error
+{
+public:
+    explicit DatabaseError(const QString &message)
+        : std::runtime_error(message.toStdString())
+    {
+    }
+    [[nodiscard]] QString message() const { return QString::fromUtf8(what()); }
+};
+
+/// One connection to one database. Statements are in the system's dialect and are translated for the engine.
+/// Every operation throws DatabaseError; a statement that fails changes nothing. For use on one thread.
+class Connection
+{
+public:
+    /// What may be done with a file that is not there.
+    enum class Missing { IsAnError, IsCreated };
+
+    /// Opens an embedded database by its file's path (":memory:" for one in memory). Throws for a file that is no
+    /// database. A read-only file opens; statements that write fail.
+    [[nodiscard]] static std::unique_ptr<Connection> open(const QString &location,
+                                                          Missing missing = Missing::IsAnError);
+
+    virtual ~Connection() = default;
+
+    /// The rows of a select.
+    [[nodiscard]] virtual RowBlock query(const SqlText &statement) = 0;
+    /// Runs an insert, update or delete; the number of rows changed. A select runs too and gives 0.
+    virtual qint64 execute(const SqlText &statement) = 0;
+    /// Runs statements of the engine's own language, parted by semicolons: for the installer only.
+    virtual void executeNative(const QByteArray &script) = 0;
+
+    /// Begins a transaction that writes. Throws when one is open.
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    /// Nothing when none is open. Never throws.
+    virtual void rollback() noexcept = 0;
+    [[nodiscard]] virtual bool inTransaction() const = 0;
+
+    [[nodiscard]] virtual const Dialect &dialect() const = 0;
+    /// Read on first use and again after executeNative.
+    [[nodiscard]] virtual const Catalog &catalog() = 0;
+    /// The file or the URL without a password, as shown to people.
+    [[nodiscard]] virtual QString location() const = 0;
+};
+
+/// A transaction for one scope: rolled back on the way out unless committed. Joins one that is already open.
+class Transaction
+{
+public:
+    explicit Transaction(Connection &connection)
+        : m_connection(connection)
+        , m_own(!connection.inTransaction())
+    {
+        if (m_own)
+            m_connection.begin();
+    }
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+    ~Transaction()
+    {
+        if (m_own)
+            m_connection.rollback();
+    }
+    void commit()
+    {
+        if (m_own)
+            m_connection.commit();
+        m_own = false;
+    }
+
+private:
+    Connection &m_connection;
+    bool m_own;
+};
+
+} // namespace ebtq::db

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "database/values/row_block.h"
+
+#include <QHash>
+#include <QString>
+
+#include <vector>
+
+namespace ebtq::db {
+
+/// Tables and columns of the connected database with their types, read once. Names compare without regard to case
+/// and are given back in the database's own spelling.
+class Catalog
+{
+public:
+    struct Table
+    {
+        QString name;
+        std::vector<Column> columns;
+        /// nullptr when there is none.
+        [[nodiscard]] const Column *column(QStringView columnName) const;
+    };
+
+    void add(Table table);
+    /// nullptr when there is none.
+    [[nodiscard]] const Table *table(QStringView name) const;
+    [[nodiscard]] bool isEmpty() const { return m_tables.isEmpty(); }
+
+private:
+    QHash<QString, Table> m_tables; ///< by case-folded name
+};
+
+} // namespace ebtq::db

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "database/dialect/catalog.h"
+#include "database/values/sql_text.h"
+
+#include <QByteArray>
+
+#include <stdexcept>
+#include <vector>
+
+namespace ebtq::db {
+
+struct Dialect;
+
+/// A statement that is refused: where in its text (UTF-16 units from 0) and why, in Chinese, fit to be shown.
+class DialectError : public std::runtime_error
+{
+public:
+    DialectError(qsizetype position, const QString &message)
+        : std::runtime_error(message.toStdString())
+        , m_position(position)
+    {
+    }
+    [[nodiscard]] qsizetype position() const { return m_position; }
+    [[nodiscard]] QString message() const { return QString::fromUtf8(what()); }
+
+private:
+    qsizetype m_position;
+};
+
+enum class StatementKind : quint8 { Select, Insert, Update, Delete };
+
+/// A statement in the engine's own language.
+struct Translation
+{
+    QByteArray sql; ///< UTF-8
+    StatementKind kind = StatementKind::Select;
+    std::vector<Column> columns; ///< of the result, in order; empty but for a select
+};
+
+/// Reads one statement of the dialect and writes it for an engine. Throws DialectError for what the dialect does
+/// not have, for an unknown table or column, and for a typed span that does not lie inside one literal.
+[[nodiscard]] Translation translate(const SqlText &statement, const Dialect &dialect, const Catalog &catalog);
+
+} // namespace ebtq::db

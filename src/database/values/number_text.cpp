@@ -1,0 +1,160 @@
+#include "database/values/number_text.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+
+namespace ebtq {
+
+namespace {
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
+int digitValue(char c)
+{
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : 99;
+}
+
+/// The text without its blanks, one character at a time; '\0' at the end.
+class Reader
+{
+public:
+    explicit Reader(std::string_view text)
+        : m_text(text)
+    {
+        skipBlanks();
+    }
+    [[nodiscard]] char peek() const { return m_at < m_text.size() ? m_text[m_at] : '\0'; }
+    char take()
+    {
+        const char c = peek();
+        ++m_at;
+        skipBlanks();
+        return c;
+    }
+    [[nodiscard]] bool is(char upper) const { return peek() == upper || peek() == upper + ('a' - 'A'); }
+
+private:
+    void skipBlanks()
+    {
+        while (m_at < m_text.size() && isBlank(m_text[m_at]))
+            ++m_at;
+    }
+    std::string_view m_text;
+    size_t m_at = 0;
+};
+
+double radixNumber(Reader reader, int radix)
+{
+    double result = 0;
+    while (digitValue(reader.peek()) < radix)
+        result = result * radix + digitValue(reader.take());
+    return result;
+}
+
+void takeDigits(Reader &reader, std::string &into)
+{
+    while (reader.peek() >= '0' && reader.peek() <= '9')
+        into += reader.take();
+}
+
+/// An exponent counts only with digits behind it: "5e" is 5.
+void takeExponent(Reader reader, std::string &into)
+{
+    if (!reader.is('E') && !reader.is('D'))
+        return;
+    reader.take();
+    std::string exponent = "e";
+    if (reader.peek() == '-' || reader.peek() == '+')
+        exponent += reader.take();
+    const size_t before = exponent.size();
+    takeDigits(reader, exponent);
+    if (exponent.size() > before)
+        into += exponent;
+}
+
+double fromDigits(const std::string &digits)
+{
+    double result = 0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), result);
+    if (read.ec == std::errc::result_out_of_range) {
+        const bool tiny = digits.find("e-") != std::string::npos;
+        result = tiny ? 0 : HUGE_VAL;
+    }
+    return result;
+}
+
+} // namespace
+
+double leadingNumber(std::string_view text)
+{
+    Reader reader(text);
+    if (reader.peek() == '&') {
+        reader.take();
+        const int radix = reader.is('H') ? 16 : reader.is('O') ? 8 : 0;
+        if (radix == 0)
+            return 0;
+        reader.take();
+        return radixNumber(reader, radix);
+    }
+    const bool negative = reader.peek() == '-';
+    if (negative || reader.peek() == '+')
+        reader.take();
+    std::string digits;
+    takeDigits(reader, digits);
+    const size_t whole = digits.size();
+    if (reader.peek() == '.') {
+        reader.take();
+        digits += '.';
+        takeDigits(reader, digits);
+    }
+    if (digits.empty() || (whole == 0 && digits.size() == 1))
+        return 0;
+    if (whole == 0)
+        digits.insert(digits.begin(), '0');
+    takeExponent(reader, digits);
+    const double result = fromDigits(digits);
+    return negative && result != 0 ? -result : result;
+}
+
+double leadingNumber(QStringView text)
+{
+    std::string ascii;
+    for (const QChar c : text) {
+        if (c.unicode() >= 0x80)
+            break;
+        ascii += static_cast<char>(c.unicode());
+    }
+    return leadingNumber(std::string_view(ascii));
+}
+
+std::string numberText(double number)
+{
+    char text[40];
+    // Whole numbers are the common case and need no search for the shortest form.
+    if (std::abs(number) < 1e15 && number == std::trunc(number)) {
+        const auto end = std::to_chars(text, text + sizeof text, static_cast<long long>(number)).ptr;
+        return std::string(text, end);
+    }
+    const int length = std::snprintf(text, sizeof text, "%.15G", number);
+    std::string result(text, static_cast<size_t>(length));
+    for (char &c : result) {
+        if (c == ',')
+            c = '.';
+    }
+    return result;
+}
+
+QString numberString(double number)
+{
+    return QString::fromStdString(numberText(number));
+}
+
+} // namespace ebtq

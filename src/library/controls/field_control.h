@@ -1,0 +1,107 @@
+#pragma once
+
+#include "library/controls/control.h"
+
+#include <QVariant>
+
+namespace ebtq {
+
+/// The field control of every screen: a caption to its left, a typed text, a hidden value behind it, a help button
+/// and a check of what was typed.
+///
+/// Help, by help_type: for HostList and InlineList the event FieldGenericHelp is raised with help_code as key, for
+/// Calendar with the key "date"; for Custom the event FieldHelp, whose two by-reference values go back into the
+/// field. A view may answer Calendar and InlineList by itself.
+///
+/// Check, on leaving a field whose text changed since the last one that passed: by judge_type a statement or a
+/// custom field (FieldCheck), an inline list or a date. An empty text always passes and empties the value. With
+/// FieldCheck an empty value on return means no match. A failed check raises checkFailed with error_message and
+/// the view keeps the focus.
+class qzTxt_S : public Control
+{
+    Q_OBJECT
+    Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY FieldChange)
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue)
+    Q_PROPERTY(bool help_flag MEMBER m_help_flag NOTIFY stateChanged)
+    Q_PROPERTY(bool help_menuflag MEMBER m_help_menuflag NOTIFY stateChanged)
+    Q_PROPERTY(int help_type MEMBER m_help_type NOTIFY stateChanged)
+    Q_PROPERTY(QString help_code MEMBER m_help_code)
+    Q_PROPERTY(QString judge_base MEMBER m_judge_base)
+    Q_PROPERTY(int judge_type MEMBER m_judge_type)
+    Q_PROPERTY(int judge_time MEMBER m_judge_time)
+    Q_PROPERTY(QString text_field_code MEMBER m_text_field_code)
+    Q_PROPERTY(QString text_field_name MEMBER m_text_field_name)
+    Q_PROPERTY(QString error_message MEMBER m_error_message)
+    Q_PROPERTY(int Alignment MEMBER m_alignment NOTIFY stateChanged)
+
+public:
+    enum HelpType : int { HostList = 0, Calendar = 1, Custom = 2, InlineList = 3 };
+    enum JudgeType : int { JudgeNothing = 0, JudgeStatement = 1, JudgeInlineList = 3, JudgeDate = 7 };
+    enum JudgeTime : int { JudgeNever = 0, JudgeOnLeaving = 1 };
+    enum TextAlignment : int { AlignLeft = 0, AlignRight = 1, AlignCentre = 2 };
+
+    explicit qzTxt_S(const QString &name, int index = -1);
+
+    [[nodiscard]] const QString &Text() const { return m_text; }
+    /// Raises FieldChange when the text differs from the present one.
+    void setText(const QString &text);
+    [[nodiscard]] const QVariant &Value() const { return m_value; }
+    void setValue(const QVariant &value) { m_value = value; }
+
+    [[nodiscard]] bool help_flag() const { return m_help_flag; }
+    void set_help_flag(bool on);
+    [[nodiscard]] bool help_menuflag() const { return m_help_menuflag; }
+    void set_help_menuflag(bool on);
+    [[nodiscard]] int help_type() const { return m_help_type; }
+    void set_help_type(int type);
+    [[nodiscard]] const QString &help_code() const { return m_help_code; }
+    void set_help_code(const QString &code) { m_help_code = code; }
+    [[nodiscard]] const QString &judge_base() const { return m_judge_base; }
+    void set_judge_base(const QString &base) { m_judge_base = base; }
+    [[nodiscard]] int judge_type() const { return m_judge_type; }
+    void set_judge_type(int type) { m_judge_type = type; }
+    [[nodiscard]] int judge_time() const { return m_judge_time; }
+    void set_judge_time(int time) { m_judge_time = time; }
+    [[nodiscard]] const QString &text_field_code() const { return m_text_field_code; }
+    void set_text_field_code(const QString &column) { m_text_field_code = column; }
+    [[nodiscard]] const QString &text_field_name() const { return m_text_field_name; }
+    void set_text_field_name(const QString &column) { m_text_field_name = column; }
+    [[nodiscard]] const QString &error_message() const { return m_error_message; }
+    void set_error_message(const QString &message) { m_error_message = message; }
+    [[nodiscard]] int Alignment() const { return m_alignment; }
+    void setAlignment(int alignment);
+
+    /// What a view calls when the help button, F4 or Alt+Down was pressed; the position is that of the field's
+    /// lower left corner on the screen, in pixels. Nothing without help_flag.
+    void requestHelp(int left, int top);
+    /// What a view calls before the focus leaves. True when the focus may go.
+    bool check();
+
+Q_SIGNALS:
+    void FieldChange();
+    void FieldHelp(int left, int top, QString &text, QVariant &value);
+    void FieldCheck(const QString &base, const QString &valueField, const QString &textField, QVariant &value,
+                    QString &text);
+    void FieldGenericHelp(const QString &key, const QVariant &field, const QVariant &left, const QVariant &top);
+    void checkFailed(const QString &message);
+
+private:
+    bool judge(QVariant &value, QString &text);
+
+    QString m_text;
+    QVariant m_value;
+    QString m_checkedText; ///< the last text that passed, so that it is not asked for again
+    bool m_help_flag = false;
+    bool m_help_menuflag = false;
+    int m_help_type = HostList;
+    QString m_help_code;
+    QString m_judge_base;
+    int m_judge_type = JudgeNothing;
+    int m_judge_time = JudgeNever;
+    QString m_text_field_code;
+    QString m_text_field_name;
+    QString m_error_message;
+    int m_alignment = AlignLeft;
+};
+
+} // namespace ebtq

@@ -1,0 +1,143 @@
+#pragma once
+
+#include "database/values/row_block.h"
+#include "library/controls/control.h"
+
+#include <QColor>
+#include <QList>
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace ebtq {
+
+/// The grid behind every list. Rows and columns are numbered from 0, fixed rows and columns included; with one
+/// fixed row the first data row is 1. A loaded block keeps its cells where they are; edited and inserted rows are
+/// kept apart, and order and hidden rows are an index over both. Widths and heights are pixels at 96 dots an inch.
+///
+/// A view asks for the cells that it paints by position in sight: the n-th data row that is not hidden.
+class VSFlexGrid : public Control
+{
+    Q_OBJECT
+    Q_PROPERTY(int Rows READ Rows WRITE setRows)
+    Q_PROPERTY(int Cols READ Cols WRITE setCols)
+    Q_PROPERTY(int FixedRows READ FixedRows WRITE setFixedRows)
+    Q_PROPERTY(int FixedCols READ FixedCols WRITE setFixedCols)
+    Q_PROPERTY(int Row READ Row WRITE setRow)
+    Q_PROPERTY(int Col READ Col WRITE setCol)
+    Q_PROPERTY(int TopRow READ TopRow WRITE setTopRow)
+    Q_PROPERTY(bool Redraw READ Redraw WRITE setRedraw)
+
+public:
+    enum Align : int { AlignLeft = 1, AlignCentre = 4, AlignRight = 7, AlignGeneral = 9 };
+
+    explicit VSFlexGrid(const QString &name, int index = -1);
+    ~VSFlexGrid() override;
+
+    // Shape
+    [[nodiscard]] int Rows() const;
+    /// More rows are added empty at the end, fewer cut there; never below 0. Cuts the current row with them.
+    void setRows(int rows);
+    [[nodiscard]] int Cols() const { return static_cast<int>(m_columns.size()); }
+    void setCols(int cols);
+    [[nodiscard]] int FixedRows() const { return m_fixedRows; }
+    void setFixedRows(int rows);
+    [[nodiscard]] int FixedCols() const { return m_fixedCols; }
+    void setFixedCols(int cols);
+    /// Captions of the first fixed row, parted by "|"; a caption's blanks count towards its column's width. A
+    /// leading "<", "^" or ">" aligns the column. Sets the number of columns.
+    void setFormatString(const QString &format);
+    [[nodiscard]] const QString &FormatString() const { return m_formatString; }
+
+    // Cells
+    [[nodiscard]] QString TextMatrix(int row, int col) const;
+    void setTextMatrix(int row, int col, const QString &text);
+    /// The same without making a QString; valid until the grid changes.
+    [[nodiscard]] std::string_view cell(int row, int col) const;
+    /// Takes a whole block over as the data rows, into the columns from `firstCol` on; cells to its left are empty
+    /// and columns beyond Cols() are not shown. The rows so far, their pictures and colours are gone. The current row becomes the
+    /// first data row when it lies beyond the new rows or stands on a fixed one.
+    void LoadArray(RowBlock block, int firstCol = 0);
+    /// Name of the icon in a cell; empty for none.
+    [[nodiscard]] QString CellPicture(int row, int col) const;
+    void setCellPicture(int row, int col, const QString &icon, int alignment = AlignCentre);
+    [[nodiscard]] int CellPictureAlignment(int row, int col) const;
+
+    // Rows
+    /// Puts an empty row at `position`; at the end when it is beyond. The current row stays on its contents.
+    void insertRow(int position);
+    void RemoveItem(int row);
+    [[nodiscard]] bool RowHidden(int row) const;
+    void setRowHidden(int row, bool hidden);
+    void showAllRows();
+    /// Hides every data row whose search text does not hold `text`. The search text of a row is its cell in the
+    /// current column and then, for each of `columns`, "%" and the cell there; case counts. One pass over the
+    /// block's bytes unless `text` has a "%".
+    void hideRowsWithout(const QString &text, const QList<int> &columns);
+    /// The first data row from `fromRow` on whose search text, as above, holds `text`; -1 when there is none.
+    [[nodiscard]] int findRow(const QString &text, const QList<int> &columns, int fromRow) const;
+
+    // Columns
+    [[nodiscard]] bool ColHidden(int col) const;
+    void setColHidden(int col, bool hidden);
+    [[nodiscard]] int ColWidth(int col) const;
+    void setColWidth(int col, int width);
+    [[nodiscard]] int ColAlignment(int col) const;
+    void setColAlignment(int col, int alignment);
+    /// The order of sight, by column number; all columns, hidden ones too.
+    [[nodiscard]] const std::vector<int> &columnOrder() const { return m_columnOrder; }
+
+    // Look
+    /// Colour of every second data row; invalid for none.
+    [[nodiscard]] QColor BackColorAlternate() const { return m_backColorAlternate; }
+    void setBackColorAlternate(const QColor &color);
+
+    // Current cell and scrolling
+    /// -1 when there is no row.
+    [[nodiscard]] int Row() const { return m_row; }
+    void setRow(int row);
+    [[nodiscard]] int Col() const { return m_col; }
+    void setCol(int col);
+    void setCurrent(int row, int col);
+    [[nodiscard]] int TopRow() const { return m_topRow; }
+    void setTopRow(int row);
+    /// While off, no view signal is sent; switching on sends one `rowsReset` when anything changed meanwhile.
+    [[nodiscard]] bool Redraw() const { return m_redraw; }
+    void setRedraw(bool on);
+
+    // Rows in sight, for views
+    [[nodiscard]] int visibleCount() const;
+    /// The row number of the n-th data row in sight.
+    [[nodiscard]] int rowInSight(int position) const;
+    /// Where a data row stands in sight; -1 when it is hidden or fixed.
+    [[nodiscard]] int positionInSight(int row) const;
+    /// Memory held for the data rows, in bytes.
+    [[nodiscard]] size_t byteSize() const;
+
+    // What a view reports
+    void reportMouseDown(short button, short shift, float x, float y);
+    void reportDoubleClick() { Q_EMIT DblClick(); }
+    void reportFocus() { Q_EMIT GotFocus(); }
+
+Q_SIGNALS:
+    void AfterRowColChange(int oldRow, int oldCol, int newRow, int newCol);
+    void MouseDown(short &Button, short &shift, float &X, float &Y);
+    void DblClick();
+    void GotFocus();
+
+    // For views only
+    void rowsAboutToBeReset();
+    void rowsReset();
+    void rowAboutToBeInserted(int position);
+    void rowInserted(int position);
+    void rowAboutToBeRemoved(int position);
+    void rowRemoved(int position);
+    void rowChanged(int row);
+    void columnsChanged();
+    void currentChanged();
+    void topRowChanged();
+};
+
+} // namespace ebtq
