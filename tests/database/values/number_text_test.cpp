@@ -1,0 +1,55 @@
+#include "database/values/number_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace ebtq {
+
+TEST(LeadingNumber, ReadsWhatStandsInFront)
+{
+    struct Case
+    {
+        const char16_t *text;
+        double number;
+    };
+    const Case cases[] = {
+        {u"", 0},          {u"abc", 0},        {u"12", 12},        {u"  12 楼", 12},   {u"1 2 3", 123},
+        {u"-3.5万", -3.5}, {u"+7", 7},         {u"- 7", -7},       {u".5", 0.5},       {u"5.", 5},
+        {u".", 0},         {u"-", 0},          {u"1.2.3", 1.2},    {u"1,234", 1},      {u"1e3", 1000},
+        {u"1E-2x", 0.01},  {u"5e", 5},         {u"5e+", 5},        {u"2d2", 200},      {u"&H1F", 31},
+        {u"&hff楼", 255},  {u"&O17", 15},      {u"&o8", 0},        {u"&", 0},          {u"&X1", 0},
+        {u"\t1\n2", 12},   {u"１２", 0},       {u"1e400", HUGE_VAL}, {u"1e-400", 0},   {u"-0", 0},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(leadingNumber(QStringView(c.text)), c.number) << QString::fromUtf16(c.text).toStdString();
+    EXPECT_FALSE(std::signbit(leadingNumber(QStringView(u"-0"))));
+}
+
+TEST(NumberText, HasFifteenDigitsAndNoTrailingZero)
+{
+    struct Case
+    {
+        double number;
+        const char *text;
+    };
+    const Case cases[] = {
+        {0, "0"},
+        {-0.0, "0"},
+        {586, "586"},
+        {128.5, "128.5"},
+        {0.1 + 0.2, "0.3"},
+        {1.0 / 3, "0.333333333333333"},
+        {-2.50, "-2.5"},
+        {999999999999999, "999999999999999"},
+        {1e15, "1E+15"},
+        {1.5e300, "1.5E+300"},
+        {0.0001, "0.0001"},
+        {0.00001, "1E-05"},
+        {123456789.123456789, "123456789.123457"},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(numberText(c.number), c.text);
+}
+
+} // namespace ebtq

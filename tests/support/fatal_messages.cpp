@@ -1,0 +1,30 @@
+#include "support/fatal_messages.h"
+
+#include <QString>
+#include <QtLogging>
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+namespace ebtq::test {
+
+namespace {
+
+void handleMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtDebugMsg || type == QtInfoMsg) {
+        std::cerr << text.toStdString() << '\n';
+        return;
+    }
+    ADD_FAILURE() << "unexpected message: " << text.toStdString();
+}
+
+} // namespace
+
+void installFatalMessages()
+{
+    qInstallMessageHandler(handleMessage);
+}
+
+} // namespace ebtq::test
