@@ -1,7 +1,7 @@
 #include "support/fatal_messages.h"
 
 #include <QString>
-#include <QtLogging>
+#include <QtGlobal>
 
 #include <gtest/gtest.h>
 

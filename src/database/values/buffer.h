@@ -9,8 +9,9 @@
 
 namespace ebtq {
 
-/// A growing array of plain values on realloc: large blocks are remapped instead of copied when they grow, and
-/// nothing is initialised that is about to be overwritten. Both show in the time and the peak of a large list.
+/// A growing array of plain values on realloc: large blocks are remapped instead of copied when they grow,
+/// and nothing is initialised that is about to be overwritten. Both show in the time and the peak of a large
+/// list.
 template<class T> class Buffer
 {
     static_assert(std::is_trivially_copyable_v<T>);
@@ -21,8 +22,7 @@ public:
         : m_data(std::exchange(other.m_data, nullptr))
         , m_size(std::exchange(other.m_size, 0))
         , m_capacity(std::exchange(other.m_capacity, 0))
-    {
-    }
+    {}
     Buffer &operator=(Buffer &&other) noexcept
     {
         std::swap(m_data, other.m_data);

@@ -36,8 +36,8 @@ bool hasPattern(std::string_view text, std::string_view pattern)
 
 std::optional<QDateTime> parseDate(QStringView text)
 {
-    static const QRegularExpression yearFirst(
-        QStringLiteral("^(\\d{3,4})([-/])(\\d{1,2})\\2(\\d{1,2})(?:\\s+(\\d{1,2}:\\d{1,2}(?::\\d{1,2})?))?$"));
+    static const QRegularExpression yearFirst(QStringLiteral(
+        "^(\\d{3,4})([-/])(\\d{1,2})\\2(\\d{1,2})(?:\\s+(\\d{1,2}:\\d{1,2}(?::\\d{1,2})?))?$"));
     static const QRegularExpression monthFirst(
         QStringLiteral("^(\\d{1,2})/(\\d{1,2})/(\\d{3,4})(?:\\s+(\\d{1,2}:\\d{1,2}(?::\\d{1,2})?))?$"));
     const QString trimmed = text.trimmed().toString();

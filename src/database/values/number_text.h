@@ -7,14 +7,15 @@
 
 namespace ebtq {
 
-/// The leading number of a text: blanks, tabs and line ends are skipped wherever they stand, a sign, digits, one
-/// decimal point and an exponent (E or D) are read, "&H" and "&O" open a hexadecimal or octal integer; reading
-/// stops at the first other character. 0 when there is no number. Never fails; an overflow gives infinity.
+/// The leading number of a text: blanks, tabs and line ends are skipped wherever they stand, a sign, digits,
+/// one decimal point and an exponent (E or D) are read, "&H" and "&O" open a hexadecimal or octal integer;
+/// reading stops at the first other character. 0 when there is no number. Never fails; an overflow gives
+/// infinity.
 [[nodiscard]] double leadingNumber(std::string_view text);
 [[nodiscard]] double leadingNumber(QStringView text);
 
-/// A number as text: at most 15 significant digits, a point whatever the locale, no trailing zeros or point, an
-/// exponent as in 1E+15 from 10^15 on and below 0.0001.
+/// A number as text: at most 15 significant digits, a point whatever the locale, no trailing zeros or point,
+/// an exponent as in 1E+15 from 10^15 on and below 0.0001.
 [[nodiscard]] std::string numberText(double number);
 [[nodiscard]] QString numberString(double number);
 

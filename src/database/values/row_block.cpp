@@ -32,7 +32,8 @@ QVariant RowBlock::value(qsizetype row, int column) const
         const qlonglong number = text.toLongLong(&read);
         if (!read)
             return text;
-        const bool fits = number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
+        const bool fits =
+            number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
         return fits ? QVariant(static_cast<int>(number)) : QVariant(number);
     }
     case ColumnType::Number: {

@@ -19,9 +19,9 @@ struct Column
     ColumnType type = ColumnType::Text;
 };
 
-/// The rows of one result: all cells' UTF-8 text in one arena, row by row, with the end of each cell and a mark
-/// for Null. Immutable once built and moved from the driver to the grid without copying a cell. Numbers stand as
-/// their text, dates in regional form, binary contents as their bytes.
+/// The rows of one result: all cells' UTF-8 text in one arena, row by row, with the end of each cell and a
+/// mark for Null. Immutable once built and moved from the driver to the grid without copying a cell. Numbers
+/// stand as their text, dates in regional form, binary contents as their bytes.
 ///
 /// Sizes: an arena holds less than 2 GiB, a cell costs 4 bytes beside its text.
 class RowBlock
@@ -30,8 +30,7 @@ public:
     RowBlock() = default;
     explicit RowBlock(std::vector<Column> columns)
         : m_columns(std::move(columns))
-    {
-    }
+    {}
 
     [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
     [[nodiscard]] qsizetype rowCount() const
@@ -43,16 +42,22 @@ public:
     [[nodiscard]] int columnNamed(QStringView name) const;
 
     /// A cell's text; empty for Null. Valid as long as the block.
-    [[nodiscard]] std::string_view cell(qsizetype row, int column) const { return cellAt(index(row, column)); }
+    [[nodiscard]] std::string_view cell(qsizetype row, int column) const
+    {
+        return cellAt(index(row, column));
+    }
     [[nodiscard]] std::string_view cellAt(size_t index) const
     {
         const size_t begin = index == 0 ? 0 : end(index - 1);
         return {m_arena.data() + begin, end(index) - begin};
     }
-    [[nodiscard]] bool isNull(qsizetype row, int column) const { return m_ends[index(row, column)] & nullMark; }
+    [[nodiscard]] bool isNull(qsizetype row, int column) const
+    {
+        return m_ends[index(row, column)] & nullMark;
+    }
 
-    /// A cell in its column's type: QString, int or qlonglong, double, QDateTime, QByteArray; an invalid QVariant
-    /// for Null. A text that does not read as its column's type comes back as the text.
+    /// A cell in its column's type: QString, int or qlonglong, double, QDateTime, QByteArray; an invalid
+    /// QVariant for Null. A text that does not read as its column's type comes back as the text.
     [[nodiscard]] QVariant value(qsizetype row, int column) const;
 
     /// The whole arena, and where the cell with that index ends in it: for a search in one pass.
@@ -61,10 +66,7 @@ public:
     [[nodiscard]] size_t end(size_t index) const { return m_ends[index] & ~nullMark; }
 
     /// Memory held, in bytes.
-    [[nodiscard]] size_t byteSize() const
-    {
-        return m_arena.capacity() + m_ends.capacity() * sizeof(quint32);
-    }
+    [[nodiscard]] size_t byteSize() const { return m_arena.capacity() + m_ends.capacity() * sizeof(quint32); }
 
     /// Building, cell by cell in row order. Throw std::length_error when the arena would reach 2 GiB.
     void appendNull() { m_ends.push(static_cast<quint32>(m_arena.size()) | nullMark); }

@@ -3,6 +3,8 @@
 #include <QList>
 #include <QString>
 
+#include <concepts>
+
 namespace ebtq {
 
 /// A value that a person typed or that was read from a row, on its way into a statement.
@@ -15,9 +17,9 @@ struct TypedText
     return {std::move(text)};
 }
 
-/// A statement in the making. Its text is the plain concatenation, nothing is escaped or doubled; but it remembers
-/// which spans were typed. The translation refuses a statement in which such a span does not come out inside one
-/// literal, so that no value can ever change what a statement does.
+/// A statement in the making. Its text is the plain concatenation, nothing is escaped or doubled; but it
+/// remembers which spans were typed. The translation refuses a statement in which such a span does not come
+/// out inside one literal, so that no value can ever change what a statement does.
 class SqlText
 {
 public:
@@ -29,10 +31,10 @@ public:
     };
 
     SqlText() = default;
-    SqlText(QString fixed) // NOLINT(google-explicit-constructor): a fixed text is a statement without typed spans
+    SqlText(
+        QString fixed) // NOLINT(google-explicit-constructor): a fixed text is a statement without typed spans
         : m_text(std::move(fixed))
-    {
-    }
+    {}
 
     [[nodiscard]] const QString &text() const { return m_text; }
     /// Where typed text stands, in UTF-16 units, in order and without overlap. Empty values leave no span.
@@ -53,7 +55,8 @@ private:
     QList<Span> m_typed;
 };
 
-template<class Part> [[nodiscard]] SqlText operator+(SqlText text, const Part &part)
+/// Only for a text that is a SqlText already: a QString on the left is joined as Qt does it.
+template<std::same_as<SqlText> Text, class Part> [[nodiscard]] Text operator+(Text text, const Part &part)
 {
     text += part;
     return text;
