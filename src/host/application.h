@@ -1,7 +1,9 @@
 #pragma once
 
 #include "database/connection.h"
+#include "host/host_session.h"
 #include "host/panel_presenter.h"
+#include "host/users.h"
 #include "library/frame/host_contracts.h"
 
 #include <QDate>
@@ -12,33 +14,14 @@
 
 namespace ebtq::host {
 
-/// What the program around the host decides.
-struct Settings
-{
-    QString appPath;  ///< working folder below the user's data directory; made when missing
-    QDate loginDate;  ///< business date of the session
-};
-
-/// Who signed in.
-struct User
-{
-    QString id; ///< GUID text without braces
-    QString name;
-    QString department; ///< empty when in none
-};
-
 /// Makes a picker of the component library, initialised; nullptr when it has none of that name.
 using PickerFactory = std::function<std::unique_ptr<HostPicker>(const QString &name)>;
-
-/// The user whose name and password match. Throws Failure with a text for the user otherwise; the text does not
-/// tell whether the name or the password was wrong.
-[[nodiscard]] User signIn(db::Connection &connection, const QString &name, const QString &password);
 
 /// The host objects of one session over one database.
 class Application : public HostApp
 {
 public:
-    /// `connection` and `presenter` outlive the application.
+    /// `connection` and `presenter` outlive the application. Throws Failure when the working folder cannot be made.
     Application(db::Connection &connection, User user, Settings settings, PanelPresenter &presenter);
     ~Application() override;
 
@@ -47,12 +30,17 @@ public:
     void setPickerFactory(PickerFactory factory);
     /// Called with each form that is about to be shown; the shell gives it its look.
     void setFormStyler(std::function<void(QObject &)> apply);
+    /// Called with the text of each failed help list, picker and check: the modules that ask for them have nowhere
+    /// to show it. The text is LastError's too.
+    void setFailureReport(std::function<void(const QString &)> report);
 
     HostDb &Db() override;
     HostPrintEnv &PrintEnv() override;
     [[nodiscard]] HostErrorInfo LastError() const override;
+    /// Throws db::DatabaseError, as the two parameters do.
     std::unique_ptr<HostRights> Rights(int moduleId) override;
     HostParameter SystemParameter(int group, const QVariant &key) override;
+    /// The user's own value, else the system's.
     HostParameter UserParameter(int group, const QVariant &key) override;
     bool ShowHelp(const QString &key, const QVariant &field, const QVariant &left, const QVariant &top,
                   int flag) override;

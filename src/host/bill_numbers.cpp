@@ -1,0 +1,76 @@
+#include "host/bill_numbers.h"
+
+#include "library/frame/host_contracts.h"
+
+namespace ebtq::host {
+
+namespace {
+
+QString period(const QDate &date)
+{
+    if (!date.isValid())
+        throw Failure(QStringLiteral("单据日期无效，无法取得编号！"));
+    return date.toString(u"yyyyMM");
+}
+
+QString wherePeriod(int moduleId, const QDate &date)
+{
+    return QStringLiteral(" where moduleID=%1 and period='%2'").arg(moduleId).arg(period(date));
+}
+
+QString prefixOf(db::Connection &connection, int moduleId)
+{
+    const RowBlock rows =
+        connection.query(QStringLiteral("select prefix from host_modules where moduleID=%1").arg(moduleId));
+    const QString prefix = rows.rowCount() == 0 ? QString() : rows.value(0, 0).toString();
+    if (prefix.isEmpty())
+        throw Failure(QStringLiteral("模块 %1 没有单据编号的前缀，无法取得编号！").arg(moduleId));
+    return prefix;
+}
+
+int lastNumber(db::Connection &connection, int moduleId, const QDate &date)
+{
+    const RowBlock rows =
+        connection.query(QStringLiteral("select lastNumber from host_numbers") + wherePeriod(moduleId, date));
+    return rows.rowCount() == 0 ? 0 : rows.value(0, 0).toInt();
+}
+
+} // namespace
+
+QString billCode(QStringView prefix, const QDate &date, int number)
+{
+    return QStringLiteral("%1%2%3").arg(prefix, period(date)).arg(number, 4, 10, QLatin1Char('0'));
+}
+
+QString previewBillCode(db::Connection &connection, int moduleId, const QDate &date)
+{
+    return billCode(prefixOf(connection, moduleId), date, lastNumber(connection, moduleId, date) + 1);
+}
+
+QString issueBillCode(db::Connection &connection, int moduleId, const QDate &date)
+{
+    const QString prefix = prefixOf(connection, moduleId);
+    db::Transaction transaction(connection);
+    const int number = lastNumber(connection, moduleId, date) + 1;
+    setLastBillNumber(connection, moduleId, date, number);
+    transaction.commit();
+    return billCode(prefix, date, number);
+}
+
+void setLastBillNumber(db::Connection &connection, int moduleId, const QDate &date, int number)
+{
+    db::Transaction transaction(connection);
+    const qint64 changed =
+        connection.execute(QStringLiteral("update host_numbers set lastNumber=%1").arg(number)
+                           + wherePeriod(moduleId, date));
+    if (changed == 0) {
+        connection.execute(
+            QStringLiteral("insert into host_numbers(moduleID,period,lastNumber) values(%1,'%2',%3)")
+                .arg(moduleId)
+                .arg(period(date))
+                .arg(number));
+    }
+    transaction.commit();
+}
+
+} // namespace ebtq::host

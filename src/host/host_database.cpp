@@ -1,0 +1,94 @@
+#include "host/host_database.h"
+
+#include "host/recordset.h"
+
+namespace ebtq::host {
+
+/// Runs `work`; a failure becomes the last error, a success clears it.
+template<class Work> bool HostDatabase::attempt(Work work)
+{
+    m_lastError.Description.clear();
+    try {
+        work();
+    } catch (const std::exception &failure) {
+        m_lastError.Description = QString::fromUtf8(failure.what());
+        // An empty text would read as success.
+        if (m_lastError.Description.isEmpty())
+            m_lastError.Description = QStringLiteral("数据库操作失败！");
+    }
+    return m_lastError.Description.isEmpty();
+}
+
+class HostDatabase::Query : public HostQuery
+{
+public:
+    Query(HostDatabase &database, SqlText sql)
+        : m_database(database)
+        , m_sql(std::move(sql))
+    {
+    }
+
+    void Execute(const QVariant & /*unused*/) override
+    {
+        m_database.attempt([this] { m_database.m_connection.execute(m_sql); });
+    }
+    QVariant Scalar(const QVariant & /*unused*/) override
+    {
+        const RowBlock rows = select();
+        return rows.rowCount() == 0 ? QVariant() : rows.value(0, 0);
+    }
+    std::unique_ptr<Recordset> Open(const QVariant & /*unused*/) override
+    {
+        return std::make_unique<BlockRecordset>(select());
+    }
+
+private:
+    RowBlock select()
+    {
+        RowBlock rows;
+        m_database.attempt([&] { rows = m_database.m_connection.query(m_sql); });
+        return rows;
+    }
+
+    HostDatabase &m_database;
+    SqlText m_sql;
+};
+
+std::unique_ptr<HostQuery> HostDatabase::CreateQuery(const SqlText &sql, int /*mode*/)
+{
+    return std::make_unique<Query>(*this, sql);
+}
+
+bool HostDatabase::Release()
+{
+    m_depth = 0;
+    m_connection.rollback();
+    return true;
+}
+
+void HostDatabase::BeginTrans()
+{
+    if (m_depth == 0 && !attempt([this] { m_connection.begin(); }))
+        throw Failure(m_lastError.Description);
+    ++m_depth;
+}
+
+void HostDatabase::CommitTrans()
+{
+    if (m_depth == 0)
+        throw Failure(QStringLiteral("没有可提交的事务，数据没有保存！"));
+    if (--m_depth > 0)
+        return;
+    if (attempt([this] { m_connection.commit(); }))
+        return;
+    m_connection.rollback();
+    throw Failure(m_lastError.Description);
+}
+
+void HostDatabase::RollbackTrans()
+{
+    m_depth = 0;
+    m_connection.rollback();
+}
+
+} // namespace ebtq::host

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "database/connection.h"
+#include "library/frame/host_contracts.h"
+
+namespace ebtq::host {
+
+/// The one database of a session as the modules see it.
+///
+/// Transactions nest by counting: BeginTrans within an open one joins it, and only the outermost CommitTrans
+/// writes. RollbackTrans and Release undo all of it. BeginTrans and CommitTrans throw Failure when they cannot do
+/// it: a module that went on would save one half without the other.
+class HostDatabase : public HostDb
+{
+public:
+    /// `connection` outlives this.
+    explicit HostDatabase(db::Connection &connection)
+        : m_connection(connection)
+    {
+    }
+
+    [[nodiscard]] std::unique_ptr<HostQuery> CreateQuery(const SqlText &sql, int mode = 1) override;
+    bool Release() override;
+    void BeginTrans() override;
+    void CommitTrans() override;
+    void RollbackTrans() override;
+    [[nodiscard]] HostDbError LastError() const override { return m_lastError; }
+
+private:
+    class Query;
+    template<class Work> bool attempt(Work work);
+
+    db::Connection &m_connection;
+    HostDbError m_lastError;
+    int m_depth = 0;
+};
+
+} // namespace ebtq::host

@@ -1,0 +1,42 @@
+#include "host/host_session.h"
+
+#include <QDir>
+
+namespace ebtq::host {
+
+namespace {
+
+QString madeFolder(const QString &path)
+{
+    if (!QDir().mkpath(path))
+        throw Failure(QStringLiteral("无法创建文件夹“%1”，请检查磁盘空间和权限！").arg(path));
+    return path;
+}
+
+QString withoutSlashAtEnd(QString path)
+{
+    while (path.size() > 1 && path.endsWith(u'/'))
+        path.chop(1);
+    return path;
+}
+
+} // namespace
+
+Session::Session(User user, Settings settings)
+    : m_user(std::move(user))
+    , m_settings(std::move(settings))
+{
+    m_settings.appPath = madeFolder(withoutSlashAtEnd(m_settings.appPath));
+}
+
+QString Session::UserID() const
+{
+    return QStringLiteral("{%1}").arg(m_user.id);
+}
+
+QString PrintEnvironment::PrintFolder() const
+{
+    return madeFolder(m_session.AppPath() + QStringLiteral("/selfPrn"));
+}
+
+} // namespace ebtq::host

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "host/users.h"
+#include "library/frame/host_contracts.h"
+
+#include <QDate>
+
+namespace ebtq::host {
+
+/// What the program around the host decides.
+struct Settings
+{
+    QString appPath; ///< working folder below the user's data directory; made when missing
+    QDate loginDate; ///< business date of the session
+};
+
+class Session : public HostSession
+{
+public:
+    /// Makes the working folder. Throws Failure when it cannot be made.
+    Session(User user, Settings settings);
+
+    [[nodiscard]] const User &user() const { return m_user; }
+    [[nodiscard]] QString UserName() const override { return m_user.name; }
+    [[nodiscard]] QString UserID() const override;
+    [[nodiscard]] QString AppPath() const override { return m_settings.appPath; }
+    [[nodiscard]] QDate LoginDate() const override { return m_settings.loginDate; }
+
+private:
+    User m_user;
+    Settings m_settings;
+};
+
+/// Print settings have their folder although this host has no print engine.
+class PrintEnvironment : public HostPrintEnv
+{
+public:
+    explicit PrintEnvironment(const HostSession &session)
+        : m_session(session)
+    {
+    }
+    [[nodiscard]] QObject *PrintContext() override { return nullptr; }
+    /// "selfPrn" below the working folder, made when missing. Throws Failure when it cannot be made.
+    [[nodiscard]] QString PrintFolder() const override;
+
+private:
+    const HostSession &m_session;
+};
+
+} // namespace ebtq::host

@@ -1,0 +1,125 @@
+#include "host/pickers/list_query.h"
+
+#include "database/values/number_text.h"
+
+namespace ebtq::host {
+
+namespace {
+
+bool isSet(const ParameterList &parameters, QStringView name)
+{
+    return !name.isEmpty() && leadingNumber(parameters.text(name.toString())) != 0;
+}
+
+bool onlyDetails(const ListDefinition &list, const ParameterList &parameters)
+{
+    return isSet(parameters, list.detailParameter);
+}
+
+SqlText textEquals(QStringView expression, const QString &value)
+{
+    return SqlText(expression.toString()) + QStringLiteral("='") + typed(value) + QStringLiteral("'");
+}
+
+/// The conditions that hold for the list as a whole.
+SqlText conditions(const ListDefinition &list, const ParameterList &parameters)
+{
+    SqlText text(QStringLiteral(" where 1=1"));
+    if (!list.kind.isEmpty())
+        text += QStringLiteral(" and 类型='%1'").arg(list.kind);
+    const QString restriction =
+        list.restrictedBy.isEmpty() ? QString() : parameters.text(list.restrictedBy.toString());
+    if (!restriction.isEmpty() && isSet(parameters, u"lock"))
+        text += SqlText(QStringLiteral(" and ")) + textEquals(list.restrictedBy, restriction);
+    return text;
+}
+
+QString orderOf(const ListDefinition &list)
+{
+    return QStringLiteral(" order by %1").arg(list.order);
+}
+
+/// A number is compared only where the text is one: a text never equals a number's column.
+bool isWholeNumber(const QString &text)
+{
+    bool read = false;
+    (void)text.trimmed().toInt(&read);
+    return read;
+}
+
+SqlText matching(const ListDefinition &list, const QString &typedText)
+{
+    SqlText text(QStringLiteral(" and ("));
+    const auto expressions = list.matches.split(u';');
+    for (qsizetype at = 0; at < expressions.size(); ++at) {
+        if (at > 0)
+            text += QStringLiteral(" or ");
+        text += textEquals(expressions[at], typedText);
+    }
+    if (!list.numberKey.isEmpty() && isWholeNumber(typedText))
+        text += QStringLiteral(" or %1=%2").arg(list.numberKey).arg(typedText.trimmed().toInt());
+    text += QStringLiteral(")");
+    return text;
+}
+
+std::vector<Panel::ShownColumn> shownColumns(const ListDefinition &list, const RowBlock &rows)
+{
+    std::vector<Panel::ShownColumn> columns;
+    for (const QStringView entry : list.shown.split(u';')) {
+        const auto parts = entry.split(u'=');
+        columns.push_back({rows.columnNamed(parts.first()), parts.last().toString()});
+    }
+    return columns;
+}
+
+bool hasText(const Panel &panel, qsizetype row, const QString &text)
+{
+    for (const Panel::ShownColumn &shown : panel.shown) {
+        const std::string_view cell = panel.rows.cell(row, shown.column);
+        const QString shownText = QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
+        if (shownText.compare(text, Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+SqlText rowsToShow(const ListDefinition &list, const ParameterList &parameters)
+{
+    return SqlText(list.select.toString()) + conditions(list, parameters) + orderOf(list);
+}
+
+SqlText rowsThatMatch(const ListDefinition &list, const ParameterList &parameters, const QString &typedText)
+{
+    SqlText text = SqlText(list.select.toString()) + conditions(list, parameters) + matching(list, typedText);
+    if (onlyDetails(list, parameters))
+        text += QStringLiteral(" and %1=1").arg(list.detailColumn);
+    return text + orderOf(list);
+}
+
+Panel panelOf(const ListDefinition &list, const ParameterList &parameters, RowBlock rows,
+              const QString &presetText)
+{
+    Panel panel;
+    panel.title = list.title.toString();
+    panel.shown = shownColumns(list, rows);
+    if (!list.levelCodeColumn.isEmpty())
+        panel.levelCodeColumn = rows.columnNamed(list.levelCodeColumn);
+    if (onlyDetails(list, parameters))
+        panel.choosableColumn = rows.columnNamed(list.detailColumn);
+    panel.rows = std::move(rows);
+    panel.currentRow = rowWithText(panel, presetText);
+    return panel;
+}
+
+qsizetype rowWithText(const Panel &panel, const QString &text)
+{
+    for (qsizetype row = 0; !text.isEmpty() && row < panel.rows.rowCount(); ++row) {
+        if (hasText(panel, row, text))
+            return row;
+    }
+    return -1;
+}
+
+} // namespace ebtq::host

@@ -1,0 +1,42 @@
+#include "host/recordset.h"
+
+#include <utility>
+
+namespace ebtq::host {
+
+BlockRecordset::BlockRecordset(RowBlock rows)
+    : m_rows(std::move(rows))
+    , m_count(static_cast<int>(m_rows.rowCount()))
+{
+}
+
+void BlockRecordset::MoveNext()
+{
+    if (!Eof())
+        ++m_row;
+}
+
+Field BlockRecordset::Fields(const QString &name) const
+{
+    if (Eof())
+        throw Failure(QStringLiteral("没有当前记录，无法读取列 %1").arg(name));
+    const int column = m_rows.columnNamed(name);
+    if (column < 0)
+        throw Failure(QStringLiteral("列 %1 不存在").arg(name));
+    return {m_rows.value(m_row, column)};
+}
+
+RowBlock BlockRecordset::GetRows()
+{
+    m_row = m_count;
+    return std::exchange(m_rows, RowBlock());
+}
+
+void BlockRecordset::Close()
+{
+    m_rows = RowBlock();
+    m_count = 0;
+    m_row = 0;
+}
+
+} // namespace ebtq::host

@@ -1,0 +1,100 @@
+#include "host/text_judge.h"
+
+#include "database/values/date_text.h"
+#include "library/frame/host_contracts.h"
+
+namespace ebtq::host {
+
+namespace {
+
+void append(RowBlock &rows, QStringView text)
+{
+    rows.append(text.trimmed().toUtf8().toStdString());
+}
+
+bool isSame(const QString &left, const QString &right)
+{
+    return left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+std::optional<Match> judgeDate(const QString &typedText)
+{
+    const auto date = parseDate(typedText);
+    if (!date)
+        return std::nullopt;
+    const QString text = regionalDate(*date);
+    return Match{text, text};
+}
+
+std::optional<Match> judgeInlineList(const QString &list, const QString &typedText)
+{
+    const RowBlock rows = inlineList(list);
+    const QString wanted = typedText.trimmed();
+    for (qsizetype row = 0; row < rows.rowCount(); ++row) {
+        const Match match = matchOf(rows, row, 1, 0);
+        if (isSame(match.text, wanted) || isSame(match.value, wanted))
+            return match;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+RowBlock inlineList(const QString &list)
+{
+    RowBlock rows({{QStringLiteral("名称"), ColumnType::Text}, {QStringLiteral("值"), ColumnType::Text}});
+    for (const QStringView entry : QStringView(list).split(u'|', Qt::SkipEmptyParts)) {
+        const qsizetype mark = entry.indexOf(u';');
+        append(rows, mark < 0 ? entry : entry.left(mark));
+        append(rows, entry.mid(mark + 1));
+    }
+    return rows;
+}
+
+bool isInlineList(const QString &base)
+{
+    return base.startsWith(u'|');
+}
+
+bool isDate(const QString &base)
+{
+    return isSame(base, QStringLiteral("date"));
+}
+
+int columnFor(const RowBlock &rows, const QString &name, int otherwise)
+{
+    if (name.isEmpty())
+        return qMin(otherwise, rows.columnCount() - 1);
+    const int column = rows.columnNamed(name);
+    if (column < 0)
+        throw Failure(QStringLiteral("列 %1 不存在").arg(name));
+    return column;
+}
+
+Match matchOf(const RowBlock &rows, qsizetype row, int valueColumn, int textColumn)
+{
+    const auto text = [&](int column) {
+        const std::string_view cell = rows.cell(row, column);
+        return QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
+    };
+    return {text(valueColumn), text(textColumn)};
+}
+
+std::optional<Match> judge(db::Connection &connection, const QString &base, const QString &valueField,
+                           const QString &textField, const QString &typedText)
+{
+    if (base.isEmpty())
+        return std::nullopt;
+    if (isDate(base))
+        return judgeDate(typedText);
+    if (isInlineList(base))
+        return judgeInlineList(base, typedText);
+    const RowBlock rows = connection.query(SqlText::filledIn(base, u'@', typedText));
+    const int valueColumn = columnFor(rows, valueField, 0);
+    const int textColumn = columnFor(rows, textField, 1);
+    if (rows.rowCount() == 0)
+        return std::nullopt;
+    return matchOf(rows, 0, valueColumn, textColumn);
+}
+
+} // namespace ebtq::host

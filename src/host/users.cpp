@@ -1,0 +1,136 @@
+#include "host/users.h"
+
+#include "library/frame/host_contracts.h"
+
+#include <QUuid>
+
+#include <sodium.h>
+
+namespace ebtq::host {
+
+namespace {
+
+constexpr auto cannotHash = u"系统内存不足，无法处理密码！";
+
+void startSodium()
+{
+    if (sodium_init() < 0)
+        throw Failure(QStringLiteral("加密组件无法启动！"));
+}
+
+SqlText userNamed(QStringView columns, const QString &name)
+{
+    return SqlText(QStringLiteral("select ")) + columns + QStringLiteral(" from host_users where username='")
+        + typed(name) + QStringLiteral("'");
+}
+
+QByteArray bytes(std::string_view cell)
+{
+    return {cell.data(), static_cast<qsizetype>(cell.size())};
+}
+
+bool verifies(const QByteArray &hash, const QString &password)
+{
+    const QByteArray text = password.toUtf8();
+    return crypto_pwhash_str_verify(hash.constData(), text.constData(),
+                                    static_cast<unsigned long long>(text.size()))
+        == 0;
+}
+
+/// What an unknown name is checked against, so that it takes as long as a known one.
+const QByteArray &hashOfNobody()
+{
+    static const QByteArray hash = hashPassword(QUuid::createUuid().toString());
+    return hash;
+}
+
+void requirePassword(const QString &password)
+{
+    if (password.isEmpty())
+        throw Failure(QStringLiteral("密码不能为空，请输入！"));
+}
+
+QString departmentOf(db::Connection &connection, const QString &userId)
+{
+    const RowBlock rows = connection.query(
+        SqlText(QStringLiteral("select mtname from su_usertype where mtID in(select UserTypeID from su_membership "
+                               "where userID='"))
+        + typed(userId) + QStringLiteral("') order by mtcode"));
+    return rows.rowCount() == 0 ? QString() : rows.value(0, 0).toString();
+}
+
+} // namespace
+
+PasswordCost PasswordCost::interactive()
+{
+    return {crypto_pwhash_OPSLIMIT_INTERACTIVE, crypto_pwhash_MEMLIMIT_INTERACTIVE};
+}
+
+PasswordCost PasswordCost::lowest()
+{
+    return {crypto_pwhash_OPSLIMIT_MIN, crypto_pwhash_MEMLIMIT_MIN};
+}
+
+QByteArray hashPassword(const QString &password, PasswordCost cost)
+{
+    startSodium();
+    const QByteArray text = password.toUtf8();
+    char hash[crypto_pwhash_STRBYTES];
+    if (crypto_pwhash_str(hash, text.constData(), static_cast<unsigned long long>(text.size()), cost.operations,
+                          cost.memory)
+        != 0)
+        throw Failure(QString::fromUtf16(cannotHash));
+    return hash;
+}
+
+User signIn(db::Connection &connection, const QString &name, const QString &password)
+{
+    startSodium();
+    // An apostrophe can stand in no user's name, and a refused statement would say more than a wrong name does.
+    const bool askable = !name.contains(u'\'');
+    const RowBlock rows = connection.query(
+        userNamed(u"userID,username,password,isActive", askable ? name : QString()));
+    const bool known = rows.rowCount() == 1 && rows.value(0, 3).toInt() == 1;
+    const bool matches = verifies(known ? bytes(rows.cell(0, 2)) : hashOfNobody(), password);
+    if (!known || !matches)
+        throw Failure(QStringLiteral("用户名或密码不正确，请重新输入！"));
+    const QString id = rows.value(0, 0).toString();
+    return {id, rows.value(0, 1).toString(), departmentOf(connection, id)};
+}
+
+QString createUser(db::Connection &connection, const NewUser &user, PasswordCost cost)
+{
+    const QString name = user.name.trimmed();
+    if (name.isEmpty())
+        throw Failure(QStringLiteral("用户名不能为空，请输入！"));
+    requirePassword(user.password);
+    const QByteArray hash = hashPassword(user.password, cost);
+    db::Transaction transaction(connection);
+    if (connection.query(userNamed(u"userID", name)).rowCount() != 0)
+        throw Failure(QStringLiteral("用户名“%1”已存在，请换一个！").arg(name));
+    const QString id = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    connection.execute(SqlText(QStringLiteral("insert into host_users(userID,username,password,isActive) values('"))
+                       + typed(id) + QStringLiteral("','") + typed(name) + QStringLiteral("','")
+                       + typed(QString::fromLatin1(hash)) + QStringLiteral("',1)"));
+    if (user.departmentId != 0) {
+        connection.execute(
+            SqlText(QStringLiteral("insert into su_membership(userID,UserTypeID,username) values('")) + typed(id)
+            + QStringLiteral("',%1,'").arg(user.departmentId) + typed(name) + QStringLiteral("')"));
+    }
+    transaction.commit();
+    return id;
+}
+
+void setPassword(db::Connection &connection, const QString &name, const QString &password, PasswordCost cost)
+{
+    requirePassword(password);
+    const QByteArray hash = hashPassword(password, cost);
+    const qint64 changed =
+        connection.execute(SqlText(QStringLiteral("update host_users set password='"))
+                           + typed(QString::fromLatin1(hash)) + QStringLiteral("' where username='") + typed(name)
+                           + QStringLiteral("'"));
+    if (changed == 0)
+        throw Failure(QStringLiteral("没有名为“%1”的用户！").arg(name));
+}
+
+} // namespace ebtq::host

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "database/connection.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace ebtq::host {
+
+/// Who signed in.
+struct User
+{
+    QString id; ///< GUID text without braces
+    QString name;
+    QString department; ///< empty when in none
+};
+
+/// What computing a password's hash costs.
+struct PasswordCost
+{
+    unsigned long long operations;
+    size_t memory; ///< bytes
+    /// A tenth of a second and 64 MB: what a person does not notice and a thief of the database does.
+    [[nodiscard]] static PasswordCost interactive();
+    /// The least that there is: for data nobody guards.
+    [[nodiscard]] static PasswordCost lowest();
+};
+
+/// The argon2id hash of a password, with its salt and its cost in it.
+[[nodiscard]] QByteArray hashPassword(const QString &password, PasswordCost cost = PasswordCost::interactive());
+
+/// The user whose name and password match. Throws Failure with a text for the user otherwise; the text does not
+/// tell whether the name or the password was wrong, and finding out takes as long in both cases.
+[[nodiscard]] User signIn(db::Connection &connection, const QString &name, const QString &password);
+
+struct NewUser
+{
+    QString name;
+    QString password;
+    int departmentId = 0; ///< mtID; 0 for a user in no department
+};
+
+/// Writes a new user; gives the new id. The user has no rights yet. Throws Failure for an empty name or password
+/// and for a name that is taken.
+QString createUser(db::Connection &connection, const NewUser &user,
+                   PasswordCost cost = PasswordCost::interactive());
+
+/// Throws Failure for an unknown name and an empty password.
+void setPassword(db::Connection &connection, const QString &name, const QString &password,
+                 PasswordCost cost = PasswordCost::interactive());
+
+} // namespace ebtq::host
