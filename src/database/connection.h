@@ -13,15 +13,14 @@ namespace ebtq::db {
 
 struct Dialect;
 
-/// A failed database operation; what() is a text in Chinese fit to be shown, with the engine's own text behind
-/// where it helps.
+/// A failed database operation; what() is a text in Chinese fit to be shown, with the engine's own text
+/// behind where it helps.
 class DatabaseError : public std::runtime_error
 {
 public:
     explicit DatabaseError(const QString &message)
         : std::runtime_error(message.toStdString())
-    {
-    }
+    {}
     [[nodiscard]] QString message() const { return QString::fromUtf8(what()); }
 };
 
@@ -33,8 +32,8 @@ public:
     /// What may be done with a file that is not there.
     enum class Missing { IsAnError, IsCreated };
 
-    /// Opens an embedded database by its file's path (":memory:" for one in memory). Throws for a file that is no
-    /// database. A read-only file opens; statements that write fail.
+    /// Opens an embedded database by its file's path (":memory:" for one in memory). Throws for a file that
+    /// is no database. A read-only file opens; statements that write fail.
     [[nodiscard]] static std::unique_ptr<Connection> open(const QString &location,
                                                           Missing missing = Missing::IsAnError);
 
@@ -44,8 +43,14 @@ public:
     [[nodiscard]] virtual RowBlock query(const SqlText &statement) = 0;
     /// Runs an insert, update or delete; the number of rows changed. A select runs too and gives 0.
     virtual qint64 execute(const SqlText &statement) = 0;
-    /// Runs statements of the engine's own language, parted by semicolons: for the installer only.
+    /// Puts all rows of a block into a table, by the names of its columns, in one transaction (or the open one):
+    /// for bulk work such as sample data and copies. Numbers and dates are read from the cells' texts.
+    virtual void insertRows(const QString &table, const RowBlock &rows) = 0;
+
+    /// Statements of the engine's own language, parted by semicolons, and the rows of one: for the installer and
+    /// its checks only.
     virtual void executeNative(const QByteArray &script) = 0;
+    [[nodiscard]] virtual RowBlock queryNative(const QByteArray &statement) = 0;
 
     /// Begins a transaction that writes. Throws when one is open.
     virtual void begin() = 0;
@@ -57,6 +62,8 @@ public:
     [[nodiscard]] virtual const Dialect &dialect() const = 0;
     /// Read on first use and again after executeNative.
     [[nodiscard]] virtual const Catalog &catalog() = 0;
+    /// How long a statement waits for another program's lock, in milliseconds; 5000 unless set.
+    virtual void setLockTimeout(int milliseconds) = 0;
     /// The file or the URL without a password, as shown to people.
     [[nodiscard]] virtual QString location() const = 0;
 };

@@ -320,6 +320,10 @@ constexpr ColumnDefinition hostModulesColumns[] = {
     {u"prefix", Text, Definition::EmptyText},
 };
 
+constexpr ColumnDefinition hostSchemaColumns[] = {
+    {u"version", Integer, Definition::Zero},
+};
+
 constexpr TableDefinition tables[] = {
     {u"pdmlpzd", buildingsColumns, buildingsIndexes},
     {u"pdmdz", blocksColumns, blocksIndexes},
@@ -340,6 +344,7 @@ constexpr TableDefinition tables[] = {
     {u"host_counters", hostCountersColumns, {}},
     {u"host_numbers", hostNumbersColumns, {}},
     {u"host_modules", hostModulesColumns, {}},
+    {u"host_schema", hostSchemaColumns, {}},
 };
 
 } // namespace

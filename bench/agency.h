@@ -1,0 +1,39 @@
+#pragma once
+
+#include "benchmarks.h"
+#include "database/sqlite/sqlite_connection.h"
+#include "host/application.h"
+#include "library/frame/desktop.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace ebtq::bench {
+
+/// An agency of a given size in a temporary database, with a host over it that nobody sits in front of.
+class Agency
+{
+public:
+    explicit Agency(const Options &options);
+    ~Agency();
+
+    [[nodiscard]] db::SqliteConnection &connection() { return *m_connection; }
+    [[nodiscard]] host::Application &app() { return *m_app; }
+    [[nodiscard]] Desktop &desktop() { return *m_desktop; }
+    [[nodiscard]] QString file() const { return m_file; }
+
+private:
+    QTemporaryDir m_folder;
+    QString m_file;
+    std::unique_ptr<db::SqliteConnection> m_connection;
+    std::unique_ptr<host::PanelPresenter> m_presenter;
+    std::unique_ptr<host::Application> m_app;
+    std::unique_ptr<Desktop> m_desktop;
+};
+
+/// The list's statement written by hand for the engine: the same rows and cells, but for the date, which it
+/// leaves as stored.
+[[nodiscard]] QByteArray handWrittenList(int moduleId);
+
+} // namespace ebtq::bench

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+namespace ebtq::bench {
+
+struct Options
+{
+    int rows = 100'000;
+    int rounds = 5;
+    QString database; ///< an existing one; empty: a temporary one is made
+};
+
+/// Opening the listing list, against the hand-written statement and against a Qt SQL query model.
+int listBenchmark(const Options &options);
+/// The search that hides rows, against one plain pass over the same bytes.
+int searchBenchmark(const Options &options);
+/// Translating the list statement, against SQLite preparing the translated text.
+int dialectBenchmark(const Options &options);
+
+} // namespace ebtq::bench

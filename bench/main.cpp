@@ -1,0 +1,70 @@
+#include "benchmarks.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <iostream>
+
+namespace {
+
+struct Command
+{
+    const char *name;
+    const char *text;
+    int (*run)(const ebtq::bench::Options &);
+};
+
+constexpr Command commands[] = {
+    {"list", "open the listing list", ebtq::bench::listBenchmark},
+    {"search", "search in the loaded rows", ebtq::bench::searchBenchmark},
+    {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
+};
+
+QString commandHelp()
+{
+    QString text;
+    for (const Command &command : commands)
+        text += QStringLiteral("\n  %1: %2").arg(QLatin1String(command.name), QLatin1String(command.text));
+    return text;
+}
+
+int runCommand(const QString &name, const ebtq::bench::Options &options)
+{
+    for (const Command &command : commands) {
+        if (name == QLatin1String(command.name))
+            return command.run(options);
+    }
+    std::cerr << "unknown benchmark: " << name.toStdString() << commandHelp().toStdString() << '\n';
+    return 2;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Figures as ratios against a baseline of the same run; one JSON line."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("benchmark"), QStringLiteral("one of:") + commandHelp());
+    const QCommandLineOption rows(QStringLiteral("rows"),
+                                  QStringLiteral("listings of the temporary database"), QStringLiteral("n"),
+                                  QStringLiteral("100000"));
+    const QCommandLineOption rounds(QStringLiteral("rounds"), QStringLiteral("measured rounds"),
+                                    QStringLiteral("n"), QStringLiteral("5"));
+    const QCommandLineOption database(QStringLiteral("db"), QStringLiteral("an existing database instead"),
+                                      QStringLiteral("file"));
+    parser.addOptions({rows, rounds, database});
+    parser.process(application);
+    ebtq::bench::Options options{parser.value(rows).toInt(), parser.value(rounds).toInt(),
+                                 parser.value(database)};
+    if (parser.positionalArguments().size() != 1 || options.rows < 1 || options.rounds < 1)
+        parser.showHelp(2);
+    try {
+        return runCommand(parser.positionalArguments().constFirst(), options);
+    } catch (const std::exception &error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}

@@ -1,0 +1,125 @@
+#include "database/schema/installer.h"
+
+#include "database/connection.h"
+#include "database/schema/ddl.h"
+#include "database/schema/tables.h"
+
+namespace ebtq::db {
+
+namespace {
+
+int installedVersion(Connection &connection)
+{
+    if (!connection.catalog().table(u"host_schema"))
+        return 0;
+    const RowBlock rows = connection.query(QStringLiteral("select version from host_schema"));
+    return rows.rowCount() == 0 ? 0 : rows.value(0, 0).toInt();
+}
+
+bool hasIndex(Connection &connection, const IndexDefinition &index)
+{
+    const QByteArray name = QString::fromUtf16(index.name).toUtf8();
+    return connection.queryNative("select 1 from sqlite_master where type='index' and name='" + name + '\'')
+               .rowCount() != 0;
+}
+
+/// One thing of the schema that is not there, and the statement that makes it.
+struct Gap
+{
+    QString name;
+    QByteArray statement;
+};
+
+void findColumnGaps(const TableDefinition &table, const Catalog::Table &present, std::vector<Gap> &gaps)
+{
+    for (const ColumnDefinition &column : table.columns) {
+        if (!present.column(column.name)) {
+            gaps.push_back({QStringLiteral("列 %1.%2")
+                                .arg(QString::fromUtf16(table.name), QString::fromUtf16(column.name)),
+                            addColumn(table, column, sqliteWords())});
+        }
+    }
+}
+
+std::vector<Gap> findGaps(Connection &connection)
+{
+    std::vector<Gap> gaps;
+    for (const TableDefinition &table : schemaTables()) {
+        if (const Catalog::Table *present = connection.catalog().table(table.name))
+            findColumnGaps(table, *present, gaps);
+        else
+            gaps.push_back({QStringLiteral("表 %1").arg(QString::fromUtf16(table.name)),
+                            createTable(table, sqliteWords())});
+        for (const IndexDefinition &index : table.indexes) {
+            if (!hasIndex(connection, index))
+                gaps.push_back({QStringLiteral("索引 %1").arg(QString::fromUtf16(index.name)),
+                                createIndex(table, index)});
+        }
+    }
+    return gaps;
+}
+
+void writeVersion(Connection &connection)
+{
+    connection.execute(QStringLiteral("delete from host_schema"));
+    connection.execute(QStringLiteral("insert into host_schema(version)values(%1)").arg(schemaVersion));
+}
+
+void findWrongTypes(const TableDefinition &table, const Catalog::Table &present, QStringList &findings)
+{
+    for (const ColumnDefinition &column : table.columns) {
+        const Column *found = present.column(column.name);
+        if (found && found->type != column.type)
+            findings
+                << QStringLiteral("列 %1.%2 的类型不对").arg(QString::fromUtf16(table.name), found->name);
+    }
+}
+
+void findDamage(Connection &connection, QStringList &findings)
+{
+    const RowBlock damage = connection.queryNative("pragma integrity_check(20)");
+    for (qsizetype row = 0; row < damage.rowCount(); ++row) {
+        const QString text = damage.value(row, 0).toString();
+        if (text != u"ok")
+            findings << QStringLiteral("文件损坏：%1").arg(text);
+    }
+}
+
+} // namespace
+
+InstallReport install(Connection &connection)
+{
+    InstallReport report;
+    Transaction transaction(connection);
+    report.versionBefore = installedVersion(connection);
+    if (report.versionBefore > schemaVersion)
+        throw DatabaseError(QStringLiteral("数据库的版本（%1）比本程序（%2）新，请升级程序！")
+                                .arg(report.versionBefore)
+                                .arg(schemaVersion));
+    for (const Gap &gap : findGaps(connection)) {
+        connection.executeNative(gap.statement);
+        report.added << gap.name;
+    }
+    if (report.versionBefore != schemaVersion)
+        writeVersion(connection);
+    transaction.commit();
+    return report;
+}
+
+QStringList checkSchema(Connection &connection)
+{
+    QStringList findings;
+    for (const Gap &gap : findGaps(connection))
+        findings << QStringLiteral("缺少%1").arg(gap.name);
+    for (const TableDefinition &table : schemaTables()) {
+        if (const Catalog::Table *present = connection.catalog().table(table.name))
+            findWrongTypes(table, *present, findings);
+    }
+    const int version = installedVersion(connection);
+    if (version != schemaVersion)
+        findings << QStringLiteral("数据库的版本是 %1，应为 %2").arg(version).arg(schemaVersion);
+    findDamage(connection, findings);
+    return findings;
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <stdexcept>
+
+namespace ebtq::db {
+
+class Connection;
+
+/// What `install` did.
+struct InstallReport
+{
+    int versionBefore = 0; ///< 0: the database was empty
+    QStringList added;     ///< tables, columns and indexes that were made
+};
+
+/// Makes the schema, or upgrades one of an older version: every table, column and index of this build that is
+/// missing is added in one transaction, nothing is ever dropped or changed, and the version is written. Doing
+/// it again does nothing. Throws DatabaseError, also for a database of a newer version.
+InstallReport install(Connection &connection);
+
+/// What is wrong with the schema and the file, one finding a line, in Chinese; empty when all is well. Throws
+/// DatabaseError when the database cannot be read at all.
+[[nodiscard]] QStringList checkSchema(Connection &connection);
+
+} // namespace ebtq::db

@@ -1,0 +1,244 @@
+#include "database/sqlite/sqlite_connection.h"
+
+#include "database/dialect/dialect.h"
+#include "database/sqlite/functions.h"
+#include "database/sqlite/sqlite_error.h"
+#include "database/sqlite/sqlite_rows.h"
+
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace ebtq::db {
+
+namespace {
+
+/// Declared types are the installer's, but a column that somebody added by hand is understood as well.
+ColumnType typeOfDeclaration(const QString &declared)
+{
+    struct Word
+    {
+        const char16_t *word;
+        ColumnType type;
+    };
+    static constexpr Word words[] = {
+        {u"INT", ColumnType::Integer}, {u"DATE", ColumnType::Date},   {u"BLOB", ColumnType::Binary},
+        {u"NUM", ColumnType::Number},  {u"REAL", ColumnType::Number}, {u"DOUB", ColumnType::Number},
+    };
+    for (const Word &entry : words) {
+        if (declared.contains(QStringView(entry.word), Qt::CaseInsensitive))
+            return entry.type;
+    }
+    return ColumnType::Text;
+}
+
+Catalog readCatalog(SqliteConnection &connection)
+{
+    Catalog catalog;
+    const RowBlock tables =
+        connection.queryNative("select name from sqlite_master where type in ('table','view')"
+                               " and name not like 'sqlite!_%' escape '!'");
+    for (qsizetype row = 0; row < tables.rowCount(); ++row) {
+        Catalog::Table table{tables.value(row, 0).toString(), {}};
+        const RowBlock columns =
+            connection.queryNative("select name, type from pragma_table_info('" +
+                                   QString(table.name).replace(u"'", u"''").toUtf8() + "')");
+        for (qsizetype at = 0; at < columns.rowCount(); ++at)
+            table.columns.push_back(
+                {columns.value(at, 0).toString(), typeOfDeclaration(columns.value(at, 1).toString())});
+        catalog.add(std::move(table));
+    }
+    return catalog;
+}
+
+int openFlags(Connection::Missing missing)
+{
+    const int create = missing == Connection::Missing::IsCreated ? SQLITE_OPEN_CREATE : 0;
+    // One connection belongs to one thread, so the engine need not lock itself.
+    return SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX | create;
+}
+
+} // namespace
+
+void SqliteConnection::Closer::operator()(sqlite3 *handle) const
+{
+    sqlite3_close_v2(handle);
+}
+
+SqliteConnection::SqliteConnection(const QString &location, Missing missing)
+    : m_location(location)
+{
+    const bool plainFile = !location.startsWith(u"file:") && location != u":memory:";
+    if (plainFile && missing == Missing::IsAnError && !QFileInfo::exists(location))
+        throw DatabaseError(QStringLiteral("找不到数据库文件：%1").arg(location));
+    sqlite3 *handle = nullptr;
+    const int result = sqlite3_open_v2(location.toUtf8().constData(), &handle, openFlags(missing), nullptr);
+    m_handle.reset(handle);
+    if (result != SQLITE_OK)
+        fail();
+    configure();
+}
+
+SqliteConnection::~SqliteConnection()
+{
+    rollback();
+    m_statements.reset();
+}
+
+void SqliteConnection::configure()
+{
+    sqlite3_extended_result_codes(m_handle.get(), 1);
+    setLockTimeout(5000);
+    registerFunctions(m_handle.get());
+    m_statements = std::make_unique<StatementCache>(m_handle.get());
+    run("select count(*) from sqlite_master"); // reads the header: a file that is no database fails here
+    if (!sqlite3_db_readonly(m_handle.get(), "main"))
+        run("pragma journal_mode=wal");
+    run("pragma synchronous=full; pragma temp_store=memory; pragma cache_size=-65536");
+}
+
+RowBlock SqliteConnection::query(const SqlText &statement)
+{
+    const Translation translation = translated(statement);
+    const CachedStatement prepared = m_statements->prepare(translation.sql);
+    return readRows(m_handle.get(), prepared.get(), translation.columns);
+}
+
+qint64 SqliteConnection::execute(const SqlText &statement)
+{
+    const Translation translation = translated(statement);
+    const CachedStatement prepared = m_statements->prepare(translation.sql);
+    int result = sqlite3_step(prepared.get());
+    while (result == SQLITE_ROW)
+        result = sqlite3_step(prepared.get());
+    if (result != SQLITE_DONE)
+        fail();
+    return translation.kind == StatementKind::Select ? 0 : sqlite3_changes64(m_handle.get());
+}
+
+void SqliteConnection::insertRows(const QString &table, const RowBlock &rows)
+{
+    QByteArray names;
+    QByteArray marks;
+    for (const Column &column : rows.columns()) {
+        names += (names.isEmpty() ? "\"" : ",\"") + column.name.toUtf8() + '"';
+        marks += marks.isEmpty() ? "?" : ",?";
+    }
+    Transaction transaction(*this);
+    const CachedStatement prepared =
+        m_statements->prepare("insert into \"" + table.toUtf8() + "\"(" + names + ") values(" + marks + ')');
+    for (qsizetype row = 0; row < rows.rowCount(); ++row) {
+        bindRow(prepared.get(), rows, row);
+        if (sqlite3_step(prepared.get()) != SQLITE_DONE)
+            fail();
+        sqlite3_reset(prepared.get());
+    }
+    transaction.commit();
+}
+
+void SqliteConnection::executeNative(const QByteArray &script)
+{
+    m_catalogCookie = -1;
+    run(script.constData());
+}
+
+RowBlock SqliteConnection::queryNative(const QByteArray &statement)
+{
+    const CachedStatement prepared = m_statements->prepare(statement);
+    std::vector<Column> columns;
+    for (int at = 0; at < sqlite3_column_count(prepared.get()); ++at)
+        columns.push_back({QString::fromUtf8(sqlite3_column_name(prepared.get(), at)), ColumnType::Text});
+    return readRows(m_handle.get(), prepared.get(), std::move(columns));
+}
+
+void SqliteConnection::begin()
+{
+    if (inTransaction())
+        throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
+    run("begin immediate");
+}
+
+void SqliteConnection::commit()
+{
+    run("commit");
+}
+
+void SqliteConnection::rollback() noexcept
+{
+    if (inTransaction())
+        sqlite3_exec(m_handle.get(), "rollback", nullptr, nullptr, nullptr);
+}
+
+bool SqliteConnection::inTransaction() const
+{
+    return sqlite3_get_autocommit(m_handle.get()) == 0;
+}
+
+const Dialect &SqliteConnection::dialect() const
+{
+    return sqliteDialect();
+}
+
+const Catalog &SqliteConnection::catalog()
+{
+    if (m_catalogCookie < 0)
+        refreshCatalog();
+    return m_catalog;
+}
+
+void SqliteConnection::setLockTimeout(int milliseconds)
+{
+    sqlite3_busy_timeout(m_handle.get(), milliseconds);
+}
+
+Translation SqliteConnection::translated(const SqlText &statement)
+{
+    try {
+        return translate(statement, dialect(), catalog());
+    } catch (const DialectError &error) {
+        // Another program may have upgraded the tables since the catalog was read.
+        if (!refreshCatalog())
+            throw DatabaseError(error.message());
+    }
+    try {
+        return translate(statement, dialect(), m_catalog);
+    } catch (const DialectError &error) {
+        throw DatabaseError(error.message());
+    }
+}
+
+bool SqliteConnection::refreshCatalog()
+{
+    const int cookie = schemaCookie();
+    if (cookie == m_catalogCookie)
+        return false;
+    m_catalog = readCatalog(*this);
+    m_catalogCookie = cookie;
+    return true;
+}
+
+int SqliteConnection::schemaCookie()
+{
+    return queryNative("pragma schema_version").value(0, 0).toInt();
+}
+
+void SqliteConnection::run(const char *statement)
+{
+    if (sqlite3_exec(m_handle.get(), statement, nullptr, nullptr, nullptr) != SQLITE_OK)
+        fail();
+}
+
+void SqliteConnection::fail()
+{
+    throw DatabaseError(m_handle ? sqliteErrorText(m_handle.get())
+                                 : QStringLiteral("内存不足，操作未完成！"));
+}
+
+std::unique_ptr<Connection> Connection::open(const QString &location, Missing missing)
+{
+    if (location.startsWith(u"postgresql:") || location.startsWith(u"postgres:"))
+        throw DatabaseError(QStringLiteral("本程序只能打开内嵌数据库文件：%1").arg(location));
+    return std::make_unique<SqliteConnection>(location, missing);
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "database/connection.h"
+#include "database/dialect/translator.h"
+#include "database/sqlite/statement_cache.h"
+
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace ebtq::db {
+
+/// The embedded engine, spoken to directly: rows go from the engine's step into a RowBlock's arena with
+/// nothing in between. Write-ahead log with full synchronisation, so that a confirmed save survives a power
+/// cut.
+class SqliteConnection final : public Connection
+{
+public:
+    SqliteConnection(const QString &location, Missing missing);
+    ~SqliteConnection() override;
+    SqliteConnection(const SqliteConnection &) = delete;
+    SqliteConnection &operator=(const SqliteConnection &) = delete;
+
+    [[nodiscard]] RowBlock query(const SqlText &statement) override;
+    qint64 execute(const SqlText &statement) override;
+    void insertRows(const QString &table, const RowBlock &rows) override;
+    void executeNative(const QByteArray &script) override;
+    [[nodiscard]] RowBlock queryNative(const QByteArray &statement) override;
+
+    void begin() override;
+    void commit() override;
+    void rollback() noexcept override;
+    [[nodiscard]] bool inTransaction() const override;
+
+    [[nodiscard]] const Dialect &dialect() const override;
+    [[nodiscard]] const Catalog &catalog() override;
+    void setLockTimeout(int milliseconds) override;
+    [[nodiscard]] QString location() const override { return m_location; }
+
+    /// The engine's own handle, for measuring against it.
+    [[nodiscard]] sqlite3 *handle() const { return m_handle.get(); }
+
+private:
+    struct Closer
+    {
+        void operator()(sqlite3 *handle) const;
+    };
+
+    void configure();
+    [[nodiscard]] Translation translated(const SqlText &statement);
+    /// False when the schema is still the one that the catalog was read from.
+    bool refreshCatalog();
+    [[nodiscard]] int schemaCookie();
+    void run(const char *statement);
+    [[noreturn]] void fail();
+
+    QString m_location;
+    std::unique_ptr<sqlite3, Closer> m_handle;
+    std::unique_ptr<StatementCache> m_statements;
+    Catalog m_catalog;
+    int m_catalogCookie = -1; ///< the schema's number when the catalog was read; -1 before
+};
+
+} // namespace ebtq::db

@@ -1,0 +1,76 @@
+#include "database/sqlite/sqlite_error.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+namespace ebtq::db {
+
+namespace {
+
+struct Message
+{
+    int code; ///< primary or extended result code; extended ones stand first
+    const char16_t *text;
+};
+
+constexpr Message messages[] = {
+    {SQLITE_CONSTRAINT_UNIQUE, u"数据重复：已有相同的记录，未保存！"},
+    {SQLITE_CONSTRAINT_PRIMARYKEY, u"数据重复：已有相同的记录，未保存！"},
+    {SQLITE_CONSTRAINT_CHECK, u"数据类型不符：数字或日期列不能保存这样的内容，未保存！"},
+    {SQLITE_CONSTRAINT, u"数据不符合规定，未保存！"},
+    {SQLITE_BUSY, u"数据库正被其他程序占用，请稍后重试！"},
+    {SQLITE_LOCKED, u"数据库正被其他程序占用，请稍后重试！"},
+    {SQLITE_READONLY, u"数据库是只读的，不能保存！"},
+    {SQLITE_FULL, u"磁盘空间不足，未保存！"},
+    {SQLITE_IOERR, u"读写数据库文件时出错，请检查磁盘！"},
+    {SQLITE_CORRUPT, u"数据库文件已损坏，请用备份恢复！"},
+    {SQLITE_NOTADB, u"该文件不是数据库，无法打开！"},
+    {SQLITE_CANTOPEN, u"无法打开数据库文件，请检查路径和权限！"},
+    {SQLITE_PERM, u"没有访问数据库文件的权限！"},
+    {SQLITE_AUTH, u"没有访问数据库文件的权限！"},
+    {SQLITE_NOMEM, u"内存不足，操作未完成！"},
+    {SQLITE_TOOBIG, u"内容过长，无法保存！"},
+    {SQLITE_INTERRUPT, u"操作已中断！"},
+};
+
+/// The schema changed under us: another program dropped or renamed something.
+constexpr struct
+{
+    const char *prefix;
+    const char16_t *text;
+} missing[] = {
+    {"no such table: ", u"表 %1 不存在"},
+    {"no such column: ", u"列 %1 不存在"},
+};
+
+QString forCode(int extended, const QString &engineText)
+{
+    for (const Message &message : messages) {
+        if (message.code == extended || message.code == (extended & 0xff))
+            return QString::fromUtf16(message.text) + QStringLiteral("（%1）").arg(engineText);
+    }
+    return QStringLiteral("数据库错误：%1").arg(engineText);
+}
+
+} // namespace
+
+QString sqliteErrorText(sqlite3 *handle)
+{
+    const QString engineText = QString::fromUtf8(sqlite3_errmsg(handle));
+    const int extended = sqlite3_extended_errcode(handle);
+    if ((extended & 0xff) != SQLITE_ERROR)
+        return forCode(extended, engineText);
+    for (const auto &entry : missing) {
+        if (engineText.startsWith(QLatin1String(entry.prefix))) {
+            const auto name = engineText.mid(static_cast<qsizetype>(qstrlen(entry.prefix)));
+            return QString::fromUtf16(entry.text).arg(name);
+        }
+    }
+    // The dialect's own functions already speak to the user.
+    const bool ours =
+        std::any_of(engineText.begin(), engineText.end(), [](QChar c) { return c.unicode() > 0x7f; });
+    return ours ? engineText : QStringLiteral("数据库错误：%1").arg(engineText);
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+struct sqlite3;
+
+namespace ebtq::db {
+
+/// The last failure of a connection as a text for the user: what happened and what can be done, the engine's
+/// own text behind it.
+[[nodiscard]] QString sqliteErrorText(sqlite3 *handle);
+
+} // namespace ebtq::db

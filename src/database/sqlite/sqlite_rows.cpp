@@ -1,0 +1,90 @@
+#include "database/sqlite/sqlite_rows.h"
+
+#include "database/connection.h"
+#include "database/sqlite/sqlite_error.h"
+#include "database/values/date_text.h"
+
+#include <sqlite3.h>
+
+#include <QDateTime>
+
+namespace ebtq::db {
+
+namespace {
+
+std::string_view bytesOf(sqlite3_stmt *statement, int column)
+{
+    // The pointer is asked for before the length: it is the call that may convert.
+    const void *bytes = sqlite3_column_blob(statement, column);
+    return {static_cast<const char *>(bytes), static_cast<size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+void appendCell(RowBlock &block, sqlite3_stmt *statement, int column, bool isDate)
+{
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return block.appendNull();
+    case SQLITE_INTEGER:
+        return block.appendInteger(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT:
+        return block.appendNumber(sqlite3_column_double(statement, column));
+    default:
+        return isDate ? block.appendDate(bytesOf(statement, column))
+                      : block.append(bytesOf(statement, column));
+    }
+}
+
+void bindDate(sqlite3_stmt *statement, int parameter, std::string_view text)
+{
+    const auto date = parseDate(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    const QByteArray stored =
+        date ? storedDate(*date).toUtf8() : QByteArray(text.data(), static_cast<int>(text.size()));
+    sqlite3_bind_text64(statement, parameter, stored.constData(), static_cast<sqlite3_uint64>(stored.size()),
+                        SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+} // namespace
+
+RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> columns)
+{
+    RowBlock block(std::move(columns));
+    const int count = block.columnCount();
+    std::vector<char> isDate;
+    for (const Column &column : block.columns())
+        isDate.push_back(column.type == ColumnType::Date);
+    int result = sqlite3_step(statement);
+    for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
+        for (int column = 0; column < count; ++column)
+            appendCell(block, statement, column, isDate[static_cast<size_t>(column)] != 0);
+    }
+    if (result != SQLITE_DONE)
+        throw DatabaseError(sqliteErrorText(handle));
+    block.finish();
+    return block;
+}
+
+void bindRow(sqlite3_stmt *statement, const RowBlock &rows, qsizetype row)
+{
+    for (int column = 0; column < rows.columnCount(); ++column) {
+        const int parameter = column + 1;
+        if (rows.isNull(row, column)) {
+            sqlite3_bind_null(statement, parameter);
+            continue;
+        }
+        const std::string_view text = rows.cell(row, column);
+        const auto size = static_cast<sqlite3_uint64>(text.size());
+        // Numeric columns have a numeric affinity: the engine reads the digits itself.
+        switch (rows.columns()[static_cast<size_t>(column)].type) {
+        case ColumnType::Date:
+            bindDate(statement, parameter, text);
+            break;
+        case ColumnType::Binary:
+            sqlite3_bind_blob64(statement, parameter, text.data(), size, SQLITE_STATIC);
+            break;
+        default:
+            sqlite3_bind_text64(statement, parameter, text.data(), size, SQLITE_STATIC, SQLITE_UTF8);
+        }
+    }
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "database/values/row_block.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace ebtq::db {
+
+/// Steps a statement to its end into one block; throws DatabaseError when a step fails.
+[[nodiscard]] RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> columns);
+
+/// Binds the cells of one row to the statement's parameters, by the columns' types. The texts must outlive
+/// the next step.
+void bindRow(sqlite3_stmt *statement, const RowBlock &rows, qsizetype row);
+
+} // namespace ebtq::db

@@ -1,0 +1,123 @@
+#include "database/schema/installer.h"
+
+#include "database/connection.h"
+#include "database/schema/tables.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace ebtq::db {
+
+namespace {
+
+using ::testing::HasSubstr;
+
+std::unique_ptr<Connection> installed()
+{
+    auto connection = Connection::open(QStringLiteral(":memory:"));
+    install(*connection);
+    return connection;
+}
+
+std::string joined(const QStringList &lines)
+{
+    return lines.join(u'\n').toStdString();
+}
+
+/// The engine's plan for a statement in its own language.
+std::string plan(Connection &connection, const char *statement)
+{
+    const RowBlock rows = connection.queryNative(QByteArray("explain query plan ") + statement);
+    std::string text;
+    for (qsizetype row = 0; row < rows.rowCount(); ++row)
+        text += std::string(rows.cell(row, 3)) + '\n';
+    return text;
+}
+
+} // namespace
+
+TEST(Installer, MakesEveryTableOfTheSchemaWithItsTypes)
+{
+    auto connection = installed();
+    EXPECT_EQ(joined(checkSchema(*connection)), "");
+    for (const TableDefinition &table : schemaTables()) {
+        const Catalog::Table *found = connection->catalog().table(table.name);
+        ASSERT_TRUE(found);
+        EXPECT_EQ(found->columns.size(), table.columns.size())
+            << QString::fromUtf16(table.name).toStdString();
+    }
+    const InstallReport again = install(*connection);
+    EXPECT_EQ(again.versionBefore, schemaVersion);
+    EXPECT_TRUE(again.added.isEmpty());
+}
+
+TEST(Installer, BringsAnOlderSchemaUpWithItsRows)
+{
+    auto connection = installed();
+    connection->execute(QStringLiteral("insert into fyxx(房源ID,房源编号)values('A','FY1')"));
+    connection->executeNative(
+        "drop index ix_fyxx_district; drop table fygj; alter table fyxx drop column 附属房;"
+        "update host_schema set version=0");
+    const std::string findings = joined(checkSchema(*connection));
+    for (const char *gap : {"缺少索引 ix_fyxx_district", "缺少表 fygj", "缺少列 fyxx.附属房", "版本是 0"})
+        EXPECT_THAT(findings, HasSubstr(gap));
+    const InstallReport report = install(*connection);
+    EXPECT_EQ(report.versionBefore, 0);
+    EXPECT_EQ(joined(checkSchema(*connection)), "");
+    EXPECT_EQ(connection->query(QStringLiteral("select 房源编号 from fyxx where 附属房 is null")).cell(0, 0),
+              "FY1");
+}
+
+TEST(Installer, LeavesANewerSchemaAlone)
+{
+    auto connection = installed();
+    connection->execute(QStringLiteral("update host_schema set version=99"));
+    connection->executeNative("drop table fygj");
+    EXPECT_THROW(install(*connection), DatabaseError);
+    EXPECT_FALSE(connection->catalog().table(u"fygj"));
+    EXPECT_FALSE(connection->inTransaction());
+}
+
+TEST(Installer, KeepsWrongKindsOfValuesOut)
+{
+    auto connection = installed();
+    for (const char *statement : {"insert into fyxx(房源ID,总面积) values('A','很大')",
+                                  "insert into fyxx(房源ID,委托日期) values('A','2026-9-8')",
+                                  "insert into fyxx(房源ID,业务员ID) values('A','张敏')"})
+        EXPECT_THROW(connection->executeNative(statement), DatabaseError) << statement;
+    connection->executeNative(
+        "insert into fyxx(房源ID,总面积,委托日期,业务员ID) values('A',88.5,'2026-09-08',3)");
+    EXPECT_THROW(connection->executeNative("insert into fyxx(房源ID) values('a')"), DatabaseError)
+        << "keys are the same without regard to case";
+}
+
+TEST(Installer, IndexesServeTheirStatements)
+{
+    auto connection = installed();
+    struct Case
+    {
+        const char *statement;
+        const char *index;
+    };
+    const Case cases[] = {
+        {"select 房源ID from fyxx where 地区='x' order by 房源编号 desc", "ix_fyxx_district"},
+        {"select 房源ID from fyxx where 楼盘字典='x' order by 房源编号 desc", "ix_fyxx_building"},
+        {"select 房源ID from fyxx where 业务员ID=1 order by 房源编号 desc", "ix_fyxx_agent"},
+        {"select 房源ID from fyxx where 操作日期>'2026-01-01'", "ix_fyxx_changed"},
+        {"select (select count(rowIndex) from pubAttach where isActive=1 and isPicture<>1 and progID=1 and"
+         " IDs=A.房源ID) from fyxx A",
+         "COVERING INDEX ix_pubAttach_owner"},
+        {"select 跟进ID from fygj where 房源ID='x' order by 操作日期 desc", "ix_fygj_owner"},
+        {"select 客源ID from fykh where 客源编号>'x' order by 客源编号 limit 1", "ix_fykh_number"},
+        {"select 客源ID from fykh where 求购价格1<=5 and 求购价格2>=5", "ix_fykh_buy"},
+        {"select 房源ID from fyxx where 总面积>=80 and 总面积<=90", "ix_fyxx_area"},
+        {"select 名称 from pdmsjzd where 类型='x' order by 代码", "ix_pdmsjzd_kind"},
+    };
+    for (const Case &c : cases) {
+        const std::string text = plan(*connection, c.statement);
+        EXPECT_THAT(text, HasSubstr(c.index)) << c.statement;
+        EXPECT_THAT(text, Not(HasSubstr("TEMP B-TREE"))) << c.statement;
+    }
+}
+
+} // namespace ebtq::db
