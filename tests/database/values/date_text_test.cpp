@@ -51,7 +51,8 @@ TEST(DateText, ReadsTheFormsThatPeopleType)
 
 TEST(DateText, ShowsAForeignTextAsItStands)
 {
-    for (const std::string text : {"", "2026-9-8", "2026-09-08T10:00:00", "20260908", "2026-09-08 10:00:0x"}) {
+    for (const std::string text :
+         {"", "2026-9-8", "2026-09-08T10:00:00", "20260908", "2026-09-08 10:00:0x"}) {
         std::string shown = ">";
         appendRegionalDate(text, shown);
         EXPECT_EQ(shown, ">" + text);

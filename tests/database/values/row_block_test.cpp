@@ -59,7 +59,8 @@ TEST(RowBlock, KeepsCellsNullsAndTypes)
 
 TEST(RowBlock, FindsColumnsWithoutRegardToCase)
 {
-    const RowBlock block({{QStringLiteral("mtName"), ColumnType::Text}, {QStringLiteral("部门"), ColumnType::Text}});
+    const RowBlock block(
+        {{QStringLiteral("mtName"), ColumnType::Text}, {QStringLiteral("部门"), ColumnType::Text}});
     EXPECT_EQ(block.columnNamed(u"MTNAME"), 0);
     EXPECT_EQ(block.columnNamed(u"部门"), 1);
     EXPECT_EQ(block.columnNamed(u"mt"), -1);

@@ -12,7 +12,8 @@ QString marked(const SqlText &sql)
     QString result;
     qsizetype from = 0;
     for (const SqlText::Span &span : sql.typedSpans()) {
-        result += sql.text().mid(from, span.begin - from) + u'{' + sql.text().mid(span.begin, span.length) + u'}';
+        result +=
+            sql.text().mid(from, span.begin - from) + u'{' + sql.text().mid(span.begin, span.length) + u'}';
         from = span.end();
     }
     return result + sql.text().mid(from);
@@ -29,7 +30,8 @@ TEST(SqlText, RemembersWhatWasTypedThroughEveryWayOfJoining)
     filter += typed({});
     filter += u"'";
     EXPECT_EQ(marked(filter), QStringLiteral(" and A.地区='{天河区}' and 交易状态=''"));
-    const SqlText whole = SqlText(QStringLiteral("select 1 where ")) + filter.withoutFirst(5) + u" order by 1";
+    const SqlText whole =
+        SqlText(QStringLiteral("select 1 where ")) + filter.withoutFirst(5) + u" order by 1";
     EXPECT_EQ(marked(whole), QStringLiteral("select 1 where A.地区='{天河区}' and 交易状态='' order by 1"));
 }
 
@@ -49,7 +51,8 @@ TEST(SqlText, FillsACheckStatement)
     const QString base = QStringLiteral("select * from t where (a='@' or b='@')");
     EXPECT_EQ(marked(SqlText::filledIn(base, u'@', QStringLiteral("x@y"))),
               QStringLiteral("select * from t where (a='{x@y}' or b='{x@y}')"));
-    EXPECT_EQ(SqlText::filledIn(base, u'@', {}).text(), QStringLiteral("select * from t where (a='' or b='')"));
+    EXPECT_EQ(SqlText::filledIn(base, u'@', {}).text(),
+              QStringLiteral("select * from t where (a='' or b='')"));
 }
 
 } // namespace ebtq
