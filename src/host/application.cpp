@@ -35,8 +35,7 @@ struct Application::Private
         , database(openConnection)
         , session(std::move(user), std::move(settings))
         , printEnvironment(session)
-    {
-    }
+    {}
 
     /// Runs an operation whose failure is told by LastError and by false.
     template<class Work> bool attempt(Work work)
@@ -68,7 +67,7 @@ struct Application::Private
     db::Connection &connection;
     PanelPresenter &presenter;
     HostDatabase database;
-    Session session;
+    UserSession session;
     PrintEnvironment printEnvironment;
     FormStylerByFunction formStyler;
     HostErrorInfo lastError;
@@ -90,8 +89,7 @@ std::unique_ptr<HostPicker> Application::Private::makePicker(const QString &name
 
 Application::Application(db::Connection &connection, User user, Settings settings, PanelPresenter &presenter)
     : d(std::make_unique<Private>(connection, std::move(user), std::move(settings), presenter))
-{
-}
+{}
 
 Application::~Application() = default;
 
@@ -146,8 +144,8 @@ HostParameter Application::UserParameter(int group, const QVariant &key)
     return {parameterText(d->connection, user().id, group, key)};
 }
 
-bool Application::ShowHelp(const QString &key, const QVariant &field, const QVariant &left, const QVariant &top,
-                           int /*flag*/)
+bool Application::ShowHelp(const QString &key, const QVariant &field, const QVariant &left,
+                           const QVariant &top, int /*flag*/)
 {
     return d->attemptAndReport([&] {
         auto *object = field.value<QObject *>();

@@ -21,7 +21,8 @@ using PickerFactory = std::function<std::unique_ptr<HostPicker>(const QString &n
 class Application : public HostApp
 {
 public:
-    /// `connection` and `presenter` outlive the application. Throws Failure when the working folder cannot be made.
+    /// `connection` and `presenter` outlive the application. Throws Failure when the working folder cannot be
+    /// made.
     Application(db::Connection &connection, User user, Settings settings, PanelPresenter &presenter);
     ~Application() override;
 
@@ -30,8 +31,8 @@ public:
     void setPickerFactory(PickerFactory factory);
     /// Called with each form that is about to be shown; the shell gives it its look.
     void setFormStyler(std::function<void(QObject &)> apply);
-    /// Called with the text of each failed help list, picker and check: the modules that ask for them have nowhere
-    /// to show it. The text is LastError's too.
+    /// Called with the text of each failed help list, picker and check: the modules that ask for them have
+    /// nowhere to show it. The text is LastError's too.
     void setFailureReport(std::function<void(const QString &)> report);
 
     HostDb &Db() override;

@@ -60,9 +60,8 @@ QString issueBillCode(db::Connection &connection, int moduleId, const QDate &dat
 void setLastBillNumber(db::Connection &connection, int moduleId, const QDate &date, int number)
 {
     db::Transaction transaction(connection);
-    const qint64 changed =
-        connection.execute(QStringLiteral("update host_numbers set lastNumber=%1").arg(number)
-                           + wherePeriod(moduleId, date));
+    const qint64 changed = connection.execute(
+        QStringLiteral("update host_numbers set lastNumber=%1").arg(number) + wherePeriod(moduleId, date));
     if (changed == 0) {
         connection.execute(
             QStringLiteral("insert into host_numbers(moduleID,period,lastNumber) values(%1,'%2',%3)")

@@ -25,8 +25,7 @@ public:
     Query(HostDatabase &database, SqlText sql)
         : m_database(database)
         , m_sql(std::move(sql))
-    {
-    }
+    {}
 
     void Execute(const QVariant & /*unused*/) override
     {

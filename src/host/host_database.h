@@ -8,16 +8,15 @@ namespace ebtq::host {
 /// The one database of a session as the modules see it.
 ///
 /// Transactions nest by counting: BeginTrans within an open one joins it, and only the outermost CommitTrans
-/// writes. RollbackTrans and Release undo all of it. BeginTrans and CommitTrans throw Failure when they cannot do
-/// it: a module that went on would save one half without the other.
+/// writes. RollbackTrans and Release undo all of it. BeginTrans and CommitTrans throw Failure when they
+/// cannot do it: a module that went on would save one half without the other.
 class HostDatabase : public HostDb
 {
 public:
     /// `connection` outlives this.
     explicit HostDatabase(db::Connection &connection)
         : m_connection(connection)
-    {
-    }
+    {}
 
     [[nodiscard]] std::unique_ptr<HostQuery> CreateQuery(const SqlText &sql, int mode = 1) override;
     bool Release() override;

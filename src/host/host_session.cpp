@@ -22,14 +22,14 @@ QString withoutSlashAtEnd(QString path)
 
 } // namespace
 
-Session::Session(User user, Settings settings)
+UserSession::UserSession(User user, Settings settings)
     : m_user(std::move(user))
     , m_settings(std::move(settings))
 {
     m_settings.appPath = madeFolder(withoutSlashAtEnd(m_settings.appPath));
 }
 
-QString Session::UserID() const
+QString UserSession::UserID() const
 {
     return QStringLiteral("{%1}").arg(m_user.id);
 }

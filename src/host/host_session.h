@@ -14,11 +14,11 @@ struct Settings
     QDate loginDate; ///< business date of the session
 };
 
-class Session : public HostSession
+class UserSession : public HostSession
 {
 public:
     /// Makes the working folder. Throws Failure when it cannot be made.
-    Session(User user, Settings settings);
+    UserSession(User user, Settings settings);
 
     [[nodiscard]] const User &user() const { return m_user; }
     [[nodiscard]] QString UserName() const override { return m_user.name; }
@@ -37,8 +37,7 @@ class PrintEnvironment : public HostPrintEnv
 public:
     explicit PrintEnvironment(const HostSession &session)
         : m_session(session)
-    {
-    }
+    {}
     [[nodiscard]] QObject *PrintContext() override { return nullptr; }
     /// "selfPrn" below the working folder, made when missing. Throws Failure when it cannot be made.
     [[nodiscard]] QString PrintFolder() const override;

@@ -6,8 +6,8 @@
 
 namespace ebtq::host {
 
-/// Numbers of the modules: keys of rights, document numbers and print files, and the owner (progID) of attachments.
-/// They stand in the rows of every database, so a number is never given another meaning.
+/// Numbers of the modules: keys of rights, document numbers and print files, and the owner (progID) of
+/// attachments. They stand in the rows of every database, so a number is never given another meaning.
 enum ModuleId : int {
     ListingModule = 101,
     CustomerModule = 102,

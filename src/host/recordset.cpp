@@ -7,8 +7,7 @@ namespace ebtq::host {
 BlockRecordset::BlockRecordset(RowBlock rows)
     : m_rows(std::move(rows))
     , m_count(static_cast<int>(m_rows.rowCount()))
-{
-}
+{}
 
 void BlockRecordset::MoveNext()
 {

@@ -22,8 +22,8 @@ private:
 
 /// Grants or refuses one right.
 void setRight(db::Connection &connection, const QString &userId, int moduleId, int right, bool allowed);
-/// Grants every right on every module. The first user of a new database has them all; whoever comes later has what
-/// was granted.
+/// Grants every right on every module. The first user of a new database has them all; whoever comes later has
+/// what was granted.
 void grantAll(db::Connection &connection, const QString &userId);
 
 } // namespace ebtq::host

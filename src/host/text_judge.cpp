@@ -1,16 +1,12 @@
 #include "host/text_judge.h"
 
 #include "database/values/date_text.h"
+#include "library/controls/inline_list.h"
 #include "library/frame/host_contracts.h"
 
 namespace ebtq::host {
 
 namespace {
-
-void append(RowBlock &rows, QStringView text)
-{
-    rows.append(text.trimmed().toUtf8().toStdString());
-}
 
 bool isSame(const QString &left, const QString &right)
 {
@@ -28,25 +24,18 @@ std::optional<Match> judgeDate(const QString &typedText)
 
 std::optional<Match> judgeInlineList(const QString &list, const QString &typedText)
 {
-    const RowBlock rows = inlineList(list);
-    const QString wanted = typedText.trimmed();
-    for (qsizetype row = 0; row < rows.rowCount(); ++row) {
-        const Match match = matchOf(rows, row, 1, 0);
-        if (isSame(match.text, wanted) || isSame(match.value, wanted))
-            return match;
-    }
-    return std::nullopt;
+    const auto entry = InlineList(list).find(typedText.trimmed());
+    return entry ? std::optional(Match{entry->value, entry->text}) : std::nullopt;
 }
 
 } // namespace
 
-RowBlock inlineList(const QString &list)
+RowBlock inlineListRows(const QString &list)
 {
     RowBlock rows({{QStringLiteral("名称"), ColumnType::Text}, {QStringLiteral("值"), ColumnType::Text}});
-    for (const QStringView entry : QStringView(list).split(u'|', Qt::SkipEmptyParts)) {
-        const qsizetype mark = entry.indexOf(u';');
-        append(rows, mark < 0 ? entry : entry.left(mark));
-        append(rows, entry.mid(mark + 1));
+    for (const InlineList::Entry &entry : InlineList(list).entries()) {
+        rows.append(entry.text.toStdString());
+        rows.append(entry.value.toStdString());
     }
     return rows;
 }

@@ -20,8 +20,8 @@ void startSodium()
 
 SqlText userNamed(QStringView columns, const QString &name)
 {
-    return SqlText(QStringLiteral("select ")) + columns + QStringLiteral(" from host_users where username='")
-        + typed(name) + QStringLiteral("'");
+    return SqlText(QStringLiteral("select ")) + columns +
+           QStringLiteral(" from host_users where username='") + typed(name) + QStringLiteral("'");
 }
 
 QByteArray bytes(std::string_view cell)
@@ -33,8 +33,7 @@ bool verifies(const QByteArray &hash, const QString &password)
 {
     const QByteArray text = password.toUtf8();
     return crypto_pwhash_str_verify(hash.constData(), text.constData(),
-                                    static_cast<unsigned long long>(text.size()))
-        == 0;
+                                    static_cast<unsigned long long>(text.size())) == 0;
 }
 
 /// What an unknown name is checked against, so that it takes as long as a known one.
@@ -53,9 +52,10 @@ void requirePassword(const QString &password)
 QString departmentOf(db::Connection &connection, const QString &userId)
 {
     const RowBlock rows = connection.query(
-        SqlText(QStringLiteral("select mtname from su_usertype where mtID in(select UserTypeID from su_membership "
-                               "where userID='"))
-        + typed(userId) + QStringLiteral("') order by mtcode"));
+        SqlText(QStringLiteral(
+            "select mtname from su_usertype where mtID in(select UserTypeID from su_membership "
+            "where userID='")) +
+        typed(userId) + QStringLiteral("') order by mtcode"));
     return rows.rowCount() == 0 ? QString() : rows.value(0, 0).toString();
 }
 
@@ -76,9 +76,8 @@ QByteArray hashPassword(const QString &password, PasswordCost cost)
     startSodium();
     const QByteArray text = password.toUtf8();
     char hash[crypto_pwhash_STRBYTES];
-    if (crypto_pwhash_str(hash, text.constData(), static_cast<unsigned long long>(text.size()), cost.operations,
-                          cost.memory)
-        != 0)
+    if (crypto_pwhash_str(hash, text.constData(), static_cast<unsigned long long>(text.size()),
+                          cost.operations, cost.memory) != 0)
         throw Failure(QString::fromUtf16(cannotHash));
     return hash;
 }
@@ -86,10 +85,11 @@ QByteArray hashPassword(const QString &password, PasswordCost cost)
 User signIn(db::Connection &connection, const QString &name, const QString &password)
 {
     startSodium();
-    // An apostrophe can stand in no user's name, and a refused statement would say more than a wrong name does.
+    // An apostrophe can stand in no user's name, and a refused statement would say more than a wrong name
+    // does.
     const bool askable = !name.contains(u'\'');
-    const RowBlock rows = connection.query(
-        userNamed(u"userID,username,password,isActive", askable ? name : QString()));
+    const RowBlock rows =
+        connection.query(userNamed(u"userID,username,password,isActive", askable ? name : QString()));
     const bool known = rows.rowCount() == 1 && rows.value(0, 3).toInt() == 1;
     const bool matches = verifies(known ? bytes(rows.cell(0, 2)) : hashOfNobody(), password);
     if (!known || !matches)
@@ -109,13 +109,14 @@ QString createUser(db::Connection &connection, const NewUser &user, PasswordCost
     if (connection.query(userNamed(u"userID", name)).rowCount() != 0)
         throw Failure(QStringLiteral("用户名“%1”已存在，请换一个！").arg(name));
     const QString id = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
-    connection.execute(SqlText(QStringLiteral("insert into host_users(userID,username,password,isActive) values('"))
-                       + typed(id) + QStringLiteral("','") + typed(name) + QStringLiteral("','")
-                       + typed(QString::fromLatin1(hash)) + QStringLiteral("',1)"));
+    connection.execute(
+        SqlText(QStringLiteral("insert into host_users(userID,username,password,isActive) values('")) +
+        typed(id) + QStringLiteral("','") + typed(name) + QStringLiteral("','") +
+        typed(QString::fromLatin1(hash)) + QStringLiteral("',1)"));
     if (user.departmentId != 0) {
         connection.execute(
-            SqlText(QStringLiteral("insert into su_membership(userID,UserTypeID,username) values('")) + typed(id)
-            + QStringLiteral("',%1,'").arg(user.departmentId) + typed(name) + QStringLiteral("')"));
+            SqlText(QStringLiteral("insert into su_membership(userID,UserTypeID,username) values('")) +
+            typed(id) + QStringLiteral("',%1,'").arg(user.departmentId) + typed(name) + QStringLiteral("')"));
     }
     transaction.commit();
     return id;
@@ -125,10 +126,9 @@ void setPassword(db::Connection &connection, const QString &name, const QString 
 {
     requirePassword(password);
     const QByteArray hash = hashPassword(password, cost);
-    const qint64 changed =
-        connection.execute(SqlText(QStringLiteral("update host_users set password='"))
-                           + typed(QString::fromLatin1(hash)) + QStringLiteral("' where username='") + typed(name)
-                           + QStringLiteral("'"));
+    const qint64 changed = connection.execute(
+        SqlText(QStringLiteral("update host_users set password='")) + typed(QString::fromLatin1(hash)) +
+        QStringLiteral("' where username='") + typed(name) + QStringLiteral("'"));
     if (changed == 0)
         throw Failure(QStringLiteral("没有名为“%1”的用户！").arg(name));
 }

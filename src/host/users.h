@@ -27,10 +27,11 @@ struct PasswordCost
 };
 
 /// The argon2id hash of a password, with its salt and its cost in it.
-[[nodiscard]] QByteArray hashPassword(const QString &password, PasswordCost cost = PasswordCost::interactive());
+[[nodiscard]] QByteArray hashPassword(const QString &password,
+                                      PasswordCost cost = PasswordCost::interactive());
 
-/// The user whose name and password match. Throws Failure with a text for the user otherwise; the text does not
-/// tell whether the name or the password was wrong, and finding out takes as long in both cases.
+/// The user whose name and password match. Throws Failure with a text for the user otherwise; the text does
+/// not tell whether the name or the password was wrong, and finding out takes as long in both cases.
 [[nodiscard]] User signIn(db::Connection &connection, const QString &name, const QString &password);
 
 struct NewUser
@@ -40,8 +41,8 @@ struct NewUser
     int departmentId = 0; ///< mtID; 0 for a user in no department
 };
 
-/// Writes a new user; gives the new id. The user has no rights yet. Throws Failure for an empty name or password
-/// and for a name that is taken.
+/// Writes a new user; gives the new id. The user has no rights yet. Throws Failure for an empty name or
+/// password and for a name that is taken.
 QString createUser(db::Connection &connection, const NewUser &user,
                    PasswordCost cost = PasswordCost::interactive());
 

@@ -35,8 +35,7 @@ bool FieldHelp::show(const QString &key, QObject &field, const QPoint &corner)
 bool FieldHelp::showDate(QObject &field, const QPoint &corner)
 {
     const auto typedDate = parseDate(propertyText(field, "Text"));
-    const auto date =
-        m_presenter.chooseDate(typedDate ? typedDate->date() : m_today, corner.x(), corner.y());
+    const auto date = m_presenter.chooseDate(typedDate ? typedDate->date() : m_today, corner.x(), corner.y());
     if (!date)
         return false;
     fill(field, {regionalDate(*date), regionalDate(*date)});
@@ -46,7 +45,7 @@ bool FieldHelp::showDate(QObject &field, const QPoint &corner)
 bool FieldHelp::showInlineList(const QString &list, QObject &field, const QPoint &corner)
 {
     Panel panel;
-    panel.rows = inlineList(list);
+    panel.rows = inlineListRows(list);
     panel.shown = {{0, panel.rows.columns().front().name}};
     return choose(panel, field, corner, 1, 0);
 }

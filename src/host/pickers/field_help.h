@@ -10,10 +10,10 @@ class QObject;
 
 namespace ebtq::host {
 
-/// The generic help of a field: shows the list that `key` names - an inline list, "date" for a calendar, or a help
-/// code - and puts the choice into the field's properties Value and Text. The list's columns that the field names in
-/// text_field_code and text_field_name give them; a field that names none gets the list's own. False without a
-/// choice. Throws Failure for an unknown key, and db::DatabaseError.
+/// The generic help of a field: shows the list that `key` names - an inline list, "date" for a calendar, or a
+/// help code - and puts the choice into the field's properties Value and Text. The list's columns that the
+/// field names in text_field_code and text_field_name give them; a field that names none gets the list's own.
+/// False without a choice. Throws Failure for an unknown key, and db::DatabaseError.
 class FieldHelp
 {
 public:
@@ -21,8 +21,7 @@ public:
         : m_connection(connection)
         , m_presenter(presenter)
         , m_today(today)
-    {
-    }
+    {}
     bool show(const QString &key, QObject &field, const QPoint &corner);
 
 private:

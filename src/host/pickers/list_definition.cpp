@@ -94,12 +94,12 @@ struct DictionaryKind
 };
 
 constexpr DictionaryKind dictionaryKinds[] = {
-    {u"gy_sjzd_yt", u"物业用途"}, {u"gy_sjzd_lx", u"物业类型"},    {u"gy_sjzd_cx", u"房屋朝向"},
-    {u"gy_sjzd_jy", u"交易类型"}, {u"gy_sjzd_zt", u"交易状态"},    {u"gy_sjzd_bsf", u"包税费类型"},
-    {u"gy_sjzd_wt", u"委托方式"}, {u"gy_sjzd_ly", u"房屋来源"},    {u"gy_sjzd_xz", u"房屋现状"},
-    {u"gy_sjzd_zx", u"装修程度"}, {u"gy_sjzd_pt", u"配套设施"},    {u"gy_sjzd_jj", u"家具配置"},
-    {u"gy_sjzd_jd", u"家电配置"}, {u"gy_sjzd_zj", u"证件名称"},    {u"gy_sjzd_fk", u"付款方式"},
-    {u"gy_sjzd_fy", u"付佣金方式"}, {u"gy_sjzd_kf", u"看房方式"},  {u"gy_sjzd_gj", u"国籍"},
+    {u"gy_sjzd_yt", u"物业用途"},   {u"gy_sjzd_lx", u"物业类型"}, {u"gy_sjzd_cx", u"房屋朝向"},
+    {u"gy_sjzd_jy", u"交易类型"},   {u"gy_sjzd_zt", u"交易状态"}, {u"gy_sjzd_bsf", u"包税费类型"},
+    {u"gy_sjzd_wt", u"委托方式"},   {u"gy_sjzd_ly", u"房屋来源"}, {u"gy_sjzd_xz", u"房屋现状"},
+    {u"gy_sjzd_zx", u"装修程度"},   {u"gy_sjzd_pt", u"配套设施"}, {u"gy_sjzd_jj", u"家具配置"},
+    {u"gy_sjzd_jd", u"家电配置"},   {u"gy_sjzd_zj", u"证件名称"}, {u"gy_sjzd_fk", u"付款方式"},
+    {u"gy_sjzd_fy", u"付佣金方式"}, {u"gy_sjzd_kf", u"看房方式"}, {u"gy_sjzd_gj", u"国籍"},
     {u"gy_sjzd_wtdj", u"委托等级"},
 };
 

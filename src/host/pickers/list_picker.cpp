@@ -11,10 +11,10 @@ ListPicker::ListPicker(db::Connection &connection, PanelPresenter &presenter, co
     : m_connection(connection)
     , m_presenter(presenter)
     , m_list(list)
-{
-}
+{}
 
-bool ListPicker::Show(int left, int top, QString &text, QVariant &value, int /*flag*/, const QString & /*unused*/)
+bool ListPicker::Show(int left, int top, QString &text, QVariant &value, int /*flag*/,
+                      const QString & /*unused*/)
 {
     Panel panel = panelOf(m_list, m_parameters, m_connection.query(rowsToShow(m_list, m_parameters)), text);
     panel.left = left;
@@ -54,8 +54,7 @@ bool AbsentPicker::Validate(const QString & /*unused*/, const QString & /*valueF
 OneUsePicker::OneUsePicker(std::unique_ptr<HostPicker> picker, ReportFailure report)
     : m_picker(std::move(picker))
     , m_report(std::move(report))
-{
-}
+{}
 
 template<class Use> bool OneUsePicker::use(Use work)
 {

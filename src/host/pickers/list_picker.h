@@ -47,9 +47,9 @@ private:
     ParameterList m_parameters;
 };
 
-/// What modules are given for every picker. Parameters count for one use: they are emptied behind each Show and
-/// Validate, so that a "lock" set by one field cannot narrow the list of the next. Failures of the picker within
-/// do not pass: they are reported, and the use ends as one without a choice or a match.
+/// What modules are given for every picker. Parameters count for one use: they are emptied behind each Show
+/// and Validate, so that a "lock" set by one field cannot narrow the list of the next. Failures of the picker
+/// within do not pass: they are reported, and the use ends as one without a choice or a match.
 class OneUsePicker : public HostPicker
 {
 public:

@@ -7,8 +7,8 @@
 
 namespace ebtq::host {
 
-/// The rows of a list from which a person chooses. A restriction counts; rows that cannot be chosen are there too,
-/// since a tree needs them.
+/// The rows of a list from which a person chooses. A restriction counts; rows that cannot be chosen are there
+/// too, since a tree needs them.
 [[nodiscard]] SqlText rowsToShow(const ListDefinition &list, const ParameterList &parameters);
 /// The rows that a typed text stands for and that may be chosen.
 [[nodiscard]] SqlText rowsThatMatch(const ListDefinition &list, const ParameterList &parameters,

@@ -12,23 +12,23 @@
 #include <memory>
 #include <stdexcept>
 
-/// What a module asks of its host, and the contracts through which a host drives a module. The host implements the
-/// Host... classes; operations stand in the order of the host's interface and keep its names. References and
-/// pointers that the host gives out stay good until the next call of the same operation; a module fetches them
-/// afresh for each use and keeps only the HostApp. All calls are made on the user-interface thread.
+/// What a module asks of its host, and the contracts through which a host drives a module. The host
+/// implements the Host... classes; operations stand in the order of the host's interface and keep its names.
+/// References and pointers that the host gives out stay good until the next call of the same operation; a
+/// module fetches them afresh for each use and keeps only the HostApp. All calls are made on the
+/// user-interface thread.
 namespace ebtq {
 
 class ControlCollection;
 
-/// Thrown by host objects and by the library's own code for a failure that is no failed statement; what() is a
-/// text for the user, in UTF-8. Each public operation of a module traps it once.
+/// Thrown by host objects and by the library's own code for a failure that is no failed statement; what() is
+/// a text for the user, in UTF-8. Each public operation of a module traps it once.
 class Failure : public std::runtime_error
 {
 public:
     explicit Failure(const QString &text)
         : std::runtime_error(text.toStdString())
-    {
-    }
+    {}
 };
 
 /// State of the last statement: empty when it succeeded, else a text fit to be shown.
@@ -73,8 +73,8 @@ public:
     [[nodiscard]] virtual bool Eof() const = 0;
     [[nodiscard]] virtual bool Bof() const = 0;
     virtual void MoveNext() = 0;
-    /// A field of the current row by its name without regard to case. Throws Failure for an unknown name and when
-    /// there is no current row.
+    /// A field of the current row by its name without regard to case. Throws Failure for an unknown name and
+    /// when there is no current row.
     [[nodiscard]] virtual Field Fields(const QString &name) const = 0;
     /// Hands all rows out, as they are; the recordset is at its end afterwards.
     [[nodiscard]] virtual RowBlock GetRows() = 0;
@@ -98,11 +98,14 @@ class HostDb
 public:
     virtual ~HostDb() = default;
     [[nodiscard]] virtual std::unique_ptr<HostQuery> CreateQuery(const SqlText &sql, int mode = 1) = 0;
-    /// The last act of every operation that used the database, after errors too: rolls back what a transaction
-    /// left open.
+    /// The last act of every operation that used the database, after errors too: rolls back what a
+    /// transaction left open.
     virtual bool Release() = 0;
+    /// Joins a transaction that is open: only the outermost CommitTrans writes. Both throw Failure when it
+    /// cannot be done, since whoever went on would save one half without the other.
     virtual void BeginTrans() = 0;
     virtual void CommitTrans() = 0;
+    /// Undoes the whole transaction; nothing when none is open.
     virtual void RollbackTrans() = 0;
     [[nodiscard]] virtual HostDbError LastError() const = 0;
 };
@@ -149,8 +152,8 @@ class HostPicker
 public:
     virtual ~HostPicker() = default;
     [[nodiscard]] virtual ParameterList &Parameters() = 0;
-    /// Opens the picker at a screen position in pixels and returns when it closes. With a choice the result is
-    /// true and both values hold it; otherwise they are as they were.
+    /// Opens the picker at a screen position in pixels and returns when it closes. With a choice the result
+    /// is true and both values hold it; otherwise they are as they were.
     virtual bool Show(int left, int top, QString &text, QVariant &value, int flag = 0,
                       const QString &unused = {}) = 0;
     [[nodiscard]] virtual std::shared_ptr<const PickedRow> Objects() const = 0;
@@ -177,18 +180,19 @@ public:
     [[nodiscard]] virtual std::unique_ptr<HostRights> Rights(int moduleId) = 0;
     [[nodiscard]] virtual HostParameter SystemParameter(int group, const QVariant &key) = 0;
     [[nodiscard]] virtual HostParameter UserParameter(int group, const QVariant &key) = 0;
-    /// Shows the help list of `key` for a field. The three values are those of the field's generic help event: the
-    /// field as QObject*, then left and top of the list on the screen in pixels. With a choice the field's
-    /// properties Value and Text hold it and the result is true.
-    virtual bool ShowHelp(const QString &key, const QVariant &field, const QVariant &left, const QVariant &top,
-                          int flag = -1) = 0;
-    /// Checks a typed text. The three strings are those of the field's check event: `base`, a statement with "@"
-    /// for the text, an inline list "|text;value|..." or "date"; then the result columns that give value and text.
-    /// Both stay empty when nothing matches. False when the check itself failed; LastError says why.
+    /// Shows the help list of `key` for a field. The three values are those of the field's generic help
+    /// event: the field as QObject*, then left and top of the list on the screen in pixels. With a choice the
+    /// field's properties Value and Text hold it and the result is true.
+    virtual bool ShowHelp(const QString &key, const QVariant &field, const QVariant &left,
+                          const QVariant &top, int flag = -1) = 0;
+    /// Checks a typed text. The three strings are those of the field's check event: `base`, a statement with
+    /// "@" for the text, an inline list "|text;value|..." or "date"; then the result columns that give value
+    /// and text. Both stay empty when nothing matches. False when the check itself failed; LastError says
+    /// why.
     virtual bool JudgeText(const QString &base, const QString &valueField, const QString &textField,
                            const QString &typedText, QVariant &value, QString &text) = 0;
-    /// The document number of a module's records: with `take` true the number that comes next, for an empty form;
-    /// with false a number given out once and for all. False on failure; LastError says why.
+    /// The document number of a module's records: with `take` true the number that comes next, for an empty
+    /// form; with false a number given out once and for all. False on failure; LastError says why.
     virtual bool NewBillCode(int moduleId, const QDate &date, QString &code, bool take) = 0;
     [[nodiscard]] virtual HostSession &Session() = 0;
     /// A picker by name without regard to case; one that is never ready when there is none of that name.
@@ -282,8 +286,9 @@ public:
     virtual QString IPickerUI_Text() = 0;
     virtual void IPickerUI_Text(const QString &text) = 0;
     virtual std::shared_ptr<const PickedRow> IPickerUI_Objects() = 0;
-    virtual bool IPickerUI_Validate(const QString &unused, const QString &valueField, const QString &textField,
-                                    const QString &typedText, QVariant &value, QString &text) = 0;
+    virtual bool IPickerUI_Validate(const QString &unused, const QString &valueField,
+                                    const QString &textField, const QString &typedText, QVariant &value,
+                                    QString &text) = 0;
 };
 
 /// What the host's designer uses, on every module.
