@@ -1,21 +1,71 @@
 #include "database/values/date_text.h"
 
-#include <QRegularExpression>
-
 namespace ebtq {
 
 namespace {
 
-std::optional<QDateTime> makeDate(int year, int month, int day, QStringView time)
+/// Reads a text from the left, piece by piece; a piece that is not there makes the whole reading fail.
+class DateReader
 {
-    const QDate date(year, month, day);
-    if (!date.isValid() || year < 100 || year > 9999)
-        return std::nullopt;
-    if (time.isEmpty())
-        return QDateTime(date, QTime(0, 0));
-    const auto parts = time.split(u':');
-    const QTime clock(parts[0].toInt(), parts[1].toInt(), parts.size() > 2 ? parts[2].toInt() : 0);
-    return clock.isValid() ? std::optional(QDateTime(date, clock)) : std::nullopt;
+public:
+    explicit DateReader(QStringView text)
+        : m_text(text)
+    {}
+    /// A number of at most `longest` digits.
+    int number(int longest)
+    {
+        int value = 0;
+        const qsizetype begin = m_at;
+        while (m_at < m_text.size() && m_at - begin < longest && m_text[m_at] >= u'0' && m_text[m_at] <= u'9')
+            value = value * 10 + (m_text[m_at++].unicode() - u'0');
+        m_good = m_good && m_at > begin;
+        return value;
+    }
+    bool takes(QChar c)
+    {
+        if (m_at >= m_text.size() || m_text[m_at] != c)
+            return false;
+        ++m_at;
+        return true;
+    }
+    void expect(QChar c) { m_good = takes(c) && m_good; }
+    [[nodiscard]] bool atEnd() const { return m_at == m_text.size(); }
+    [[nodiscard]] bool isGood() const { return m_good; }
+
+private:
+    QStringView m_text;
+    qsizetype m_at = 0;
+    bool m_good = true;
+};
+
+QDate readDay(DateReader &reader)
+{
+    const int first = reader.number(4);
+    const QChar separator = reader.takes(u'-') ? u'-' : u'/';
+    if (separator == u'/' && !reader.takes(u'/'))
+        return {};
+    const int second = reader.number(2);
+    reader.expect(separator);
+    const int third = reader.number(4);
+    if (!reader.isGood())
+        return {};
+    if (first >= 100)
+        return third <= 31 ? QDate(first, second, third) : QDate();
+    return separator == u'/' && third >= 100 ? QDate(third, first, second) : QDate();
+}
+
+QTime readTime(DateReader &reader)
+{
+    if (reader.atEnd())
+        return {0, 0};
+    reader.expect(u' ');
+    while (reader.takes(u' '))
+        continue;
+    const int hour = reader.number(2);
+    reader.expect(u':');
+    const int minute = reader.number(2);
+    const int second = reader.takes(u':') ? reader.number(2) : 0;
+    return reader.isGood() && reader.atEnd() ? QTime(hour, minute, second) : QTime();
 }
 
 bool isDigit(char c)
@@ -36,20 +86,12 @@ bool hasPattern(std::string_view text, std::string_view pattern)
 
 std::optional<QDateTime> parseDate(QStringView text)
 {
-    static const QRegularExpression yearFirst(QStringLiteral(
-        "^(\\d{3,4})([-/])(\\d{1,2})\\2(\\d{1,2})(?:\\s+(\\d{1,2}:\\d{1,2}(?::\\d{1,2})?))?$"));
-    static const QRegularExpression monthFirst(
-        QStringLiteral("^(\\d{1,2})/(\\d{1,2})/(\\d{3,4})(?:\\s+(\\d{1,2}:\\d{1,2}(?::\\d{1,2})?))?$"));
-    const QString trimmed = text.trimmed().toString();
-    if (const auto match = yearFirst.match(trimmed); match.hasMatch()) {
-        return makeDate(match.capturedView(1).toInt(), match.capturedView(3).toInt(),
-                        match.capturedView(4).toInt(), match.capturedView(5));
-    }
-    if (const auto match = monthFirst.match(trimmed); match.hasMatch()) {
-        return makeDate(match.capturedView(3).toInt(), match.capturedView(1).toInt(),
-                        match.capturedView(2).toInt(), match.capturedView(4));
-    }
-    return std::nullopt;
+    DateReader reader(text.trimmed());
+    const QDate day = readDay(reader);
+    if (!day.isValid() || day.year() < 100 || day.year() > 9999)
+        return std::nullopt;
+    const QTime time = readTime(reader);
+    return time.isValid() ? std::optional(QDateTime(day, time)) : std::nullopt;
 }
 
 QString regionalDate(const QDate &date)
