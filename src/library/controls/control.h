@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QColor>
 #include <QObject>
 #include <QString>
 
 namespace ebtq {
 
-/// A control without a widget: what the rules of a module read and set, by name and number. A view binds to its
-/// signals both ways and holds no rule. Property names are those that layout files and the host's designer use.
+/// A control without a widget: what the rules of a module read and set, by name and number. A view binds to
+/// its signals both ways and holds no rule. Property names are those that layout files and the host's
+/// designer use.
 class Control : public QObject
 {
     Q_OBJECT
@@ -48,6 +48,8 @@ Q_SIGNALS:
     void focusRequested();
 
 private:
+    template<class T> void change(T &member, const T &value);
+
     QString m_typeName;
     QString m_name;
     int m_index;

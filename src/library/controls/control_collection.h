@@ -8,8 +8,8 @@
 
 namespace ebtq {
 
-/// The controls of one module or form, owned, in the order in which they were made. It can be walked by type name,
-/// as layouts and "all fields of the form" do.
+/// The controls of one module or form, owned, in the order in which they were made. It can be walked by type
+/// name, as layouts and "all fields of the form" do.
 class ControlCollection : public QObject
 {
     Q_OBJECT

@@ -6,17 +6,17 @@
 
 namespace ebtq {
 
-/// The field control of every screen: a caption to its left, a typed text, a hidden value behind it, a help button
-/// and a check of what was typed.
+/// The field control of every screen: a caption to its left, a typed text, a hidden value behind it, a help
+/// button and a check of what was typed.
 ///
-/// Help, by help_type: for HostList and InlineList the event FieldGenericHelp is raised with help_code as key, for
-/// Calendar with the key "date"; for Custom the event FieldHelp, whose two by-reference values go back into the
-/// field. A view may answer Calendar and InlineList by itself.
+/// Help, by help_type: for HostList and InlineList the event FieldGenericHelp is raised with help_code as
+/// key, for Calendar with the key "date"; for Custom the event FieldHelp, whose two by-reference values go
+/// back into the field. A view may answer Calendar and InlineList by itself.
 ///
-/// Check, on leaving a field whose text changed since the last one that passed: by judge_type a statement or a
-/// custom field (FieldCheck), an inline list or a date. An empty text always passes and empties the value. With
-/// FieldCheck an empty value on return means no match. A failed check raises checkFailed with error_message and
-/// the view keeps the focus.
+/// Check, on leaving a field whose text changed since the last one that passed: unless judge_time is
+/// JudgeNever: by judge_type a statement or a custom field (FieldCheck), the inline list of help_code or a
+/// date. An empty text always passes and empties the value. With FieldCheck an empty value on return means no
+/// match. A failed check raises checkFailed with error_message and the view keeps the focus.
 class qzTxt_S : public Control
 {
     Q_OBJECT
@@ -71,8 +71,8 @@ public:
     [[nodiscard]] int Alignment() const { return m_alignment; }
     void setAlignment(int alignment);
 
-    /// What a view calls when the help button, F4 or Alt+Down was pressed; the position is that of the field's
-    /// lower left corner on the screen, in pixels. Nothing without help_flag.
+    /// What a view calls when the help button, F4 or Alt+Down was pressed; the position is that of the
+    /// field's lower left corner on the screen, in pixels. Nothing without help_flag.
     void requestHelp(int left, int top);
     /// What a view calls before the focus leaves. True when the focus may go.
     bool check();
@@ -82,10 +82,12 @@ Q_SIGNALS:
     void FieldHelp(int left, int top, QString &text, QVariant &value);
     void FieldCheck(const QString &base, const QString &valueField, const QString &textField, QVariant &value,
                     QString &text);
-    void FieldGenericHelp(const QString &key, const QVariant &field, const QVariant &left, const QVariant &top);
+    void FieldGenericHelp(const QString &key, const QVariant &field, const QVariant &left,
+                          const QVariant &top);
     void checkFailed(const QString &message);
 
 private:
+    template<class T> void changeLook(T &member, T value);
     bool judge(QVariant &value, QString &text);
 
     QString m_text;

@@ -21,8 +21,8 @@ public:
     /// The grid whose wheel this follows; a view asks for it.
     void bind(VSFlexGrid *grid) { m_grid = grid; }
     [[nodiscard]] VSFlexGrid *grid() const { return m_grid; }
-    /// What a view calls for `steps` turns, negative towards the top: moves the position within the ends and raises
-    /// Wheel. Nothing while unbound.
+    /// What a view calls for `steps` turns, negative towards the top: moves the position within the ends and
+    /// raises Wheel. Nothing while unbound.
     void turn(int steps);
 
 Q_SIGNALS:

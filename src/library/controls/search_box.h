@@ -9,8 +9,8 @@ namespace ebtq {
 
 class VSFlexGrid;
 
-/// A box that searches the loaded rows of a grid while the user types: the search event follows the last key after
-/// a pause, Enter brings it at once, an emptied box raises the clear event.
+/// A box that searches the loaded rows of a grid while the user types: the search event follows the last key
+/// after a pause, Enter brings it at once, an emptied box raises the clear event.
 class SearchBox : public Control
 {
     Q_OBJECT

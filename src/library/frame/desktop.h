@@ -11,8 +11,8 @@ class QObject;
 
 namespace ebtq {
 
-/// The person and the machine around a module, handed in and never static: what a module shows, asks and takes
-/// from outside the database. The screens implement it on Qt; tests script it.
+/// The person and the machine around a module, handed in and never static: what a module shows, asks and
+/// takes from outside the database. The screens implement it on Qt; tests script it.
 class Desktop
 {
 public:
@@ -37,7 +37,8 @@ public:
     /// On from the first true to the matching false.
     virtual void setWaitCursor(bool on) = 0;
     [[nodiscard]] virtual QDateTime now() const = 0;
-    /// A new empty file in the temporary folder whose name begins with `prefix`; empty when none could be made.
+    /// A new empty file in the temporary folder whose name begins with `prefix`; empty when none could be
+    /// made.
     virtual QString makeTempFile(const QString &prefix) = 0;
     /// 16 bytes of a new GUID in memory order; empty when the platform gives none.
     virtual QByteArray newGuidBytes() = 0;

@@ -17,8 +17,8 @@ struct Parameter
 class ParameterList
 {
 public:
-    /// The parameter of that name, made with an empty value when it is not there yet. The reference stays good
-    /// until the list changes.
+    /// The parameter of that name, made with an empty value when it is not there yet. The reference stays
+    /// good until the list changes.
     Parameter &Item(const QString &name);
     [[nodiscard]] bool Exists(const QString &name) const;
     /// The value as trimmed text; the empty string for an absent parameter. Makes none.

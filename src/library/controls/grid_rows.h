@@ -1,0 +1,79 @@
+#pragma once
+
+#include "database/values/row_block.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace ebtq {
+
+/// The data rows of a grid, by position from 0. A loaded block stays as it is: edited cells and added rows
+/// are kept beside it by the row's identity, and the order and the hidden rows are an index over both. An
+/// entry of that index is 4 bytes; what is hidden or edited is marked in the entry, so that it moves with its
+/// row.
+class GridRows
+{
+public:
+    using Identity = quint32;
+
+    /// The block's first column becomes column `firstCol`. All rows so far are gone.
+    void load(RowBlock block, int firstCol);
+    /// Adds empty rows at the end or cuts rows there.
+    void resize(int count);
+
+    [[nodiscard]] int count() const { return static_cast<int>(m_order.size()); }
+    [[nodiscard]] const RowBlock &block() const { return m_block; }
+    [[nodiscard]] int firstColumn() const { return m_firstCol; }
+    [[nodiscard]] Identity identity(int position) const { return entry(position) & identityMask; }
+
+    /// Empty for a column that the row has not.
+    [[nodiscard]] std::string_view cell(int position, int col) const;
+    void setCell(int position, int col, std::string text);
+    void insert(int position);
+    void remove(int position);
+
+    [[nodiscard]] bool isHidden(int position) const { return entry(position) & hiddenMark; }
+    void setHidden(int position, bool hidden);
+    void hideAll();
+    void showAll();
+    [[nodiscard]] int countInSight() const { return count() - m_hiddenCount; }
+    [[nodiscard]] int positionInSight(int nth) const;
+    /// How many rows before that position are in sight.
+    [[nodiscard]] int sightBefore(int position) const;
+
+    /// Where the run of rows ends that begins here and lies in the block without a gap and without an edited
+    /// cell; `position` itself when that row is edited or added.
+    [[nodiscard]] int endOfRun(int position) const;
+
+    [[nodiscard]] size_t byteSize() const;
+
+private:
+    static constexpr quint32 hiddenMark = 0x80000000U;
+    static constexpr quint32 editedMark = 0x40000000U;
+    static constexpr quint32 identityMask = editedMark - 1;
+
+    struct EditedCell
+    {
+        int col;
+        std::string text;
+    };
+    using EditedRow = std::vector<EditedCell>;
+
+    [[nodiscard]] quint32 entry(int position) const { return m_order[static_cast<size_t>(position)]; }
+    [[nodiscard]] const EditedCell *editedCell(Identity row, int col) const;
+    [[nodiscard]] quint32 newEntry() { return m_nextIdentity++ | editedMark; }
+    [[nodiscard]] const std::vector<quint32> &inSight() const;
+
+    RowBlock m_block;
+    int m_firstCol = 0;
+    std::vector<quint32> m_order;
+    std::unordered_map<Identity, EditedRow> m_edited;
+    Identity m_nextIdentity = 0; ///< of the next added row; those below the block's row count are the block's
+    int m_hiddenCount = 0;
+    mutable std::vector<quint32>
+        m_inSight; ///< positions, only while something is hidden; empty when outdated
+};
+
+} // namespace ebtq

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "library/controls/grid_rows.h"
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace ebtq {
+
+/// The search for a text in the rows of a grid. The search text of a row is its cell in `currentCol` and
+/// then, for each of `columns`, "%" and the cell there; so a text with "%" can span neighbouring columns.
+///
+/// A text without "%" lies within one cell, so the block's bytes are searched in one pass and each hit is
+/// mapped back to its cell. Other texts, edited rows and letters whose case does not count are searched row
+/// by row.
+class GridSearch
+{
+public:
+    GridSearch(const GridRows &rows, const QString &text, int currentCol, const QList<int> &columns,
+               Qt::CaseSensitivity sensitivity);
+
+    /// Calls `found` with the position of each row, from `from` on, that holds the text, until it returns
+    /// false. `found` may hide and show rows, nothing else.
+    void run(int from, const std::function<bool(int)> &found);
+
+private:
+    [[nodiscard]] bool rowHolds(int position);
+    bool scanRun(int begin, int end, const std::function<bool(int)> &found);
+    [[nodiscard]] size_t rowBegin(size_t row) const;
+    [[nodiscard]] size_t rowEnd(size_t row) const;
+    [[nodiscard]] size_t rowHolding(size_t offset, size_t from, size_t last) const;
+    [[nodiscard]] int columnHolding(size_t offset, size_t row) const;
+    [[nodiscard]] size_t beginOfNextSearched(size_t row, int col) const;
+
+    const GridRows &m_rows;
+    QString m_text;
+    std::string m_needle;
+    QList<int> m_columns; ///< the current one first
+    bool m_caseCounts;
+    bool m_withinOneCell;
+    std::vector<bool> m_searched;    ///< by column of the block
+    std::vector<int> m_nextSearched; ///< by column of the block; its count for none
+    std::string m_rowText;
+};
+
+} // namespace ebtq

@@ -1,0 +1,180 @@
+#include "library/frame/conversions.h"
+
+#include "database/values/number_text.h"
+#include "library/frame/host_contracts.h"
+#include "library/frame/null_conv.h"
+
+#include <QLocale>
+
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <optional>
+#include <string>
+
+namespace ebtq {
+
+namespace {
+
+struct DigitPattern
+{
+    qsizetype wholeDigits = 0; ///< that are always there
+    qsizetype fewestDecimals = 0;
+    qsizetype mostDecimals = 0;
+    bool thousands = false;
+};
+
+std::optional<DigitPattern> readPattern(QStringView pattern)
+{
+    DigitPattern result;
+    bool behindPoint = false;
+    for (const QChar c : pattern) {
+        if (c == u'.' && !behindPoint) {
+            behindPoint = true;
+        } else if (c == u',' && !behindPoint) {
+            result.thousands = true;
+        } else if (c == u'0' || c == u'#') {
+            result.mostDecimals += behindPoint ? 1 : 0;
+            if (behindPoint && c == u'0')
+                result.fewestDecimals = result.mostDecimals;
+            // A "#" right of a "0" is as good as a "0": "0#" never gives less than two digits.
+            if (!behindPoint && (c == u'0' || result.wholeDigits > 0))
+                ++result.wholeDigits;
+        } else {
+            return std::nullopt;
+        }
+    }
+    return pattern.isEmpty() ? std::nullopt : std::optional(result);
+}
+
+/// A number above 0 as its 15 significant digits; its value is 0.DIGITS * 10^pointAt.
+struct Decimal
+{
+    std::string digits;
+    int pointAt = 0;
+
+    explicit Decimal(double number)
+    {
+        char text[40];
+        std::snprintf(text, sizeof text, "%.14e", number);
+        digits = text[0] + std::string(text + 2, 14);
+        pointAt = number == 0 ? 0 : std::atoi(text + 17) + 1;
+    }
+
+    void roundTo(qsizetype decimals)
+    {
+        const qsizetype kept = pointAt + decimals;
+        if (kept >= std::ssize(digits))
+            return;
+        const bool up = kept >= 0 && digits[static_cast<size_t>(kept)] >= '5';
+        digits.resize(static_cast<size_t>(std::max<qsizetype>(kept, 0)));
+        if (up)
+            increment();
+    }
+
+    void increment()
+    {
+        for (size_t at = digits.size(); at-- > 0; digits[at] = '0') {
+            if (digits[at] != '9') {
+                ++digits[at];
+                return;
+            }
+        }
+        digits.insert(digits.begin(), '1');
+        ++pointAt;
+    }
+
+    [[nodiscard]] char digit(qsizetype at) const
+    {
+        return at >= 0 && at < std::ssize(digits) ? digits[static_cast<size_t>(at)] : '0';
+    }
+    [[nodiscard]] bool isZero() const { return digits.find_first_not_of('0') == std::string::npos; }
+};
+
+QString wholeText(const Decimal &number, const DigitPattern &pattern)
+{
+    const qsizetype count = std::max<qsizetype>(number.isZero() ? 0 : number.pointAt, pattern.wholeDigits);
+    QString text;
+    for (qsizetype left = count; left > 0; --left) {
+        text += QLatin1Char(number.digit(number.pointAt - left));
+        if (pattern.thousands && left > 1 && left % 3 == 1)
+            text += u',';
+    }
+    return text;
+}
+
+QString decimalsText(const Decimal &number, const DigitPattern &pattern)
+{
+    QString text;
+    for (qsizetype at = 0; at < pattern.mostDecimals; ++at)
+        text += QLatin1Char(number.digit(number.pointAt + at));
+    while (text.size() > pattern.fewestDecimals && text.endsWith(u'0'))
+        text.chop(1);
+    return text.isEmpty() ? text : u'.' + text;
+}
+
+std::optional<double> wholeNumberOf(const QVariant &value)
+{
+    if (value.userType() == QMetaType::QDateTime || value.userType() == QMetaType::QDate)
+        return std::nullopt;
+    bool read = false;
+    const double number = QLocale::c().toDouble(NullConv::ToText(value).trimmed(), &read);
+    return read && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
+double Val(const QString &text)
+{
+    return leadingNumber(QStringView(text));
+}
+
+double Val(const QVariant &value)
+{
+    return leadingNumber(QStringView(NullConv::ToText(value)));
+}
+
+QString NumberText(double number)
+{
+    return numberString(number);
+}
+
+QString PlainDecimal(double number)
+{
+    if (!std::isfinite(number))
+        throw Failure(QStringLiteral("数值超出范围，请重新输入！"));
+    const QString text = numberString(number);
+    return text.contains(u'E') ? QString::number(number, 'f', QLocale::FloatingPointShortest) : text;
+}
+
+QString Format(const QVariant &value, QStringView pattern)
+{
+    const auto shape = readPattern(pattern);
+    const auto number = wholeNumberOf(value);
+    if (!shape || !number)
+        return NullConv::ToText(value);
+    Decimal decimal(std::abs(*number));
+    decimal.roundTo(shape->mostDecimals);
+    const QString text = wholeText(decimal, *shape) + decimalsText(decimal, *shape);
+    return *number < 0 && !decimal.isZero() ? u'-' + text : text;
+}
+
+QString Trim(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.mid(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text.toString();
+}
+
+int WholePart(double number)
+{
+    if (std::isnan(number))
+        return 0;
+    constexpr double least = std::numeric_limits<int>::min();
+    constexpr double most = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(number, least, most));
+}
+
+} // namespace ebtq

@@ -1,0 +1,57 @@
+#include "library/frame/module.h"
+
+#include "library/frame/null_conv.h"
+
+namespace ebtq {
+
+QString applicationTitle()
+{
+    return QStringLiteral("EBTQ_S");
+}
+
+Module::Module(QString name, Desktop &desktop)
+    : m_name(std::move(name))
+    , m_desktop(desktop)
+{}
+
+Module::~Module() = default;
+
+void Module::setBackColor(int color)
+{
+    if (m_backColor == color)
+        return;
+    m_backColor = color;
+    Q_EMIT backColorChanged();
+}
+
+void Module::IDesignUI_Parameters(DesignParameters *parameters)
+{
+    const QString key = QStringLiteral("backcolor");
+    if (parameters && parameters->Exists(key))
+        setBackColor(NullConv::ToLong(parameters->Item(key).Value));
+}
+
+HostApp &Module::app() const
+{
+    if (!m_app)
+        throw Failure(QStringLiteral("模块尚未初始化！"));
+    return *m_app;
+}
+
+void Module::raiseDatabaseError(const QString &description)
+{
+    raiseError(description, FailureLevel, applicationTitle());
+}
+
+void Module::reportTrapped(QStringView tag, const std::exception &failure)
+{
+    raiseError(m_name + tag.toString() + QString::fromUtf8(failure.what()), FailureLevel, applicationTitle());
+}
+
+void Module::releaseDatabase()
+{
+    if (m_app)
+        m_app->Db().Release();
+}
+
+} // namespace ebtq

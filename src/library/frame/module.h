@@ -1,0 +1,80 @@
+#pragma once
+
+#include "library/controls/control_collection.h"
+#include "library/frame/host_contracts.h"
+
+#include <QObject>
+#include <QString>
+
+#include <exception>
+
+namespace ebtq {
+
+class Desktop;
+
+/// Title of messages that are the whole system's and no single module's.
+[[nodiscard]] QString applicationTitle();
+
+/// What all modules share: their controls, the designer's contract, the host from Init to Clear, and the one
+/// trap around each public operation.
+class Module : public QObject, public IDesignUI
+{
+    Q_OBJECT
+    Q_INTERFACES(ebtq::IDesignUI)
+    Q_PROPERTY(int BackColor READ BackColor WRITE setBackColor NOTIFY backColorChanged)
+
+public:
+    /// `desktop` outlives the module.
+    Module(QString name, Desktop &desktop);
+    ~Module() override;
+
+    [[nodiscard]] const QString &name() const { return m_name; }
+    /// A colour number, red in its lowest byte; -1 until the designer gives one.
+    [[nodiscard]] int BackColor() const { return m_backColor; }
+    void setBackColor(int color);
+
+    ControlCollection &IDesignUI_Controls() override { return m_controls; }
+    QVariant IDesignUI_Parameters() override { return {}; }
+    void IDesignUI_Parameters(DesignParameters *parameters) override;
+
+Q_SIGNALS:
+    void backColorChanged();
+
+protected:
+    [[nodiscard]] Desktop &desktop() const { return m_desktop; }
+    [[nodiscard]] ControlCollection &controls() { return m_controls; }
+    /// Throws Failure outside of Init ... Clear: a call out of order ends in a message.
+    [[nodiscard]] HostApp &app() const;
+    void setApp(HostApp *app) { m_app = app; }
+    /// Raises the event ErrMessage, which each module declares in its own place among its events.
+    virtual void raiseError(const QString &message, int level, const QString &title) = 0;
+    /// A statement's failure, as the database told it.
+    void raiseDatabaseError(const QString &description);
+
+    /// Runs the body of an operation; its result, or false when it throws. What it throws is raised as
+    /// ErrMessage: the module's name, the operation's tag, the description. HostDb.Release is the last act
+    /// either way.
+    template<class Body> bool trapped(QStringView tag, Body body)
+    {
+        bool result = false;
+        try {
+            result = body();
+        } catch (const std::exception &failure) {
+            reportTrapped(tag, failure);
+        }
+        releaseDatabase();
+        return result;
+    }
+
+private:
+    void reportTrapped(QStringView tag, const std::exception &failure);
+    void releaseDatabase();
+
+    QString m_name;
+    Desktop &m_desktop;
+    ControlCollection m_controls;
+    HostApp *m_app = nullptr;
+    int m_backColor = -1;
+};
+
+} // namespace ebtq

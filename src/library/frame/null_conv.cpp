@@ -1,0 +1,53 @@
+#include "library/frame/null_conv.h"
+
+#include "database/values/date_text.h"
+#include "library/frame/conversions.h"
+#include "library/frame/host_contracts.h"
+
+#include <cmath>
+#include <limits>
+
+namespace ebtq {
+
+namespace {
+
+bool isWhole(const QVariant &value)
+{
+    return value.userType() == QMetaType::Int || value.userType() == QMetaType::LongLong;
+}
+
+} // namespace
+
+QString NullConv::ToText(const QVariant &value)
+{
+    switch (value.userType()) {
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return NumberText(value.toDouble());
+    case QMetaType::QDateTime:
+        return regionalDate(value.toDateTime());
+    case QMetaType::QDate:
+        return regionalDate(value.toDate());
+    case QMetaType::Bool:
+        return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+    default:
+        return value.toString();
+    }
+}
+
+int NullConv::ToLong(const QVariant &value)
+{
+    const double number = std::nearbyint(Val(value));
+    if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
+        throw Failure(QStringLiteral("数值 %1 超出范围，请重新输入！").arg(ToText(value)));
+    return static_cast<int>(number);
+}
+
+QVariant NullConv::ToNumber(const QVariant &value)
+{
+    if (value.isNull())
+        return 0;
+    return isWhole(value) ? value : QVariant(Val(value));
+}
+
+} // namespace ebtq
