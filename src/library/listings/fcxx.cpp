@@ -1,0 +1,380 @@
+#include "library/listings/fcxx.h"
+
+#include "database/values/number_text.h"
+#include "library/controls/grid_helper.h"
+#include "library/frame/conversions.h"
+#include "library/frame/desktop.h"
+#include "library/frame/wait_cursor.h"
+#include "library/listings/fcxx_controls.h"
+#include "library/listings/fcxx_filter.h"
+#include "library/listings/fcxx_list.h"
+
+namespace ebtq {
+
+namespace {
+
+constexpr int parameterGroup = 12;
+constexpr double usualWheelRate = 5;
+constexpr int softYellow = 0xC0FFFF;
+constexpr int noMenuAttribute = 99;
+
+QString attachmentIcon()
+{
+    return QStringLiteral("mail-attachment");
+}
+
+/// Nothing is drawn until the scope ends, on whatever way.
+class DrawnLater
+{
+public:
+    explicit DrawnLater(VSFlexGrid &grid)
+        : m_grid(grid)
+    {}
+    DrawnLater(const DrawnLater &) = delete;
+    DrawnLater &operator=(const DrawnLater &) = delete;
+    ~DrawnLater() { m_grid.setRedraw(true); }
+    void begin() { m_grid.setRedraw(false); }
+
+private:
+    VSFlexGrid &m_grid;
+};
+
+} // namespace
+
+Fcxx::Fcxx(Desktop &desktop)
+    : Module(QStringLiteral("Fcxx"), desktop)
+    , m_toolbar(controls().add<NavToolbar>(QStringLiteral("NavToolbar1")))
+    , m_forSale(controls().add<CheckBox>(QStringLiteral("Chk"), 0))
+    , m_forRent(controls().add<CheckBox>(QStringLiteral("Chk"), 1))
+    , m_window(controls().add<XPCombo>(QStringLiteral("XPCmb")))
+    , m_searchLabel(controls().add<Label>(QStringLiteral("lblSearch")))
+    , m_searchBox(controls().add<SearchBox>(QStringLiteral("SearchBox1")))
+    , m_findFilters(controls().add<CheckBox>(QStringLiteral("ChkFind")))
+    , m_grid(controls().add<VSFlexGrid>(QStringLiteral("VS")))
+{
+    makeControls();
+    connectFields();
+    connectGrid();
+}
+
+Fcxx::~Fcxx()
+{
+    if (m_inited)
+        Fcxx::IReportUI_Clear();
+}
+
+void Fcxx::makeControls()
+{
+    for (const ListingField &field : listingFields())
+        controls().add<qzTxt_S>(QStringLiteral("qzTxt"), field.number).setCaption(field.caption.toString());
+    m_toolbar.setItems(listingCommands());
+    m_forSale.setCaption(QStringLiteral("出售"));
+    m_forRent.setCaption(QStringLiteral("出租"));
+    m_searchLabel.setCaption(QStringLiteral("搜索(&F):"));
+    m_findFilters.setCaption(QStringLiteral("过滤"));
+    connect(&m_toolbar, &NavToolbar::ButtonClick, this, &Fcxx::pressed);
+}
+
+void Fcxx::connectFields()
+{
+    for (const ListingField &field : listingFields()) {
+        const int number = field.number;
+        connect(&qzTxt(number), &qzTxt_S::FieldHelp, this,
+                [=, this](int left, int top, QString &text, QVariant &value) {
+                    showHelp(number, left, top, text, value);
+                });
+        connect(&qzTxt(number), &qzTxt_S::FieldCheck, this,
+                [=, this](const QString &base, const QString &valueField, const QString &textField,
+                          QVariant &value,
+                          QString &text) { checkField(number, base, valueField, textField, value, text); });
+        connect(
+            &qzTxt(number), &qzTxt_S::FieldGenericHelp, this,
+            [this](const QString &key, const QVariant &control, const QVariant &left, const QVariant &top) {
+                trapped(u"-->qzTxt_FieldGenericHelp::",
+                        [&] { return app().ShowHelp(key, control, left, top); });
+            });
+    }
+}
+
+void Fcxx::connectGrid()
+{
+    connect(&m_grid, &VSFlexGrid::MouseDown, this, &Fcxx::VsMouseDown);
+    connect(&m_grid, &VSFlexGrid::AfterRowColChange, this,
+            [this](int oldRow, int, int newRow, int) { rowChanged(oldRow, newRow); });
+    connect(&m_grid, &VSFlexGrid::GotFocus, this, [this] {
+        if (m_wheel)
+            m_wheel->bind(&m_grid);
+    });
+    connect(&m_searchBox, &SearchBox::Search, this, &Fcxx::searchAgain);
+    connect(&m_searchBox, &SearchBox::Clear, &m_grid, &VSFlexGrid::showAllRows);
+    connect(&m_findFilters, &CheckBox::Click, this, [this] {
+        m_searchBox.setFilterFlag(m_findFilters.Value() == 1);
+        searchAgain(m_searchBox.Text());
+    });
+}
+
+qzTxt_S &Fcxx::qzTxt(int number)
+{
+    // The field's row in the table says that the control is there.
+    return static_cast<qzTxt_S &>(*controls().find(QStringLiteral("qzTxt"), listingField(number).number));
+}
+
+// Init and Clear
+
+bool Fcxx::IReportUI_Init(HostApp &app, int moduleId)
+{
+    m_inited = true;
+    m_moduleId = moduleId;
+    setApp(&app);
+    return trapped(u"-->IRptUI_Init::初始化过程发生错误，原因:", [this] {
+        m_wheel = std::make_unique<MouseWheel>();
+        connect(m_wheel.get(), &MouseWheel::Wheel, this, &Fcxx::turned);
+        const double rate =
+            Val(this->app().UserParameter(parameterGroup, QStringLiteral("mouseeventscrollrate")).Text);
+        m_wheelRate = rate == 0 ? usualWheelRate : rate;
+        setUpFilter();
+        setUpGrid();
+        setUpSearch();
+        applyRights();
+        return true;
+    });
+}
+
+void Fcxx::setUpFilter()
+{
+    for (const ListingField &row : listingFields()) {
+        qzTxt_S &field = qzTxt(row.number);
+        field.set_help_flag(true);
+        field.set_help_menuflag(true);
+        field.set_judge_type(qzTxt_S::JudgeStatement);
+        field.set_judge_time(qzTxt_S::JudgeOnLeaving);
+        field.set_error_message(Trim(field.Caption()) + QStringLiteral("输入有误，请重新输入！"));
+        field.set_help_type(row.pickerName.isEmpty() ? qzTxt_S::HostList : qzTxt_S::Custom);
+        field.set_text_field_code(row.valueColumn.toString());
+        field.set_text_field_name(row.textColumn.toString());
+        field.set_help_code(row.helpCode.toString());
+        field.set_judge_base(row.checkStatement.toString());
+    }
+    m_window.setItems(listingWindowCaptions());
+}
+
+void Fcxx::setUpGrid()
+{
+    constexpr int fixedColumns = 0;
+    GridHelper().style(m_grid, fixedColumns, listingGridFormat());
+    m_grid.setBackColorAlternate(softYellow);
+    m_grid.setToolTipText(QStringLiteral("提示：双击进入原始单据查询"));
+    for (const int column : {ListingKey, ListingAttachments, ListingBlock, ListingRoom})
+        m_grid.setColHidden(column, true);
+    m_grid.setCellPicture(0, ListingMarker, attachmentIcon());
+}
+
+void Fcxx::setUpSearch()
+{
+    m_searchBox.setSetting(QStringLiteral("500"));
+    m_searchBox.bindColumns(m_grid);
+    m_searchBox.setFilterFlag(m_findFilters.Value() == 1);
+}
+
+void Fcxx::applyRights()
+{
+    const auto rights = app().Rights(m_moduleId);
+    m_toolbar.setEnabled(QStringLiteral("new"), rights->Allowed(RightNew));
+    m_toolbar.setEnabled(QStringLiteral("edit"), rights->Allowed(RightEdit));
+    m_toolbar.setEnabled(QStringLiteral("delete"), rights->Allowed(RightDelete));
+}
+
+bool Fcxx::IReportUI_Clear()
+{
+    m_grid.setRows(0);
+    m_wheel.reset();
+    setApp(nullptr);
+    m_inited = false;
+    return true;
+}
+
+QVariant Fcxx::IReportUI_Attributes(const QVariant &key)
+{
+    return Val(key) == noMenuAttribute ? QStringLiteral("nomenu") : QString();
+}
+
+// Load
+
+bool Fcxx::IReportUI_Refresh()
+{
+    return trapped(u"-->IRptUI_Refresh::", [this] { return refresh(); });
+}
+
+bool Fcxx::refresh()
+{
+    m_grid.setRows(m_grid.FixedRows());
+    const WaitCursor wait(desktop());
+    DrawnLater drawn(m_grid);
+    const SqlText sql = listingStatement(m_moduleId, listingWhere(filter(), desktop().now().date()));
+    const auto rows = app().Db().CreateQuery(sql, 1)->Open();
+    if (const QString error = app().Db().LastError().Description; !error.isEmpty()) {
+        raiseDatabaseError(error);
+        return false;
+    }
+    drawn.begin();
+    if (!(rows->Bof() && rows->Eof())) {
+        m_grid.LoadArray(rows->GetRows());
+        showAttachmentIcons();
+    }
+    Q_EMIT RefreshGetGridStatus();
+    setWheelRange();
+    Q_EMIT Message(QStringLiteral("共加载%1条记录").arg(m_grid.Rows() - 1));
+    search(m_searchBox.Text());
+    rowChanged(0, m_grid.Row());
+    return true;
+}
+
+ListingFilter Fcxx::filter()
+{
+    return {.department = qzTxt(4).Text(),
+            .departmentKey = Val(qzTxt(4).Value()),
+            .agent = qzTxt(5).Text(),
+            .agentKey = Val(qzTxt(5).Value()),
+            .district = qzTxt(0).Text(),
+            .building = qzTxt(7).Text(),
+            .rooms = qzTxt(1).Text(),
+            .forSale = m_forSale.Value() == 1,
+            .forRent = m_forRent.Value() == 1,
+            .state = qzTxt(3).Text(),
+            .window = m_window.Text()};
+}
+
+void Fcxx::showAttachmentIcons()
+{
+    for (int row = m_grid.FixedRows(); row < m_grid.Rows(); ++row) {
+        if (leadingNumber(m_grid.cell(row, ListingAttachments)) > 0)
+            m_grid.setCellPicture(row, ListingMarker, attachmentIcon(), VSFlexGrid::AlignCentre);
+    }
+}
+
+void Fcxx::search(const QString &text)
+{
+    if (text.isEmpty())
+        return;
+    DrawnLater drawn(m_grid);
+    drawn.begin();
+    m_grid.showAllRows();
+    if (m_findFilters.Value() == 1) {
+        m_grid.hideRowsWithout(text, m_searchBox.columns());
+        return;
+    }
+    const int row = m_grid.findRow(text, m_searchBox.columns(), m_grid.FixedRows());
+    if (row >= 0)
+        m_grid.setRow(row);
+}
+
+void Fcxx::searchAgain(const QString &text)
+{
+    trapped(u"-->SearchBox1_Search::", [&] {
+        search(text);
+        return true;
+    });
+}
+
+// Wheel
+
+void Fcxx::setWheelRange()
+{
+    m_wheel->setMax(WholePart((m_grid.Rows() - 1) / m_wheelRate));
+    m_wheel->setMin(m_grid.FixedRows());
+}
+
+void Fcxx::rowChanged(int oldRow, int newRow)
+{
+    if (oldRow != newRow && m_wheel)
+        m_wheel->setValue(WholePart(m_grid.TopRow() / m_wheelRate));
+}
+
+void Fcxx::turned(int value)
+{
+    m_grid.setTopRow(std::min(WholePart((value - 1) * m_wheelRate), m_grid.Rows() - 1));
+}
+
+// Commands
+
+void Fcxx::pressed(const QString &key)
+{
+    const QString command = key.toLower();
+    if (command == u"all") {
+        showOnly(false, false);
+    } else if (command == u"buy") {
+        showOnly(true, false);
+    } else if (command == u"rent") {
+        showOnly(false, true);
+    } else if (command == u"refresh") {
+        IReportUI_Refresh();
+    } else if (command == u"close") {
+        bool returning = true;
+        Q_EMIT UnLoad(returning);
+    }
+}
+
+void Fcxx::showOnly(bool forSale, bool forRent)
+{
+    m_forSale.setValue(forSale ? 1 : 0);
+    m_forRent.setValue(forRent ? 1 : 0);
+    clearFields();
+    IReportUI_Refresh();
+}
+
+/// The time window stays. The values behind 楼盘, 房型 and 状态 stay too: nothing reads them.
+void Fcxx::clearFields()
+{
+    for (const int number : {0, 4, 5})
+        qzTxt(number).setValue({});
+    for (const ListingField &field : listingFields())
+        qzTxt(field.number).setText({});
+}
+
+// Look-up of the filter fields
+
+HostPicker *Fcxx::picker(int number)
+{
+    HostPicker &result = app().Picker(listingField(number).pickerName.toString());
+    if (!result.Ready(0))
+        return nullptr;
+    // The host shares a picker among its screens: what another one asked for must not narrow this list.
+    ParameterList &parameters = result.Parameters();
+    parameters.Clear();
+    if (number == 0) {
+        parameters.Item(QStringLiteral("pdmsfmx")).Value = 1;
+    } else if (number == 5) {
+        parameters.Item(QStringLiteral("组织类型")).Value = 1;
+    } else if (const QString district = qzTxt(0).Text(); !district.isEmpty()) {
+        parameters.Item(QStringLiteral("lock")).Value = 1;
+        parameters.Item(QStringLiteral("地区")).Value = district;
+    }
+    return &result;
+}
+
+void Fcxx::showHelp(int number, int left, int top, QString &text, QVariant &value)
+{
+    trapped(u"-->qzTxt_FieldHelp::", [&] {
+        HostPicker *list = picker(number);
+        return list && list->Show(left, top, text, value, 0, {});
+    });
+}
+
+void Fcxx::checkField(int number, const QString &base, const QString &valueField, const QString &textField,
+                      QVariant &value, QString &text)
+{
+    trapped(u"-->qzTxt_FieldCheck::", [&] {
+        const QString typedText = qzTxt(number).Text();
+        if (!listingField(number).pickerName.isEmpty()) {
+            HostPicker *list = picker(number);
+            return list && list->Validate(base, valueField, textField, typedText, value, text);
+        }
+        if (app().JudgeText(base, valueField, textField, typedText, value, text))
+            return true;
+        if (const QString error = app().LastError().Description; !error.isEmpty())
+            raiseDatabaseError(error);
+        return false;
+    });
+}
+
+} // namespace ebtq

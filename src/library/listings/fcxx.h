@@ -1,0 +1,124 @@
+#pragma once
+
+#include "library/controls/check_box.h"
+#include "library/controls/combo_box.h"
+#include "library/controls/field_control.h"
+#include "library/controls/flex_grid.h"
+#include "library/controls/label.h"
+#include "library/controls/mouse_wheel.h"
+#include "library/controls/nav_toolbar.h"
+#include "library/controls/search_box.h"
+#include "library/frame/host_contracts.h"
+#include "library/frame/module.h"
+
+#include <memory>
+
+namespace ebtq {
+
+struct ListingFilter;
+
+/// The list of listings: filter fields that make one statement, the grid that its rows fill, a search in the
+/// loaded rows and the tool bar.
+class Fcxx : public Module, public IReportUI
+{
+    Q_OBJECT
+    Q_INTERFACES(ebtq::IReportUI)
+
+public:
+    explicit Fcxx(Desktop &desktop);
+    ~Fcxx() override;
+
+    /// Numbers 0 城区, 1 房型, 3 状态, 4 部门, 5 经纪人 and 7 楼盘.
+    [[nodiscard]] qzTxt_S &qzTxt(int number);
+    /// Numbers 0 出售 and 1 出租.
+    [[nodiscard]] CheckBox &Chk(int number) { return number == 0 ? m_forSale : m_forRent; }
+    [[nodiscard]] XPCombo &XPCmb() { return m_window; }
+    [[nodiscard]] SearchBox &SearchBox1() { return m_searchBox; }
+    [[nodiscard]] Label &lblSearch() { return m_searchLabel; }
+    [[nodiscard]] CheckBox &ChkFind() { return m_findFilters; }
+    [[nodiscard]] NavToolbar &NavToolbar1() { return m_toolbar; }
+    [[nodiscard]] VSFlexGrid &VS() { return m_grid; }
+    /// nullptr outside of Init ... Clear.
+    [[nodiscard]] MouseWheel *mcMouseEvent() const { return m_wheel.get(); }
+
+    bool IReportUI_Init(HostApp &app, int moduleId) override;
+    bool IReportUI_Clear() override;
+    bool IReportUI_Find(const QVariant &) override { return false; }
+    bool IReportUI_FindNext() override { return false; }
+    bool IReportUI_Filter(const QVariant &) override { return false; }
+    bool IReportUI_Refresh() override;
+    bool IReportUI_RecordTop() override { return false; }
+    bool IReportUI_RecordPrevious() override { return false; }
+    bool IReportUI_RecordNext() override { return false; }
+    bool IReportUI_RecordBottom() override { return false; }
+    bool IReportUI_PrintPreview() override { return false; }
+    bool IReportUI_DoPrint() override { return false; }
+    bool IReportUI_PrintSetup() override { return false; }
+    bool IReportUI_Help() override { return false; }
+    QString IReportUI_ReturnPrintName() override { return {}; }
+    void IReportUI_DoGetFormStatus(const QString &file) override { m_layoutFile = file; }
+    void IReportUI_DoSaveFormStatus(const QString &) override {}
+    /// "nomenu" for 99: the module has a tool bar of its own and wants no menu.
+    QVariant IReportUI_Attributes(const QVariant &key) override;
+    QObject *IReportUI_oTable() override { return &m_grid; }
+    QVariant IReportUI_Parameters() override { return {}; }
+    void IReportUI_Parameters(const ParameterList *) override {}
+
+Q_SIGNALS:
+    void Message(const QString &psMsg);
+    void ErrMessage(const QString &psMsg, int plLevel, const QString &psTitle);
+    void FormRefreshed();
+    void Property(const QString &psName, const QVariant &psValue, bool pbAutoUpdate);
+    void VsMouseDown(short &Button, short &shift, float &X, float &Y);
+    void RefreshGetGridStatus();
+    void UnLoad(bool &pbReturn);
+
+protected:
+    void raiseError(const QString &message, int level, const QString &title) override
+    {
+        Q_EMIT ErrMessage(message, level, title);
+    }
+
+private:
+    void makeControls();
+    void connectFields();
+    void connectGrid();
+    void setUpFilter();
+    void setUpGrid();
+    void setUpSearch();
+    void applyRights();
+
+    bool refresh();
+    [[nodiscard]] ListingFilter filter();
+    void showAttachmentIcons();
+    void setWheelRange();
+    void search(const QString &text);
+    void searchAgain(const QString &text);
+    void rowChanged(int oldRow, int newRow);
+    void turned(int value);
+
+    void pressed(const QString &key);
+    void showOnly(bool forSale, bool forRent);
+    void clearFields();
+    void showHelp(int number, int left, int top, QString &text, QVariant &value);
+    void checkField(int number, const QString &base, const QString &valueField, const QString &textField,
+                    QVariant &value, QString &text);
+    /// The picker of a field, ready and with its parameters; nullptr when it cannot be used.
+    [[nodiscard]] HostPicker *picker(int number);
+
+    NavToolbar &m_toolbar;
+    CheckBox &m_forSale;
+    CheckBox &m_forRent;
+    XPCombo &m_window;
+    Label &m_searchLabel;
+    SearchBox &m_searchBox;
+    CheckBox &m_findFilters;
+    VSFlexGrid &m_grid;
+    std::unique_ptr<MouseWheel> m_wheel;
+    bool m_inited = false;
+    int m_moduleId = 0;
+    QString m_layoutFile;   ///< where the host keeps the layout of this screen
+    double m_wheelRate = 5; ///< rows for each step of the wheel
+};
+
+} // namespace ebtq

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "database/values/sql_text.h"
+
+#include <QString>
+
+namespace ebtq {
+
+/// Columns of the grid of listings that are addressed by number.
+enum ListingColumn : int {
+    ListingMarker = 0,      ///< icon of a listing with attachments
+    ListingBlock = 6,       ///< hidden
+    ListingRoom = 7,        ///< hidden
+    ListingKey = 19,        ///< hidden
+    ListingAttachments = 20 ///< hidden; their number
+};
+
+/// Captions of the grid of listings; the blanks give the columns their widths.
+[[nodiscard]] QString listingGridFormat();
+
+/// The statement that loads the list. All joins are left joins, so that a listing without a department shows;
+/// its user in two departments shows it twice. `where` is a whole where clause or empty.
+[[nodiscard]] SqlText listingStatement(int moduleId, const SqlText &where);
+
+} // namespace ebtq
