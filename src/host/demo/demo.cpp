@@ -1,0 +1,47 @@
+#include "host/demo/demo.h"
+
+#include "host/demo/customers.h"
+#include "host/demo/dictionaries.h"
+#include "host/demo/listings.h"
+#include "host/host_parameters.h"
+#include "host/setup.h"
+#include "library/frame/host_contracts.h"
+
+namespace ebtq::host {
+
+namespace {
+
+void requireEmpty(db::Connection &connection)
+{
+    for (const QStringView table : {u"fyxx", u"fykh", u"fygj", u"pdmlpzd", u"pdmdq", u"pdmsjzd", u"pdmgy"}) {
+        if (connection.query(QStringLiteral("select top 1 * from %1").arg(table)).rowCount() != 0)
+            throw Failure(QStringLiteral("数据库中已有数据（%1），示例数据只能写入空的数据库！").arg(table));
+    }
+}
+
+void writeUserParameters(db::Connection &connection, const Agent &manager)
+{
+    setParameter(connection, manager.userId, 12, QStringLiteral("mouseeventscrollrate"), QStringLiteral("3"));
+}
+
+} // namespace
+
+void writeDemo(db::Connection &connection, const DemoOptions &options, const DemoProgress &progress)
+{
+    const DemoProgress report = progress ? progress : [](const QString &, int, int) {};
+    prepareDatabase(connection);
+    db::Transaction transaction(connection);
+    requireEmpty(connection);
+    Random random(options.seed);
+    writeDictionaries(connection);
+    const std::vector<Building> buildings = writePlaces(connection, random);
+    const std::vector<Agent> agents = writeStaff(connection, random, options.passwordCost);
+    writeUserParameters(connection, agents.front());
+    const auto listings = writeListings(connection, options, buildings, agents, random, report);
+    const auto customers = writeCustomers(connection, options, buildings, agents, random, report);
+    writeFollowUps(connection, options, listings, customers, agents, random, report);
+    writeAttachments(connection, listings, random);
+    transaction.commit();
+}
+
+} // namespace ebtq::host

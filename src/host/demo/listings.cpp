@@ -1,0 +1,232 @@
+#include "host/demo/listings.h"
+
+#include "host/demo/calendar.h"
+#include "host/demo/dictionaries.h"
+#include "host/demo/table_writer.h"
+#include "host/module_ids.h"
+
+#include <cmath>
+
+namespace ebtq::host {
+
+namespace {
+
+constexpr QStringView columns =
+    u"房源ID,房源编号,地区ID,地区,楼盘ID,楼盘字典,栋座ID,栋座位置,房号,楼层,总楼层,房型_房,房型_厅,房型_卫,"
+    u"房型_阳台,用途,总面积,实用面积,朝向,类型,建房年代,房源属性,交易方式,交易状态,售房价格,售房底价,"
+    u"售房包税费,"
+    u"租房价格,租房底价,租房原购价,委托日期,委托方式,管理费,交房日期,委托编号,来源,现状,装修,配套,家具,家电,"
+    u"产权,"
+    u"证件,付款,付佣,看房,钥匙号,业主,联系人,国籍,手机,联系说明,备注,业务员ID,用户ID,制单日期,制单人,"
+    u"操作日期,附属房";
+
+double rounded(double number, double step)
+{
+    return std::round(number / step) * step;
+}
+
+double roundedToHundredths(double number)
+{
+    return std::round(number * 100) / 100;
+}
+
+/// The premises themselves.
+struct Premises
+{
+    HouseType layout;
+    double area;
+    double usableArea;
+    int floor;
+    int room;
+    QStringView decoration;
+    QStringView annex;
+};
+
+/// What they cost; 0 for a deal that is not offered.
+struct Offer
+{
+    QStringView deal;
+    QStringView state;
+    double price = 0;
+    double lowestPrice = 0;
+    double rent = 0;
+    double lowestRent = 0;
+    double bought = 0;
+};
+
+const HouseType &pickLayout(const Building &building, Random &random)
+{
+    const auto layouts = houseTypes();
+    if (building.type == u"别墅")
+        return layouts[layouts.size() - 1 - random.below(2)];
+    return random.pickEarly(layouts);
+}
+
+Premises makePremises(const Building &building, const Block &block, Random &random)
+{
+    static constexpr QStringView annexes[] = {u"车库", u"杂物房", u"阁楼", u"地下室", u"露台"};
+    Premises premises;
+    premises.layout = pickLayout(building, random);
+    premises.area = roundedToHundredths(random.between(static_cast<double>(premises.layout.smallest),
+                                                       static_cast<double>(premises.layout.largest)));
+    premises.usableArea = roundedToHundredths(premises.area * random.between(0.74, 0.86));
+    premises.floor = random.between(1, block.floors);
+    premises.room = premises.floor * 100 + random.between(1, 6);
+    premises.decoration = random.pickEarly(words::decorations);
+    premises.annex = random.chance(18) ? random.pick(annexes) : QStringView(u"");
+    return premises;
+}
+
+/// Old offers are mostly settled, fresh ones open.
+QStringView makeState(QStringView deal, int ageInDays, Random &random)
+{
+    const int settled = qMin(75, ageInDays / 5);
+    if (!random.chance(settled))
+        return random.chance(94) ? u"有效" : u"暂缓";
+    if (random.chance(15))
+        return u"无效";
+    return deal == u"出租" || (deal == u"租售" && random.chance(50)) ? u"已租" : u"已售";
+}
+
+void setPrices(Offer &offer, const Building &building, const Premises &premises, Random &random)
+{
+    const double quality = (premises.decoration == u"豪装"   ? 1.15
+                            : premises.decoration == u"毛坯" ? 0.93
+                                                             : 1.0) *
+                           random.between(0.92, 1.08);
+    if (offer.deal.contains(u'售')) {
+        offer.price = qMax(1.0, rounded(premises.area * building.price * quality, 1));
+        offer.lowestPrice = rounded(offer.price * random.between(0.94, 0.99), 0.5);
+        offer.bought = rounded(offer.price * random.between(0.35, 0.8), 1);
+    }
+    if (offer.deal.contains(u'租')) {
+        offer.rent = qMax(300.0, rounded(premises.area * building.price * 18 * quality, 50));
+        offer.lowestRent = rounded(offer.rent * random.between(0.92, 0.98), 50);
+    }
+}
+
+Offer makeOffer(const Building &building, const Premises &premises, int ageInDays, Random &random)
+{
+    Offer offer;
+    const int part = random.between(0, 99);
+    offer.deal = words::deals[part < 60 ? 0 : part < 88 ? 1 : 2];
+    offer.state = makeState(offer.deal, ageInDays, random);
+    setPrices(offer, building, premises, random);
+    return offer;
+}
+
+void writeListing(TableWriter &writer, const RecordKey &key, const Document &document,
+                  const Building &building, const Block &block, const Premises &home, const Offer &offer,
+                  const Agent &agent, Random &random)
+{
+    const PropertyRight &right = random.pickEarly(propertyRights());
+    const QStringView viewing = random.pick(words::viewings);
+    const QString owner = politeName(random);
+    const bool sale = offer.price > 0;
+    writer.row({key.id,
+                document.number,
+                building.quarter.id,
+                building.quarter.name,
+                building.id,
+                building.name,
+                block.id,
+                block.name,
+                QString::number(home.room),
+                QString::number(home.floor),
+                QString::number(block.floors),
+                home.layout.rooms,
+                home.layout.halls,
+                home.layout.baths,
+                home.layout.balconies,
+                building.use,
+                home.area,
+                home.usableArea,
+                random.pickEarly(words::orientations),
+                building.type,
+                building.year,
+                random.between(1, 3),
+                offer.deal,
+                offer.state,
+                offer.price,
+                offer.lowestPrice,
+                sale ? random.pick(words::taxes) : QStringView(u""),
+                offer.rent,
+                offer.lowestRent,
+                offer.bought,
+                document.made,
+                random.pickEarly(words::commissions),
+                building.fee,
+                document.made.addDays(random.between(0, 120)),
+                random.chance(30) ? QStringLiteral("WT%1").arg(random.between(1000, 9999)) : QString(),
+                random.pick(words::sources),
+                random.pickEarly(words::conditions),
+                home.decoration,
+                random.pick(words::facilities),
+                random.pick(words::furniture),
+                random.pick(words::appliances),
+                right.name,
+                right.certificate,
+                sale ? right.payment : QStringView(u"押一付三"),
+                right.fee,
+                viewing,
+                viewing.contains(u'匙') ? QStringLiteral("K%1").arg(random.between(100, 999)) : QString(),
+                owner,
+                random.chance(80) ? owner : politeName(random),
+                random.chance(97) ? u"中国" : random.pick(words::nationalities),
+                maskedPhone(random),
+                random.chance(30) ? random.pick(words::ownerRemarks) : QStringView(u""),
+                random.chance(35) ? random.pick(words::listingRemarks) : QStringView(u""),
+                agent.employeeId,
+                agent.userId,
+                document.made,
+                agent.name,
+                document.changed,
+                home.annex});
+}
+
+} // namespace
+
+std::vector<RecordKey> writeListings(db::Connection &connection, const DemoOptions &options,
+                                     const std::vector<Building> &buildings, const std::vector<Agent> &agents,
+                                     Random &random, const DemoProgress &progress)
+{
+    TableWriter writer(connection, QStringLiteral("fyxx"), columns);
+    std::vector<RecordKey> keys;
+    keys.reserve(static_cast<size_t>(options.listings));
+    for (const Document &document :
+         makeDocuments(connection, ListingModule, options.listings, options.today, random)) {
+        const Building &building = random.pick(buildings);
+        const Block &block = random.pick(building.blocks);
+        const Premises premises = makePremises(building, block, random);
+        const int age = static_cast<int>(document.made.daysTo(options.today));
+        const Offer offer = makeOffer(building, premises, age, random);
+        keys.push_back({random.guid(), document.made});
+        writeListing(writer, keys.back(), document, building, block, premises, offer, random.pick(agents),
+                     random);
+        progress(QStringLiteral("房源"), static_cast<int>(keys.size()), options.listings);
+    }
+    writer.flush();
+    return keys;
+}
+
+void writeAttachments(db::Connection &connection, const std::vector<RecordKey> &listings, Random &random)
+{
+    static constexpr QStringView papers[] = {u"委托书", u"看房须知", u"房屋交接单", u"收费说明"};
+    TableWriter writer(
+        connection, QStringLiteral("pubAttach"),
+        u"progID,IDs,filename,filesize,modifydate,createdate,contenttype,description,iscompress,"
+        u"isencrypt,password,isActive,isPicture,contents");
+    for (const RecordKey &listing : listings) {
+        const int count = random.chance(8) ? random.between(1, 3) : 0;
+        for (int number = 0; number < count; ++number) {
+            const QString paper = papers[number + static_cast<int>(random.below(2))].toString();
+            const QByteArray contents = QStringLiteral("%1（示例）\n").arg(paper).toUtf8();
+            writer.row({ListingModule, listing.id, paper + QStringLiteral(".txt"),
+                        static_cast<int>(contents.size()), listing.made, listing.made, u"txt", paper, 0, 0,
+                        u"", 1, 0, contents});
+        }
+    }
+    writer.flush();
+}
+
+} // namespace ebtq::host

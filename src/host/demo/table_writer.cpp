@@ -1,0 +1,46 @@
+#include "host/demo/table_writer.h"
+
+#include <utility>
+
+namespace ebtq::host {
+
+namespace {
+
+std::vector<Column> typedColumns(db::Connection &connection, const QString &table, QStringView names)
+{
+    std::vector<Column> columns;
+    const db::Catalog::Table *known = connection.catalog().table(table);
+    for (const QStringView name : names.split(u',')) {
+        const Column *column = known ? known->column(name) : nullptr;
+        if (!column)
+            throw db::DatabaseError(QStringLiteral("列 %1.%2 不存在").arg(table, name));
+        columns.push_back(*column);
+    }
+    return columns;
+}
+
+} // namespace
+
+TableWriter::TableWriter(db::Connection &connection, const QString &table, QStringView columns)
+    : m_connection(connection)
+    , m_table(table)
+    , m_columns(typedColumns(connection, table, columns))
+    , m_block(m_columns)
+{}
+
+void TableWriter::row(std::initializer_list<Cell> cells)
+{
+    Q_ASSERT(static_cast<int>(cells.size()) == m_block.columnCount());
+    for (const Cell &cell : cells)
+        std::visit([this](const auto &value) { put(value); }, cell);
+    if (m_block.rowCount() == rowsInBlock)
+        flush();
+}
+
+void TableWriter::flush()
+{
+    if (m_block.rowCount() != 0)
+        m_connection.insertRows(m_table, std::exchange(m_block, RowBlock(m_columns)));
+}
+
+} // namespace ebtq::host

@@ -1,0 +1,75 @@
+#include "host/setup.h"
+
+#include "host/host_parameters.h"
+#include "host/module_ids.h"
+#include "host/rights.h"
+#include "host/users.h"
+#include "library/frame/host_contracts.h"
+
+namespace ebtq::host {
+
+namespace {
+
+constexpr int listGroup = 12;
+
+struct DefaultParameter
+{
+    QStringView key;
+    QStringView value;
+};
+
+constexpr DefaultParameter defaultParameters[] = {
+    {u"dzbm", u"222"}, // length of each level of a district's code, a digit a level
+    {u"7", u"2"},      // decimals of the kinds of numbers that a list's layout may name
+    {u"8", u"2"},      {u"9", u"2"},  {u"10", u"2"}, {u"11", u"2"},
+    {u"12", u"2"},     {u"13", u"2"}, {u"14", u"2"},
+};
+
+void writeModules(db::Connection &connection)
+{
+    connection.execute(QStringLiteral("delete from host_modules"));
+    for (const ModuleEntry &module : modules) {
+        connection.execute(
+            QStringLiteral(
+                "insert into host_modules(moduleID,caption,className,prefix) values(%1,'%2','%3','%4')")
+                .arg(module.id)
+                .arg(module.caption, module.className, module.prefix));
+    }
+}
+
+void writeMissingParameters(db::Connection &connection)
+{
+    for (const DefaultParameter &parameter : defaultParameters) {
+        const QString key = parameter.key.toString();
+        if (parameterText(connection, {}, listGroup, key).isEmpty())
+            setParameter(connection, {}, listGroup, key, parameter.value.toString());
+    }
+}
+
+} // namespace
+
+db::InstallReport prepareDatabase(db::Connection &connection)
+{
+    db::InstallReport report = db::install(connection);
+    db::Transaction transaction(connection);
+    writeModules(connection);
+    writeMissingParameters(connection);
+    transaction.commit();
+    return report;
+}
+
+bool hasUsers(db::Connection &connection)
+{
+    return connection.query(QStringLiteral("select top 1 userID from host_users")).rowCount() != 0;
+}
+
+void createFirstUser(db::Connection &connection, const QString &name, const QString &password)
+{
+    db::Transaction transaction(connection);
+    if (hasUsers(connection))
+        throw Failure(QStringLiteral("数据库中已有用户，不能再创建首个用户！"));
+    grantAll(connection, createUser(connection, {name, password, 0}));
+    transaction.commit();
+}
+
+} // namespace ebtq::host

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "database/connection.h"
+#include "database/schema/installer.h"
+
+namespace ebtq::host {
+
+/// Makes or upgrades the schema and writes what every database begins with: the modules and those system
+/// parameters that have no value yet. Doing it again does nothing. Throws db::DatabaseError.
+db::InstallReport prepareDatabase(db::Connection &connection);
+
+[[nodiscard]] bool hasUsers(db::Connection &connection);
+/// Writes the first user of a database, with every right. Throws Failure when there is one already.
+void createFirstUser(db::Connection &connection, const QString &name, const QString &password);
+
+} // namespace ebtq::host
