@@ -13,7 +13,9 @@ namespace {
 
 void handleMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
-    if (type == QtDebugMsg || type == QtInfoMsg) {
+    // Said of every window on the offscreen platform, whatever the program does.
+    const bool ofPlatform = text.startsWith(u"This plugin does not support ");
+    if (type == QtDebugMsg || type == QtInfoMsg || ofPlatform) {
         std::cerr << text.toStdString() << '\n';
         return;
     }
