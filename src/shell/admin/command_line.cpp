@@ -1,0 +1,65 @@
+#include "shell/admin/command_line.h"
+
+namespace ebtq::admin {
+
+namespace {
+
+constexpr int largestCount = 10'000'000;
+
+QCommandLineOption optionOf(QStringView entry)
+{
+    const bool takesValue = entry.endsWith(u'=');
+    const QString name = (takesValue ? entry.chopped(1) : entry).toString();
+    return takesValue ? QCommandLineOption(name, {}, QStringLiteral("value")) : QCommandLineOption(name);
+}
+
+} // namespace
+
+CommandLine::CommandLine(const CommandDefinition &command, const QStringList &arguments)
+{
+    for (const QStringView entry : command.options.split(u' ', Qt::SkipEmptyParts))
+        m_parser.addOption(optionOf(entry));
+    if (!m_parser.parse(QStringList{QString()} + arguments))
+        throw UsageError(m_parser.errorText());
+    const qsizetype allowed = command.argument.isEmpty() ? 0 : 1;
+    if (m_parser.positionalArguments().size() > allowed)
+        throw UsageError(QStringLiteral("多余的参数：%1").arg(m_parser.positionalArguments().at(allowed)));
+}
+
+QString CommandLine::requiredText(const QString &option) const
+{
+    const QString value = text(option);
+    if (value.isEmpty())
+        throw UsageError(QStringLiteral("缺少选项 --%1").arg(option));
+    return value;
+}
+
+int CommandLine::count(const QString &option, int preset) const
+{
+    if (!isSet(option))
+        return preset;
+    bool read = false;
+    const int value = text(option).toInt(&read);
+    if (!read || value < 0 || value > largestCount)
+        throw UsageError(QStringLiteral("--%1 应为 0 到 %2 的整数").arg(option).arg(largestCount));
+    return value;
+}
+
+QDate CommandLine::date(const QString &option, const QDate &preset) const
+{
+    if (!isSet(option))
+        return preset;
+    const QDate value = QDate::fromString(text(option), Qt::ISODate);
+    if (!value.isValid())
+        throw UsageError(QStringLiteral("--%1 应为日期，如 2026-11-24").arg(option));
+    return value;
+}
+
+QString CommandLine::argument() const
+{
+    if (!hasArgument())
+        throw UsageError(QStringLiteral("缺少语句"));
+    return m_parser.positionalArguments().constFirst();
+}
+
+} // namespace ebtq::admin

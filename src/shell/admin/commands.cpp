@@ -1,0 +1,168 @@
+#include "shell/admin/commands.h"
+
+#include "database/dialect/dialect.h"
+#include "database/dialect/translator.h"
+#include "database/schema/installer.h"
+#include "database/schema/tables.h"
+#include "host/demo/demo.h"
+#include "host/setup.h"
+#include "shell/admin/command_line.h"
+#include "shell/admin/orphans.h"
+#include "shell/admin/password.h"
+#include "shell/admin/statements.h"
+
+#include <cstdio>
+#include <iostream>
+
+namespace ebtq::admin {
+
+namespace {
+
+using db::Connection;
+
+void printLine(std::FILE *stream, const QString &text)
+{
+    std::fprintf(stream, "%s\n", text.toUtf8().constData());
+}
+
+std::unique_ptr<Connection> openDatabase(const CommandLine &line,
+                                         Connection::Missing missing = Connection::Missing::IsAnError)
+{
+    return Connection::open(line.requiredText(QStringLiteral("db")), missing);
+}
+
+int initialise(const CommandLine &line)
+{
+    const auto connection = openDatabase(line, Connection::Missing::IsCreated);
+    const db::InstallReport report = host::prepareDatabase(*connection);
+    printLine(stdout, QStringLiteral("数据库结构已是版本 %1（新增 %2 项）：%3")
+                          .arg(db::schemaVersion)
+                          .arg(report.added.size())
+                          .arg(connection->location()));
+    if (host::hasUsers(*connection))
+        return 0;
+    const QString name =
+        line.isSet(QStringLiteral("admin")) ? line.text(QStringLiteral("admin")) : QStringLiteral("管理员");
+    host::createFirstUser(*connection, name, readPassword());
+    printLine(stdout, QStringLiteral("已创建用户“%1”，拥有全部权限").arg(name));
+    return 0;
+}
+
+int writeDemo(const CommandLine &line)
+{
+    host::DemoOptions options;
+    options.listings = line.count(QStringLiteral("listings"), options.listings);
+    options.customers = line.count(QStringLiteral("customers"), options.customers);
+    options.followUps = line.count(QStringLiteral("follow-ups"), options.followUps);
+    options.seed = static_cast<quint64>(line.count(QStringLiteral("seed"), 1));
+    options.today = line.date(QStringLiteral("date"), options.today);
+    const auto connection = openDatabase(line, Connection::Missing::IsCreated);
+    host::writeDemo(*connection, options, [](const QString &what, int done, int total) {
+        if (done == total)
+            printLine(stdout, QStringLiteral("%1 %2 条").arg(what).arg(total));
+    });
+    printLine(stdout,
+              QStringLiteral("示例数据已写入，用户“演示”，密码 demo：%1").arg(connection->location()));
+    return 0;
+}
+
+int check(const CommandLine &line)
+{
+    const auto connection = openDatabase(line);
+    const QStringList findings = db::checkSchema(*connection);
+    for (const QString &finding : findings)
+        printLine(stdout, finding);
+    if (!findings.isEmpty())
+        return 1;
+    for (const QString &orphans : countOrphans(*connection))
+        printLine(stdout, QStringLiteral("提示：%1").arg(orphans));
+    printLine(stdout, QStringLiteral("数据库完好：%1").arg(connection->location()));
+    return 0;
+}
+
+int translate(const CommandLine &line)
+{
+    const QString engine = line.requiredText(QStringLiteral("to"));
+    if (engine != u"sqlite" && engine != u"postgresql")
+        throw UsageError(QStringLiteral("--to 应为 sqlite 或 postgresql"));
+    const db::Dialect &dialect = engine == u"sqlite" ? db::sqliteDialect() : db::postgresDialect();
+    const db::Translation translation = db::translate(line.argument(), dialect, db::schemaCatalog());
+    std::fprintf(stdout, "%s\n", translation.sql.constData());
+    return 0;
+}
+
+int runSql(const CommandLine &line)
+{
+    const bool batch = line.isSet(QStringLiteral("batch"));
+    if (batch == line.hasArgument())
+        throw UsageError(QStringLiteral("请给出一条语句，或用 --batch 从标准输入逐行读取语句"));
+    const auto connection = openDatabase(line);
+    if (batch)
+        runBatch(*connection, std::cin, stdout);
+    else
+        runStatement(*connection, line.argument(), stdout);
+    return 0;
+}
+
+struct Command
+{
+    CommandDefinition definition;
+    int (*run)(const CommandLine &line);
+};
+
+constexpr Command commands[] = {
+    {{u"init", u"创建或升级数据库，并创建首个用户（密码取自环境变量 EBTQ_PASSWORD 或标准输入）",
+      u"db= admin=", u""},
+     initialise},
+    {{u"demo", u"写入示例数据，文件不存在时先创建", u"db= listings= customers= follow-ups= seed= date=", u""},
+     writeDemo},
+    {{u"check", u"检查数据库的结构和完整性", u"db=", u""}, check},
+    {{u"translate", u"显示语句译成的数据库语言（sqlite 或 postgresql）", u"to=", u"语句"}, translate},
+    {{u"sql", u"执行一条语句，或逐行执行标准输入中的语句（--batch）", u"db= batch", u"语句"}, runSql},
+};
+
+void printHelp(std::FILE *stream)
+{
+    printLine(stream, QStringLiteral("用法：ebtq-admin 命令 [选项]\n"));
+    for (const auto &[definition, run] : commands) {
+        QString usage = definition.name.toString();
+        for (const QStringView option : definition.options.split(u' '))
+            usage += QStringLiteral(" --%1").arg(option.toString().replace(QStringLiteral("="), QStringLiteral(" 值")));
+        if (!definition.argument.isEmpty())
+            usage += QStringLiteral(" '%1'").arg(definition.argument);
+        printLine(stream, QStringLiteral("  %1\n      %2").arg(usage, definition.description));
+    }
+}
+
+int dispatch(const QStringList &arguments)
+{
+    if (arguments.isEmpty())
+        throw UsageError(QStringLiteral("缺少命令"));
+    for (const auto &[definition, run] : commands) {
+        if (arguments.constFirst() == definition.name)
+            return run(CommandLine(definition, arguments.mid(1)));
+    }
+    throw UsageError(QStringLiteral("没有命令“%1”").arg(arguments.constFirst()));
+}
+
+} // namespace
+
+int runCommand(const QStringList &arguments)
+{
+    if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
+        printHelp(stdout);
+        return 0;
+    }
+    try {
+        return dispatch(arguments);
+    } catch (const UsageError &error) {
+        printLine(stderr, QStringLiteral("%1\n").arg(QString::fromUtf8(error.what())));
+        printHelp(stderr);
+        return 2;
+    } catch (const std::exception &failure) {
+        printLine(stderr, QString::fromUtf8(failure.what()));
+        return 1;
+    }
+}
+
+} // namespace ebtq::admin

@@ -1,0 +1,57 @@
+#include "shell/admin/password.h"
+
+#include <QtGlobal>
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+#include <termios.h>
+#include <unistd.h>
+
+namespace ebtq::admin {
+
+namespace {
+
+/// Keeps what is typed from being shown, on a terminal.
+class HiddenInput
+{
+public:
+    HiddenInput()
+        : m_isTerminal(tcgetattr(STDIN_FILENO, &m_shown) == 0)
+    {
+        if (!m_isTerminal)
+            return;
+        std::fputs("密码：", stderr);
+        termios hidden = m_shown;
+        hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
+    }
+    HiddenInput(const HiddenInput &) = delete;
+    HiddenInput &operator=(const HiddenInput &) = delete;
+    ~HiddenInput()
+    {
+        if (!m_isTerminal)
+            return;
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_shown);
+        std::fputs("\n", stderr);
+    }
+
+private:
+    termios m_shown{};
+    bool m_isTerminal;
+};
+
+} // namespace
+
+QString readPassword()
+{
+    if (qEnvironmentVariableIsSet("EBTQ_PASSWORD"))
+        return qEnvironmentVariable("EBTQ_PASSWORD");
+    const HiddenInput hidden;
+    std::string line;
+    std::getline(std::cin, line);
+    return QString::fromStdString(line);
+}
+
+} // namespace ebtq::admin
