@@ -38,6 +38,7 @@ constexpr NamedColour namedColours[] = {
 
 const QString sheet = QStringLiteral(R"(
 QMainWindow, QDialog, QWidget[kind="page"] { background: @window; color: @ink; }
+QWidget[kind="status"] { background: @card; border: none; border-top: 1px solid @line; }
 QWidget[kind="bar"] { background: @card; border: none; border-bottom: 1px solid @line; }
 QWidget[kind="card"], QFrame[kind="card"] { background: @card; border: 1px solid @line; border-radius: 4px; }
 QFrame[kind="panel"] { background: @card; border: 1px solid @brand; }

@@ -1,0 +1,284 @@
+#include "shell/main_window.h"
+
+#include "screens/look/look.h"
+#include "shell/message_bar.h"
+#include "shell/module_catalog.h"
+#include "shell/module_page.h"
+#include "shell/navigation.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <functional>
+
+namespace ebtq::shell {
+
+namespace {
+
+/// Narrower than this, the navigation would take room that a list needs.
+constexpr int collapseBelow = 1100;
+
+QLabel *plainLabel(const QString &text, const QString &objectName)
+{
+    auto *label = new QLabel(text);
+    label->setObjectName(objectName);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QWidget *barOfKind(const QString &kind)
+{
+    auto *bar = new QWidget;
+    bar->setProperty("kind", kind);
+    bar->setAttribute(Qt::WA_StyledBackground);
+    return bar;
+}
+
+QString sessionText(const SessionFacts &facts)
+{
+    const QString who = facts.department.isEmpty()
+                            ? facts.userName
+                            : facts.department + QStringLiteral(" · ") + facts.userName;
+    return QStringLiteral("%1    业务日期 %2").arg(who, facts.date.toString(Qt::ISODate));
+}
+
+} // namespace
+
+MainWindow::MainWindow(ComponentLibrary &library, HostApp &app, const SessionFacts &facts)
+    : m_library(library)
+    , m_app(app)
+    , m_navigation(new Navigation(library.classNames()))
+    , m_tabs(new QTabBar)
+    , m_messages(new MessageBar)
+    , m_pages(new QStackedWidget)
+    , m_status(plainLabel({}, QStringLiteral("StatusMessage")))
+{
+    setObjectName(QStringLiteral("MainWindow"));
+    setProperty("kind", QStringLiteral("page"));
+    setAttribute(Qt::WA_StyledBackground);
+    setWindowTitle(QStringLiteral("房源管理 - %1").arg(facts.userName));
+    setUpLayout(facts);
+    setUpShortcuts();
+    connect(m_navigation, &Navigation::opened, this, &MainWindow::openModule);
+    connect(m_tabs, &QTabBar::currentChanged, this, &MainWindow::showCurrentPage);
+    connect(m_tabs, &QTabBar::tabMoved, this, [this](int from, int to) {
+        QWidget *moved = m_pages->widget(from);
+        m_pages->removeWidget(moved);
+        m_pages->insertWidget(to, moved);
+        showCurrentPage();
+    });
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::setUpLayout(const SessionFacts &facts)
+{
+    auto *column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->addWidget(topBar(facts));
+    column->addWidget(m_messages);
+    column->addWidget(m_pages, 1);
+    auto *sides = new QHBoxLayout;
+    sides->setSpacing(0);
+    sides->addWidget(m_navigation);
+    sides->addLayout(column, 1);
+    auto *whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
+    whole->addLayout(sides, 1);
+    whole->addWidget(statusLine(facts));
+}
+
+QWidget *MainWindow::topBar(const SessionFacts &facts)
+{
+    m_tabs->setObjectName(QStringLiteral("ModuleTabs"));
+    m_tabs->setDrawBase(false);
+    m_tabs->setExpanding(false);
+    m_tabs->setMovable(true);
+    auto *scheme = new QToolButton;
+    scheme->setObjectName(QStringLiteral("SchemeToggle"));
+    scheme->setIcon(look::icon(QStringLiteral("contrast")));
+    scheme->setToolTip(QStringLiteral("浅色/深色 (Ctrl+Shift+D)"));
+    scheme->setAccessibleName(QStringLiteral("切换浅色或深色"));
+    scheme->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_D);
+    connect(scheme, &QToolButton::clicked, this, &MainWindow::toggleScheme);
+
+    QLabel *session = plainLabel(sessionText(facts), QStringLiteral("Session"));
+    session->setProperty("kind", QStringLiteral("caption"));
+    QWidget *bar = barOfKind(QStringLiteral("bar"));
+    auto *row = new QHBoxLayout(bar);
+    row->setContentsMargins(8, 0, 8, 0);
+    row->addWidget(m_tabs, 0, Qt::AlignBottom);
+    row->addStretch();
+    row->addWidget(session);
+    row->addWidget(scheme);
+    return bar;
+}
+
+QWidget *MainWindow::statusLine(const SessionFacts &facts)
+{
+    QWidget *bar = barOfKind(QStringLiteral("status"));
+    auto *row = new QHBoxLayout(bar);
+    row->setContentsMargins(10, 3, 10, 3);
+    row->addWidget(m_status, 1);
+    row->addWidget(plainLabel(facts.database, QStringLiteral("DatabasePlace")));
+    return bar;
+}
+
+void MainWindow::setUpShortcuts()
+{
+    const std::pair<QKeySequence, std::function<void()>> shortcuts[] = {
+        {Qt::Key_F5,
+         [this] {
+             if (ModulePage *current = currentPage())
+                 current->refresh();
+         }},
+        {Qt::Key_F6, [this] { switchSide(); }},
+        {Qt::CTRL | Qt::Key_W,
+         [this] {
+             if (ModulePage *current = currentPage())
+                 closePage(*current);
+         }},
+        {Qt::CTRL | Qt::Key_Tab, [this] { stepTab(1); }},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, [this] { stepTab(-1); }},
+    };
+    for (const auto &[keys, act] : shortcuts)
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+    for (int tab = 0; tab < 9; ++tab)
+        connect(new QShortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab), this), &QShortcut::activated,
+                this, [this, tab] { m_tabs->setCurrentIndex(std::min(tab, m_tabs->count() - 1)); });
+}
+
+void MainWindow::openModule(host::ModuleId module)
+{
+    for (int position = 0; position < m_pages->count(); ++position)
+        if (page(position)->module() == module) {
+            m_tabs->setCurrentIndex(position);
+            return showCurrentPage();
+        }
+    const host::ModuleEntry &entry = moduleEntry(module);
+    auto *opened = new ModulePage(m_library, entry, m_app);
+    bindPage(*opened);
+    m_pages->addWidget(opened);
+    addTab(*opened, entry.caption.toString());
+    m_tabs->setCurrentIndex(m_tabs->count() - 1);
+    if (!opened->open())
+        return closePage(*opened);
+    showCurrentPage();
+}
+
+void MainWindow::openFirstModule()
+{
+    const std::vector<host::ModuleId> modules = m_navigation->modules();
+    if (modules.empty())
+        return showFailure(QStringLiteral("组件库里没有可用的模块。"));
+    openModule(modules.front());
+}
+
+void MainWindow::bindPage(ModulePage &page)
+{
+    connect(&page, &ModulePage::message, m_status, &QLabel::setText);
+    connect(&page, &ModulePage::errMessage, m_messages, &MessageBar::add);
+    connect(&page, &ModulePage::closeRequested, this, [this, &page] { closePage(page); });
+}
+
+void MainWindow::addTab(ModulePage &page, const QString &caption)
+{
+    const int position = m_tabs->addTab(caption);
+    auto *close = new QToolButton;
+    close->setProperty("kind", QStringLiteral("close"));
+    close->setObjectName(QStringLiteral("CloseTab_%1").arg(static_cast<int>(page.module())));
+    close->setText(QStringLiteral("×"));
+    close->setToolTip(QStringLiteral("关闭%1 (Ctrl+W)").arg(caption));
+    close->setAccessibleName(close->toolTip());
+    close->setFocusPolicy(Qt::NoFocus);
+    m_tabs->setTabButton(position, QTabBar::RightSide, close);
+    connect(close, &QToolButton::clicked, &page, &ModulePage::closeRequested);
+}
+
+void MainWindow::closePage(ModulePage &page)
+{
+    const int position = positionOf(page);
+    if (position < 0)
+        return;
+    page.shut();
+    m_pages->removeWidget(&page);
+    page.deleteLater(); // the call may come from inside one of its signals
+    m_tabs->removeTab(position);
+    showCurrentPage();
+}
+
+void MainWindow::showCurrentPage()
+{
+    ModulePage *current = currentPage();
+    if (!current) {
+        m_status->clear();
+        return m_navigation->clearCurrent();
+    }
+    m_pages->setCurrentWidget(current);
+    m_navigation->setCurrent(current->module());
+    QWidget *lastUsed = current->focusWidget();
+    (lastUsed ? lastUsed : current)->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::stepTab(int step)
+{
+    if (m_tabs->count() > 0)
+        m_tabs->setCurrentIndex((m_tabs->currentIndex() + step + m_tabs->count()) % m_tabs->count());
+}
+
+void MainWindow::switchSide()
+{
+    ModulePage *current = currentPage();
+    if (current && m_navigation->isAncestorOf(QApplication::focusWidget()))
+        current->setFocus(Qt::ShortcutFocusReason);
+    else
+        m_navigation->focusEntry();
+}
+
+void MainWindow::toggleScheme()
+{
+    look::apply(*qApp, look::scheme() == look::Scheme::Light ? look::Scheme::Dark : look::Scheme::Light);
+}
+
+void MainWindow::showFailure(const QString &text)
+{
+    m_messages->add(text, FailureLevel, {});
+}
+
+ModulePage *MainWindow::page(int position) const
+{
+    return static_cast<ModulePage *>(m_pages->widget(position));
+}
+
+ModulePage *MainWindow::currentPage() const
+{
+    return m_tabs->count() > 0 ? page(m_tabs->currentIndex()) : nullptr;
+}
+
+int MainWindow::positionOf(const ModulePage &page) const
+{
+    return m_pages->indexOf(const_cast<ModulePage *>(&page));
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_navigation->setCollapsed(width() < collapseBelow);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    while (m_pages->count() > 0)
+        closePage(*page(0));
+    event->accept();
+}
+
+} // namespace ebtq::shell

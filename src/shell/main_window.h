@@ -1,0 +1,75 @@
+#pragma once
+
+#include "component/component_library.h"
+#include "host/module_ids.h"
+#include "library/frame/host_contracts.h"
+
+#include <QDate>
+#include <QWidget>
+
+class QLabel;
+class QStackedWidget;
+class QTabBar;
+
+namespace ebtq::shell {
+
+class MessageBar;
+class ModulePage;
+class Navigation;
+
+/// What the window tells about the session.
+struct SessionFacts
+{
+    QString userName;
+    QString department; ///< empty when in none
+    QDate date;
+    QString database; ///< where it lies, without a password
+};
+
+/// The main window: navigation, one tab a module, message bar and status line.
+class MainWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `library` and `app` outlive the window.
+    MainWindow(ComponentLibrary &library, HostApp &app, const SessionFacts &facts);
+    ~MainWindow() override;
+
+    /// Brings a module to the front and makes it when it is not open yet.
+    void openModule(host::ModuleId module);
+    /// Opens the first module of the navigation; tells when the component library has none.
+    void openFirstModule();
+    /// A failure that no module reported.
+    void showFailure(const QString &text);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void setUpLayout(const SessionFacts &facts);
+    [[nodiscard]] QWidget *topBar(const SessionFacts &facts);
+    [[nodiscard]] QWidget *statusLine(const SessionFacts &facts);
+    void setUpShortcuts();
+    void bindPage(ModulePage &page);
+    void addTab(ModulePage &page, const QString &caption);
+    void closePage(ModulePage &page);
+    void showCurrentPage();
+    void stepTab(int step);
+    void switchSide();
+    void toggleScheme();
+    [[nodiscard]] ModulePage *page(int position) const;
+    [[nodiscard]] ModulePage *currentPage() const;
+    [[nodiscard]] int positionOf(const ModulePage &page) const;
+
+    ComponentLibrary &m_library;
+    HostApp &m_app;
+    Navigation *m_navigation;
+    QTabBar *m_tabs;
+    MessageBar *m_messages;
+    QStackedWidget *m_pages; ///< the page of a tab stands at the tab's position
+    QLabel *m_status;
+};
+
+} // namespace ebtq::shell

@@ -1,0 +1,125 @@
+#include "shell/module_page.h"
+
+#include "shell/module_events.h"
+#include "shell/wait_cursor.h"
+
+#include <QDir>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include <exception>
+
+namespace ebtq::shell {
+
+ModulePage::ModulePage(ComponentLibrary &library, const host::ModuleEntry &entry, HostApp &app,
+                       QWidget *parent)
+    : QWidget(parent)
+    , m_library(library)
+    , m_entry(entry)
+    , m_app(app)
+{
+    setObjectName(entry.className.toString());
+    setProperty("kind", QStringLiteral("page"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+}
+
+ModulePage::~ModulePage()
+{
+    shut();
+}
+
+template<class Call> bool ModulePage::guarded(Call call)
+{
+    try {
+        call();
+        return true;
+    } catch (const std::exception &failure) {
+        Q_EMIT errMessage(QString::fromUtf8(failure.what()), FailureLevel, m_entry.caption.toString());
+        return false;
+    }
+}
+
+bool ModulePage::open()
+{
+    bool made = false;
+    if (!guarded([&] { made = make(); }) || !made)
+        return false;
+    guarded([this] {
+        m_report->IReportUI_Init(m_app, m_entry.id);
+        restoreLayout();
+    });
+    refresh();
+    return true;
+}
+
+bool ModulePage::make()
+{
+    m_module = m_library.create(m_entry.className.toString());
+    m_report = qobject_cast<IReportUI *>(m_module.get());
+    if (m_report)
+        m_view.reset(m_library.createView(*m_module, this));
+    if (!m_view)
+        throw Failure(QStringLiteral("组件库没有模块“%1”的界面。").arg(m_entry.className));
+    bindEvents();
+    showView();
+    return true;
+}
+
+void ModulePage::bindEvents()
+{
+    m_events = std::make_unique<ModuleEvents>(*m_module);
+    connect(m_events.get(), &ModuleEvents::Message, this, &ModulePage::message);
+    connect(m_events.get(), &ModuleEvents::ErrMessage, this, &ModulePage::errMessage);
+    connect(m_events.get(), &ModuleEvents::RefreshGetGridStatus, this, &ModulePage::restoreLayout);
+    connect(m_events.get(), &ModuleEvents::UnLoad, this, [this](const bool &close) {
+        if (close)
+            QMetaObject::invokeMethod(this, &ModulePage::closeRequested, Qt::QueuedConnection);
+    });
+}
+
+void ModulePage::showView()
+{
+    layout()->addWidget(m_view.get());
+    setFocusProxy(m_view.get());
+}
+
+void ModulePage::refresh()
+{
+    if (!m_report)
+        return;
+    const WaitCursor waiting;
+    guarded([this] { m_report->IReportUI_Refresh(); });
+}
+
+void ModulePage::restoreLayout()
+{
+    // Restoring can make a module load again, which would ask for its layout again.
+    if (m_restoring)
+        return;
+    const QScopedValueRollback restoring(m_restoring, true);
+    guarded([this] { m_report->IReportUI_DoGetFormStatus(layoutFile()); });
+}
+
+QString ModulePage::layoutFile() const
+{
+    const QString folder = m_app.Session().AppPath() + QStringLiteral("/selfbb");
+    if (!QDir().mkpath(folder))
+        throw Failure(QStringLiteral("无法建立布局文件夹：%1").arg(folder));
+    const QStringView name = m_entry.className.mid(m_entry.className.lastIndexOf(u'.') + 1);
+    return QStringLiteral("%1/%2.txt").arg(folder, name);
+}
+
+void ModulePage::shut()
+{
+    if (m_report) {
+        guarded([this] { m_report->IReportUI_DoSaveFormStatus(layoutFile()); });
+        guarded([this] { m_report->IReportUI_Clear(); });
+    }
+    m_report = nullptr;
+    m_events.reset();
+    m_view.reset();
+    m_module.reset();
+}
+
+} // namespace ebtq::shell

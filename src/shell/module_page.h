@@ -1,0 +1,62 @@
+#pragma once
+
+#include "component/component_library.h"
+#include "host/module_ids.h"
+#include "library/frame/host_contracts.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace ebtq::shell {
+
+class ModuleEvents;
+
+/// One module of the component library on the screen, from its making to its end. Whatever goes wrong inside
+/// comes out as `errMessage`.
+class ModulePage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `library` and `app` outlive the page. Nothing of the module is made before open().
+    ModulePage(ComponentLibrary &library, const host::ModuleEntry &entry, HostApp &app,
+               QWidget *parent = nullptr);
+    /// Shuts the module.
+    ~ModulePage() override;
+
+    [[nodiscard]] host::ModuleId module() const { return m_entry.id; }
+    /// Makes module and view, initialises the module, restores its layout and loads it. False when there is
+    /// nothing to be shown; a module whose first load failed is shown with what it has.
+    bool open();
+    /// Loads the module again.
+    void refresh();
+    /// Keeps the layout and ends the module: the view first, since it looks at the module. May be called
+    /// again.
+    void shut();
+
+Q_SIGNALS:
+    void message(const QString &text);
+    void errMessage(const QString &text, int level, const QString &title);
+    /// The module asks to be closed; sent when control is back from it.
+    void closeRequested();
+
+private:
+    bool make();
+    void bindEvents();
+    void showView();
+    void restoreLayout();
+    [[nodiscard]] QString layoutFile() const;
+    template<class Call> bool guarded(Call call);
+
+    ComponentLibrary &m_library;
+    const host::ModuleEntry &m_entry;
+    HostApp &m_app;
+    std::unique_ptr<QObject> m_module;
+    IReportUI *m_report = nullptr; ///< the module by its contract
+    std::unique_ptr<ModuleEvents> m_events;
+    std::unique_ptr<QWidget> m_view;
+    bool m_restoring = false;
+};
+
+} // namespace ebtq::shell

@@ -1,0 +1,83 @@
+#include "shell/program.h"
+
+#include "host/application.h"
+#include "screens/look/look.h"
+#include "shell/component_loader.h"
+#include "shell/guarded_application.h"
+#include "shell/main_window.h"
+#include "shell/panels/widget_panel_presenter.h"
+#include "shell/sign_in.h"
+#include "shell/tour/tour.h"
+
+#include <QDate>
+#include <QLocale>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTemporaryDir>
+
+#include <iostream>
+
+namespace ebtq::shell {
+
+namespace {
+
+constexpr QSize preferredSize(1440, 840);
+
+void tellStartFailure(const QString &text, const Options &options)
+{
+    std::cerr << text.toStdString() << '\n';
+    if (!options.tour.isEmpty())
+        return;
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("房源管理"), text);
+    box.setTextFormat(Qt::PlainText);
+    box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
+    box.exec();
+}
+
+void showWindow(MainWindow &window)
+{
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    window.resize(preferredSize.boundedTo(screen));
+    window.show();
+    window.openFirstModule();
+}
+
+int runSession(GuardedApplication &application, const Options &options, db::Connection &connection,
+               const host::User &user)
+{
+    // A tour must see the same on every machine: it starts without the layouts that a person keeps.
+    const QTemporaryDir tourFolder;
+    const QString appPath = options.tour.isEmpty() ? dataFolder() : tourFolder.path();
+    const QDate today = QDate::currentDate();
+    ComponentLibrary &library = loadComponentLibrary(
+        options.library.isEmpty() ? componentLibraryPlaces() : QStringList(options.library));
+    WidgetPanelPresenter presenter;
+    host::Application app(connection, user, {.appPath = appPath, .loginDate = today}, presenter);
+    MainWindow window(library, app, {user.name, user.department, today, databasePlace(connection)});
+    const auto report = [&window](const QString &text) { window.showFailure(text); };
+    app.setFailureReport(report);
+    application.setFailureReport(report);
+    showWindow(window);
+    const int status =
+        options.tour.isEmpty() ? QApplication::exec() : runTour(window, {options.tour, connection});
+    application.setFailureReport({});
+    return status;
+}
+
+} // namespace
+
+int runProgram(GuardedApplication &application, const Options &options)
+{
+    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    look::apply(application, options.dark ? look::Scheme::Dark : look::Scheme::Light);
+    try {
+        const std::unique_ptr<db::Connection> connection = openDatabase(options.database);
+        const std::optional<host::User> user = signInUser(*connection, options.user);
+        return user ? runSession(application, options, *connection, *user) : 0;
+    } catch (const std::exception &failure) {
+        tellStartFailure(QString::fromUtf8(failure.what()), options);
+        return 1;
+    }
+}
+
+} // namespace ebtq::shell

@@ -1,0 +1,78 @@
+#include "shell/sign_in.h"
+
+#include "library/frame/host_contracts.h"
+#include "shell/login_dialog.h"
+#include "shell/wait_cursor.h"
+
+#include <QFileInfo>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace ebtq::shell {
+
+namespace {
+
+constexpr char passwordVariable[] = "EBTQ_PASSWORD";
+const QString lastNameKey = QStringLiteral("login/name");
+
+QSettings settings()
+{
+    return {dataFolder() + QStringLiteral("/ebtq.ini"), QSettings::IniFormat};
+}
+
+bool isUrl(const QString &location)
+{
+    return location.contains(QStringLiteral("://"));
+}
+
+std::optional<host::User> askForUser(db::Connection &connection, const QString &name)
+{
+    std::optional<host::User> user;
+    const QString preset = name.isEmpty() ? settings().value(lastNameKey).toString() : name;
+    LoginDialog dialog(preset, databasePlace(connection), [&](const QString &typed, const QString &password) {
+        const WaitCursor waiting;
+        user = host::signIn(connection, typed, password);
+    });
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    settings().setValue(lastNameKey, dialog.name());
+    return user;
+}
+
+} // namespace
+
+QString dataFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+}
+
+std::unique_ptr<db::Connection> openDatabase(const QString &named)
+{
+    const QString location = named.isEmpty() ? dataFolder() + QStringLiteral("/ebtq.db") : named;
+    if (!isUrl(location) && !QFileInfo::exists(location))
+        throw Failure(QStringLiteral("还没有数据库：%1\n\n请先用 ebtq-admin init --db 文件 建立数据库，"
+                                     "或用 --db 指定已有的数据库。")
+                          .arg(location));
+    auto connection = db::Connection::open(location);
+    if (!connection->catalog().table(u"host_users"))
+        throw Failure(
+            QStringLiteral("这不是房源管理的数据库：%1\n\n请用 ebtq-admin init --db 文件 建立数据库。")
+                .arg(connection->location()));
+    return connection;
+}
+
+QString databasePlace(const db::Connection &connection)
+{
+    const QString location = connection.location();
+    return (isUrl(location) ? QStringLiteral("数据库 · %1") : QStringLiteral("本地数据库 · %1"))
+        .arg(location);
+}
+
+std::optional<host::User> signInUser(db::Connection &connection, const QString &name)
+{
+    if (qEnvironmentVariableIsSet(passwordVariable))
+        return host::signIn(connection, name, qEnvironmentVariable(passwordVariable));
+    return askForUser(connection, name);
+}
+
+} // namespace ebtq::shell

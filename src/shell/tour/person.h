@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+
+#include <exception>
+#include <functional>
+
+class QWidget;
+
+namespace ebtq::shell {
+
+/// Uses the desktop as a person would, through posted key and mouse events on its real widgets, which are
+/// found by their object names. What cannot be done throws Failure with a text that says why.
+class Person
+{
+public:
+    explicit Person(QWidget &window);
+
+    /// A widget that can be seen.
+    template<class Widget = QWidget> [[nodiscard]] Widget &see(const QString &objectName) const
+    {
+        auto *widget = qobject_cast<Widget *>(&find(objectName));
+        if (!widget)
+            wrongKind(objectName);
+        return *widget;
+    }
+    void click(const QString &objectName);
+    void focus(const QString &objectName);
+    /// Keys go to whatever has the keyboard, a pop-up first.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString &text);
+    /// Does `opens`, which pops something up and returns when that closed, and `inside` while it is open.
+    void withPopup(const std::function<void()> &opens, const std::function<void()> &inside);
+    /// Lets the program work until that is so; throws when it does not come to be within seconds.
+    void waitFor(const std::function<bool()> &condition, const QString &what);
+    /// The window as it stands on the screen, with a pop-up above it.
+    [[nodiscard]] QPixmap picture() const;
+    [[nodiscard]] QWidget &window() const { return m_window; }
+
+private:
+    [[nodiscard]] QWidget &find(const QString &objectName) const;
+    [[noreturn]] static void wrongKind(const QString &objectName);
+    void watchForPopup(const std::function<void()> &inside);
+
+    QWidget &m_window;
+    bool m_popupSeen = false;
+    std::exception_ptr m_failureInside;
+};
+
+} // namespace ebtq::shell

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "database/connection.h"
+#include "shell/tour/person.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace ebtq::shell {
+
+struct TourSettings
+{
+    QString folder;             ///< made when missing
+    db::Connection &connection; ///< asked what must be seen
+};
+
+/// One tour on its way: what its steps act on and where they put what they saw.
+class Tour
+{
+public:
+    Tour(QWidget &window, const TourSettings &settings);
+
+    [[nodiscard]] Person &person() { return m_person; }
+    [[nodiscard]] db::Connection &connection() { return m_settings.connection; }
+    /// Begins a step: its number stands in front of its pictures.
+    void begin(const QString &name);
+    /// Writes a picture of what is on the screen now.
+    void takePicture(const QString &name);
+    void note(const QString &line);
+    /// Throws Failure with `what` when it does not hold.
+    static void expect(bool holds, const QString &what);
+    /// Writes the notes into tour.txt.
+    void writeNotes() const;
+
+    /// What a step keeps for a later one.
+    QString district;
+
+private:
+    TourSettings m_settings;
+    Person m_person;
+    int m_step = 0;
+    QStringList m_notes;
+};
+
+/// Walks through the steps with `window`, which has its first module open; 0 when everything was seen as
+/// expected, else 1, with the reason on the standard error and in the notes.
+[[nodiscard]] int runTour(QWidget &window, const TourSettings &settings);
+
+} // namespace ebtq::shell

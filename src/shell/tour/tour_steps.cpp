@@ -1,0 +1,309 @@
+#include "shell/tour/tour_steps.h"
+
+#include "screens/look/look.h"
+#include "shell/message_bar.h"
+#include "shell/tour/tour.h"
+
+#include <QAbstractItemModel>
+#include <QCheckBox>
+#include <QHash>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+
+#include <algorithm>
+
+namespace ebtq::shell {
+
+namespace {
+
+constexpr int firstNumbersNoted = 3;
+
+// What is on the screen
+
+QAbstractItemModel &list(Tour &tour)
+{
+    return *tour.person().see<QTableView>(QStringLiteral("VS")).model();
+}
+
+QString statusText(Tour &tour)
+{
+    return tour.person().see<QLabel>(QStringLiteral("StatusMessage")).text();
+}
+
+QString fieldText(Tour &tour, const QString &name)
+{
+    return tour.person().see<QLineEdit>(name).text();
+}
+
+QStringList messages(Tour &tour)
+{
+    return tour.person().window().findChild<MessageBar *>()->shownTexts();
+}
+
+/// The cells of the column with that caption, from the top.
+QStringList column(Tour &tour, QStringView caption)
+{
+    const QAbstractItemModel &model = list(tour);
+    for (int number = 0; number < model.columnCount(); ++number) {
+        if (model.headerData(number, Qt::Horizontal).toString().trimmed() != caption)
+            continue;
+        QStringList cells;
+        for (int row = 0; row < model.rowCount(); ++row)
+            cells.append(model.index(row, number).data().toString());
+        return cells;
+    }
+    Tour::expect(false, QStringLiteral("列表没有“%1”一列").arg(caption));
+    return {};
+}
+
+bool rowShows(const QAbstractItemModel &model, int row, const QString &text)
+{
+    for (int number = 0; number < model.columnCount(); ++number)
+        if (model.index(row, number).data().toString().contains(text))
+            return true;
+    return false;
+}
+
+void noteList(Tour &tour)
+{
+    tour.note(QStringLiteral("  行数：%1；状态：%2").arg(list(tour).rowCount()).arg(statusText(tour)));
+    tour.note(QStringLiteral("  房源编号：%1")
+                  .arg(column(tour, u"房源编号").mid(0, firstNumbersNoted).join(QStringLiteral("、"))));
+}
+
+// What must be seen
+
+qsizetype listingsInDatabase(Tour &tour, const SqlText &condition = {})
+{
+    return tour.connection()
+        .query(SqlText(QStringLiteral("select 房源ID from fyxx A")) + condition)
+        .rowCount();
+}
+
+/// The district with the most listings.
+QString largestDistrict(Tour &tour)
+{
+    const RowBlock rows =
+        tour.connection().query(SqlText(QStringLiteral("select 地区 from fyxx where 地区<>''")));
+    QHash<QString, int> counts;
+    for (qsizetype row = 0; row < rows.rowCount(); ++row)
+        ++counts[rows.value(row, 0).toString()];
+    const auto largest = std::max_element(counts.cbegin(), counts.cend());
+    Tour::expect(largest != counts.cend(), QStringLiteral("数据库中没有带城区的房源"));
+    return largest.key();
+}
+
+void expectRows(Tour &tour, qsizetype rows)
+{
+    noteList(tour);
+    const int seen = list(tour).rowCount();
+    Tour::expect(seen == rows, QStringLiteral("列表有 %1 行，应为 %2 行").arg(seen).arg(rows));
+    const QString status = QStringLiteral("共加载%1条记录").arg(rows);
+    Tour::expect(statusText(tour) == status, QStringLiteral("状态应为“%1”").arg(status));
+}
+
+void expectEveryCell(Tour &tour, QStringView caption, const QString &part)
+{
+    const QStringList cells = column(tour, caption);
+    const bool all = std::ranges::all_of(cells, [&](const QString &cell) { return cell.contains(part); });
+    Tour::expect(all, QStringLiteral("“%1”一列每行都应有“%2”").arg(caption, part));
+}
+
+void expectKind(Tour &tour, const QString &kind, const QString &box)
+{
+    expectRows(tour, listingsInDatabase(tour, QStringLiteral(" where 交易方式 like '%%1%'").arg(kind)));
+    expectEveryCell(tour, u"交易", kind);
+    Tour::expect(tour.person().see<QCheckBox>(box).isChecked(), QStringLiteral("%1应已选中").arg(box));
+}
+
+void expectSize(Tour &tour, const QSize &size)
+{
+    const QSize seen = tour.person().window().size();
+    tour.note(QStringLiteral("  窗口：%1×%2").arg(seen.width()).arg(seen.height()));
+    Tour::expect(seen == size, QStringLiteral("窗口应为 %1×%2").arg(size.width()).arg(size.height()));
+    for (const char *name : {"qzTxt_0", "SearchBox1", "ChkFind", "NavToolbar1_close", "Session"}) {
+        const auto &widget = tour.person().see(QLatin1String(name));
+        const QRect place(widget.mapTo(&tour.person().window(), QPoint()), widget.size());
+        Tour::expect(tour.person().window().rect().contains(place),
+                     QStringLiteral("控件“%1”被窗口边缘截断").arg(QLatin1String(name)));
+    }
+}
+
+// The steps
+
+void stay(Tour &) {}
+
+void seeWholeList(Tour &tour)
+{
+    expectRows(tour, listingsInDatabase(tour));
+}
+
+void pickDistrict(Tour &tour)
+{
+    Person &person = tour.person();
+    tour.district = largestDistrict(tour);
+    person.focus(QStringLiteral("qzTxt_0"));
+    person.withPopup([&] { person.press(Qt::Key_F4); },
+                     [&] {
+                         tour.takePicture(QStringLiteral("picker"));
+                         person.type(tour.district);
+                         person.press(Qt::Key_Return);
+                     });
+    person.click(QStringLiteral("NavToolbar1_refresh"));
+}
+
+void seeDistrict(Tour &tour)
+{
+    const QString text = fieldText(tour, QStringLiteral("qzTxt_0"));
+    tour.note(QStringLiteral("  城区：%1").arg(text));
+    Tour::expect(text == tour.district, QStringLiteral("城区应为“%1”").arg(tour.district));
+    expectRows(tour, listingsInDatabase(tour, SqlText(QStringLiteral(" where A.地区='")) + typed(text) +
+                                                  QStringLiteral("'")));
+    expectEveryCell(tour, u"城区", text);
+}
+
+void pressAll(Tour &tour)
+{
+    tour.person().click(QStringLiteral("NavToolbar1_all"));
+}
+
+void seeNoFilter(Tour &tour)
+{
+    Tour::expect(fieldText(tour, QStringLiteral("qzTxt_0")).isEmpty(), QStringLiteral("城区应已清空"));
+    seeWholeList(tour);
+}
+
+void search(Tour &tour)
+{
+    Person &person = tour.person();
+    person.click(QStringLiteral("ChkFind"));
+    person.focus(QStringLiteral("SearchBox1"));
+    person.type(column(tour, u"楼盘字典").value(0));
+    person.press(Qt::Key_Return);
+}
+
+void seeMatches(Tour &tour)
+{
+    noteList(tour);
+    const QString text = fieldText(tour, QStringLiteral("SearchBox1"));
+    const QAbstractItemModel &model = list(tour);
+    tour.note(QStringLiteral("  搜索：%1").arg(text));
+    Tour::expect(model.rowCount() > 0 && model.rowCount() < listingsInDatabase(tour),
+                 QStringLiteral("过滤后应只剩部分房源"));
+    for (int row = 0; row < model.rowCount(); ++row)
+        Tour::expect(rowShows(model, row, text), QStringLiteral("第 %1 行没有“%2”").arg(row + 1).arg(text));
+}
+
+void clearSearch(Tour &tour)
+{
+    Person &person = tour.person();
+    person.focus(QStringLiteral("SearchBox1"));
+    person.press(Qt::Key_A, Qt::ControlModifier);
+    person.press(Qt::Key_Delete);
+    person.click(QStringLiteral("ChkFind"));
+}
+
+void pressBuy(Tour &tour)
+{
+    tour.person().click(QStringLiteral("NavToolbar1_buy"));
+}
+
+void seeSales(Tour &tour)
+{
+    expectKind(tour, QStringLiteral("售"), QStringLiteral("Chk_0"));
+}
+
+void pressRent(Tour &tour)
+{
+    tour.person().click(QStringLiteral("NavToolbar1_rent"));
+}
+
+void seeRents(Tour &tour)
+{
+    expectKind(tour, QStringLiteral("租"), QStringLiteral("Chk_1"));
+}
+
+void typeApostrophe(Tour &tour)
+{
+    tour.person().focus(QStringLiteral("qzTxt_7"));
+    tour.person().type(QStringLiteral("东湖'名苑"));
+    tour.person().press(Qt::Key_Return);
+}
+
+void seeMessage(Tour &tour)
+{
+    noteList(tour);
+    tour.note(QStringLiteral("  消息：%1").arg(messages(tour).join(QStringLiteral(" | "))));
+    Tour::expect(!messages(tour).isEmpty(), QStringLiteral("含撇号的筛选应有消息"));
+    Tour::expect(fieldText(tour, QStringLiteral("qzTxt_7")) == u"东湖'名苑",
+                 QStringLiteral("键入的文字应保留"));
+}
+
+void leaveMessage(Tour &tour)
+{
+    Person &person = tour.person();
+    while (!messages(tour).isEmpty())
+        person.click(QStringLiteral("closeMessage"));
+    person.focus(QStringLiteral("qzTxt_7"));
+    person.press(Qt::Key_Escape);
+    pressAll(tour);
+}
+
+void changeScheme(Tour &tour)
+{
+    tour.person().click(QStringLiteral("SchemeToggle"));
+}
+
+void seeDark(Tour &tour)
+{
+    const QColor ground = tour.person().window().grab({0, 0, 1, 1}).toImage().pixelColor(0, 0);
+    tour.note(QStringLiteral("  配色：%1").arg(ground.name()));
+    Tour::expect(ground == look::tokens(look::Scheme::Dark).navigation, QStringLiteral("应为深色"));
+    seeWholeList(tour);
+}
+
+void makeSmall(Tour &tour)
+{
+    changeScheme(tour);
+    tour.person().window().resize(1280, 720);
+}
+
+void seeSmall(Tour &tour)
+{
+    expectSize(tour, {1280, 720});
+}
+
+void makeLarge(Tour &tour)
+{
+    tour.person().window().resize(1920, 1080);
+}
+
+void seeLarge(Tour &tour)
+{
+    expectSize(tour, {1920, 1080});
+}
+
+constexpr TourStep steps[] = {
+    {u"载入房源列表", u"list", stay, seeWholeList},
+    {u"用键盘在城区列表中选择并刷新", u"district", pickDistrict, seeDistrict},
+    {u"用“全部”清除条件", u"all", pressAll, seeNoFilter},
+    {u"搜索并过滤", u"search", search, seeMatches},
+    {u"清除搜索", u"search-cleared", clearSearch, seeWholeList},
+    {u"出售", u"buy", pressBuy, seeSales},
+    {u"出租", u"rent", pressRent, seeRents},
+    {u"条件中的撇号", u"message", typeApostrophe, seeMessage},
+    {u"关闭消息", u"message-closed", leaveMessage, seeNoFilter},
+    {u"深色界面", u"dark", changeScheme, seeDark},
+    {u"1280×720", u"small", makeSmall, seeSmall},
+    {u"1920×1080", u"large", makeLarge, seeLarge},
+};
+
+} // namespace
+
+std::span<const TourStep> tourSteps()
+{
+    return steps;
+}
+
+} // namespace ebtq::shell

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStringView>
+
+#include <span>
+
+namespace ebtq::shell {
+
+class Tour;
+
+/// What a person does and what must be seen then.
+struct TourStep
+{
+    QStringView name;
+    QStringView picture; ///< in the name of the step's picture
+    void (*act)(Tour &tour);
+    void (*look)(Tour &tour); ///< throws Failure when something else is seen; notes what is seen
+};
+
+[[nodiscard]] std::span<const TourStep> tourSteps();
+
+} // namespace ebtq::shell

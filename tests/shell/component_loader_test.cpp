@@ -1,0 +1,37 @@
+#include "shell/component_loader.h"
+
+#include "library/frame/host_contracts.h"
+
+#include <QTemporaryFile>
+
+#include <gtest/gtest.h>
+
+namespace ebtq::shell {
+namespace {
+
+std::string failureOf(const QStringList &places)
+{
+    try {
+        (void)loadComponentLibrary(places);
+    } catch (const Failure &failure) {
+        return failure.what();
+    }
+    return "loaded";
+}
+
+TEST(ComponentLoader, SaysWhatIsWrongWithTheFile)
+{
+    QTemporaryFile text;
+    ASSERT_TRUE(text.open());
+    text.write("no library");
+    text.flush();
+
+    const std::string missing =
+        failureOf({QStringLiteral("/a/libEBTQ_S.so"), QStringLiteral("/b/libEBTQ_S.so")});
+    EXPECT_NE(missing.find("/a/libEBTQ_S.so\n/b/libEBTQ_S.so"), std::string::npos) << missing;
+    EXPECT_NE(failureOf({text.fileName()}).find("无法载入"), std::string::npos);
+    EXPECT_NE(failureOf({QStringLiteral(OTHER_LIBRARY)}).find("不是组件库"), std::string::npos);
+}
+
+} // namespace
+} // namespace ebtq::shell

@@ -1,0 +1,86 @@
+#include "shell/login_dialog.h"
+
+#include "library/frame/host_contracts.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace ebtq::shell {
+namespace {
+
+class LoginDialogTest : public ::testing::Test
+{
+protected:
+    void open(const QString &presetName = {})
+    {
+        dialog = std::make_unique<LoginDialog>(presetName, QStringLiteral("本地数据库"),
+                                               [this](const QString &name, const QString &password) {
+                                                   attempts << name + u'/' + password;
+                                                   if (password != u"demo")
+                                                       throw Failure(QStringLiteral("用户名或密码不正确。"));
+                                               });
+        dialog->show();
+        dialog->activateWindow();
+        QApplication::processEvents();
+    }
+    QLineEdit &field(const char *name) { return *dialog->findChild<QLineEdit *>(QLatin1String(name)); }
+    QString shownError()
+    {
+        auto *label = dialog->findChild<QLabel *>(QStringLiteral("error"));
+        return label->isVisible() ? label->text() : QString();
+    }
+
+    QStringList attempts;
+    std::unique_ptr<LoginDialog> dialog;
+};
+
+TEST_F(LoginDialogTest, SignsInWithTheKeyboardAlone)
+{
+    open();
+    EXPECT_EQ(dialog->focusWidget(), &field("name"));
+    QTest::keyClicks(dialog->focusWidget(), QStringLiteral(" Demo "));
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(dialog->focusWidget(), QStringLiteral("demo"));
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(attempts, QStringList(QStringLiteral("Demo/demo")));
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(dialog->name(), u"Demo");
+}
+
+TEST_F(LoginDialogTest, ARefusalIsShownAndThePasswordIsTypedAnew)
+{
+    open(QStringLiteral("演示"));
+    EXPECT_EQ(dialog->focusWidget(), &field("password")) << "the name of last time stands there already";
+    QTest::keyClicks(dialog->focusWidget(), QStringLiteral("wrong"));
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(shownError(), u"用户名或密码不正确。");
+    EXPECT_TRUE(dialog->isVisible());
+    QTest::keyClicks(dialog->focusWidget(), QStringLiteral("demo"));
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(attempts.back(), QStringLiteral("演示/demo"));
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(LoginDialogTest, WithoutANameNothingIsTried)
+{
+    open();
+    field("name").setText(QStringLiteral("  "));
+    QTest::keyClick(&field("password"), Qt::Key_Return);
+    EXPECT_TRUE(attempts.isEmpty());
+    EXPECT_FALSE(shownError().isEmpty());
+    EXPECT_EQ(dialog->focusWidget(), &field("name"));
+}
+
+TEST_F(LoginDialogTest, ThePasswordCannotBeRead)
+{
+    open();
+    QTest::keyClicks(&field("password"), QStringLiteral("demo"));
+    EXPECT_NE(field("password").displayText(), u"demo");
+}
+
+} // namespace
+} // namespace ebtq::shell

@@ -1,0 +1,147 @@
+#include "screens/look/look.h"
+#include "screens/look/theme.h"
+#include "shell/module_catalog.h"
+
+#include <QApplication>
+#include <QDirIterator>
+#include <QFile>
+#include <QImage>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace ebtq::look {
+namespace {
+
+double luminance(const QColor &colour)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+/// The contrast ratio of WCAG: 1 for equal colours, 21 for black on white.
+double contrast(const QColor &one, const QColor &other)
+{
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+struct TextOnGround
+{
+    const char *text;
+    QColor Tokens::*textColour;
+    std::vector<QColor Tokens::*> grounds;
+};
+
+const TextOnGround textsOnGrounds[] = {
+    {"ink",
+     &Tokens::ink,
+     {&Tokens::window, &Tokens::card, &Tokens::brandSoft, &Tokens::header, &Tokens::currentRow,
+      &Tokens::zebra}},
+    {"muted", &Tokens::muted, {&Tokens::card}},
+    {"brand", &Tokens::brand, {&Tokens::card, &Tokens::window, &Tokens::brandSoft}},
+    {"onBrand", &Tokens::onBrand, {&Tokens::brand}},
+    {"salePrice", &Tokens::salePrice, {&Tokens::card, &Tokens::zebra, &Tokens::currentRow}},
+    {"rent", &Tokens::rent, {&Tokens::card, &Tokens::zebra, &Tokens::currentRow}},
+    {"danger", &Tokens::danger, {&Tokens::card, &Tokens::window}},
+    {"navigationInk", &Tokens::navigationInk, {&Tokens::navigation, &Tokens::navigationCurrent}},
+    {"navigationMuted", &Tokens::navigationMuted, {&Tokens::navigation}},
+    {"refusalInk", &Tokens::refusalInk, {&Tokens::refusal}},
+    {"failureInk", &Tokens::failureInk, {&Tokens::failure}},
+};
+
+TEST(Look, TextIsReadableOnItsGroundInBothSchemes)
+{
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark})
+        for (const TextOnGround &pair : textsOnGrounds)
+            for (const auto ground : pair.grounds)
+                EXPECT_GE(contrast(tokens(scheme).*pair.textColour, tokens(scheme).*ground), 4.5)
+                    << pair.text << " on " << (tokens(scheme).*ground).name().toStdString() << ", scheme "
+                    << static_cast<int>(scheme);
+}
+
+TEST(Look, StyleSheetNamesNoUnknownColour)
+{
+    EXPECT_FALSE(styleSheet(tokens(Scheme::Light)).contains(u'@'));
+}
+
+TEST(Look, SchemeInForceFollowsApply)
+{
+    apply(*qApp, Scheme::Dark);
+    EXPECT_EQ(tokens().card, tokens(Scheme::Dark).card);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), tokens(Scheme::Dark).card);
+    apply(*qApp, Scheme::Light);
+    EXPECT_EQ(tokens().card, tokens(Scheme::Light).card);
+}
+
+/// The colours of an icon's solid pixels.
+QSet<QRgb> solidColours(const QIcon &icon, int size, qreal scale = 1, QIcon::Mode mode = QIcon::Normal)
+{
+    const QImage image = icon.pixmap(QSize(size, size), scale, mode).toImage();
+    EXPECT_EQ(image.width(), static_cast<int>(size * scale));
+    QSet<QRgb> result;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixelColor(x, y).alpha() == 255)
+                result.insert(image.pixelColor(x, y).rgb());
+    return result;
+}
+
+TEST(Look, IconsTakeTheColourOfTheScheme)
+{
+    const QIcon drawing = icon(QStringLiteral("list-add"));
+    EXPECT_EQ(solidColours(drawing, 16), QSet<QRgb>{tokens(Scheme::Light).ink.rgb()});
+    EXPECT_EQ(solidColours(drawing, 16, 2), QSet<QRgb>{tokens(Scheme::Light).ink.rgb()});
+    EXPECT_TRUE(solidColours(drawing, 16, 1, QIcon::Disabled).isEmpty()) << "a disabled icon is fainter";
+    apply(*qApp, Scheme::Dark);
+    EXPECT_EQ(solidColours(drawing, 16), QSet<QRgb>{tokens(Scheme::Dark).ink.rgb()});
+    EXPECT_EQ(solidColours(icon(QStringLiteral("edit-delete")), 16),
+              QSet<QRgb>{tokens(Scheme::Dark).danger.rgb()});
+    apply(*qApp, Scheme::Light);
+}
+
+/// Icon names in the sources: whatever stands in a call of icon().
+QSet<QString> iconNamesInSources()
+{
+    static const QRegularExpression call(QStringLiteral("\\bicon\\(QStringLiteral\\(\"([^\"]+)\"\\)"));
+    QSet<QString> names;
+    QDirIterator files(QStringLiteral(EBTQ_SOURCE_DIR), {QStringLiteral("*.cpp")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        auto found = call.globalMatch(QString::fromUtf8(file.readAll()));
+        while (found.hasNext())
+            names.insert(found.next().captured(1));
+    }
+    return names;
+}
+
+bool drawsSomething(const QIcon &icon, int size)
+{
+    const QImage image = icon.pixmap(size).toImage();
+    QImage nothing(image.size(), image.format());
+    nothing.fill(Qt::transparent);
+    return image != nothing;
+}
+
+TEST(Look, EveryIconInUseIsBuiltIn)
+{
+    QSet<QString> names = iconNamesInSources();
+    EXPECT_GE(names.size(), 3) << "the search in the sources finds nothing";
+    for (const shell::NavigationEntry &entry : shell::navigationEntries())
+        names.insert(entry.icon.toString());
+    for (const QString &name : names) {
+        EXPECT_FALSE(icon(name).isNull()) << name.toStdString();
+        for (const int size : {16, 22})
+            EXPECT_TRUE(drawsSomething(icon(name), size)) << name.toStdString() << " at " << size;
+    }
+}
+
+} // namespace
+} // namespace ebtq::look

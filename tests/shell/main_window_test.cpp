@@ -1,0 +1,259 @@
+#include "shell/main_window.h"
+
+#include "database/connection.h"
+#include "host/application.h"
+#include "screens/look/look.h"
+#include "shell/message_bar.h"
+#include "shell/navigation.h"
+#include "shell/panels/widget_panel_presenter.h"
+#include "test_module.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace ebtq::shell {
+namespace {
+
+using host::BuildingModule;
+using host::CustomerModule;
+using host::ListingModule;
+using ::testing::ElementsAre;
+
+class MainWindowTest : public ::testing::Test
+{
+protected:
+    /// Made on first use, so that a test can prepare the library before.
+    MainWindow &window()
+    {
+        if (!m_window) {
+            m_window = std::make_unique<MainWindow>(
+                library, app,
+                SessionFacts{QStringLiteral("张敏"), QStringLiteral("营业一部"), QDate(2026, 11, 22),
+                             QStringLiteral("本地数据库 · a.db")});
+            m_window->resize(1280, 720);
+            m_window->show();
+            m_window->activateWindow();
+            QApplication::processEvents();
+        }
+        return *m_window;
+    }
+    template<class Widget> Widget *child(const char *name)
+    {
+        return window().findChild<Widget *>(QLatin1String(name));
+    }
+    QTabBar &tabs() { return *child<QTabBar>("ModuleTabs"); }
+    QStringList tabTexts()
+    {
+        QStringList texts;
+        for (int tab = 0; tab < tabs().count(); ++tab)
+            texts << tabs().tabText(tab);
+        return texts;
+    }
+    QString status() { return child<QLabel>("StatusMessage")->text(); }
+    QStringList messages() { return child<MessageBar>("MessageBar")->shownTexts(); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWidget *focus = window().focusWidget();
+        QTest::keyClick(focus ? focus : &window(), key, modifiers);
+        QApplication::processEvents();
+    }
+    void discardGone() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+    QTemporaryDir folder;
+    test::TestLibrary library{{QStringLiteral("EBTQ_S.Fcxx"), QStringLiteral("EBTQ_S.khxx"),
+                               QStringLiteral("EBTQ_S.selPdm"), QStringLiteral("EBTQ_S.PdmLpzd")}};
+
+private:
+    std::unique_ptr<db::Connection> m_connection = db::Connection::open(QStringLiteral(":memory:"));
+    WidgetPanelPresenter m_presenter;
+
+protected:
+    host::Application app{*m_connection,
+                          {QStringLiteral("1"), QStringLiteral("张敏"), QStringLiteral("营业一部")},
+                          {folder.path(), QDate(2026, 11, 22)},
+                          m_presenter};
+
+private:
+    std::unique_ptr<MainWindow> m_window;
+};
+
+TEST_F(MainWindowTest, NavigationShowsWhatTheLibraryHas)
+{
+    EXPECT_THAT(child<Navigation>("Navigation")->modules(),
+                ElementsAre(ListingModule, CustomerModule, BuildingModule));
+}
+
+TEST_F(MainWindowTest, AModuleLivesByTheContract)
+{
+    window().openFirstModule();
+    EXPECT_EQ(library.log.join(u','), u"Init 101,DoGetFormStatus,Refresh");
+    const QFileInfo layout(library.module->layoutFile);
+    EXPECT_EQ(layout.fileName(), u"Fcxx.txt");
+    EXPECT_EQ(layout.absolutePath(), folder.path() + QStringLiteral("/selfbb"));
+    EXPECT_TRUE(QFileInfo::exists(layout.absolutePath()));
+    library.log.clear();
+
+    press(Qt::Key_F5);
+    EXPECT_EQ(library.log.join(u','), u"Refresh");
+    library.log.clear();
+
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(library.log.join(u','), u"DoSaveFormStatus,Clear,view gone,module gone");
+    EXPECT_TRUE(tabTexts().isEmpty());
+}
+
+TEST_F(MainWindowTest, ClosingTheWindowEndsAllModules)
+{
+    window().openModule(ListingModule);
+    window().openModule(CustomerModule);
+    library.log.clear();
+    window().close();
+    EXPECT_EQ(library.log.count(QStringLiteral("Clear")), 2);
+    EXPECT_EQ(library.log.count(QStringLiteral("module gone")), 2);
+}
+
+TEST_F(MainWindowTest, TheLayoutIsRestoredWhenTheModuleAsks)
+{
+    library.prepare = [](test::TestModule &module) {
+        module.duringRefresh = [&module] { Q_EMIT module.RefreshGetGridStatus(); };
+        // A module that loads itself again while its layout is restored must not run in a circle.
+        module.duringRestore = [&module] { Q_EMIT module.RefreshGetGridStatus(); };
+    };
+    window().openModule(ListingModule);
+    EXPECT_EQ(library.log.join(u','), u"Init 101,DoGetFormStatus,Refresh,DoGetFormStatus");
+}
+
+TEST_F(MainWindowTest, OneTabAModule)
+{
+    window().openModule(ListingModule);
+    window().openModule(CustomerModule);
+    window().openModule(ListingModule);
+    EXPECT_EQ(tabTexts(), QStringList({QStringLiteral("房源信息"), QStringLiteral("客源信息")}));
+    EXPECT_EQ(tabs().currentIndex(), 0);
+
+    const struct
+    {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        int current;
+    } moves[] = {{Qt::Key_Tab, Qt::ControlModifier, 1},
+                 {Qt::Key_Tab, Qt::ControlModifier, 0},
+                 {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 1},
+                 {Qt::Key_1, Qt::ControlModifier, 0},
+                 {Qt::Key_2, Qt::ControlModifier, 1}};
+    for (const auto &move : moves) {
+        press(move.key, move.modifiers);
+        EXPECT_EQ(tabs().currentIndex(), move.current);
+        EXPECT_TRUE(child<QToolButton>(move.current == 0 ? "Navigation_101" : "Navigation_102")->isChecked());
+    }
+    QTest::mouseClick(child<QToolButton>("CloseTab_101"), Qt::LeftButton);
+    EXPECT_EQ(tabTexts(), QStringList(QStringLiteral("客源信息")));
+}
+
+TEST_F(MainWindowTest, AMovedTabKeepsItsModule)
+{
+    window().openModule(ListingModule);
+    window().openModule(CustomerModule);
+    tabs().moveTab(0, 1);
+    tabs().setCurrentIndex(0);
+    EXPECT_TRUE(child<QToolButton>("Navigation_102")->isChecked());
+    library.log.clear();
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(tabTexts(), QStringList(QStringLiteral("房源信息")));
+}
+
+TEST_F(MainWindowTest, TheKeyboardGoesBetweenNavigationAndModule)
+{
+    window().openModule(ListingModule);
+    EXPECT_EQ(window().focusWidget(), child<QLineEdit>("first"));
+    child<QLineEdit>("second")->setFocus();
+    press(Qt::Key_F6);
+    EXPECT_EQ(window().focusWidget(), child<QToolButton>("Navigation_101"));
+    press(Qt::Key_F6);
+    EXPECT_EQ(window().focusWidget(), child<QLineEdit>("second")) << "back to where the person was";
+    press(Qt::Key_F6);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(tabs().currentIndex(), 1);
+    EXPECT_EQ(tabTexts().value(1), QStringLiteral("客源信息"));
+}
+
+TEST_F(MainWindowTest, EventsReachStatusLineAndMessageBar)
+{
+    window().openModule(ListingModule);
+    Q_EMIT library.module->Message(QStringLiteral("共加载3条记录"));
+    EXPECT_EQ(status(), u"共加载3条记录");
+    Q_EMIT library.module->ErrMessage(QStringLiteral("记录正在使用"), Refusal, QStringLiteral("楼盘字典"));
+    EXPECT_EQ(messages(), QStringList(QStringLiteral("楼盘字典：记录正在使用")));
+}
+
+TEST_F(MainWindowTest, AModuleThatUnloadsItselfIsClosedWhenControlIsBack)
+{
+    window().openModule(ListingModule);
+    bool answer = true;
+    Q_EMIT library.module->UnLoad(answer);
+    EXPECT_EQ(tabTexts().size(), 1) << "the module is still in its own call";
+    QApplication::processEvents();
+    EXPECT_TRUE(tabTexts().isEmpty());
+    discardGone();
+    EXPECT_EQ(library.log.back(), QStringLiteral("module gone"));
+}
+
+TEST_F(MainWindowTest, FailuresInsideAModuleAreShownAndItStays)
+{
+    library.prepare = [](test::TestModule &module) {
+        module.duringRefresh = [] { throw std::runtime_error("数据库已关闭"); };
+    };
+    window().openModule(ListingModule);
+    EXPECT_EQ(messages(), QStringList(QStringLiteral("房源信息：数据库已关闭")));
+    EXPECT_EQ(tabTexts().size(), 1);
+    press(Qt::Key_F5);
+    EXPECT_EQ(messages(), QStringList(QStringLiteral("房源信息：数据库已关闭（2 次）")));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor must go after a failure, too";
+}
+
+TEST_F(MainWindowTest, AClassWithoutAScreenIsRefused)
+{
+    library.hasViews = false;
+    window().openModule(ListingModule);
+    ASSERT_EQ(messages().size(), 1);
+    EXPECT_TRUE(messages().front().contains(u"EBTQ_S.Fcxx"));
+    EXPECT_TRUE(tabTexts().isEmpty());
+}
+
+TEST_F(MainWindowTest, ALibraryWithoutModulesIsTold)
+{
+    library = test::TestLibrary({});
+    window().openFirstModule();
+    EXPECT_EQ(messages().size(), 1);
+}
+
+TEST_F(MainWindowTest, TellsTheSessionAndCollapsesWhenNarrow)
+{
+    EXPECT_EQ(child<QLabel>("Session")->text(), u"营业一部 · 张敏    业务日期 2026-11-22");
+    EXPECT_EQ(child<QLabel>("DatabasePlace")->text(), u"本地数据库 · a.db");
+    EXPECT_FALSE(child<Navigation>("Navigation")->isCollapsed());
+    window().resize(1000, 700);
+    QApplication::processEvents();
+    EXPECT_TRUE(child<Navigation>("Navigation")->isCollapsed());
+}
+
+TEST_F(MainWindowTest, TheSchemeCanBeChangedAndBack)
+{
+    press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(look::scheme(), look::Scheme::Dark);
+    QTest::mouseClick(child<QToolButton>("SchemeToggle"), Qt::LeftButton);
+    EXPECT_EQ(look::scheme(), look::Scheme::Light);
+}
+
+} // namespace
+} // namespace ebtq::shell

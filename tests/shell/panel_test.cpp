@@ -1,0 +1,256 @@
+#include "shell/panels/calendar_popup.h"
+#include "shell/panels/panel_model.h"
+#include "shell/panels/panel_popup.h"
+#include "shell/panels/widget_panel_presenter.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace ebtq::shell {
+namespace {
+
+using ::testing::Optional;
+using Rows = std::vector<std::vector<std::string>>;
+
+host::Panel panelOf(const Rows &rows, std::vector<host::Panel::ShownColumn> shown)
+{
+    std::vector<Column> columns;
+    for (size_t number = 0; number < rows.front().size(); ++number)
+        columns.push_back({QString::number(number), ColumnType::Text});
+    RowBlock block(columns);
+    for (const auto &row : rows)
+        for (const auto &cell : row)
+            block.append(cell);
+    block.finish();
+    return {.title = QStringLiteral("测试"), .rows = std::move(block), .shown = std::move(shown)};
+}
+
+host::Panel employees()
+{
+    return panelOf({{"01", "张敏"}, {"02", "李强"}, {"03", "王芳"}, {"04", "张三A"}},
+                   {{0, QStringLiteral("编号")}, {1, QStringLiteral("姓名")}});
+}
+
+/// City, districts and quarters by level code; only quarters and the last district can be chosen. The order
+/// of the rows is not that of the tree.
+host::Panel districts()
+{
+    host::Panel panel = panelOf({{"0101", "城东", "1"},
+                                 {"01", "天河区", "0"},
+                                 {"0102", "城西", "1"},
+                                 {"02", "海珠区", "0"},
+                                 {"020301", "江南", "1"},
+                                 {"9", "越秀区", "1"}},
+                                {{1, QStringLiteral("地区")}});
+    panel.levelCodeColumn = 0;
+    panel.choosableColumn = 2;
+    return panel;
+}
+
+/// Shows the panel, sends the keys one event at a time and gives what was chosen.
+struct Key
+{
+    Qt::Key key;
+    QString text = {};
+};
+using Keys = std::vector<Key>;
+
+void sendToPopup(const Keys &keys)
+{
+    QTimer::singleShot(0, qApp, [keys] {
+        for (const Key &key : keys) {
+            QWidget *popup = QApplication::activePopupWidget();
+            ASSERT_NE(popup, nullptr) << "the panel closed before the keys were through";
+            QKeyEvent press(QEvent::KeyPress, key.key, Qt::NoModifier, key.text);
+            QApplication::sendEvent(popup->focusWidget(), &press);
+        }
+        QWidget *left = QApplication::activePopupWidget();
+        EXPECT_EQ(left, nullptr) << "the keys should have closed the panel";
+        if (left)
+            left->close();
+    });
+}
+
+std::optional<qsizetype> choose(const host::Panel &panel, const Keys &keys)
+{
+    sendToPopup(keys);
+    return WidgetPanelPresenter().choose(panel);
+}
+
+Key typed(const char16_t *text)
+{
+    return {Qt::Key_unknown, QString::fromUtf16(text)};
+}
+
+constexpr auto none = std::nullopt;
+
+TEST(PanelPopup, KeyboardChoosesFromAList)
+{
+    const struct
+    {
+        const char *what;
+        qsizetype preset;
+        Keys keys;
+        std::optional<qsizetype> chosen;
+    } cases[] = {
+        {"enter takes the first row", -1, {{Qt::Key_Return}}, 0},
+        {"enter takes the preset row", 2, {{Qt::Key_Enter}}, 2},
+        {"arrows move", -1, {{Qt::Key_Down}, {Qt::Key_Down}, {Qt::Key_Up}, {Qt::Key_Return}}, 1},
+        {"arrows stop at the ends", -1, {{Qt::Key_Up}, {Qt::Key_Return}}, 0},
+        {"page down goes to the end", -1, {{Qt::Key_PageDown}, {Qt::Key_Return}}, 3},
+        {"escape leaves", 2, {{Qt::Key_Down}, {Qt::Key_Escape}}, none},
+        {"typing filters by any shown column", -1, {typed(u"03"), {Qt::Key_Return}}, 2},
+        {"and moves within what is left", -1, {typed(u"张"), {Qt::Key_Down}, {Qt::Key_Return}}, 3},
+        {"without regard to case", -1, {typed(u"三a"), {Qt::Key_Return}}, 3},
+        {"nothing to choose is left", -1, {typed(u"无"), {Qt::Key_Return}, {Qt::Key_Escape}}, none},
+        {"an emptied box brings the preset back",
+         2,
+         {typed(u"张"), {Qt::Key_Backspace}, {Qt::Key_Return}},
+         2},
+    };
+    for (const auto &each : cases) {
+        host::Panel panel = employees();
+        panel.currentRow = each.preset;
+        EXPECT_EQ(choose(panel, each.keys), each.chosen) << each.what;
+    }
+}
+
+TEST(PanelPopup, KeyboardPassesOverRowsOfATreeThatCannotBeChosen)
+{
+    const struct
+    {
+        const char *what;
+        Keys keys;
+        std::optional<qsizetype> chosen;
+    } cases[] = {
+        {"the first choosable row is current", {{Qt::Key_Return}}, 0},
+        {"the arrow goes to the next choosable one", {{Qt::Key_Down}, {Qt::Key_Return}}, 2},
+        {"across a district", {{Qt::Key_Down}, {Qt::Key_Down}, {Qt::Key_Return}}, 4},
+        {"a district's name alone leaves nothing to choose",
+         {typed(u"天河"), {Qt::Key_Return}, {Qt::Key_Escape}},
+         none},
+        {"a quarter is found below its district", {typed(u"江南"), {Qt::Key_Return}}, 4},
+        {"a choosable district", {typed(u"越秀"), {Qt::Key_Return}}, 5},
+    };
+    for (const auto &each : cases)
+        EXPECT_EQ(choose(districts(), each.keys), each.chosen) << each.what;
+}
+
+TEST(PanelPopup, DoubleClickChoosesOnlyWhatCanBeChosen)
+{
+    const host::Panel panel = districts();
+    QTimer::singleShot(0, qApp, [] {
+        QWidget *popup = QApplication::activePopupWidget();
+        auto *rows = popup->findChild<QTreeView *>();
+        const QModelIndex district = rows->model()->index(0, 0);
+        const auto doubleClick = [rows](const QModelIndex &index) {
+            const QPoint place = rows->visualRect(index).center();
+            QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, place);
+            QTest::mouseDClick(rows->viewport(), Qt::LeftButton, {}, place);
+        };
+        doubleClick(district);
+        EXPECT_TRUE(popup->isVisible());
+        doubleClick(rows->model()->index(1, 0, district));
+    });
+    EXPECT_THAT(WidgetPanelPresenter().choose(panel), Optional(2));
+}
+
+TEST(PanelPopup, AnEmptyPanelSaysSoAndCanBeLeft)
+{
+    host::Panel panel = employees();
+    panel.rows = RowBlock(panel.rows.columns());
+    QTimer::singleShot(0, qApp, [] {
+        QWidget *popup = QApplication::activePopupWidget();
+        EXPECT_FALSE(popup->findChild<QTreeView *>()->isVisible());
+        EXPECT_TRUE(popup->findChild<QLabel *>()->isVisible());
+        QTest::keyClick(popup->focusWidget(), Qt::Key_Return);
+        QTest::keyClick(popup->focusWidget(), Qt::Key_Escape);
+    });
+    EXPECT_EQ(WidgetPanelPresenter().choose(panel), none);
+}
+
+TEST(PanelPopup, StaysWholeOnTheScreen)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    for (const QPoint corner :
+         {screen.topLeft(), screen.bottomRight(), QPoint(-500, 100), QPoint(100, 5000)}) {
+        host::Panel panel = employees();
+        panel.left = corner.x();
+        panel.top = corner.y();
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget *popup = QApplication::activePopupWidget();
+            EXPECT_TRUE(screen.contains(popup->geometry())) << corner.x() << "," << corner.y();
+            popup->close();
+        });
+        EXPECT_EQ(WidgetPanelPresenter().choose(panel), none);
+    }
+}
+
+TEST(PanelModel, KeepsItsShapeThroughFilters)
+{
+    for (const auto &make : {employees, districts}) {
+        const host::Panel panel = make();
+        PanelModel model(panel);
+        const QAbstractItemModelTester tester(&model,
+                                              QAbstractItemModelTester::FailureReportingMode::Warning);
+        for (const char16_t *filter : {u"0", u"江", u"没有", u"", u"区", u" 张 "})
+            model.setFilter(QString::fromUtf16(filter));
+    }
+}
+
+TEST(PanelModel, HangsARowBelowTheLongestCodeThatBeginsItsOwn)
+{
+    const host::Panel panel = districts();
+    const PanelModel model(panel);
+    const auto parentOf = [&](qsizetype row) { return model.panelRow(model.indexOfRow(row).parent()); };
+    EXPECT_EQ(parentOf(0), 1);
+    EXPECT_EQ(parentOf(2), 1);
+    EXPECT_EQ(parentOf(4), 3) << "the level between is missing";
+    EXPECT_EQ(parentOf(5), -1);
+    EXPECT_EQ(model.rowCount(), 3);
+}
+
+TEST(PanelModel, TenThousandRowsAreFound)
+{
+    Rows rows;
+    for (int number = 0; number < 10'000; ++number)
+        rows.push_back({std::to_string(number), "楼盘" + std::to_string(number)});
+    const host::Panel panel = panelOf(rows, {{1, QStringLiteral("楼盘")}});
+    EXPECT_THAT(choose(panel, {typed(u"楼盘9999"), {Qt::Key_Return}}), Optional(9999));
+    EXPECT_THAT(choose(panel, {{Qt::Key_PageDown}, {Qt::Key_PageUp}, {Qt::Key_Down}, {Qt::Key_Return}}),
+                Optional(1));
+}
+
+TEST(CalendarPopup, KeyboardChoosesADay)
+{
+    const QDate preset(2026, 2, 28);
+    const struct
+    {
+        const char *what;
+        Keys keys;
+        std::optional<QDate> chosen;
+    } cases[] = {
+        {"the preset day", {{Qt::Key_Return}}, preset},
+        {"the day after", {{Qt::Key_Right}, {Qt::Key_Return}}, QDate(2026, 3, 1)},
+        {"a week before", {{Qt::Key_Up}, {Qt::Key_Return}}, QDate(2026, 2, 21)},
+        {"a month later", {{Qt::Key_PageDown}, {Qt::Key_Return}}, QDate(2026, 3, 28)},
+        {"none", {{Qt::Key_Escape}}, none},
+    };
+    for (const auto &each : cases) {
+        sendToPopup(each.keys);
+        EXPECT_EQ(WidgetPanelPresenter().chooseDate(preset, 10, 10), each.chosen) << each.what;
+    }
+}
+
+} // namespace
+} // namespace ebtq::shell
