@@ -42,7 +42,7 @@ Catalog readCatalog(SqliteConnection &connection)
         Catalog::Table table{tables.value(row, 0).toString(), {}};
         const RowBlock columns =
             connection.queryNative("select name, type from pragma_table_info('" +
-                                   QString(table.name).replace(u"'", u"''").toUtf8() + "')");
+                                   QString(table.name).replace(u'\'', QStringLiteral("''")).toUtf8() + "')");
         for (qsizetype at = 0; at < columns.rowCount(); ++at)
             table.columns.push_back(
                 {columns.value(at, 0).toString(), typeOfDeclaration(columns.value(at, 1).toString())});

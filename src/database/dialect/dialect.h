@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QByteArray>
+
+namespace ebtq::db {
+
+/// How an engine's language differs from the common ground that the renderer writes. A new engine is a new
+/// value of this structure.
+struct Dialect
+{
+    /// Shown to nobody; for logs and tests.
+    const char *name;
+
+    /// Stands before the name of each function that the dialect brings with it: registered by the driver in
+    /// SQLite, in a schema of their own in PostgreSQL.
+    const char *functionPrefix;
+
+    /// What makes a text expression compare without regard to case where no column says so. Columns do by
+    /// their own type or collation. SQLite: a collation behind. PostgreSQL: a type behind.
+    const char *caselessSuffix;
+
+    /// Behind a sorted term, so that Null comes first upwards and last downwards. Empty where the engine does
+    /// so by itself, as SQLite does.
+    const char *ascendingSuffix;
+    const char *descendingSuffix;
+
+    /// Before the quoted form of a date. Empty where dates are stored as text: SQLite.
+    const char *datePrefix;
+
+    /// The type names for a cast: a number with a fraction, and a text.
+    const char *realType;
+    const char *textType;
+
+    /// Behind a condition in brackets, to count it as 1 or 0. Empty where it is a number anyway: SQLite.
+    const char *conditionSuffix;
+
+    /// The function that gives the place of one text in another, characters counted from 1, case regarded.
+    const char *position;
+
+    /// Whether division by 0 is an error that has to be kept from happening. SQLite gives Null by itself.
+    bool zeroDivisionFails;
+
+    /// Whether a number joins texts without being turned into one first. SQLite does that, and prints whole
+    /// numbers as the dialect wants them.
+    bool joinsNumbers;
+
+    /// Whether a sub-select of several rows in place of a value is an error; the dialect takes the first row.
+    bool refusesSeveralRows;
+
+    /// How many pieces of a statement the engine's parser can have open at a time. SQLite has a stack of 100.
+    int openPieces;
+};
+
+[[nodiscard]] const Dialect &sqliteDialect();
+[[nodiscard]] const Dialect &postgresDialect();
+
+} // namespace ebtq::db

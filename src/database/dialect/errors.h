@@ -1,0 +1,13 @@
+#pragma once
+
+#include "database/dialect/translator.h"
+
+namespace ebtq::db {
+
+/// Throws the DialectError "第 n 个字符处：…". Positions count from 0 inside and from 1 for people.
+[[noreturn]] void fail(qsizetype position, const QString &why);
+
+/// A piece of the statement as a message shows it: in quotation marks and not longer than a line.
+[[nodiscard]] QString quoted(QStringView text);
+
+} // namespace ebtq::db

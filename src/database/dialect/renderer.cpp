@@ -1,0 +1,270 @@
+#include "database/dialect/renderer.h"
+
+#include "database/dialect/errors.h"
+#include "database/dialect/tree_walk.h"
+
+namespace ebtq::db {
+
+namespace {
+
+/// The pieces open at the deepest place of the clauses themselves.
+constexpr int piecesOfStatement = 13;
+constexpr int piecesOfSelect = 12;
+constexpr int piecesOfJoin = 8;
+
+void appendUtf8(QByteArray &out, char32_t c)
+{
+    if (c < 0x80) {
+        out.append(static_cast<char>(c));
+    } else if (c < 0x800) {
+        out.append(static_cast<char>(0xC0 | (c >> 6)));
+        out.append(static_cast<char>(0x80 | (c & 0x3F)));
+    } else if (c < 0x10000) {
+        const char bytes[] = {static_cast<char>(0xE0 | (c >> 12)),
+                              static_cast<char>(0x80 | ((c >> 6) & 0x3F)),
+                              static_cast<char>(0x80 | (c & 0x3F))};
+        out.append(bytes, sizeof bytes);
+    } else {
+        const char bytes[] = {
+            static_cast<char>(0xF0 | (c >> 18)), static_cast<char>(0x80 | ((c >> 12) & 0x3F)),
+            static_cast<char>(0x80 | ((c >> 6) & 0x3F)), static_cast<char>(0x80 | (c & 0x3F))};
+        out.append(bytes, sizeof bytes);
+    }
+}
+
+/// Nothing in it can differ from row to row; as a sorting term an engine might even take it for a position.
+bool isConstant(const Expression &expression)
+{
+    if (expression.as<ColumnReference>() || expression.as<Call>() || expression.as<SubSelect>() ||
+        expression.as<ExistsTest>() || expression.as<SelectTest>())
+        return false;
+    bool result = true;
+    forEachChild(expression, [&](const Expression &child) { result = result && isConstant(child); });
+    return result;
+}
+
+} // namespace
+
+Renderer::Pieces::Pieces(Renderer &renderer, int count, qsizetype position)
+    : m_renderer(renderer)
+    , m_count(count)
+{
+    m_renderer.m_openPieces += count;
+    if (m_renderer.m_openPieces <= m_renderer.m_dialect.openPieces)
+        return;
+    m_renderer.m_openPieces -= count;
+    fail(position, u"语句嵌套过深，请简化后重试"_qs);
+}
+
+QByteArray Renderer::render(const Statement &statement, qsizetype sizeHint)
+{
+    m_out.reserve(sizeHint * 3 + 512);
+    const Pieces pieces(*this, piecesOfStatement, 0);
+    std::visit([this](const auto &each) { this->statement(each); }, statement);
+    return std::move(m_out);
+}
+
+/// Appends the text; the character `doubled` comes out twice.
+void Renderer::utf8(QStringView text, char16_t doubled)
+{
+    const char16_t *units = text.utf16();
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const char16_t c = units[at];
+        if (c == doubled)
+            write(static_cast<char>(c));
+        if (QChar::isHighSurrogate(c) && at + 1 < text.size())
+            appendUtf8(m_out, QChar::surrogateToUcs4(c, units[++at]));
+        else
+            appendUtf8(m_out, c);
+    }
+}
+
+void Renderer::identifier(QStringView name)
+{
+    write('"');
+    utf8(name, u'"');
+    write('"');
+}
+
+void Renderer::textLiteral(QStringView text)
+{
+    write('\'');
+    utf8(text, u'\'');
+    write('\'');
+}
+
+void Renderer::sourceName(int number)
+{
+    write('t');
+    m_out.append(QByteArray::number(number));
+}
+
+void Renderer::table(const Source &source)
+{
+    identifier(source.resolved->name);
+    write(" AS ");
+    sourceName(source.number);
+}
+
+void Renderer::where(const ExpressionPtr &condition)
+{
+    if (!condition)
+        return;
+    write(" WHERE ");
+    this->condition(*condition);
+}
+
+void Renderer::statement(const Insert &insert)
+{
+    write("INSERT INTO ");
+    identifier(insert.table.resolved->name);
+    for (size_t at = 0; at < insert.columns.size(); ++at) {
+        write(at == 0 ? '(' : ',');
+        identifier(insert.columns[at].column->as<ColumnReference>()->column->name);
+    }
+    if (!insert.columns.empty())
+        write(')');
+    if (insert.select) {
+        write(' ');
+        return select(*insert.select);
+    }
+    write(" VALUES (");
+    list(insert.values);
+    write(')');
+}
+
+void Renderer::statement(const Update &update)
+{
+    write("UPDATE ");
+    table(update.table);
+    const char *before = " SET ";
+    for (const Target &each : update.assignments) {
+        write(before);
+        identifier(each.column->as<ColumnReference>()->column->name);
+        write('=');
+        value(*each.value);
+        before = ",";
+    }
+    where(update.where);
+}
+
+void Renderer::statement(const Delete &deletion)
+{
+    write("DELETE FROM ");
+    table(deletion.table);
+    where(deletion.where);
+}
+
+/// A single select stands in place of a value.
+void Renderer::select(const Select &select, bool isDerived, bool isSingle)
+{
+    write(select.isDistinct ? "SELECT DISTINCT " : "SELECT ");
+    items(select, isDerived);
+    from(select);
+    where(select.where);
+    groupBy(select);
+    if (select.having) {
+        write(" HAVING ");
+        condition(*select.having);
+    }
+    orderBy(select);
+    limit(select, isSingle);
+}
+
+/// The columns of a derived table are compared further out, and of a distinct select by the engine itself.
+void Renderer::items(const Select &select, bool isDerived)
+{
+    const bool areCompared = isDerived || select.isDistinct;
+    for (size_t at = 0; at < select.items.size(); ++at) {
+        if (at > 0)
+            write(',');
+        const Expression &item = *select.items[at].expression;
+        if (areCompared)
+            caseless(item);
+        else
+            value(item);
+        if (isDerived) {
+            write(" AS c");
+            m_out.append(QByteArray::number(static_cast<qulonglong>(at)));
+        }
+    }
+}
+
+void Renderer::from(const Select &select)
+{
+    const char *before = " FROM ";
+    for (const FromItem &item : select.from) {
+        write(before);
+        fromItem(item, select);
+        before = ", ";
+    }
+}
+
+/// A right join is a left join the other way round: the columns are written out, so their order stays.
+void Renderer::fromItem(const FromItem &item, const Select &select)
+{
+    if (!item.isJoin()) {
+        const Source &source = select.sources[item.source];
+        if (!source.derived)
+            return table(source);
+        const Pieces pieces(*this, piecesOfSelect, source.position);
+        write('(');
+        this->select(*source.derived, true);
+        write(") AS ");
+        return sourceName(source.number);
+    }
+    const Pieces pieces(*this, piecesOfJoin, item.condition->position);
+    const bool isRight = item.kind == JoinKind::Right;
+    fromItem(isRight ? *item.right : *item.left, select);
+    write(item.kind == JoinKind::Inner ? " JOIN " : " LEFT JOIN ");
+    joinSide(isRight ? *item.left : *item.right, select);
+    write(" ON ");
+    condition(*item.condition);
+}
+
+void Renderer::joinSide(const FromItem &item, const Select &select)
+{
+    if (!item.isJoin())
+        return fromItem(item, select);
+    write('(');
+    fromItem(item, select);
+    write(')');
+}
+
+void Renderer::groupBy(const Select &select)
+{
+    const char *before = " GROUP BY ";
+    for (const ExpressionPtr &each : select.groupBy) {
+        write(before);
+        caseless(*each);
+        before = ",";
+    }
+}
+
+void Renderer::orderBy(const Select &select)
+{
+    const char *before = " ORDER BY ";
+    for (const OrderItem &item : select.orderBy) {
+        const Expression &term =
+            item.resultColumn ? *select.items[*item.resultColumn].expression : *item.expression;
+        if (isConstant(term))
+            continue;
+        write(before);
+        caseless(term);
+        write(item.isDescending ? m_dialect.descendingSuffix : m_dialect.ascendingSuffix);
+        before = ",";
+    }
+}
+
+void Renderer::limit(const Select &select, bool isSingle)
+{
+    const bool isCut =
+        isSingle && m_dialect.refusesSeveralRows && (!select.isGrouped || !select.groupBy.empty());
+    if (!select.top && !isCut)
+        return;
+    write(" LIMIT ");
+    const qint64 count = select.top.value_or(1);
+    m_out.append(QByteArray::number(isCut ? qMin(count, qint64(1)) : count));
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "database/dialect/dialect.h"
+#include "database/dialect/tree.h"
+
+namespace ebtq::db {
+
+/// Writes a resolved tree in an engine's language. Sources are named t0, t1, ... and every column is
+/// qualified, so no name of the statement can clash with another or with a word of the engine.
+class Renderer
+{
+public:
+    explicit Renderer(const Dialect &dialect)
+        : m_dialect(dialect)
+    {}
+    /// Throws DialectError for what is nested deeper than the engine's parser can follow.
+    [[nodiscard]] QByteArray render(const Statement &statement, qsizetype sizeHint);
+
+private:
+    class Pieces;
+
+    void write(QLatin1String text) { m_out.append(text.data(), text.size()); }
+    void write(const char *text) { m_out.append(text); }
+    void write(char c) { m_out.append(c); }
+    void utf8(QStringView text, char16_t doubled);
+    void identifier(QStringView name);
+    void textLiteral(QStringView text);
+    void sourceName(int number);
+
+    void statement(const Insert &insert);
+    void statement(const Update &update);
+    void statement(const Delete &deletion);
+    void statement(const SelectPtr &select) { this->select(*select); }
+    void table(const Source &source);
+    void where(const ExpressionPtr &condition);
+
+    void select(const Select &select, bool isDerived = false, bool isSingle = false);
+    void items(const Select &select, bool isDerived);
+    void from(const Select &select);
+    void fromItem(const FromItem &item, const Select &select);
+    void joinSide(const FromItem &item, const Select &select);
+    void groupBy(const Select &select);
+    void orderBy(const Select &select);
+    void limit(const Select &select, bool isSingle);
+
+    void value(const Expression &expression);
+    void condition(const Expression &expression);
+    void operand(const Expression &expression);
+    void bracketed(const Expression &expression, void (Renderer::*write)(const Expression &));
+    void caseless(const Expression &expression);
+    void comparedText(const Expression &left, bool needsNoCase);
+    void list(const std::vector<ExpressionPtr> &expressions, size_t from = 0);
+    void beginCall(const char *name);
+
+    void node(const NullLiteral &, const Expression &);
+    void node(const TextLiteral &literal, const Expression &);
+    void node(const NumberLiteral &literal, const Expression &);
+    void node(const DateLiteral &literal, const Expression &);
+    void node(const ColumnReference &reference, const Expression &);
+    void node(const Negation &negation, const Expression &);
+    void node(const Chain &chain, const Expression &self);
+    void node(const Comparison &comparison, const Expression &);
+    void node(const LikeTest &test, const Expression &);
+    void node(const ListTest &test, const Expression &self);
+    void node(const SelectTest &test, const Expression &self);
+    void node(const RangeTest &test, const Expression &self);
+    void node(const NullTest &test, const Expression &);
+    void node(const Not &negation, const Expression &);
+    void node(const ExistsTest &test, const Expression &self);
+    void node(const SubSelect &select, const Expression &self);
+    void node(const Call &call, const Expression &self);
+    void node(const Conversion &conversion, const Expression &self);
+
+    void plainCall(const Call &call, const Expression &self);
+    void aggregate(const Call &call, const Expression &self);
+    void conditional(const Call &call, const Expression &self);
+    void switched(const Call &call, const Expression &self);
+    void chosen(const Call &call, const Expression &self);
+    void instr(const Call &call, const Expression &self);
+    void concatenation(const Chain &chain);
+    void joined(const Expression &expression);
+    void joinedNumberColumn(const Expression &expression);
+    void asText(const Expression &expression);
+    void arithmetic(const Chain &chain);
+    void quotients(const Chain &chain);
+    void nestedCalls(const Chain &chain, const Expression &self);
+    void junction(const Chain &chain, const char *word);
+
+    const Dialect &m_dialect;
+    QByteArray m_out;
+    int m_openPieces = 0;
+};
+
+/// Counts the pieces that the engine's parser holds open while what lies inside is read.
+class Renderer::Pieces
+{
+public:
+    Pieces(Renderer &renderer, int count, qsizetype position);
+    Pieces(const Pieces &) = delete;
+    Pieces &operator=(const Pieces &) = delete;
+    ~Pieces() { m_renderer.m_openPieces -= m_count; }
+
+private:
+    Renderer &m_renderer;
+    int m_count;
+};
+
+} // namespace ebtq::db

@@ -1,0 +1,221 @@
+#include "database/dialect/renderer.h"
+#include "database/dialect/text_match.h"
+#include "database/values/date_text.h"
+#include "database/values/number_text.h"
+
+#include <cmath>
+
+namespace ebtq::db {
+
+namespace {
+
+constexpr int piecesOfCall = 5;
+constexpr int piecesOfCase = 6;
+constexpr int piecesOfChain = 2;
+
+bool isNeverNull(const Expression &expression)
+{
+    const auto *chain = expression.as<Chain>();
+    return chain && chain->links.front().op == Operator::Concatenate;
+}
+
+/// The text that a literal joins as; nothing for what is no literal.
+std::optional<QString> joinedLiteral(const Expression &expression)
+{
+    if (expression.as<NullLiteral>())
+        return QString();
+    if (const auto *text = expression.as<TextLiteral>())
+        return text->value;
+    if (const auto *number = expression.as<NumberLiteral>())
+        return numberString(number->value);
+    const auto *date = expression.as<DateLiteral>();
+    if (!date)
+        return std::nullopt;
+    std::string regional;
+    appendRegionalDate(date->stored.toStdString(), regional);
+    return QString::fromStdString(regional);
+}
+
+bool startsAtOne(const Expression &expression)
+{
+    const auto *number = expression.as<NumberLiteral>();
+    return number && number->value == 1;
+}
+
+} // namespace
+
+void Renderer::node(const Call &call, const Expression &self)
+{
+    switch (call.function->form) {
+    case Function::Form::Iif:
+        return conditional(call, self);
+    case Function::Form::Switch:
+        return switched(call, self);
+    case Function::Form::Choose:
+        return chosen(call, self);
+    case Function::Form::Instr:
+        return instr(call, self);
+    case Function::Form::Conversion:
+        return value(*call.arguments[0]);
+    case Function::Form::IsNull:
+        operand(*call.arguments[0]);
+        return write(" IS NULL");
+    case Function::Form::Count:
+    case Function::Form::Aggregate:
+        return aggregate(call, self);
+    default:
+        return plainCall(call, self);
+    }
+}
+
+void Renderer::plainCall(const Call &call, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfCall, self.position);
+    if (call.function->form == Function::Form::Nz)
+        write("coalesce(");
+    else
+        beginCall(call.function->name);
+    list(call.arguments);
+    write(')');
+}
+
+/// What is told apart or sorted by the engine is compared without regard to case.
+void Renderer::aggregate(const Call &call, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfCall, self.position);
+    write(call.function->name);
+    write(call.isDistinct ? "(DISTINCT " : "(");
+    if (call.isStar)
+        write('*');
+    else
+        caseless(*call.arguments[0]);
+    write(')');
+}
+
+/// A further iif in the third place becomes one more branch, so that a long row of them is not a deep one.
+void Renderer::conditional(const Call &call, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfCase, self.position);
+    write("CASE");
+    const Call *each = &call;
+    for (;;) {
+        write(" WHEN ");
+        condition(*each->arguments[0]);
+        write(" THEN ");
+        value(*each->arguments[1]);
+        const auto *next = each->arguments[2]->as<Call>();
+        if (!next || next->function->form != Function::Form::Iif)
+            break;
+        each = next;
+    }
+    write(" ELSE ");
+    value(*each->arguments[2]);
+    write(" END");
+}
+
+void Renderer::switched(const Call &call, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfCase, self.position);
+    write("CASE");
+    for (size_t at = 0; at < call.arguments.size(); at += 2) {
+        write(" WHEN ");
+        condition(*call.arguments[at]);
+        write(" THEN ");
+        value(*call.arguments[at + 1]);
+    }
+    write(" END");
+}
+
+void Renderer::chosen(const Call &call, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfCase, self.position);
+    write("CASE ");
+    value(*call.arguments[0]);
+    for (size_t at = 1; at < call.arguments.size(); ++at) {
+        write(" WHEN ");
+        m_out.append(QByteArray::number(static_cast<qulonglong>(at)));
+        write(" THEN ");
+        value(*call.arguments[at]);
+    }
+    write(" END");
+}
+
+/// The engine's own search does where case cannot matter; it is the one of the statements of every list.
+void Renderer::instr(const Call &call, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfCall, self.position);
+    const bool hasStart = call.arguments.size() == 3;
+    const size_t at = hasStart ? 1 : 0;
+    const auto *sought = call.arguments[at + 1]->as<TextLiteral>();
+    const bool isPlain = sought && !sought->value.isEmpty() && isCaseless(sought->value) &&
+                         (!hasStart || startsAtOne(*call.arguments[0]));
+    if (isPlain) {
+        write(m_dialect.position);
+        write('(');
+    } else {
+        beginCall("instr");
+        if (!hasStart)
+            write("1,");
+    }
+    list(call.arguments, isPlain ? at : 0);
+    write(')');
+}
+
+void Renderer::concatenation(const Chain &chain)
+{
+    const Pieces pieces(*this, piecesOfChain, chain.first->position);
+    joined(*chain.first);
+    for (const Chain::Link &link : chain.links) {
+        write("||");
+        joined(*link.operand);
+    }
+}
+
+/// One operand of &: its text, Null as empty.
+void Renderer::joined(const Expression &expression)
+{
+    if (const auto text = joinedLiteral(expression))
+        return textLiteral(*text);
+    if (isNeverNull(expression))
+        return operand(expression);
+    if (m_dialect.joinsNumbers && expression.type == Type::Number && expression.as<ColumnReference>())
+        return joinedNumberColumn(expression);
+    const Pieces pieces(*this, piecesOfCall, expression.position);
+    write("coalesce(");
+    const bool isWhole = expression.type == Type::Integer || expression.type == Type::Condition;
+    if (expression.type == Type::Text || (m_dialect.joinsNumbers && isWhole))
+        value(expression);
+    else
+        asText(expression);
+    write(",'')");
+}
+
+/// Whole numbers, which nearly all are, join as they stand. For the others the engine's own text differs from
+/// the dialect's in the form of very large and very small ones and of those that print as whole.
+void Renderer::joinedNumberColumn(const Expression &expression)
+{
+    const Pieces pieces(*this, piecesOfCall, expression.position);
+    write("coalesce(");
+    asText(expression);
+    write(",'')");
+}
+
+/// A value of any type but binary as a text, Null as Null.
+void Renderer::asText(const Expression &expression)
+{
+    const bool isWhole = expression.type == Type::Integer || expression.type == Type::Condition;
+    if (isWhole) {
+        write("CAST(");
+        value(expression);
+        write(" AS ");
+        write(m_dialect.textType);
+        return write(')');
+    }
+    if (expression.type == Type::Text || expression.type == Type::Null)
+        return value(expression);
+    beginCall(expression.type == Type::Date ? "datetext" : "text");
+    value(expression);
+    write(')');
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,364 @@
+#include "database/dialect/renderer.h"
+#include "database/dialect/text_match.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace ebtq::db {
+
+namespace {
+
+constexpr int piecesOfBracket = 3;
+constexpr int piecesOfCall = 5;
+constexpr int piecesOfList = 5;
+constexpr int piecesOfRange = 4;
+constexpr int piecesOfSelect = 13;
+
+/// What comes out as one piece that no operator beside it can tear apart.
+bool isAtomic(const Expression &expression)
+{
+    const auto *call = expression.as<Call>();
+    if (call && call->function->form == Function::Form::Conversion)
+        return isAtomic(*call->arguments[0]);
+    return !expression.as<Chain>() && expression.type != Type::Condition;
+}
+
+bool isColumn(const Expression &expression)
+{
+    return expression.as<ColumnReference>() != nullptr;
+}
+
+bool isCaselessLiteral(const Expression &expression)
+{
+    const auto *text = expression.as<TextLiteral>();
+    return text && isCaseless(text->value);
+}
+
+const char *wordOf(Operator op)
+{
+    switch (op) {
+    case Operator::Add:
+        return "+";
+    case Operator::Subtract:
+        return "-";
+    case Operator::Multiply:
+        return "*";
+    case Operator::Divide:
+        return "/";
+    case Operator::Equal:
+        return "=";
+    case Operator::NotEqual:
+        return "<>";
+    case Operator::Less:
+        return "<";
+    case Operator::LessOrEqual:
+        return "<=";
+    case Operator::Greater:
+        return ">";
+    case Operator::GreaterOrEqual:
+        return ">=";
+    default:
+        return "||";
+    }
+}
+
+} // namespace
+
+/// In place of a value a condition counts -1 for true and 0 for false, Null staying Null.
+void Renderer::value(const Expression &expression)
+{
+    if (expression.type != Type::Condition)
+        return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
+    const Pieces pieces(*this, piecesOfBracket, expression.position);
+    write("(-(");
+    condition(expression);
+    write(')');
+    write(m_dialect.conditionSuffix);
+    write(')');
+}
+
+void Renderer::condition(const Expression &expression)
+{
+    if (expression.type == Type::Condition || expression.type == Type::Null)
+        return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
+    operand(expression);
+    write("<>0");
+}
+
+void Renderer::bracketed(const Expression &expression, void (Renderer::*writeInside)(const Expression &))
+{
+    const Pieces pieces(*this, piecesOfBracket, expression.position);
+    write('(');
+    (this->*writeInside)(expression);
+    write(')');
+}
+
+void Renderer::operand(const Expression &expression)
+{
+    if (isAtomic(expression) || expression.type == Type::Condition)
+        value(expression);
+    else
+        bracketed(expression, &Renderer::value);
+}
+
+/// A value where the engine compares it with others on its own.
+void Renderer::caseless(const Expression &expression)
+{
+    comparedText(expression, true);
+}
+
+void Renderer::comparedText(const Expression &expression, bool needsNoCase)
+{
+    operand(expression);
+    if (needsNoCase && expression.type == Type::Text && !isColumn(expression))
+        write(m_dialect.caselessSuffix);
+}
+
+void Renderer::list(const std::vector<ExpressionPtr> &expressions, size_t from)
+{
+    for (size_t at = from; at < expressions.size(); ++at) {
+        if (at > from)
+            write(',');
+        value(*expressions[at]);
+    }
+}
+
+void Renderer::beginCall(const char *name)
+{
+    write(m_dialect.functionPrefix);
+    write(name);
+    write('(');
+}
+
+void Renderer::node(const NullLiteral &, const Expression &)
+{
+    write("NULL");
+}
+
+void Renderer::node(const TextLiteral &literal, const Expression &)
+{
+    textLiteral(literal.value);
+}
+
+/// A negative number stands in brackets: behind a minus it would begin a comment.
+void Renderer::node(const NumberLiteral &literal, const Expression &)
+{
+    char text[40];
+    const double number = literal.value;
+    const bool isWhole =
+        number > -9e18 && number < 9e18 && number == static_cast<double>(static_cast<qint64>(number));
+    const char *end = isWhole ? std::to_chars(text, text + sizeof text, static_cast<qint64>(number)).ptr
+                              : std::to_chars(text, text + sizeof text, number).ptr;
+    if (number < 0)
+        write('(');
+    m_out.append(text, end - text);
+    if (number < 0)
+        write(')');
+}
+
+void Renderer::node(const DateLiteral &literal, const Expression &)
+{
+    write(m_dialect.datePrefix);
+    textLiteral(literal.stored);
+}
+
+void Renderer::node(const ColumnReference &reference, const Expression &)
+{
+    sourceName(reference.source);
+    write('.');
+    if (!reference.isDerived)
+        return identifier(reference.column->name);
+    write('c');
+    m_out.append(QByteArray::number(reference.index));
+}
+
+void Renderer::node(const Negation &negation, const Expression &)
+{
+    write("(-");
+    operand(*negation.operand);
+    write(')');
+}
+
+void Renderer::node(const Comparison &comparison, const Expression &)
+{
+    const Expression &left = *comparison.left;
+    const Expression &right = *comparison.right;
+    const bool isEquality = comparison.op == Operator::Equal || comparison.op == Operator::NotEqual;
+    const bool hasNoCase = isEquality && (isCaselessLiteral(left) || isCaselessLiteral(right));
+    comparedText(left, !isColumn(right) && !hasNoCase);
+    write(wordOf(comparison.op));
+    operand(right);
+}
+
+void Renderer::node(const LikeTest &test, const Expression &)
+{
+    const auto *pattern = test.pattern->as<TextLiteral>();
+    const QStringView contained = pattern ? containedText(pattern->value) : QStringView();
+    if (!contained.isEmpty() && isCaseless(contained)) {
+        write(m_dialect.position);
+        write('(');
+        value(*test.value);
+        write(',');
+        textLiteral(contained);
+        return write(test.negated ? ")=0" : ")>0");
+    }
+    const Pieces pieces(*this, piecesOfCall, test.pattern->position);
+    if (test.negated)
+        write("NOT ");
+    beginCall("like");
+    value(*test.value);
+    write(',');
+    value(*test.pattern);
+    write(')');
+}
+
+void Renderer::node(const ListTest &test, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfList, self.position);
+    caseless(*test.value);
+    write(test.negated ? " NOT IN (" : " IN (");
+    list(test.items);
+    write(')');
+}
+
+void Renderer::node(const SelectTest &test, const Expression &self)
+{
+    caseless(*test.value);
+    const Pieces pieces(*this, piecesOfSelect, self.position);
+    write(test.negated ? " NOT IN (" : " IN (");
+    select(*test.select);
+    write(')');
+}
+
+void Renderer::node(const RangeTest &test, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfRange, self.position);
+    caseless(*test.value);
+    write(test.negated ? " NOT BETWEEN " : " BETWEEN ");
+    operand(*test.low);
+    write(" AND ");
+    operand(*test.high);
+}
+
+void Renderer::node(const NullTest &test, const Expression &)
+{
+    operand(*test.operand);
+    write(test.negated ? " IS NOT NULL" : " IS NULL");
+}
+
+void Renderer::node(const Not &negation, const Expression &)
+{
+    write("NOT ");
+    bracketed(*negation.operand, &Renderer::condition);
+}
+
+void Renderer::node(const ExistsTest &test, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfSelect, self.position);
+    write("EXISTS (");
+    select(*test.select);
+    write(')');
+}
+
+void Renderer::node(const SubSelect &inner, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfSelect, self.position);
+    write('(');
+    select(*inner.select, false, true);
+    write(')');
+}
+
+void Renderer::node(const Conversion &conversion, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfCall, self.position);
+    if (self.type == Type::Text)
+        return asText(*conversion.operand);
+    beginCall(self.type == Type::Date ? "cdate" : self.type == Type::Integer ? "clng" : "cdbl");
+    value(*conversion.operand);
+    write(')');
+}
+
+void Renderer::node(const Chain &chain, const Expression &self)
+{
+    switch (chain.links.front().op) {
+    case Operator::And:
+        return junction(chain, " AND ");
+    case Operator::Or:
+        return junction(chain, " OR ");
+    case Operator::Concatenate:
+        return concatenation(chain);
+    case Operator::Multiply:
+    case Operator::Divide:
+        return quotients(chain);
+    case Operator::IntegerDivide:
+    case Operator::Modulo:
+    case Operator::Power:
+        return nestedCalls(chain, self);
+    default:
+        return arithmetic(chain);
+    }
+}
+
+/// Comparisons need no brackets in a junction; junctions and negations do.
+void Renderer::junction(const Chain &chain, const char *word)
+{
+    const auto side = [this](const Expression &each) {
+        if (each.as<Chain>() || each.as<Not>())
+            bracketed(each, &Renderer::condition);
+        else
+            condition(each);
+    };
+    side(*chain.first);
+    for (const Chain::Link &link : chain.links) {
+        write(word);
+        side(*link.operand);
+    }
+}
+
+void Renderer::arithmetic(const Chain &chain)
+{
+    operand(*chain.first);
+    for (const Chain::Link &link : chain.links) {
+        write(wordOf(link.op));
+        operand(*link.operand);
+    }
+}
+
+/// Division is real division, also of whole numbers, and by 0 it gives Null.
+void Renderer::quotients(const Chain &chain)
+{
+    const bool divides =
+        std::ranges::find(chain.links, Operator::Divide, &Chain::Link::op) != chain.links.end();
+    if (!divides)
+        return arithmetic(chain);
+    write("CAST(");
+    value(*chain.first);
+    write(" AS ");
+    write(m_dialect.realType);
+    write(')');
+    for (const Chain::Link &link : chain.links) {
+        write(wordOf(link.op));
+        const bool isGuarded = m_dialect.zeroDivisionFails && link.op == Operator::Divide;
+        if (isGuarded)
+            write("nullif(");
+        operand(*link.operand);
+        if (isGuarded)
+            write(",0)");
+    }
+}
+
+/// a \ b \ c as f(f(a,b),c).
+void Renderer::nestedCalls(const Chain &chain, const Expression &self)
+{
+    const Pieces pieces(*this, piecesOfCall * static_cast<int>(chain.links.size()), self.position);
+    for (auto link = chain.links.rbegin(); link != chain.links.rend(); ++link)
+        beginCall(link->op == Operator::Power ? "power" : link->op == Operator::Modulo ? "mod" : "intdiv");
+    value(*chain.first);
+    for (const Chain::Link &link : chain.links) {
+        write(',');
+        value(*link.operand);
+        write(')');
+    }
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,36 @@
+#include "database/dialect/translator.h"
+
+#include "database/dialect/guard.h"
+#include "database/dialect/parser.h"
+#include "database/dialect/renderer.h"
+#include "database/dialect/resolver.h"
+
+namespace ebtq::db {
+
+namespace {
+
+StatementKind kindOf(const Statement &statement)
+{
+    constexpr StatementKind kinds[] = {StatementKind::Select, StatementKind::Insert, StatementKind::Update,
+                                       StatementKind::Delete};
+    return kinds[statement.index()];
+}
+
+} // namespace
+
+/// The guard comes before the reading: a value that breaks its quotes is told as what it is, not by the
+/// confusion that it makes further on.
+Translation translate(const SqlText &statement, const Dialect &dialect, const Catalog &catalog)
+{
+    const QStringView text = statement.text();
+    const std::vector<Token> tokens = tokenize(text);
+    checkTypedSpans(statement, tokens);
+    Statement tree = Parser(text, tokens).statement();
+    Resolver(text, catalog).resolve(tree);
+    Translation result{Renderer(dialect).render(tree, text.size()), kindOf(tree), {}};
+    if (const auto *select = std::get_if<SelectPtr>(&tree))
+        result.columns = std::move((*select)->columns);
+    return result;
+}
+
+} // namespace ebtq::db

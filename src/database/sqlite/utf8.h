@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QChar>
+
+#include <string_view>
+
+namespace ebtq::db {
+
+/// The character at `at`, which is moved behind it. A byte that begins no character counts as one by itself,
+/// so that no content of a database can lead outside the text.
+inline char32_t takeCharacter(std::string_view utf8, size_t &at)
+{
+    const auto byte = [&](size_t index) { return static_cast<unsigned char>(utf8[index]); };
+    const unsigned char first = byte(at++);
+    const size_t more = first < 0xC0 ? 0 : first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
+    if (more == 0 || at + more > utf8.size())
+        return first;
+    char32_t result = first & (0x3FU >> more);
+    for (size_t index = 0; index < more; ++index)
+        result = result << 6 | (byte(at++) & 0x3FU);
+    return result;
+}
+
+[[nodiscard]] inline char32_t foldedCharacter(char32_t c)
+{
+    if (c < 0x80)
+        return c >= U'A' && c <= U'Z' ? c + 32 : c;
+    return c <= 0x10FFFF ? QChar::toCaseFolded(c) : c;
+}
+
+} // namespace ebtq::db
