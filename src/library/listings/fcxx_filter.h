@@ -10,17 +10,17 @@ namespace ebtq {
 /// What the filter controls of the listing list hold when it is loaded. Texts are as typed.
 struct ListingFilter
 {
-    QString department;
+    QString department = {};
     double departmentKey = 0; ///< counts when `department` is not empty
-    QString agent;
+    QString agent = {};
     double agentKey = 0; ///< counts when `agent` is not empty
-    QString district;
-    QString building;
-    QString rooms; ///< as "3-2-1-1"
+    QString district = {};
+    QString building = {};
+    QString rooms = {}; ///< as "3-2-1-1"
     bool forSale = false;
     bool forRent = false;
-    QString state;
-    QString window; ///< of time, as in the combo box
+    QString state = {};
+    QString window = {}; ///< of time, as in the combo box
 };
 
 /// Captions of the time windows, in the order of the combo box. "十天内" and "十五月内" are no windows, as
