@@ -1,0 +1,161 @@
+#include "library/controls/field_control.h"
+#include "library/controls/inline_list.h"
+
+#include <gtest/gtest.h>
+
+using namespace ebtq;
+
+namespace {
+
+class FieldTest : public ::testing::Test
+{
+protected:
+    FieldTest()
+    {
+        field.set_help_flag(true);
+        field.set_judge_time(qzTxt_S::JudgeOnLeaving);
+        field.set_error_message(u"状态输入有误，请重新输入！"_qs);
+        QObject::connect(&field, &qzTxt_S::checkFailed,
+                         [this](const QString &text) { failures.append(text); });
+    }
+    void typeText(const QString &text, const QVariant &staleValue = 99)
+    {
+        field.setText(text);
+        field.setValue(staleValue);
+    }
+
+    qzTxt_S field{u"qzTxt"_qs, 3};
+    QStringList failures;
+};
+
+TEST_F(FieldTest, StatementFieldTakesWhatTheCheckGivesBack)
+{
+    field.set_judge_type(qzTxt_S::JudgeStatement);
+    field.set_judge_base(u"select 代码 where 代码='@'"_qs);
+    field.set_text_field_code(u"代码"_qs);
+    field.set_text_field_name(u"名称"_qs);
+    QStringList asked;
+    QObject::connect(&field, &qzTxt_S::FieldCheck,
+                     [&](const QString &base, const QString &valueField, const QString &textField,
+                         QVariant &value, QString &text) {
+                         asked.append(QStringList({base, valueField, textField, text}).join(u'|'));
+                         if (text != u"01" && text != u"有效")
+                             return;
+                         value = u"01"_qs;
+                         text = u"有效"_qs;
+                     });
+    typeText(u"01"_qs);
+    EXPECT_TRUE(field.check());
+    EXPECT_EQ(field.Text(), u"有效"_qs);
+    EXPECT_EQ(field.Value(), u"01"_qs);
+    EXPECT_TRUE(field.check()) << "an accepted text is not asked for again";
+    EXPECT_EQ(asked, QStringList(u"select 代码 where 代码='@'|代码|名称|01"_qs));
+
+    typeText(u"乱"_qs);
+    EXPECT_FALSE(field.check());
+    EXPECT_FALSE(field.check()) << "a refused text stays refused";
+    EXPECT_EQ(field.Text(), u"乱"_qs);
+    EXPECT_EQ(failures, QStringList(2, u"状态输入有误，请重新输入！"_qs));
+
+    typeText({});
+    EXPECT_TRUE(field.check());
+    EXPECT_FALSE(field.Value().isValid()) << "an emptied field filters by nothing";
+}
+
+TEST_F(FieldTest, ChecksByTable)
+{
+    struct Case
+    {
+        int type;
+        QString text;
+        bool passes;
+        QString textAfter;
+        QString valueAfter;
+    };
+    const Case cases[] = {
+        {qzTxt_S::JudgeDate, u"2026/9/8"_qs, true, u"2026-9-8"_qs, u"2026-9-8"_qs},
+        {qzTxt_S::JudgeDate, u"2026-2-30"_qs, false, u"2026-2-30"_qs, u"99"_qs},
+        {qzTxt_S::JudgeInlineList, u"本部"_qs, true, u"本部"_qs, u"1"_qs},
+        {qzTxt_S::JudgeInlineList, u"2"_qs, true, u"全部"_qs, u"2"_qs},
+        {qzTxt_S::JudgeInlineList, u"别处"_qs, false, u"别处"_qs, u"99"_qs},
+        {qzTxt_S::JudgeNothing, u"随便"_qs, true, u"随便"_qs, u"99"_qs},
+        {qzTxt_S::JudgeStatement, u"无人答"_qs, false, u"无人答"_qs, u"99"_qs},
+        {qzTxt_S::JudgeStatement, {}, true, {}, {}},
+    };
+    field.set_help_code(u"|本人;0|本部;1|全部;2"_qs);
+    for (const Case &c : cases) {
+        field.set_judge_type(c.type);
+        typeText(c.text);
+        EXPECT_EQ(field.check(), c.passes) << c.text.toStdString();
+        EXPECT_EQ(field.Text(), c.textAfter);
+        EXPECT_EQ(field.Value().toString(), c.valueAfter) << c.text.toStdString();
+    }
+    field.set_judge_time(qzTxt_S::JudgeNever);
+    typeText(u"无人答"_qs);
+    EXPECT_TRUE(field.check());
+}
+
+TEST_F(FieldTest, HelpIsRaisedByKind)
+{
+    QStringList raised;
+    QObject::connect(&field, &qzTxt_S::FieldHelp, [&](int left, int top, QString &text, QVariant &value) {
+        raised.append(u"own %1 %2 %3 %4"_qs.arg(left).arg(top).arg(text, value.toString()));
+        text = u"海珠区"_qs;
+        value = 7;
+    });
+    QObject::connect(
+        &field, &qzTxt_S::FieldGenericHelp,
+        [&](const QString &key, const QVariant &control, const QVariant &left, const QVariant &top) {
+            EXPECT_EQ(control.value<QObject *>(), &field);
+            raised.append(u"host %1 %2 %3"_qs.arg(key, left.toString(), top.toString()));
+        });
+    field.set_help_code(u"gy_fx"_qs);
+    for (const int type : {qzTxt_S::HostList, qzTxt_S::Calendar, qzTxt_S::InlineList}) {
+        field.set_help_type(type);
+        field.requestHelp(10, 20);
+    }
+    typeText(u"天河区"_qs, 5);
+    field.set_help_type(qzTxt_S::Custom);
+    field.requestHelp(10, 20);
+    EXPECT_EQ(field.Text(), u"海珠区"_qs);
+    EXPECT_EQ(field.Value(), 7);
+    field.setEnabled(false);
+    field.requestHelp(1, 1);
+    field.setEnabled(true);
+    field.set_help_flag(false);
+    field.requestHelp(1, 1);
+    EXPECT_EQ(raised, QStringList({u"host gy_fx 10 20"_qs, u"host date 10 20"_qs, u"host gy_fx 10 20"_qs,
+                                   u"own 10 20 天河区 5"_qs}));
+}
+
+TEST_F(FieldTest, APickedTextIsStillChecked)
+{
+    // The check fills the fields that depend on this one, whichever way the text came in.
+    field.set_help_type(qzTxt_S::Custom);
+    field.set_judge_type(qzTxt_S::JudgeStatement);
+    QObject::connect(&field, &qzTxt_S::FieldHelp, [](int, int, QString &text, QVariant &value) {
+        text = u"翠堤雅居"_qs;
+        value = 3;
+    });
+    int checks = 0;
+    QObject::connect(&field, &qzTxt_S::FieldCheck,
+                     [&](const QString &, const QString &, const QString &, QVariant &value, QString &) {
+                         ++checks;
+                         value = 3;
+                     });
+    field.requestHelp(0, 0);
+    EXPECT_TRUE(field.check());
+    EXPECT_EQ(checks, 1);
+}
+
+TEST(InlineListTest, ReadsWhatScreensWrite)
+{
+    const InlineList list(u"|有效;0|失效;1||无值"_qs);
+    ASSERT_EQ(list.entries().size(), 3U);
+    EXPECT_EQ(list.entries()[1].text, u"失效"_qs);
+    EXPECT_EQ(list.entries()[1].value, u"1"_qs);
+    EXPECT_EQ(list.entries()[2].value, QString());
+    EXPECT_TRUE(InlineList({}).entries().empty());
+}
+
+} // namespace

@@ -1,0 +1,114 @@
+#include "library/controls/flex_grid.h"
+#include "library/support/blocks.h"
+
+#include <gtest/gtest.h>
+
+using namespace ebtq;
+using ebtq::test::blockOf;
+
+namespace {
+
+class GridSearchTest : public ::testing::Test
+{
+protected:
+    GridSearchTest()
+    {
+        grid.setFixedCols(0);
+        grid.setFormatString(u"a|b|c|key"_qs);
+        grid.LoadArray(blockOf(4, {{u"FY01"_qs, u"天河区"_qs, u"3房"_qs, u"AB-天河"_qs},
+                                   {u"FY02"_qs, u"海珠区"_qs, u""_qs, u"房CD"_qs},
+                                   {u"fy03"_qs, u""_qs, u"4房%"_qs, u"EF"_qs}}));
+    }
+    /// Row numbers that stay in sight.
+    QList<int> kept(const QString &text, const QList<int> &columns,
+                    Qt::CaseSensitivity how = Qt::CaseSensitive)
+    {
+        grid.hideRowsWithout(text, columns, how);
+        QList<int> rows;
+        for (int position = 0; position < grid.visibleCount(); ++position)
+            rows.append(grid.rowInSight(position));
+        return rows;
+    }
+
+    VSFlexGrid grid{u"VS"_qs};
+};
+
+TEST_F(GridSearchTest, HitsByTable)
+{
+    struct Case
+    {
+        const char *why;
+        int currentCol;
+        QString text;
+        QList<int> columns;
+        QList<int> rows;
+    };
+    const Case cases[] = {
+        {"a cell of a searched column", 0, u"天河"_qs, {0, 1, 2}, {1}},
+        {"a column that is not searched", 0, u"CD"_qs, {0, 1, 2}, {}},
+        {"the current column is always searched", 3, u"CD"_qs, {0, 1, 2}, {2}},
+        {"a hit in an unsearched column hides none behind it", 0, u"F"_qs, {1, 2}, {1, 2}},
+        {"the end of one cell and the begin of the next are no hit", 0, u"01天"_qs, {0, 1, 2}, {}},
+        {"the end of a row and the begin of the next are no hit", 0, u"河F"_qs, {0, 1, 2, 3}, {}},
+        {"nor across an empty cell", 0, u"区房"_qs, {0, 1, 2, 3}, {}},
+        {"neighbours are parted by %", 0, u"01%天"_qs, {0, 1, 2}, {1}},
+        {"an empty neighbour leaves its %", 0, u"区%%房C"_qs, {0, 1, 2, 3}, {2}},
+        {"a % of a cell is one too", 0, u"房%"_qs, {0, 1, 2}, {3}},
+        {"the current column stands in front of the list", 2, u"3房%FY"_qs, {0, 1, 2}, {1}},
+        {"the current column counts twice", 0, u"FY01%FY01%"_qs, {0, 1, 2}, {1}},
+        {"case counts", 0, u"fy"_qs, {0, 1, 2}, {3}},
+        {"no text is in all rows", 0, QString(), {0}, {1, 2, 3}},
+        {"% alone needs a second column", 0, u"%"_qs, {}, {}},
+    };
+    for (const Case &c : cases) {
+        grid.setCol(c.currentCol);
+        EXPECT_EQ(kept(c.text, c.columns), c.rows) << c.why;
+        EXPECT_EQ(grid.findRow(c.text, c.columns, 1), c.rows.isEmpty() ? -1 : c.rows.front()) << c.why;
+    }
+}
+
+TEST_F(GridSearchTest, CaseMayBeLeftOut)
+{
+    EXPECT_EQ(kept(u"fY0"_qs, {0}, Qt::CaseInsensitive), QList<int>({1, 2, 3}));
+    EXPECT_EQ(kept(u"海珠"_qs, {1}, Qt::CaseInsensitive), QList<int>({2}));
+    EXPECT_EQ(kept(u"y03%"_qs, {1}, Qt::CaseInsensitive), QList<int>({3}));
+}
+
+TEST_F(GridSearchTest, EditedCellsHideWhatTheBlockHolds)
+{
+    grid.setTextMatrix(1, 1, u"荔湾区"_qs);
+    grid.insertRow(2);
+    grid.setTextMatrix(2, 1, u"天河区"_qs);
+    EXPECT_EQ(kept(u"天河"_qs, {1, 2}), QList<int>({2}));
+    EXPECT_EQ(kept(u"荔湾"_qs, {1, 2}), QList<int>({1}));
+    EXPECT_EQ(kept(u"FY0"_qs, {0}), QList<int>({1, 3}))
+        << "other cells of an edited row are still its block's";
+    grid.RemoveItem(3);
+    EXPECT_EQ(kept(u"海珠"_qs, {1}), QList<int>()) << "a removed row is searched no more";
+}
+
+TEST_F(GridSearchTest, FindGoesOnFromARowAndSeesHiddenOnes)
+{
+    grid.setRowHidden(2, true);
+    EXPECT_EQ(grid.findRow(u"FY"_qs, {0}, 2), 2);
+    EXPECT_EQ(grid.findRow(u"FY"_qs, {0}, 3), -1);
+    EXPECT_EQ(grid.findRow(u"FY"_qs, {0}, -7), 1);
+    EXPECT_EQ(grid.findRow(u"FY"_qs, {0}, 4), -1);
+}
+
+TEST(GridSearchLimits, EmptyGridsAndBlocksAreSearched)
+{
+    VSFlexGrid grid(u"VS"_qs);
+    grid.hideRowsWithout(u"x"_qs, {0, 5});
+    EXPECT_EQ(grid.findRow(u"x"_qs, {0}, 0), -1);
+    grid.setCols(2);
+    grid.LoadArray(RowBlock());
+    grid.setRows(3);
+    EXPECT_EQ(grid.findRow(u"x"_qs, {0, 1}, 1), -1);
+    grid.LoadArray(blockOf(1, {{QString()}, {QString()}, {u"x"_qs}}), 1);
+    EXPECT_EQ(grid.findRow(u"x"_qs, {0, 1}, 1), 3);
+    grid.setCol(0);
+    EXPECT_EQ(grid.findRow(u"x"_qs, {0}, 1), -1) << "left of the block's first column";
+}
+
+} // namespace

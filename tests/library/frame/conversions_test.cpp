@@ -1,0 +1,126 @@
+#include "library/frame/conversions.h"
+#include "library/frame/host_contracts.h"
+#include "library/frame/null_conv.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace ebtq;
+
+namespace {
+
+TEST(Conversions, FormatWritesNumbersByTheirPattern)
+{
+    struct Case
+    {
+        QVariant value;
+        QString pattern;
+        QString expected;
+    };
+    const QVariant text = QStringLiteral("12.5万");
+    const Case cases[] = {
+        {4.8888, u"#0.00"_qs, u"4.89"_qs},
+        {0, u"#0.00"_qs, u"0.00"_qs},
+        {0.5, u"#0.00"_qs, u"0.50"_qs},
+        {1.005, u"#0.00"_qs, u"1.01"_qs}, // what a person sees is rounded, not its binary neighbour
+        {2.675, u"#0.00"_qs, u"2.68"_qs},
+        {-1.005, u"#0.00"_qs, u"-1.01"_qs},
+        {-0.001, u"#0.00"_qs, u"0.00"_qs},
+        {0.005, u"#0.00"_qs, u"0.01"_qs},
+        {0.0049, u"#0.00"_qs, u"0.00"_qs},
+        {9.995, u"#0.00"_qs, u"10.00"_qs},
+        {0.95, u"0"_qs, u"1"_qs},
+        {0.5, u"##0"_qs, u"1"_qs},
+        {2.5, u"##0"_qs, u"3"_qs}, // away from zero, not to even
+        {0, u"##0"_qs, u"0"_qs},
+        {0, u"#"_qs, QString()},
+        {7, u"000"_qs, u"007"_qs},
+        {7, u"0#0"_qs, u"007"_qs},
+        {999, u"#,##0"_qs, u"999"_qs},
+        {1000, u"#,##0"_qs, u"1,000"_qs},
+        {999999.5, u"#,##0"_qs, u"1,000,000"_qs},
+        {-1234567.891, u"#,##0.00"_qs, u"-1,234,567.89"_qs},
+        {1234567, u"#,###,##0.00"_qs, u"1,234,567.00"_qs},
+        {0.25, u"#,###,##0.00"_qs, u"0.25"_qs},
+        {5, u"0.##"_qs, u"5"_qs},
+        {5.1, u"0.0##"_qs, u"5.1"_qs},
+        {1e15, u"#,##0"_qs, u"1,000,000,000,000,000"_qs},
+        {1e-20, u"#0.00"_qs, u"0.00"_qs},
+        {u"12.345"_qs, u"#0.00"_qs, u"12.35"_qs},
+        {text, u"#0.00"_qs, u"12.5万"_qs},
+        {QString(), u"#0.00"_qs, QString()},
+        {QVariant(), u"#0.00"_qs, QString()},
+        {QDateTime(QDate(2026, 9, 8), QTime(0, 0)), u"#0.00"_qs, u"2026-9-8"_qs},
+        {1.5, QString(), u"1.5"_qs},
+        {1.5, u"yyyy"_qs, u"1.5"_qs},
+        {1.5, u"0.0.0"_qs, u"1.5"_qs},
+        {std::numeric_limits<double>::infinity(), u"0.0"_qs, u"INF"_qs},
+    };
+    for (const Case &c : cases) {
+        EXPECT_EQ(Format(c.value, c.pattern), c.expected)
+            << c.value.toString().toStdString() << " by " << c.pattern.toStdString();
+    }
+}
+
+TEST(Conversions, ValuesBecomeTextAndNumbers)
+{
+    struct Case
+    {
+        QVariant value;
+        QString text;
+        double number;
+        int whole;
+    };
+    const Case cases[] = {
+        {{}, QString(), 0, 0},
+        {u""_qs, QString(), 0, 0},
+        {120.0, u"120"_qs, 120, 120},
+        {120.5, u"120.5"_qs, 120.5, 120}, // half to even
+        {121.5, u"121.5"_qs, 121.5, 122},
+        {-7, u"-7"_qs, -7, -7},
+        {qlonglong(1) << 30, u"1073741824"_qs, 1073741824, 1073741824},
+        {u" 3 2室"_qs, u" 3 2室"_qs, 32, 32},
+        {u"室3"_qs, u"室3"_qs, 0, 0},
+        {QDateTime(QDate(2026, 9, 8), QTime(14, 5, 9)), u"2026-9-8 14:05:09"_qs, 2026, 2026},
+        {QDate(2026, 12, 31), u"2026-12-31"_qs, 2026, 2026},
+        {true, u"True"_qs, 0, 0},
+    };
+    for (const Case &c : cases) {
+        EXPECT_EQ(NullConv::ToText(c.value), c.text);
+        EXPECT_EQ(Val(c.value), c.number) << c.text.toStdString();
+        EXPECT_EQ(NullConv::ToLong(c.value), c.whole) << c.text.toStdString();
+        EXPECT_EQ(NullConv::ToNumber(c.value).toDouble(), c.number) << c.text.toStdString();
+    }
+    EXPECT_EQ(NullConv::ToNumber({}).userType(), QMetaType::Int);
+    EXPECT_THROW((void)NullConv::ToLong(u"3000000000"_qs), Failure);
+    EXPECT_THROW((void)NullConv::ToLong(u"-1e999"_qs), Failure);
+}
+
+TEST(Conversions, NumbersInStatementsNeverHaveAnExponent)
+{
+    EXPECT_EQ(PlainDecimal(12), u"12"_qs);
+    EXPECT_EQ(PlainDecimal(-0.5), u"-0.5"_qs);
+    EXPECT_EQ(PlainDecimal(1e15), u"1000000000000000"_qs);
+    EXPECT_EQ(PlainDecimal(0.00001), u"0.00001"_qs);
+    EXPECT_THROW((void)PlainDecimal(Val(u"1e999"_qs)), Failure);
+}
+
+TEST(Conversions, TrimTakesBlanksOnly)
+{
+    EXPECT_EQ(Trim(u"  天河 区 "), u"天河 区"_qs);
+    EXPECT_EQ(Trim(u"\t天河\u3000"), u"\t天河\u3000"_qs);
+    EXPECT_EQ(Trim(u"   "), QString());
+    EXPECT_EQ(Trim({}), QString());
+}
+
+TEST(Conversions, WholePartStaysAnInt)
+{
+    EXPECT_EQ(WholePart(2.99), 2);
+    EXPECT_EQ(WholePart(-2.99), -2);
+    EXPECT_EQ(WholePart(1e300), std::numeric_limits<int>::max());
+    EXPECT_EQ(WholePart(-1e300), std::numeric_limits<int>::min());
+    EXPECT_EQ(WholePart(std::numeric_limits<double>::quiet_NaN()), 0);
+}
+
+} // namespace

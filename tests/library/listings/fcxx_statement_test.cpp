@@ -1,0 +1,130 @@
+#include "library/frame/host_contracts.h"
+#include "library/listings/fcxx_filter.h"
+#include "library/listings/fcxx_list.h"
+
+#include <gtest/gtest.h>
+
+using namespace ebtq;
+
+namespace {
+
+const QDate today(2026, 11, 22);
+
+TEST(ListingStatement, IsExactlyThis)
+{
+    const QString head =
+        u"select '',房源编号,交易方式  as 交易,交易状态 as 状态,地区 as 城区,楼盘字典,栋座位置 as "
+        u"栋座,房号,楼层 & '/' & 总楼层, 附属房,"
+        u"房型_房 & '房' & 房型_厅 & '厅' & 房型_卫 & '卫' & 房型_阳台 &'阳台' as 房型,总面积 as "
+        u"面积,朝向,装修,"
+        u"售房价格 & '万元' as 售总价,租房价格 & '元/月' as 租总价,委托日期 as 委托日,C.mtname as "
+        u"部门,D.姓名 as 业务员,房源ID,"
+        u"(select count(rowindex) from pubAttach where isActive=1 and isPicture<>1 and progID=101 and "
+        u"ids=A.房源ID) as 附件"
+        u" from ((fyxx A left join su_membership B on A.用户ID=B.userID)"
+        u" left join su_usertype C on B.UserTypeID=C.mtID) left join pdmgy D on A.业务员ID=D.雇员ID"_qs;
+    EXPECT_EQ(listingStatement(101, {}).text(), head + u" order by 房源编号 desc"_qs);
+    const SqlText filtered =
+        listingStatement(101, SqlText(u" where A.地区='"_qs) + typed(u"天河"_qs) + u"'"_qs);
+    EXPECT_EQ(filtered.text(), head + u" where A.地区='天河' order by 房源编号 desc"_qs);
+    ASSERT_EQ(filtered.typedSpans().size(), 1);
+    const auto span = filtered.typedSpans().front();
+    EXPECT_EQ(filtered.text().mid(span.begin, span.length), u"天河"_qs);
+    EXPECT_TRUE(listingStatement(-7, {}).text().contains(u"progID=-7 and ids"));
+}
+
+TEST(ListingFilterTest, ClausesByTable)
+{
+    const QString membership = u" where A.用户ID in(select userID from su_membership where UserTypeID=%1)"_qs;
+    const QString rooms = u"房型_房 & '-' & 房型_厅 & '-' & 房型_卫 & '-' & 房型_阳台='%1'"_qs;
+    struct Case
+    {
+        ListingFilter filter;
+        QString where;
+        QStringList typedTexts;
+    };
+    const Case cases[] = {
+        {{}, QString(), {}},
+        {{.department = u"营业一部"_qs, .departmentKey = 12}, membership.arg(12), {}},
+        {{.department = u" "_qs, .departmentKey = 12}, membership.arg(12), {}}, // a blank is a text here
+        {{.department = u"营业一部"_qs}, membership.arg(0), {}}, // typed, but never looked up: finds nothing
+        {{.departmentKey = 12, .agentKey = 3}, QString(), {}},   // the text decides
+        {{.agent = u"张敏"_qs, .agentKey = 3}, u" where A.业务员ID=3"_qs, {}},
+        {{.agent = u"张敏"_qs, .agentKey = 1e20}, u" where A.业务员ID=100000000000000000000"_qs, {}},
+        {{.district = u"  天河区 "_qs}, u" where A.地区='天河区'"_qs, {u"天河区"_qs}},
+        {{.district = u"   "_qs, .building = u" "_qs, .rooms = u" "_qs, .state = u" "_qs}, QString(), {}},
+        {{.building = u"翠堤\t"_qs}, u" where A.楼盘字典='翠堤\t'"_qs, {u"翠堤\t"_qs}},
+        {{.rooms = u"3-2-1-1"_qs}, u" where "_qs + rooms.arg(u"3-2-1-1"), {u"3-2-1-1"_qs}},
+        {{.forSale = true}, u" where 交易方式 like '%售%'"_qs, {}},
+        {{.forRent = true}, u" where 交易方式 like '%租%'"_qs, {}},
+        {{.forSale = true, .forRent = true}, QString(), {}},
+        {{.state = u"有效"_qs}, u" where 交易状态='有效'"_qs, {u"有效"_qs}},
+        {{.district = u"x' or '1'='1"_qs}, u" where A.地区='x' or '1'='1'"_qs, {u"x' or '1'='1"_qs}},
+        {{.department = u"一部"_qs,
+          .departmentKey = 4,
+          .agent = u"李"_qs,
+          .agentKey = 5,
+          .district = u"天河"_qs,
+          .building = u"东湖"_qs,
+          .rooms = u"1-1-1-0"_qs,
+          .forRent = true,
+          .state = u"有效"_qs,
+          .window = u"七天内"_qs},
+         membership.arg(4) + u" and A.业务员ID=5 and A.地区='天河' and A.楼盘字典='东湖' and "_qs +
+             rooms.arg(u"1-1-1-0") +
+             u" and 交易方式 like '%租%' and 交易状态='有效' and 操作日期>#2026-11-15#"_qs,
+         {u"天河"_qs, u"东湖"_qs, u"1-1-1-0"_qs, u"有效"_qs}},
+    };
+    for (const Case &c : cases) {
+        const SqlText where = listingWhere(c.filter, today);
+        EXPECT_EQ(where.text(), c.where);
+        QStringList typedTexts;
+        for (const auto &span : where.typedSpans())
+            typedTexts.append(where.text().mid(span.begin, span.length));
+        EXPECT_EQ(typedTexts, c.typedTexts) << c.where.toStdString();
+    }
+}
+
+TEST(ListingFilterTest, AKeyThatIsNoNumberIsRefused)
+{
+    const ListingFilter filter{.agent = u"张敏"_qs, .agentKey = HUGE_VAL};
+    EXPECT_THROW((void)listingWhere(filter, today), Failure);
+}
+
+TEST(ListingFilterTest, WindowsOfTime)
+{
+    struct Case
+    {
+        QString text;
+        QDate day;
+        QString date; // empty: no clause
+    };
+    const QDate leapDay(2024, 2, 29);
+    const QDate endOfMay(2026, 5, 31);
+    const Case cases[] = {
+        {u"三天内"_qs, today, u"2026-11-19"_qs},
+        {u"七天内"_qs, today, u"2026-11-15"_qs},
+        {u" 十天内"_qs, today, u"2026-11-12"_qs},
+        {u"十五天内"_qs, today, u"2026-11-7"_qs},
+        {u"一个月内"_qs, today, u"2026-10-22"_qs},
+        {u"三个月内"_qs, today, u"2026-8-22"_qs},
+        {u"半年内"_qs, today, u"2026-5-22"_qs},
+        {u"一年内"_qs, today, u"2025-11-22"_qs},
+        {u"一年内"_qs, leapDay, u"2023-2-28"_qs},
+        {u"三个月内"_qs, endOfMay, u"2026-2-28"_qs},
+        {u"三天内"_qs, QDate(2026, 1, 2), u"2025-12-30"_qs},
+        {u"十天内"_qs, today, {}},
+        {u"十五月内"_qs, today, {}},
+        {u"全部"_qs, today, {}},
+        {u"三天内 "_qs, today, {}},
+        {u"昨天"_qs, today, {}},
+    };
+    for (const Case &c : cases) {
+        const QString expected = c.date.isEmpty() ? QString() : u" where 操作日期>#%1#"_qs.arg(c.date);
+        EXPECT_EQ(listingWhere({.window = c.text}, c.day).text(), expected) << c.text.toStdString();
+    }
+    EXPECT_EQ(listingWindowCaptions().join(u'|'),
+              u"三天内|七天内|十天内|十五月内|一个月内|三个月内|半年内|一年内|全部"_qs);
+}
+
+} // namespace

@@ -1,0 +1,291 @@
+#include "library/listings/fcxx_fixture.h"
+
+#include <QMetaMethod>
+
+using namespace ebtq;
+using ebtq::test::FcxxTest;
+
+namespace {
+
+TEST_F(FcxxTest, InitSetsUpTheScreenAndLoadsNothing)
+{
+    init();
+    EXPECT_TRUE(host.statements().isEmpty());
+    EXPECT_EQ(events, QStringList());
+    QStringList captions;
+    QStringList hidden;
+    for (int col = 0; col < list.VS().Cols(); ++col) {
+        (list.VS().ColHidden(col) ? hidden : captions).append(list.VS().TextMatrix(0, col));
+        EXPECT_EQ(list.VS().FixedAlignment(col), VSFlexGrid::AlignCentre);
+    }
+    EXPECT_EQ(captions.join(u'|'),
+              u"|房源编号|交易|状态|城区|楼盘字典|楼层|附属房|房型|面积|朝向|装修|售总价|租总价|"
+              u"委托日|部门|经纪人"_qs);
+    EXPECT_EQ(hidden.join(u'|'), u"栋座|房号|房源ID|附件"_qs);
+    EXPECT_EQ(list.VS().CellPicture(0, 0), u"mail-attachment"_qs);
+    EXPECT_EQ(list.VS().FixedCols(), 0);
+    EXPECT_EQ(list.VS().BackColorAlternate(), 0xC0FFFF);
+    EXPECT_EQ(list.VS().ToolTipText(), u"提示：双击进入原始单据查询"_qs);
+    EXPECT_EQ(list.XPCmb().Text(), QString());
+    EXPECT_EQ(list.XPCmb().items().size(), 9);
+    EXPECT_EQ(list.SearchBox1().columns(),
+              QList<int>({0, 1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18}));
+}
+
+TEST_F(FcxxTest, EventsAndContractsAreThoseOfTheHost)
+{
+    const QMetaObject *meta = list.metaObject();
+    QStringList signalNames;
+    for (int at = meta->methodOffset(); at < meta->methodCount(); ++at)
+        signalNames.append(QString::fromLatin1(meta->method(at).name()));
+    EXPECT_EQ(signalNames.join(u' '),
+              u"Message ErrMessage FormRefreshed Property VsMouseDown RefreshGetGridStatus UnLoad"_qs);
+    QObject *object = &list;
+    ASSERT_NE(qobject_cast<IReportUI *>(object), nullptr);
+    EXPECT_NE(qobject_cast<IDesignUI *>(object), nullptr);
+    EXPECT_EQ(qobject_cast<IFormUI *>(object), nullptr);
+    EXPECT_EQ(list.IReportUI_oTable(), &list.VS());
+    EXPECT_EQ(list.IReportUI_Attributes(99), u"nomenu"_qs);
+    for (const QVariant &other : {QVariant(98), QVariant(), QVariant(u"menu"_qs)})
+        EXPECT_EQ(list.IReportUI_Attributes(other).toString(), QString());
+    EXPECT_FALSE(list.IReportUI_Find({}) || list.IReportUI_FindNext() || list.IReportUI_Filter({}) ||
+                 list.IReportUI_RecordTop() || list.IReportUI_RecordPrevious() ||
+                 list.IReportUI_RecordNext() || list.IReportUI_RecordBottom() ||
+                 list.IReportUI_PrintPreview() || list.IReportUI_DoPrint() || list.IReportUI_PrintSetup() ||
+                 list.IReportUI_Help());
+}
+
+TEST_F(FcxxTest, ToolbarKeepsItsPlacesAndShowsWhatWorks)
+{
+    QString shown;
+    QString all;
+    for (const NavToolbar::Item &item : list.NavToolbar1().items()) {
+        const QString key = item.key.isEmpty() ? u"|"_qs : item.key + u' ';
+        all += key;
+        if (item.visible)
+            shown += key;
+    }
+    EXPECT_EQ(all, u"all buy rent |new edit delete |gj |refresh |close "_qs);
+    EXPECT_EQ(shown, u"all buy rent |refresh |close "_qs);
+}
+
+TEST_F(FcxxTest, RefusedRightsDisableTheirButtons)
+{
+    const QStringList keys{u"new"_qs, u"edit"_qs, u"delete"_qs};
+    const QList<int> rights{RightNew, RightEdit, RightDelete};
+    for (int refused = 0; refused < 8; ++refused) {
+        host.refusedRights.clear();
+        for (int at = 0; at < 3; ++at) {
+            if (refused & (1 << at))
+                host.refusedRights.insert(rights[at]);
+        }
+        init();
+        for (int at = 0; at < 3; ++at)
+            EXPECT_EQ(list.NavToolbar1().isEnabled(keys[at]), !(refused & (1 << at))) << refused;
+        EXPECT_TRUE(list.NavToolbar1().isEnabled(u"gj"_qs));
+    }
+    EXPECT_TRUE(host.calls().contains(u"rights 101"_qs));
+}
+
+TEST_F(FcxxTest, RefreshLoadsInOneStatementAndTellsInOrder)
+{
+    init();
+    willLoad({u"FY3"_qs, u"FY2"_qs, u"FY1"_qs, u"FY0"_qs});
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(events, QStringList({u"layout, 4 rows"_qs, u"message 共加载4条记录"_qs}));
+    EXPECT_EQ(host.calls(), QStringList({u"open"_qs, u"release"_qs}));
+    EXPECT_TRUE(lastStatement().contains(u"progID=101 and"));
+    EXPECT_FALSE(lastStatement().contains(u"where A."));
+    EXPECT_EQ(inSight(), QStringList({u"FY3"_qs, u"FY2"_qs, u"FY1"_qs, u"FY0"_qs}));
+    QString icons;
+    for (int row = 1; row < list.VS().Rows(); ++row)
+        icons += list.VS().CellPicture(row, 0) == u"mail-attachment" ? u'x' : u'-';
+    EXPECT_EQ(icons, u"x--x"_qs);
+    EXPECT_EQ(list.VS().Row(), 1);
+    EXPECT_TRUE(list.VS().Redraw());
+    EXPECT_EQ(desktop.waits(), 1);
+}
+
+TEST_F(FcxxTest, AnEmptyResultCountsNothing)
+{
+    init();
+    willLoad({u"FY1"_qs});
+    EXPECT_TRUE(refresh());
+    host.answer = [](const SqlText &) { return RowBlock(); };
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(events, QStringList({u"layout, 0 rows"_qs, u"message 共加载0条记录"_qs}));
+    EXPECT_EQ(list.VS().Rows(), 1);
+    EXPECT_EQ(list.VS().TextMatrix(list.VS().Row(), 19), u"房源ID"_qs);
+}
+
+TEST_F(FcxxTest, AFailedStatementEmptiesTheListAndKeepsTheFilter)
+{
+    init();
+    willLoad({u"FY1"_qs, u"FY2"_qs});
+    EXPECT_TRUE(refresh());
+    list.qzTxt(0).setText(u"O'Hara"_qs);
+    int rowsWhenAsked = -1;
+    host.answer = [&](const SqlText &) -> RowBlock {
+        rowsWhenAsked = list.VS().Rows();
+        throw std::runtime_error("输入的内容含有撇号");
+    };
+    EXPECT_FALSE(refresh());
+    EXPECT_EQ(rowsWhenAsked, 1) << "emptied before the database is asked";
+    EXPECT_EQ(events, QStringList(u"error 输入的内容含有撇号|8|EBTQ_S"_qs));
+    EXPECT_EQ(host.calls(), QStringList({u"open"_qs, u"release"_qs}));
+    EXPECT_EQ(list.VS().Rows(), 1);
+    EXPECT_TRUE(list.VS().Redraw());
+    EXPECT_EQ(list.qzTxt(0).Text(), u"O'Hara"_qs);
+}
+
+TEST_F(FcxxTest, TrappedErrorsNameModuleAndOperation)
+{
+    EXPECT_FALSE(refresh());
+    EXPECT_EQ(events, QStringList(u"error Fcxx-->IRptUI_Refresh::模块尚未初始化！|8|EBTQ_S"_qs));
+    init();
+    list.qzTxt(5).setText(u"张敏"_qs);
+    list.qzTxt(5).setValue(u"1e999"_qs);
+    EXPECT_FALSE(refresh());
+    EXPECT_EQ(events, QStringList(u"error Fcxx-->IRptUI_Refresh::数值超出范围，请重新输入！|8|EBTQ_S"_qs));
+    EXPECT_EQ(host.calls(), QStringList(u"release"_qs));
+    EXPECT_TRUE(list.VS().Redraw());
+    events.clear();
+    host.parametersFail = true;
+    EXPECT_FALSE(list.IReportUI_Init(host, 101));
+    EXPECT_EQ(events,
+              QStringList(u"error Fcxx-->IRptUI_Init::初始化过程发生错误，原因:参数表不可用|8|EBTQ_S"_qs));
+}
+
+TEST_F(FcxxTest, FilterFieldsMakeTheStatement)
+{
+    init();
+    list.qzTxt(4).setText(u"营业一部"_qs);
+    list.qzTxt(4).setValue(u"12"_qs);
+    list.qzTxt(5).setText(u"张敏"_qs);
+    list.qzTxt(0).setText(u"天河区"_qs);
+    list.qzTxt(7).setText(u"翠堤雅居"_qs);
+    list.qzTxt(1).setText(u"3-2-1-1"_qs);
+    list.qzTxt(3).setText(u"有效"_qs);
+    list.Chk(0).setValue(1);
+    list.XPCmb().setText(u"三天内"_qs);
+    EXPECT_TRUE(refresh());
+    EXPECT_TRUE(lastStatement().endsWith(
+        u"on A.业务员ID=D.雇员ID where A.用户ID in(select userID from su_membership where UserTypeID=12)"
+        u" and A.业务员ID=0 and A.地区='天河区' and A.楼盘字典='翠堤雅居'"
+        u" and 房型_房 & '-' & 房型_厅 & '-' & 房型_卫 & '-' & 房型_阳台='3-2-1-1' and 交易方式 like '%售%'"
+        u" and 交易状态='有效' and 操作日期>#2026-11-19# order by 房源编号 desc"))
+        << lastStatement().toStdString();
+}
+
+TEST_F(FcxxTest, CommandsSetTheFilterAndReload)
+{
+    init();
+    struct Case
+    {
+        QString key;
+        int forSale;
+        int forRent;
+        QString clause;
+    };
+    const Case cases[] = {
+        {u"buy"_qs, 1, 0, u" where 交易方式 like '%售%' and 操作日期>#2026-11-19# order"_qs},
+        {u"rent"_qs, 0, 1, u" where 交易方式 like '%租%' and 操作日期>#2026-11-19# order"_qs},
+        {u"all"_qs, 0, 0, u" where 操作日期>#2026-11-19# order"_qs}};
+    list.XPCmb().setText(u"三天内"_qs);
+    for (const Case &c : cases) {
+        list.Chk(0).setValue(1 - c.forSale);
+        list.Chk(1).setValue(1 - c.forRent);
+        for (const int number : {0, 1, 3, 4, 5, 7}) {
+            list.qzTxt(number).setText(u"x"_qs);
+            list.qzTxt(number).setValue(7);
+        }
+        list.NavToolbar1().press(c.key);
+        EXPECT_EQ(list.Chk(0).Value(), c.forSale) << c.key.toStdString();
+        EXPECT_EQ(list.Chk(1).Value(), c.forRent) << c.key.toStdString();
+        for (const int number : {0, 1, 3, 4, 5, 7}) {
+            EXPECT_EQ(list.qzTxt(number).Text(), QString()) << number;
+            const bool emptied = number == 0 || number == 4 || number == 5;
+            EXPECT_EQ(list.qzTxt(number).Value().isValid(), !emptied) << number;
+        }
+        EXPECT_TRUE(lastStatement().contains(c.clause)) << lastStatement().toStdString();
+    }
+    list.qzTxt(3).setText(u"有效"_qs);
+    host.forget();
+    list.NavToolbar1().press(u"refresh"_qs);
+    EXPECT_TRUE(lastStatement().contains(u" where 交易状态='有效' and 操作日期>#2026-11-19# order"));
+    events.clear();
+    list.NavToolbar1().press(u"close"_qs);
+    list.NavToolbar1().press(u"new"_qs);
+    EXPECT_EQ(events, QStringList(u"unload true"_qs));
+    EXPECT_EQ(host.statements().size(), 1);
+}
+
+TEST_F(FcxxTest, WheelTurnsRowsAtTheUsersRate)
+{
+    struct Case
+    {
+        QString rate;
+        int most;      // of the wheel, for 22 rows with the header
+        int position;  // with row 12 on top
+        int topOfTurn; // when the wheel stands at 4
+    };
+    const Case cases[] = {
+        {u""_qs, 4, 2, 15},
+        {u"0"_qs, 4, 2, 15},
+        {u"三"_qs, 4, 2, 15},
+        {u"3"_qs, 7, 4, 9},
+        {u"2.5行"_qs, 8, 4, 7},
+        {u"100"_qs, 0, 0, 21},
+        {u"1e-300"_qs, std::numeric_limits<int>::max(), std::numeric_limits<int>::max(), 1}};
+    QStringList numbers;
+    for (int row = 0; row < 21; ++row)
+        numbers.append(u"FY%1"_qs.arg(row));
+    willLoad(numbers);
+    for (const Case &c : cases) {
+        host.wheelRate = c.rate;
+        init();
+        EXPECT_TRUE(refresh());
+        MouseWheel &wheel = *list.mcMouseEvent();
+        EXPECT_EQ(wheel.Max(), c.most) << c.rate.toStdString();
+        EXPECT_EQ(wheel.Min(), 1);
+        EXPECT_EQ(wheel.grid(), nullptr);
+        list.VS().reportFocus();
+        EXPECT_EQ(wheel.grid(), &list.VS());
+        list.VS().setTopRow(12);
+        list.VS().setRow(list.VS().Row() == 5 ? 6 : 5);
+        EXPECT_EQ(wheel.Value(), c.position) << c.rate.toStdString();
+        wheel.setMax(4);
+        wheel.setValue(4);
+        wheel.turn(0);
+        EXPECT_EQ(list.VS().TopRow(), c.topOfTurn) << c.rate.toStdString();
+    }
+}
+
+TEST_F(FcxxTest, ClearEndsTheModule)
+{
+    init();
+    willLoad({u"FY1"_qs});
+    EXPECT_TRUE(refresh());
+    host.forget();
+    EXPECT_TRUE(list.IReportUI_Clear());
+    EXPECT_EQ(list.VS().Rows(), 0);
+    EXPECT_EQ(list.mcMouseEvent(), nullptr);
+    list.VS().reportFocus();
+    list.SearchBox1().searchNow();
+    EXPECT_FALSE(list.IReportUI_Refresh());
+    EXPECT_TRUE(host.calls().isEmpty());
+    init();
+    EXPECT_TRUE(refresh());
+}
+
+TEST_F(FcxxTest, MousePressesAreHandedOn)
+{
+    QString seen;
+    QObject::connect(&list, &Fcxx::VsMouseDown, [&](short &button, short &shift, float &x, float &y) {
+        seen = u"%1 %2 %3 %4"_qs.arg(button).arg(shift).arg(x).arg(y);
+    });
+    list.VS().reportMouseDown(1, 2, 3, 4);
+    EXPECT_EQ(seen, u"1 2 3 4"_qs);
+}
+
+} // namespace

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "library/frame/desktop.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <functional>
+
+namespace ebtq::test {
+
+/// The person and the machine of a test: answers what was scripted, in order, and records what was asked. A
+/// question that nobody scripted fails the test, as does an answer that nobody asked for.
+class ScriptedDesktop : public Desktop
+{
+public:
+    ~ScriptedDesktop() override;
+
+    void willAnswer(Answer answer) { m_answers.append(answer); }
+    void willType(std::optional<QString> text) { m_inputs.append(std::move(text)); }
+    void willChooseFile(const QString &path) { m_files.append(path); }
+    /// Runs while the next form is shown.
+    void willShow(std::function<void(QObject &)> act) { m_forms.append(std::move(act)); }
+    void setNow(const QDateTime &now) { m_now = now; }
+
+    /// Each question as "title|text", each file request as "title|file", in order.
+    [[nodiscard]] const QStringList &asked() const { return m_asked; }
+    [[nodiscard]] const QStringList &openedFiles() const { return m_openedFiles; }
+    /// How often the wait cursor was shown; that it was taken away each time is checked at the end.
+    [[nodiscard]] int waits() const { return m_waits; }
+
+    Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons) override;
+    std::optional<QString> inputBox(const QString &prompt, const QString &title,
+                                    const QString &preset) override;
+    QString openDialog(const QString &title, const QString &folder, const QString &filter) override;
+    QString saveDialog(const QString &title, const QString &proposedPath, const QString &filter) override;
+    void showModal(QObject &form) override;
+    bool openFile(const QString &path) override;
+    void setWaitCursor(bool on) override;
+    [[nodiscard]] QDateTime now() const override { return m_now; }
+    QString makeTempFile(const QString &prefix) override;
+    QByteArray newGuidBytes() override;
+
+private:
+    template<class T> T take(QList<T> &script, const QString &question, T otherwise);
+
+    QList<Answer> m_answers;
+    QList<std::optional<QString>> m_inputs;
+    QList<QString> m_files;
+    QList<std::function<void(QObject &)>> m_forms;
+    QStringList m_asked;
+    QStringList m_openedFiles;
+    QStringList m_tempFiles;
+    QDateTime m_now{QDate(2026, 11, 22), QTime(9, 30)};
+    int m_waits = 0;
+    int m_waiting = 0;
+    char m_lastGuid = 0;
+};
+
+} // namespace ebtq::test
