@@ -3,7 +3,8 @@
 #include "database/dialect/dialect.h"
 #include "database/dialect/translator.h"
 #include "host/module_ids.h"
-#include "library/listings/fcxx.h"
+#include "library/listings/fcxx_filter.h"
+#include "library/listings/fcxx_list.h"
 #include "measure.h"
 
 #include <QJsonObject>
@@ -25,17 +26,20 @@ void prepareOnly(sqlite3 *handle, const QByteArray &sql)
     sqlite3_finalize(statement);
 }
 
-/// The list with a filter in every field, as an agent's longest question is.
-void fillFilter(Fcxx &list)
+/// A filter in every field, as an agent's longest question is.
+ListingFilter longestFilter()
 {
-    list.qzTxt(0).setText(QStringLiteral("天河区"));
-    list.qzTxt(1).setText(QStringLiteral("3-2-2-1"));
-    list.qzTxt(3).setText(QStringLiteral("有效"));
-    list.qzTxt(4).setText(QStringLiteral("营业一部"));
-    list.qzTxt(4).setValue(1);
-    list.qzTxt(7).setText(QStringLiteral("云山花园"));
-    list.Chk(0).setValue(1);
-    list.XPCmb().setText(QStringLiteral("三个月内"));
+    return {.department = QStringLiteral("营业一部"),
+            .departmentKey = 1,
+            .agent = QStringLiteral("张敏"),
+            .agentKey = 2,
+            .district = QStringLiteral("天河区"),
+            .building = QStringLiteral("云山花园"),
+            .rooms = QStringLiteral("3-2-2-1"),
+            .forSale = true,
+            .forRent = false,
+            .state = QStringLiteral("有效"),
+            .window = QStringLiteral("三个月内")};
 }
 
 QJsonObject compare(sqlite3 *handle, const SqlText &statement, const db::Catalog &catalog, int rounds)
@@ -65,13 +69,13 @@ int dialectBenchmark(const Options &options)
     Options small = options;
     small.rows = 100;
     Agency agency(small);
-    Fcxx list(agency.desktop());
-    list.IReportUI_Init(agency.app(), host::ListingModule);
     sqlite3 *handle = agency.connection().handle();
     const db::Catalog &catalog = agency.connection().catalog();
-    const QJsonObject plain = compare(handle, list.listStatement(), catalog, options.rounds);
-    fillFilter(list);
-    const QJsonObject filtered = compare(handle, list.listStatement(), catalog, options.rounds);
+    const auto figuresOf = [&](const SqlText &where) {
+        return compare(handle, listingStatement(host::ListingModule, where), catalog, options.rounds);
+    };
+    const QJsonObject plain = figuresOf({});
+    const QJsonObject filtered = figuresOf(listingWhere(longestFilter(), QDate(2026, 11, 22)));
     const double worst =
         std::max(plain[QStringLiteral("ratio")].toDouble(), filtered[QStringLiteral("ratio")].toDouble());
     print({{QStringLiteral("benchmark"), QStringLiteral("dialect")},
