@@ -33,7 +33,8 @@ std::optional<Match> judgeInlineList(const QString &list, const QString &typedTe
 RowBlock inlineListRows(const QString &list)
 {
     RowBlock rows({{QStringLiteral("名称"), ColumnType::Text}, {QStringLiteral("值"), ColumnType::Text}});
-    for (const InlineList::Entry &entry : InlineList(list).entries()) {
+    const InlineList parsed(list);
+    for (const InlineList::Entry &entry : parsed.entries()) {
         rows.append(entry.text.toStdString());
         rows.append(entry.value.toStdString());
     }

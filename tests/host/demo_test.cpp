@@ -1,0 +1,162 @@
+#include "host/demo/demo.h"
+
+#include "host/bill_numbers.h"
+#include "host/rights.h"
+#include "host/users.h"
+#include "library/frame/host_contracts.h"
+
+#include <gtest/gtest.h>
+
+namespace ebtq::test {
+
+namespace {
+
+using db::Connection;
+
+const QDate today(2026, 11, 24);
+
+host::DemoOptions options(quint64 seed)
+{
+    host::DemoOptions options;
+    options.listings = 600;
+    options.customers = 150;
+    options.followUps = 400;
+    options.seed = seed;
+    options.today = today;
+    options.passwordCost = host::PasswordCost::lowest();
+    return options;
+}
+
+std::unique_ptr<Connection> demo(quint64 seed = 1)
+{
+    auto connection = Connection::open(QStringLiteral(":memory:"));
+    host::writeDemo(*connection, options(seed));
+    return connection;
+}
+
+/// One database for the tests that only read.
+Connection &sample()
+{
+    static const std::unique_ptr<Connection> connection = demo();
+    return *connection;
+}
+
+int count(Connection &connection, const QString &tablesAndCondition)
+{
+    return connection.query(QStringLiteral("select count(*) from ") + tablesAndCondition).value(0, 0).toInt();
+}
+
+} // namespace
+
+TEST(DemoTest, SameSeedAndDateGiveTheSameRows)
+{
+    const auto again = demo();
+    const auto other = demo(2);
+    for (const QString &table :
+         {QStringLiteral("fyxx"), QStringLiteral("fykh"), QStringLiteral("fygj"), QStringLiteral("pdmlpzd"),
+          QStringLiteral("su_membership"), QStringLiteral("pubAttach")}) {
+        const SqlText all(QStringLiteral("select * from %1 order by 1").arg(table));
+        const RowBlock rows = sample().query(all);
+        EXPECT_GT(rows.rowCount(), 0) << table.toStdString();
+        EXPECT_TRUE(rows.arena() == again->query(all).arena()) << table.toStdString();
+        EXPECT_FALSE(rows.arena() == other->query(all).arena()) << table.toStdString();
+    }
+}
+
+TEST(DemoTest, EveryReferenceIsThere)
+{
+    const char16_t *orphans[] = {
+        u"fyxx where 楼盘ID not in(select 楼盘ID from pdmlpzd)",
+        u"fyxx where 栋座ID not in(select 栋座ID from pdmdz)",
+        u"fyxx where 地区ID not in(select 地区ID from pdmdq where 是否明细=1)",
+        u"fyxx where 业务员ID not in(select 雇员ID from pdmgy)",
+        u"fyxx where 用户ID not in(select userID from su_membership)",
+        u"fykh where 地区ID not in(select 地区ID from pdmdq where 是否明细=1)",
+        u"fygj where 房源ID not in(select 房源ID from fyxx) and 房源ID not in(select 客源ID from fykh)",
+        u"pubAttach where IDs not in(select 房源ID from fyxx) or progID<>101",
+        u"su_membership where UserTypeID not in(select mtID from su_usertype)",
+        u"su_membership where userID not in(select userID from host_users)",
+        u"(fyxx A left join pdmlpzd B on A.楼盘ID=B.楼盘ID) where A.楼盘字典<>B.楼盘名称 or "
+        u"A.地区ID<>B.地区ID",
+        u"(fyxx A left join pdmdz B on A.栋座ID=B.栋座ID) where A.栋座位置<>B.栋座名称 or A.楼盘ID<>B.楼盘ID",
+        u"(fyxx A left join pdmgy B on A.业务员ID=B.雇员ID) where A.制单人<>B.姓名",
+    };
+    for (const char16_t *orphan : orphans)
+        EXPECT_EQ(count(sample(), QString::fromUtf16(orphan)), 0) << QString::fromUtf16(orphan).toStdString();
+}
+
+TEST(DemoTest, RowsAreBelievable)
+{
+    const char16_t *unbelievable[] = {
+        u"fyxx where val(楼层)>val(总楼层) or val(楼层)<1",
+        u"fyxx where 实用面积>=总面积",
+        u"fyxx where 售房底价>售房价格 or 租房底价>租房价格",
+        u"fyxx where 交易方式 like '%售%' and 售房价格<=0",
+        u"fyxx where 交易方式='出租' and 售房价格<>0",
+        u"fyxx where 操作日期>#2026-11-24# or 操作日期<制单日期 or 制单日期<#2025-5-24#",
+        u"fyxx where 看房 like '%匙%' and 钥匙号=''",
+        u"fykh where 面积1>=面积2 or 求购价格1>求购价格2 or 求租价格1>求租价格2",
+        u"fykh where (方式=1 and 求租价格2<>0) or (方式=2 and 求购价格2<>0)",
+        u"fygj where 操作日期>#2026-11-24#",
+        u"fygj where 下次提醒=1 and 提醒日期 is null",
+        u"fyxx where 朝向 not in(select 名称 from pdmsjzd where 类型='房屋朝向')",
+        u"fyxx where 交易状态 not in(select 名称 from pdmsjzd where 类型='交易状态')",
+    };
+    for (const char16_t *rows : unbelievable)
+        EXPECT_EQ(count(sample(), QString::fromUtf16(rows)), 0) << QString::fromUtf16(rows).toStdString();
+    EXPECT_EQ(count(sample(), QStringLiteral("fyxx")), 600);
+    EXPECT_EQ(count(sample(), QStringLiteral("fykh")), 150);
+    EXPECT_EQ(count(sample(), QStringLiteral("fygj")), 400);
+    EXPECT_GT(count(sample(), QStringLiteral("fygj where 下次提醒=1 and 处理结果=''")), 0);
+}
+
+TEST(DemoTest, ListsAndDictionariesHaveSomethingToShow)
+{
+    EXPECT_GE(count(sample(), QStringLiteral("pdmlpzd")), 40);
+    const RowBlock names = sample().query(QStringLiteral("select distinct 楼盘名称 from pdmlpzd"));
+    EXPECT_EQ(names.rowCount(), count(sample(), QStringLiteral("pdmlpzd"))) << "two buildings have one name";
+    const RowBlock kinds = sample().query(QStringLiteral("select distinct 类型 from pdmsjzd"));
+    EXPECT_EQ(kinds.rowCount(), 21);
+    for (const char16_t *state : {u"有效", u"已售", u"已租"})
+        EXPECT_GT(count(sample(), QStringLiteral("fyxx where 交易状态='%1'").arg(state)), 0);
+    EXPECT_GT(count(sample(), QStringLiteral("pubAttach where isActive=1 and isPicture<>1 and filesize>0")),
+              0);
+}
+
+TEST(DemoTest, NumbersAreUniqueAndGoOnFromTheLast)
+{
+    const RowBlock numbers = sample().query(QStringLiteral("select distinct 房源编号 from fyxx"));
+    EXPECT_EQ(numbers.rowCount(), 600);
+    const QString next = host::previewBillCode(sample(), 101, today);
+    EXPECT_EQ(
+        count(sample(), QStringLiteral("fyxx where 房源编号>='%1' and 房源编号 like 'FY202611%'").arg(next)),
+        0);
+    EXPECT_GT(next, QStringLiteral("FY2026110001"));
+}
+
+TEST(DemoTest, StaffSignsInWithItsRights)
+{
+    const host::User manager = host::signIn(sample(), QStringLiteral("演示"), QStringLiteral("demo"));
+    EXPECT_EQ(manager.department, QStringLiteral("营业一部"));
+    for (const int right : {RightNew, RightDelete, RightEdit})
+        EXPECT_TRUE(host::ModuleRights(sample(), manager.id, 101).Allowed(right));
+    EXPECT_GT(count(sample(), QStringLiteral("host_rights where rightID=2 and allowed=0")), 0);
+    EXPECT_GT(count(sample(), QStringLiteral("host_rights where rightID=7 and allowed=0")),
+              count(sample(), QStringLiteral("host_rights where rightID=8 and allowed=0")));
+}
+
+TEST(DemoTest, ADatabaseInUseIsLeftAlone)
+{
+    const auto connection = Connection::open(QStringLiteral(":memory:"));
+    host::DemoOptions small = options(1);
+    small.listings = 0;
+    small.customers = 1;
+    small.followUps = 2;
+    host::writeDemo(*connection, small);
+    EXPECT_THROW(host::writeDemo(*connection, small), Failure);
+    EXPECT_FALSE(connection->inTransaction());
+    EXPECT_EQ(count(*connection, QStringLiteral("fykh")), 1);
+    EXPECT_EQ(count(*connection, QStringLiteral("fygj")), 2);
+}
+
+} // namespace ebtq::test

@@ -1,0 +1,182 @@
+#include "host/bill_numbers.h"
+
+#include "host/host_database.h"
+#include "host/host_fixture.h"
+#include "host/setup.h"
+#include "library/frame/id_generator.h"
+
+#include <set>
+#include <thread>
+
+namespace ebtq::test {
+
+class NumbersTest : public HostTest
+{
+protected:
+    QString number(bool take, int moduleId = 101, const QDate &date = loginDate)
+    {
+        QString code = QStringLiteral("working number");
+        const bool given = m_host->NewBillCode(moduleId, date, code, take);
+        EXPECT_EQ(given, m_host->LastError().Description.isEmpty());
+        return given ? code : QString();
+    }
+    QString nextId(const char16_t *table, const char16_t *column, int &id)
+    {
+        IdGenerator generator;
+        generator.Init(m_host->Db());
+        return generator.NextID(QString::fromUtf16(table), QString::fromUtf16(column), id);
+    }
+    int buildingId()
+    {
+        int id = -1;
+        EXPECT_EQ(nextId(u"pdmlpzd", u"楼盘ID", id), QString());
+        return id;
+    }
+};
+
+TEST_F(NumbersTest, NumbersRunThroughTheMonthOfEachModule)
+{
+    EXPECT_EQ(number(true), QStringLiteral("FY2026110001"));
+    EXPECT_EQ(number(true), QStringLiteral("FY2026110001")) << "showing a number used it up";
+    EXPECT_EQ(number(false), QStringLiteral("FY2026110001"));
+    EXPECT_EQ(number(false, 101, QDate(2026, 11, 1)), QStringLiteral("FY2026110002"));
+    EXPECT_EQ(number(true), QStringLiteral("FY2026110003"));
+    EXPECT_EQ(number(false, 101, QDate(2026, 12, 1)), QStringLiteral("FY2026120001"));
+    EXPECT_EQ(number(false, 102), QStringLiteral("KY2026110001"));
+    host::setLastBillNumber(*m_connection, 101, loginDate, 9999);
+    EXPECT_EQ(number(false), QStringLiteral("FY20261110000"));
+}
+
+TEST_F(NumbersTest, NumbersThatCannotBeGivenSayWhy)
+{
+    for (const bool take : {true, false}) {
+        EXPECT_EQ(number(take, 203), QString()) << "a module without a prefix";
+        EXPECT_EQ(number(take, 999), QString());
+        EXPECT_EQ(number(take, 101, QDate()), QString());
+    }
+    EXPECT_EQ(value(u"select count(*) from host_numbers").toInt(), 0);
+    EXPECT_FALSE(m_connection->inTransaction());
+}
+
+TEST_F(NumbersTest, ANumberOfAnUndoneSaveComesBack)
+{
+    m_host->Db().BeginTrans();
+    EXPECT_EQ(number(false), QStringLiteral("FY2026110001"));
+    m_host->Db().RollbackTrans();
+    EXPECT_EQ(number(false), QStringLiteral("FY2026110001"));
+}
+
+TEST_F(NumbersTest, KeysAreAboveTheTableAndAboveEveryKeyGivenOut)
+{
+    EXPECT_EQ(buildingId(), 33);
+    EXPECT_EQ(buildingId(), 34) << "a key that was not stored yet was given out twice";
+    execute(u"insert into pdmlpzd(楼盘ID,楼盘编号) values(100,'imported')");
+    EXPECT_EQ(buildingId(), 101);
+    execute(u"delete from pdmlpzd");
+    EXPECT_EQ(buildingId(), 102) << "the key of a deleted row came back";
+    int id = 0;
+    EXPECT_EQ(nextId(u"pdmDz", u"栋座ID", id), QString());
+    EXPECT_EQ(id, 1);
+    EXPECT_EQ(nextId(u"pdmdz", u"栋座ID", id), QString());
+    EXPECT_EQ(id, 2) << "the same table in another spelling has a counter of its own";
+}
+
+TEST_F(NumbersTest, KeysJoinTheOpenTransaction)
+{
+    m_host->Db().BeginTrans();
+    EXPECT_EQ(buildingId(), 33);
+    m_host->Db().RollbackTrans();
+    EXPECT_EQ(buildingId(), 33);
+    EXPECT_FALSE(m_connection->inTransaction());
+}
+
+TEST_F(NumbersTest, KeysThatCannotBeMadeSayWhy)
+{
+    int id = 5;
+    IdGenerator unused;
+    EXPECT_FALSE(unused.NextID(QStringLiteral("pdmlpzd"), QStringLiteral("楼盘ID"), id).isEmpty());
+    EXPECT_TRUE(nextId(u"无此表", u"ID", id).contains(u"无此表"));
+    m_host->Db().Release();
+    EXPECT_TRUE(nextId(u"pdmlpzd", u"无此列", id).contains(u"无此列"));
+    m_host->Db().Release();
+    execute(u"insert into pdmlpzd(楼盘ID,楼盘编号) values(2147483647,'last')");
+    EXPECT_TRUE(nextId(u"pdmlpzd", u"楼盘ID", id).contains(u"用完"));
+    m_host->Db().Release();
+    EXPECT_EQ(id, 5);
+    EXPECT_FALSE(m_connection->inTransaction());
+}
+
+TEST_F(NumbersTest, AFailedKeyLeavesNothingForTheCallerToCommit)
+{
+    m_host->Db().BeginTrans();
+    execute(u"delete from pdmgy");
+    int id = 0;
+    EXPECT_FALSE(nextId(u"无此表", u"ID", id).isEmpty());
+    m_host->Db().CommitTrans();
+    m_host->Db().Release();
+    EXPECT_EQ(value(u"select count(*) from pdmgy").toInt(), 2) << "half of an abandoned save was written";
+}
+
+namespace {
+
+constexpr int rounds = 60;
+
+/// What one program does: takes numbers and keys as fast as it can.
+void takeMany(const QString &file, QStringList &numbers, std::vector<int> &keys)
+{
+    const auto connection = db::Connection::open(file);
+    connection->setLockTimeout(60000);
+    host::HostDatabase database(*connection);
+    IdGenerator generator;
+    generator.Init(database);
+    for (int round = 0; round < rounds; ++round) {
+        numbers << host::issueBillCode(*connection, 101, loginDate);
+        int id = 0;
+        if (generator.NextID(QStringLiteral("pdmlpzd"), QStringLiteral("楼盘ID"), id).isEmpty())
+            keys.push_back(id);
+    }
+}
+
+} // namespace
+
+TEST_F(NumbersTest, ConcurrentProgramsNeverGetTheSame)
+{
+    const QString file = m_folder.filePath(QStringLiteral("shared.db"));
+    host::prepareDatabase(*db::Connection::open(file, db::Connection::Missing::IsCreated));
+    constexpr size_t programs = 4;
+    QStringList numbers[programs];
+    std::vector<int> keys[programs];
+    std::vector<std::thread> threads;
+    for (size_t at = 0; at < programs; ++at)
+        threads.emplace_back([&, at] { takeMany(file, numbers[at], keys[at]); });
+    for (std::thread &thread : threads)
+        thread.join();
+
+    std::set<QString> allNumbers;
+    std::set<int> allKeys;
+    for (size_t at = 0; at < programs; ++at) {
+        allNumbers.insert(numbers[at].begin(), numbers[at].end());
+        allKeys.insert(keys[at].begin(), keys[at].end());
+    }
+    constexpr int taken = rounds * static_cast<int>(programs);
+    EXPECT_EQ(allNumbers.size(), taken);
+    EXPECT_EQ(allKeys.size(), taken);
+    EXPECT_EQ(*allKeys.rbegin(), taken);
+    EXPECT_TRUE(allNumbers.contains(QStringLiteral("FY2026110%1").arg(taken)));
+}
+
+TEST_F(NumbersTest, TwoSessionsOnOneFileTakeTurns)
+{
+    const QString file = m_folder.filePath(QStringLiteral("turns.db"));
+    const auto first = db::Connection::open(file, db::Connection::Missing::IsCreated);
+    host::prepareDatabase(*first);
+    const auto second = db::Connection::open(file);
+    for (int round = 0; round < 3; ++round) {
+        const QString shown = host::previewBillCode(*second, 101, loginDate);
+        EXPECT_EQ(host::issueBillCode(*first, 101, loginDate), shown);
+        EXPECT_NE(host::issueBillCode(*second, 101, loginDate), shown);
+    }
+    EXPECT_EQ(host::previewBillCode(*first, 101, loginDate), QStringLiteral("FY2026110007"));
+}
+
+} // namespace ebtq::test

@@ -1,0 +1,103 @@
+#include "host/users.h"
+
+#include "host/host_fixture.h"
+#include "host/rights.h"
+#include "host/setup.h"
+
+namespace ebtq::test {
+
+using host::createUser;
+using host::PasswordCost;
+using host::signIn;
+
+class UsersTest : public HostTest
+{
+protected:
+    QString signInFailure(const QString &name, const QString &password)
+    {
+        try {
+            (void)signIn(*m_connection, name, password);
+        } catch (const Failure &failure) {
+            return QString::fromUtf8(failure.what());
+        }
+        return {};
+    }
+    const QString m_name = QStringLiteral("梁佳宁");
+    const QString m_password = QStringLiteral("暗号 'x' #1");
+};
+
+TEST_F(UsersTest, SignsInWithNameAndPasswordAlone)
+{
+    const QString id = createUser(*m_connection, {m_name, m_password, 6}, PasswordCost::lowest());
+    const host::User user = signIn(*m_connection, m_name, m_password);
+    EXPECT_EQ(user.id, id);
+    EXPECT_FALSE(id.contains(u'{'));
+    EXPECT_EQ(user.name, m_name);
+    EXPECT_EQ(user.department, QStringLiteral("营业二部"));
+    EXPECT_FALSE(value(u"select password from host_users").toString().contains(m_password));
+}
+
+TEST_F(UsersTest, RefusalsDoNotTellWhatWasWrong)
+{
+    createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
+    const QString refusal = signInFailure(m_name, QStringLiteral("wrong"));
+    EXPECT_FALSE(refusal.isEmpty());
+    for (const QString &name : {QStringLiteral("无此人"), QString(), QStringLiteral("' or '1'='1")})
+        EXPECT_EQ(signInFailure(name, m_password), refusal) << name.toStdString();
+    EXPECT_EQ(signInFailure(m_name, QString()), refusal);
+    execute(u"update host_users set isActive=0");
+    EXPECT_EQ(signInFailure(m_name, m_password), refusal);
+}
+
+TEST_F(UsersTest, NewUsersNeedAFreeNameAndAPassword)
+{
+    createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
+    EXPECT_THROW(createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest()), Failure);
+    EXPECT_THROW(createUser(*m_connection, {QStringLiteral("  "), m_password}, PasswordCost::lowest()),
+                 Failure);
+    EXPECT_THROW(createUser(*m_connection, {QStringLiteral("乙"), QString()}, PasswordCost::lowest()),
+                 Failure);
+    EXPECT_THROW(createUser(*m_connection, {QStringLiteral("O'Neil"), m_password}, PasswordCost::lowest()),
+                 db::DatabaseError);
+    EXPECT_EQ(value(u"select count(*) from host_users").toInt(), 1);
+    EXPECT_FALSE(m_connection->inTransaction());
+}
+
+TEST_F(UsersTest, PasswordsCanBeChanged)
+{
+    createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
+    host::setPassword(*m_connection, m_name, QStringLiteral("new"), PasswordCost::lowest());
+    EXPECT_FALSE(signInFailure(m_name, m_password).isEmpty());
+    EXPECT_EQ(signInFailure(m_name, QStringLiteral("new")), QString());
+    EXPECT_THROW(
+        host::setPassword(*m_connection, QStringLiteral("无此人"), m_password, PasswordCost::lowest()),
+        Failure);
+}
+
+TEST_F(UsersTest, RightsAreGrantedByRowsAlone)
+{
+    const auto allowed = [this](int moduleId, int right) { return m_host->Rights(moduleId)->Allowed(right); };
+    EXPECT_FALSE(allowed(101, RightEdit));
+    host::setRight(*m_connection, agentId, 101, RightEdit, true);
+    EXPECT_TRUE(allowed(101, RightEdit));
+    EXPECT_FALSE(allowed(102, RightEdit)) << "a right on one module counted for another";
+    EXPECT_FALSE(allowed(101, RightDelete));
+    host::setRight(*m_connection, agentId, 101, RightEdit, false);
+    EXPECT_FALSE(allowed(101, RightEdit));
+    execute(u"delete from host_rights");
+    host::setRight(*m_connection, QStringLiteral("somebody else"), 101, RightEdit, true);
+    EXPECT_FALSE(allowed(101, RightEdit));
+}
+
+TEST_F(UsersTest, FirstUserHasEveryRightAndIsTheOnlyFirst)
+{
+    host::createFirstUser(*m_connection, m_name, m_password);
+    const QString id = signIn(*m_connection, m_name, m_password).id;
+    for (const int right : {RightNew, RightDelete, RightEdit}) {
+        EXPECT_TRUE(host::ModuleRights(*m_connection, id, 101).Allowed(right));
+        EXPECT_TRUE(host::ModuleRights(*m_connection, id, 203).Allowed(right));
+    }
+    EXPECT_THROW(host::createFirstUser(*m_connection, QStringLiteral("乙"), m_password), Failure);
+}
+
+} // namespace ebtq::test
