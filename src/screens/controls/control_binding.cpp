@@ -1,0 +1,70 @@
+#include "screens/controls/control_binding.h"
+
+#include "library/controls/control.h"
+
+#include <QLabel>
+#include <QWidget>
+
+namespace ebtq {
+
+namespace {
+
+/// A caption as it is read aloud: without the mnemonic's mark and the colon.
+QString spokenName(const Control &control)
+{
+    QString name = control.Caption().trimmed();
+    const qsizetype mnemonic = name.indexOf(QLatin1String("(&"));
+    if (mnemonic >= 0)
+        name.remove(mnemonic, 4);
+    while (name.endsWith(u':') || name.endsWith(u'：'))
+        name.chop(1);
+    return name.isEmpty() ? widgetName(control) : name;
+}
+
+/// A widget that was never shown or hidden by hand is left to its parent: showing it would open a window.
+void setVisibleWithParent(QWidget &widget, bool visible)
+{
+    if (!visible)
+        widget.hide();
+    else if (widget.testAttribute(Qt::WA_WState_ExplicitShowHide) && widget.isHidden())
+        widget.show();
+}
+
+} // namespace
+
+QString widgetName(const Control &control)
+{
+    return control.Index() < 0 ? control.Name() : control.Name() + u'_' + QString::number(control.Index());
+}
+
+void bindControl(const Control &control, QWidget &widget)
+{
+    widget.setObjectName(widgetName(control));
+    const auto follow = [&control, &widget] {
+        widget.setEnabled(control.Enabled());
+        widget.setToolTip(control.ToolTipText());
+        widget.setAccessibleName(spokenName(control));
+        setVisibleWithParent(widget, control.Visible());
+    };
+    QObject::connect(&control, &Control::stateChanged, &widget, follow);
+    QObject::connect(&control, &Control::focusRequested, &widget,
+                     [&widget] { widget.setFocus(Qt::OtherFocusReason); });
+    follow();
+}
+
+QLabel *makeCaption(const Control &control, QWidget &field, QWidget *parent)
+{
+    auto *label = new QLabel(parent);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setProperty("kind", QStringLiteral("caption"));
+    label->setBuddy(&field);
+    const auto follow = [&control, label] {
+        label->setText(control.Caption());
+        setVisibleWithParent(*label, control.Visible());
+    };
+    QObject::connect(&control, &Control::stateChanged, label, follow);
+    follow();
+    return label;
+}
+
+} // namespace ebtq

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+class QLabel;
+class QWidget;
+
+namespace ebtq {
+
+class Control;
+
+/// The control's name, with "_" and its number behind for a member of a control array: "VS", "qzTxt_0".
+[[nodiscard]] QString widgetName(const Control &control);
+
+/// Names the widget after its control and keeps enabled, visible, tool tip and the wish for the keyboard in
+/// step. The control outlives the widget.
+void bindControl(const Control &control, QWidget &widget);
+
+/// A label with the control's caption that stays in step with it; its mnemonic goes to `field`.
+QLabel *makeCaption(const Control &control, QWidget &field, QWidget *parent);
+
+} // namespace ebtq

@@ -1,0 +1,42 @@
+#include "screens/controls/field_error.h"
+
+#include <algorithm>
+
+namespace ebtq {
+
+namespace {
+
+constexpr int widest = 360;
+constexpr int gap = 2;
+
+} // namespace
+
+FieldError::FieldError(const QString &message, const QWidget &field)
+    : QLabel(message, field.window())
+{
+    setObjectName(QStringLiteral("FieldError"));
+    setProperty("kind", QStringLiteral("error"));
+    setTextFormat(Qt::PlainText);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    ensurePolished();
+    if (sizeHint().width() > widest) {
+        setWordWrap(true);
+        setFixedWidth(widest);
+    }
+    adjustSize();
+    placeBelow(field);
+    show();
+    raise();
+}
+
+void FieldError::placeBelow(const QWidget &field)
+{
+    const QWidget *window = field.window();
+    QPoint corner = field.mapTo(window, QPoint(0, field.height() + gap));
+    if (corner.y() + height() > window->height())
+        corner.ry() = field.mapTo(window, QPoint(0, 0)).y() - height() - gap;
+    corner.rx() = std::max(0, std::min(corner.x(), window->width() - width()));
+    move(corner);
+}
+
+} // namespace ebtq

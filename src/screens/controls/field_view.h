@@ -1,0 +1,76 @@
+#pragma once
+
+#include "screens/controls/field_error.h"
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QVariant>
+
+namespace ebtq {
+
+class qzTxt_S;
+
+/// The widget of a field control: a text with a help arrow or a calendar inside; its caption is a label of
+/// its own (makeCaption), so that a form can line captions up. F4, Alt+Down and the arrow ask for help.
+/// Leaving the field runs its check: a text that is refused keeps the focus and is marked, Escape brings the
+/// last accepted one back. Enter and Down go on, Up goes back.
+class FieldView : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// What Enter does on a text that passed its check.
+    enum class Enter { GoesOn, Confirms };
+
+    FieldView(qzTxt_S &field, QWidget *parent);
+    ~FieldView() override;
+
+    void setEnter(Enter enter) { m_enter = enter; }
+    /// Runs the check; true when the field may be left. Otherwise the field is marked and says why.
+    bool check();
+    /// Checks the field that has the focus, for a command that reads the fields without moving it. True when
+    /// no field has it.
+    static bool checkFocused();
+
+Q_SIGNALS:
+    /// With Enter::Confirms: Enter was pressed on a text that passed, or help gave another text or value.
+    void confirmed();
+
+protected:
+    bool event(QEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void follow();
+    void followText();
+    void takeTyped(const QString &text);
+    void askHelp();
+    void askHost();
+    void showCalendar();
+    void showChoices();
+    void choose(const QString &text, const QVariant &value);
+    void takeChoice();
+    void pressEnter();
+    void accept();
+    void refuse();
+    void mark(bool refused);
+    void restore();
+    [[nodiscard]] bool isTyped() const { return text() != m_acceptedText; }
+    [[nodiscard]] bool mayLeave();
+    void takeFocusBack();
+
+    qzTxt_S &m_field;
+    QAction *m_help;
+    Enter m_enter = Enter::GoesOn;
+    QString m_acceptedText;
+    QVariant m_acceptedValue;
+    bool m_typing = false;
+    bool m_checking = false;
+    bool m_takesFocusBack = false;
+    QPointer<FieldError> m_error;
+};
+
+} // namespace ebtq

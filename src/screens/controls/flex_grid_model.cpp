@@ -1,0 +1,163 @@
+#include "screens/controls/flex_grid_model.h"
+
+#include "library/controls/flex_grid.h"
+#include "screens/look/look.h"
+
+namespace ebtq {
+
+namespace {
+
+constexpr int headerRow = 0;
+
+Qt::AlignmentFlag across(int alignment, bool isNumber)
+{
+    switch (alignment) {
+    case VSFlexGrid::AlignCentre:
+        return Qt::AlignHCenter;
+    case VSFlexGrid::AlignRight:
+        return Qt::AlignRight;
+    case VSFlexGrid::AlignLeft:
+        return Qt::AlignLeft;
+    default:
+        return isNumber ? Qt::AlignRight : Qt::AlignLeft;
+    }
+}
+
+QString textOf(std::string_view cell)
+{
+    return QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
+}
+
+} // namespace
+
+FlexGridModel::FlexGridModel(VSFlexGrid &grid, QObject *parent)
+    : QAbstractTableModel(parent)
+    , m_grid(grid)
+    , m_rows(grid.visibleCount())
+    , m_columns(grid.Cols())
+{
+    followRows();
+    connect(&grid, &VSFlexGrid::rowChanged, this, &FlexGridModel::rowChanged);
+    connect(&grid, &VSFlexGrid::columnsChanged, this, &FlexGridModel::columnsChanged);
+}
+
+void FlexGridModel::followRows()
+{
+    connect(&m_grid, &VSFlexGrid::rowsAboutToBeReset, this, [this] {
+        begin();
+        beginResetModel();
+    });
+    connect(&m_grid, &VSFlexGrid::rowsReset, this, [this] {
+        end();
+        endResetModel();
+    });
+    connect(&m_grid, &VSFlexGrid::rowAboutToBeInserted, this, [this](int position) {
+        begin();
+        beginInsertRows({}, position, position);
+    });
+    connect(&m_grid, &VSFlexGrid::rowInserted, this, [this] {
+        end();
+        endInsertRows();
+    });
+    connect(&m_grid, &VSFlexGrid::rowAboutToBeRemoved, this, [this](int position) {
+        begin();
+        beginRemoveRows({}, position, position);
+    });
+    connect(&m_grid, &VSFlexGrid::rowRemoved, this, [this] {
+        end();
+        endRemoveRows();
+    });
+}
+
+void FlexGridModel::begin()
+{
+    m_changing = true;
+}
+
+void FlexGridModel::end()
+{
+    m_rows = m_grid.visibleCount();
+    m_columns = m_grid.Cols();
+    m_changing = false;
+}
+
+void FlexGridModel::rowChanged(int row)
+{
+    const int position = m_grid.positionInSight(row);
+    if (position >= 0 && position < m_rows)
+        Q_EMIT dataChanged(index(position, 0), index(position, m_columns - 1));
+    else if (row == headerRow)
+        Q_EMIT headerDataChanged(Qt::Horizontal, 0, m_columns - 1);
+}
+
+void FlexGridModel::columnsChanged()
+{
+    if (m_changing)
+        return; // the end of the change brings the columns along
+    if (m_columns == m_grid.Cols()) {
+        if (m_columns > 0)
+            Q_EMIT headerDataChanged(Qt::Horizontal, 0, m_columns - 1);
+        return;
+    }
+    beginResetModel();
+    end();
+    endResetModel();
+}
+
+int FlexGridModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_rows;
+}
+
+int FlexGridModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_columns;
+}
+
+QVariant FlexGridModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid() || index.row() >= m_grid.visibleCount() || index.column() >= m_grid.Cols())
+        return {};
+    const int row = m_grid.rowInSight(index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+        return textOf(m_grid.cell(row, index.column()));
+    case Qt::TextAlignmentRole:
+        return alignment(index.column());
+    case Qt::DecorationRole:
+        return picture(row, index.column());
+    default:
+        return {};
+    }
+}
+
+QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= m_grid.Cols() || m_grid.FixedRows() == 0)
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return m_grid.TextMatrix(headerRow, section).trimmed();
+    case Qt::TextAlignmentRole:
+        return static_cast<int>(across(m_grid.FixedAlignment(section), false) | Qt::AlignVCenter);
+    case Qt::DecorationRole:
+        return picture(headerRow, section);
+    default:
+        return {};
+    }
+}
+
+QVariant FlexGridModel::alignment(int column) const
+{
+    const ColumnType type = m_grid.columnType(column);
+    const bool isNumber = type == ColumnType::Integer || type == ColumnType::Number;
+    return static_cast<int>(across(m_grid.ColAlignment(column), isNumber) | Qt::AlignVCenter);
+}
+
+QVariant FlexGridModel::picture(int row, int column) const
+{
+    const QString name = m_grid.CellPicture(row, column);
+    return name.isEmpty() ? QVariant() : QVariant(look::icon(name));
+}
+
+} // namespace ebtq

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+namespace ebtq {
+
+class VSFlexGrid;
+
+/// The rows in sight of a grid as a table model; the first fixed row is its header. Every cell is read from
+/// the grid when it is asked for. The number of rows changes only along with the model's own signals, so a
+/// view stays right while the grid is being filled with its redraw off.
+class FlexGridModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    explicit FlexGridModel(VSFlexGrid &grid, QObject *parent = nullptr);
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role = Qt::DisplayRole) const override;
+
+    /// True between the grid's announcement of a change and its end: what a view does then is no wish of the
+    /// user.
+    [[nodiscard]] bool isChanging() const { return m_changing; }
+
+private:
+    void followRows();
+    void begin();
+    void end();
+    void rowChanged(int row);
+    void columnsChanged();
+    [[nodiscard]] QVariant alignment(int column) const;
+    [[nodiscard]] QVariant picture(int row, int column) const;
+
+    VSFlexGrid &m_grid;
+    int m_rows;
+    int m_columns;
+    bool m_changing = false;
+};
+
+} // namespace ebtq

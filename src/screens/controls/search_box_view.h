@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace ebtq {
+
+class SearchBox;
+
+/// The widget of a SearchBox: Ctrl+F comes to it, Enter searches at once, Escape empties it.
+class SearchBoxView : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    SearchBoxView(SearchBox &box, QWidget *parent);
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    SearchBox &m_box;
+};
+
+} // namespace ebtq

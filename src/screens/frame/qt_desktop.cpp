@@ -1,0 +1,147 @@
+#include "screens/frame/qt_desktop.h"
+
+#include "library/frame/host_contracts.h"
+#include "screens/frame/form_dialog.h"
+#include "screens/frame/view_registry.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryFile>
+#include <QUrl>
+#include <QUuid>
+#include <QtEndian>
+
+namespace ebtq {
+
+namespace {
+
+QMessageBox::Icon iconOf(Desktop::Icon icon)
+{
+    switch (icon) {
+    case Desktop::Icon::Question:
+        return QMessageBox::Question;
+    case Desktop::Icon::Exclamation:
+        return QMessageBox::Warning;
+    case Desktop::Icon::Critical:
+        return QMessageBox::Critical;
+    default:
+        return QMessageBox::Information;
+    }
+}
+
+QString chooseFile(QFileDialog &dialog, const QString &acceptText)
+{
+    dialog.setLabelText(QFileDialog::Accept, acceptText);
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("取消(&C)"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("文件名(&N):"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("类型(&T):"));
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("位置:"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+} // namespace
+
+QtDesktop::QtDesktop(const ViewRegistry &views)
+    : m_views(views)
+{}
+
+Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons)
+{
+    QMessageBox box(iconOf(icon), title, text, QMessageBox::NoButton, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    if (buttons == Buttons::Ok) {
+        box.setDefaultButton(box.addButton(QStringLiteral("确定(&O)"), QMessageBox::AcceptRole));
+        box.exec();
+        return Answer::Ok;
+    }
+    const QPushButton *yes = box.addButton(QStringLiteral("是(&Y)"), QMessageBox::YesRole);
+    QPushButton *no = box.addButton(QStringLiteral("否(&N)"), QMessageBox::NoRole);
+    box.setDefaultButton(no);
+    box.setEscapeButton(no);
+    box.exec();
+    return box.clickedButton() == yes ? Answer::Yes : Answer::No;
+}
+
+std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString &title, const QString &preset)
+{
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(preset);
+    dialog.setOkButtonText(QStringLiteral("确定(&O)"));
+    dialog.setCancelButtonText(QStringLiteral("取消(&C)"));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.textValue();
+}
+
+QString QtDesktop::openDialog(const QString &title, const QString &folder, const QString &filter)
+{
+    QFileDialog dialog(QApplication::activeWindow(), title, folder, filter);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return chooseFile(dialog, QStringLiteral("打开(&O)"));
+}
+
+QString QtDesktop::saveDialog(const QString &title, const QString &proposedPath, const QString &filter)
+{
+    const QFileInfo proposed(proposedPath);
+    QFileDialog dialog(QApplication::activeWindow(), title, proposed.path(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(proposed.fileName());
+    return chooseFile(dialog, QStringLiteral("保存(&S)"));
+}
+
+void QtDesktop::showModal(QObject &form)
+{
+    FormDialog dialog(QApplication::activeWindow());
+    QWidget *view = m_views.createView(form, &dialog);
+    if (!view)
+        throw Failure(QStringLiteral("没有可以显示的窗体: ") + form.objectName());
+    dialog.setView(view);
+    dialog.exec();
+}
+
+bool QtDesktop::openFile(const QString &path)
+{
+    return QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+void QtDesktop::setWaitCursor(bool on)
+{
+    if (on)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+QDateTime QtDesktop::now() const
+{
+    return QDateTime::currentDateTime();
+}
+
+QString QtDesktop::makeTempFile(const QString &prefix)
+{
+    QTemporaryFile file(QDir::temp().filePath(prefix + QStringLiteral("XXXXXX")));
+    file.setAutoRemove(false);
+    return file.open() ? file.fileName() : QString();
+}
+
+/// In memory the first three parts of a GUID stand with their low byte first.
+QByteArray QtDesktop::newGuidBytes()
+{
+    const QUuid id = QUuid::createUuid();
+    QByteArray bytes(16, Qt::Uninitialized);
+    qToLittleEndian(id.data1, bytes.data());
+    qToLittleEndian(id.data2, bytes.data() + 4);
+    qToLittleEndian(id.data3, bytes.data() + 6);
+    std::copy(std::begin(id.data4), std::end(id.data4), bytes.data() + 8);
+    return bytes;
+}
+
+} // namespace ebtq

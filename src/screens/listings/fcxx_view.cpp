@@ -1,0 +1,188 @@
+#include "screens/listings/fcxx_view.h"
+
+#include "library/listings/fcxx.h"
+#include "screens/controls/check_box_view.h"
+#include "screens/controls/combo_view.h"
+#include "screens/controls/control_binding.h"
+#include "screens/controls/field_view.h"
+#include "screens/controls/flex_grid_view.h"
+#include "screens/controls/flow_layout.h"
+#include "screens/controls/search_box_view.h"
+#include "screens/controls/tool_bar_view.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace ebtq {
+
+namespace {
+
+const QString refreshKey = QStringLiteral("refresh");
+constexpr int saleColumn = 14;
+constexpr int rentColumn = 15;
+
+/// The filter fields in reading order, with the width of their text in Chinese characters.
+struct FilterField
+{
+    int number;
+    int characters;
+};
+constexpr FilterField filterFields[] = {{0, 4}, {7, 6}, {1, 4}, {3, 3}, {4, 4}, {5, 4}};
+constexpr int windowCharacters = 4;
+constexpr int searchCharacters = 14;
+constexpr int searchCharactersAtMost = 30;
+/// A field's frame, the space in it and its button, in characters.
+constexpr int aroundText = 3;
+
+struct Shortcut
+{
+    const char16_t *key;
+    Qt::Key letter;
+};
+constexpr Shortcut shortcuts[] = {
+    {u"all", Qt::Key_A}, {u"buy", Qt::Key_B},     {u"rent", Qt::Key_R},
+    {u"new", Qt::Key_N}, {u"edit", Qt::Key_E},    {u"delete", Qt::Key_D},
+    {u"gj", Qt::Key_G},  {u"refresh", Qt::Key_U}, {u"close", Qt::Key_X},
+};
+
+int widthOf(const QWidget &field, int characters)
+{
+    return (characters + aroundText) * field.fontMetrics().horizontalAdvance(u'房');
+}
+
+/// A caption and its field, which stay together where the row folds.
+QHBoxLayout *captioned(QLabel *caption, QWidget *field)
+{
+    auto *pair = new QHBoxLayout;
+    pair->setSpacing(6);
+    pair->addWidget(caption);
+    pair->addWidget(field);
+    return pair;
+}
+
+} // namespace
+
+FcxxView::FcxxView(Fcxx &module, QWidget *parent)
+    : QWidget(parent)
+    , m_module(module)
+{
+    setObjectName(QStringLiteral("Fcxx"));
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    addToolBar();
+    addFilterRow();
+    addGrid();
+    setFocusProxy(m_grid);
+    followKind();
+    followOutcome();
+}
+
+void FcxxView::addToolBar()
+{
+    m_toolBar = new ToolBarView(m_module.NavToolbar1(), this);
+    QHash<QString, QKeySequence> keys;
+    for (const Shortcut &shortcut : shortcuts)
+        keys.insert(QString::fromUtf16(shortcut.key), QKeySequence(Qt::ALT | shortcut.letter));
+    m_toolBar->setShortcuts(keys);
+    // The other commands empty the fields or do not read them; a wrong text must not stand in their way.
+    m_toolBar->setGuard([](const QString &key) { return key != refreshKey || FieldView::checkFocused(); });
+    layout()->addWidget(m_toolBar);
+}
+
+void FcxxView::addFilterRow()
+{
+    auto *bar = new QWidget(this);
+    bar->setProperty("kind", QStringLiteral("bar"));
+    bar->setAttribute(Qt::WA_StyledBackground);
+    auto *row = new FlowLayout(bar);
+    row->setContentsMargins(12, 6, 12, 6);
+    row->setSpacing(10);
+    addFields(*row, bar);
+    addWindow(*row, bar);
+    addKinds(*row, bar);
+    addSearch(*row, bar);
+    layout()->addWidget(bar);
+}
+
+void FcxxView::addFields(FlowLayout &row, QWidget *parent)
+{
+    for (const FilterField &filter : filterFields) {
+        qzTxt_S &field = m_module.qzTxt(filter.number);
+        auto *view = new FieldView(field, parent);
+        view->setFixedWidth(widthOf(*view, filter.characters));
+        view->setEnter(FieldView::Enter::Confirms);
+        connect(view, &FieldView::confirmed, this, &FcxxView::refresh);
+        row.addLayout(captioned(makeCaption(field, *view, parent), view));
+    }
+}
+
+void FcxxView::addWindow(FlowLayout &row, QWidget *parent)
+{
+    auto *view = new ComboView(m_module.XPCmb(), parent);
+    view->setFixedWidth(widthOf(*view, windowCharacters));
+    connect(view, &ComboView::confirmed, this, &FcxxView::refresh);
+    auto *caption = new QLabel(QStringLiteral("最近"), parent);
+    caption->setProperty("kind", QStringLiteral("caption"));
+    caption->setBuddy(view);
+    view->setAccessibleName(caption->text());
+    row.addLayout(captioned(caption, view));
+}
+
+void FcxxView::addKinds(FlowLayout &row, QWidget *parent)
+{
+    for (const int number : {0, 1}) {
+        CheckBox &box = m_module.Chk(number);
+        auto *view = new CheckBoxView(box, parent);
+        connect(view, &QCheckBox::clicked, this, &FcxxView::refresh);
+        connect(&box, &CheckBox::Click, this, &FcxxView::followKind);
+        row.addWidget(view);
+    }
+}
+
+void FcxxView::addSearch(FlowLayout &row, QWidget *parent)
+{
+    auto *view = new SearchBoxView(m_module.SearchBox1(), parent);
+    view->setPlaceholderText(QStringLiteral("在已加载的房源中查找"));
+    view->setMinimumWidth(widthOf(*view, searchCharacters));
+    view->setMaximumWidth(widthOf(*view, searchCharactersAtMost));
+    view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    row.addLayout(captioned(makeCaption(m_module.lblSearch(), *view, parent), view));
+    row.addWidget(new CheckBoxView(m_module.ChkFind(), parent));
+}
+
+void FcxxView::addGrid()
+{
+    m_grid = new FlexGridView(m_module.VS(), this);
+    m_grid->setColumnLook(saleColumn, {&look::Tokens::salePrice, true});
+    m_grid->setColumnLook(rentColumn, {&look::Tokens::rent, true});
+    m_grid->setMouseWheel([this] { return m_module.mcMouseEvent(); });
+    static_cast<QVBoxLayout *>(layout())->addWidget(m_grid, 1);
+}
+
+/// The pressed button tells which kind the ticks stand for; with both ticked none of the three does.
+void FcxxView::followKind()
+{
+    const bool sale = m_module.Chk(0).Value() != 0;
+    const bool rent = m_module.Chk(1).Value() != 0;
+    const QString key = sale ? (rent ? QString() : QStringLiteral("buy"))
+                             : (rent ? QStringLiteral("rent") : QStringLiteral("all"));
+    m_toolBar->setCurrentKey(key);
+}
+
+/// "Nothing found" is said of a load that worked, never of a list that a failure left empty.
+void FcxxView::followOutcome()
+{
+    connect(&m_module, &Fcxx::RefreshGetGridStatus, this,
+            [this] { m_grid->setEmptyHint(QStringLiteral("没有符合条件的房源")); });
+    connect(&m_module, &Fcxx::ErrMessage, this, [this] { m_grid->setEmptyHint(QString()); });
+}
+
+void FcxxView::refresh()
+{
+    if (FieldView::checkFocused())
+        m_module.NavToolbar1().press(refreshKey);
+}
+
+} // namespace ebtq

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+
+namespace ebtq {
+
+class ComboView;
+class FieldView;
+class FlexGridView;
+class FlowLayout;
+class Fcxx;
+class ToolBarView;
+
+/// The screen of the listing list: tool bar, filter row and the list. A filter that was chosen, ticked or
+/// confirmed with Enter loads the list again through the tool bar's own command, which is all that the rules
+/// know.
+class FcxxView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    FcxxView(Fcxx &module, QWidget *parent);
+
+private:
+    void addToolBar();
+    void addFilterRow();
+    void addFields(FlowLayout &row, QWidget *parent);
+    void addWindow(FlowLayout &row, QWidget *parent);
+    void addKinds(FlowLayout &row, QWidget *parent);
+    void addSearch(FlowLayout &row, QWidget *parent);
+    void addGrid();
+    void followKind();
+    void followOutcome();
+    void refresh();
+
+    Fcxx &m_module;
+    ToolBarView *m_toolBar = nullptr;
+    FlexGridView *m_grid = nullptr;
+};
+
+} // namespace ebtq

@@ -1,0 +1,291 @@
+#include "screens/controls/field_view.h"
+
+#include "library/controls/field_control.h"
+#include "screens/controls/calendar_popup.h"
+#include "screens/controls/choice_popup.h"
+#include "screens/controls/control_binding.h"
+#include "screens/support/screen.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+using namespace ebtq;
+using namespace ebtq::test;
+
+namespace {
+
+/// Three fields in a row. The middle one knows one district and gives another one as help.
+class FieldViewTest : public testing::Test
+{
+protected:
+    FieldViewTest()
+    {
+        auto *row = new QHBoxLayout(&window);
+        for (auto *view : {&before, &field, &after})
+            row->addWidget(view);
+        window.resize(600, 200);
+        judged(district);
+        district.set_help_flag(true);
+        district.set_help_type(qzTxt_S::Custom);
+        QObject::connect(&district, &qzTxt_S::FieldHelp,
+                         [this](int x, int y, QString &text, QVariant &value) {
+                             helpAt.append(QPoint(x, y));
+                             text = helpText;
+                             value = 2;
+                         });
+        showActive(window);
+        field.setFocus();
+    }
+
+    static void judged(qzTxt_S &control)
+    {
+        control.set_judge_type(qzTxt_S::JudgeStatement);
+        control.set_judge_time(qzTxt_S::JudgeOnLeaving);
+        control.set_error_message(QStringLiteral("城区输入有误，请重新输入！"));
+        QObject::connect(
+            &control, &qzTxt_S::FieldCheck,
+            [&control](const QString &, const QString &, const QString &, QVariant &value, QString &text) {
+                value = control.Text() == QStringLiteral("1") ? QVariant(1) : QVariant();
+                text = QStringLiteral("天河区");
+            });
+    }
+
+    [[nodiscard]] QString bubble() const
+    {
+        const auto *label = window.findChild<QLabel *>(QStringLiteral("FieldError"));
+        return label && label->isVisible() ? label->text() : QString();
+    }
+    [[nodiscard]] bool isRefused() const
+    {
+        return field.property("state").toString() == QStringLiteral("error") && !bubble().isEmpty();
+    }
+    static void settle() { QCoreApplication::processEvents(); }
+
+    qzTxt_S first{QStringLiteral("qzTxt"), 3};
+    qzTxt_S district{QStringLiteral("qzTxt"), 0};
+    qzTxt_S last{QStringLiteral("qzTxt"), 7};
+    QWidget window;
+    FieldView before{first, nullptr};
+    FieldView field{district, nullptr};
+    FieldView after{last, nullptr};
+    QList<QPoint> helpAt;
+    QString helpText = QStringLiteral("海珠区");
+};
+
+struct WayOut
+{
+    const char *name;
+    std::function<void(FieldView &field, FieldView &other)> take;
+    QString to;
+};
+
+const WayOut waysOut[] = {
+    {"Tab", [](FieldView &field, FieldView &) { QTest::keyClick(&field, Qt::Key_Tab); },
+     QStringLiteral("qzTxt_7")},
+    {"Shift+Tab",
+     [](FieldView &field, FieldView &) { QTest::keyClick(&field, Qt::Key_Backtab, Qt::ShiftModifier); },
+     QStringLiteral("qzTxt_3")},
+    {"Enter", [](FieldView &field, FieldView &) { QTest::keyClick(&field, Qt::Key_Return); },
+     QStringLiteral("qzTxt_7")},
+    {"Down", [](FieldView &field, FieldView &) { QTest::keyClick(&field, Qt::Key_Down); },
+     QStringLiteral("qzTxt_7")},
+    {"Up", [](FieldView &field, FieldView &) { QTest::keyClick(&field, Qt::Key_Up); },
+     QStringLiteral("qzTxt_3")},
+    {"click", [](FieldView &, FieldView &other) { QTest::mouseClick(&other, Qt::LeftButton); },
+     QStringLiteral("qzTxt_7")},
+};
+
+TEST_F(FieldViewTest, EveryWayOutChecksTheText)
+{
+    for (const WayOut &way : waysOut) {
+        SCOPED_TRACE(way.name);
+        const QSignalSpy refusals(&district, &qzTxt_S::checkFailed);
+        district.setText(QString());
+        field.setFocus();
+        QTest::keyClicks(&field, QStringLiteral("x"));
+        way.take(field, after);
+        settle();
+        EXPECT_EQ(focusName(), QStringLiteral("qzTxt_0"));
+        EXPECT_EQ(refusals.size(), 1);
+        EXPECT_TRUE(isRefused());
+        EXPECT_EQ(bubble(), QStringLiteral("城区输入有误，请重新输入！"));
+        EXPECT_EQ(field.selectedText(), QStringLiteral("x"));
+
+        QTest::keyClicks(&field, QStringLiteral("1")); // over the selected text
+        EXPECT_FALSE(isRefused()) << "typing takes the mark away";
+        way.take(field, after);
+        settle();
+        EXPECT_EQ(focusName(), way.to);
+        EXPECT_EQ(district.Text(), QStringLiteral("天河区"));
+        EXPECT_EQ(district.Value(), QVariant(1));
+        EXPECT_EQ(field.text(), QStringLiteral("天河区"));
+    }
+}
+
+TEST_F(FieldViewTest, EscapeBringsTheLastAcceptedTextBack)
+{
+    district.setValue(9);
+    district.setText(QStringLiteral("越秀区"));
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    QTest::keyClick(&field, Qt::Key_Tab);
+    ASSERT_TRUE(isRefused());
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_EQ(field.text(), QStringLiteral("越秀区"));
+    EXPECT_EQ(district.Value(), QVariant(9));
+    EXPECT_EQ(bubble(), QString());
+    QSignalSpy closed(&window, &QObject::objectNameChanged);
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&field, &escape);
+    EXPECT_FALSE(escape.isAccepted()) << "with nothing to take back Escape is the window's";
+}
+
+TEST_F(FieldViewTest, TwoRefusedFieldsDoNotHandTheFocusToAndFro)
+{
+    judged(last);
+    last.setText(QStringLiteral("y")); // put in by the rules, never checked
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    const QSignalSpy refusals(&last, &qzTxt_S::checkFailed);
+    QTest::mouseClick(&after, Qt::LeftButton);
+    for (int turn = 0; turn < 5; ++turn)
+        settle();
+    EXPECT_EQ(focusName(), QStringLiteral("qzTxt_0"));
+    EXPECT_EQ(refusals.size(), 0);
+}
+
+TEST_F(FieldViewTest, ACommandThatReadsTheFieldsChecksTheFocusedOne)
+{
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    EXPECT_FALSE(FieldView::checkFocused());
+    EXPECT_TRUE(isRefused());
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_TRUE(FieldView::checkFocused());
+    window.setFocus();
+    EXPECT_TRUE(FieldView::checkFocused());
+}
+
+TEST_F(FieldViewTest, TheMarkGoesWithTheField)
+{
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    QTest::keyClick(&field, Qt::Key_Tab);
+    ASSERT_TRUE(isRefused());
+    field.hide();
+    EXPECT_EQ(bubble(), QString());
+}
+
+TEST_F(FieldViewTest, KeysAndArrowAskForHelpAtTheFieldsCorner)
+{
+    const QPoint corner = field.mapToGlobal(QPoint(0, field.height()));
+    QTest::keyClick(&field, Qt::Key_F4);
+    QTest::keyClick(&field, Qt::Key_Down, Qt::AltModifier);
+    const auto *arrow = field.findChild<QToolButton *>();
+    ASSERT_TRUE(arrow);
+    QTest::mouseClick(const_cast<QToolButton *>(arrow), Qt::LeftButton);
+    EXPECT_EQ(helpAt, QList<QPoint>({corner, corner, corner}));
+    EXPECT_EQ(field.text(), helpText);
+    EXPECT_EQ(district.Value(), QVariant(2));
+
+    district.set_help_flag(false);
+    QTest::keyClick(&field, Qt::Key_F4);
+    EXPECT_FALSE(arrow->isVisible());
+    district.set_help_flag(true);
+    district.setEnabled(false);
+    EXPECT_FALSE(field.isEnabled());
+    EXPECT_FALSE(arrow->isVisible());
+    EXPECT_EQ(helpAt.size(), 3);
+}
+
+TEST_F(FieldViewTest, ConfirmsByEnterAndByAChoiceButNotByAnEmptyOne)
+{
+    const QSignalSpy confirmed(&field, &FieldView::confirmed);
+    QTest::keyClick(&field, Qt::Key_F4);
+    EXPECT_EQ(confirmed.size(), 0) << "in a form help confirms nothing";
+    field.setEnter(FieldView::Enter::Confirms);
+    QTest::keyClick(&field, Qt::Key_F4);
+    EXPECT_EQ(confirmed.size(), 0) << "the same choice again is no change";
+    helpText = QStringLiteral("越秀区");
+    QTest::keyClick(&field, Qt::Key_F4);
+    EXPECT_EQ(confirmed.size(), 1);
+    field.clear();
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(confirmed.size(), 1) << "a refused text confirms nothing";
+    field.selectAll();
+    QTest::keyClick(&field, Qt::Key_Delete);
+    QTest::keyClick(&field, Qt::Key_Enter);
+    EXPECT_EQ(confirmed.size(), 2);
+    EXPECT_FALSE(district.Value().isValid());
+}
+
+TEST_F(FieldViewTest, CalendarAndShortListAreAnsweredHere)
+{
+    first.set_help_flag(true);
+    first.set_help_type(qzTxt_S::Calendar);
+    first.setText(QStringLiteral("2026-12-31"));
+    before.setFocus();
+    QTest::keyClick(&before, Qt::Key_F4);
+    auto *calendar = before.findChild<CalendarPopup *>();
+    ASSERT_TRUE(calendar);
+    EXPECT_EQ(calendar->selectedDate(), QDate(2026, 12, 31));
+    calendar->setSelectedDate(QDate(2027, 1, 5));
+    Q_EMIT calendar->activated(QDate(2027, 1, 5));
+    EXPECT_EQ(first.Text(), QStringLiteral("2027-1-5"));
+    settle();
+
+    last.set_help_flag(true);
+    last.set_help_type(qzTxt_S::InlineList);
+    last.set_help_code(QStringLiteral("|本人;0|本部;1|全部;2"));
+    after.setFocus();
+    QTest::keyClick(&after, Qt::Key_Down, Qt::AltModifier);
+    auto *choices = after.findChild<ChoicePopup *>();
+    ASSERT_TRUE(choices);
+    ASSERT_EQ(choices->count(), 3);
+    QTest::keyClick(choices, Qt::Key_End);
+    QTest::keyClick(choices, Qt::Key_Return);
+    EXPECT_EQ(last.Text(), QStringLiteral("全部"));
+    EXPECT_EQ(last.Value().toString(), QStringLiteral("2"));
+}
+
+TEST_F(FieldViewTest, FollowsTheControlsLook)
+{
+    struct Case
+    {
+        int given;
+        Qt::AlignmentFlag seen;
+    };
+    for (const Case &alignment :
+         {Case{qzTxt_S::AlignRight, Qt::AlignRight}, Case{qzTxt_S::AlignCentre, Qt::AlignHCenter},
+          Case{qzTxt_S::AlignLeft, Qt::AlignLeft}}) {
+        district.setAlignment(alignment.given);
+        EXPECT_TRUE(field.alignment().testFlag(alignment.seen));
+    }
+    district.setToolTipText(QStringLiteral("提示"));
+    EXPECT_EQ(field.toolTip(), QStringLiteral("提示"));
+    district.setVisible(false);
+    EXPECT_FALSE(field.isVisible());
+    district.setVisible(true);
+    EXPECT_TRUE(field.isVisible());
+    window.setFocus();
+    district.SetFocus();
+    EXPECT_EQ(focusName(), QStringLiteral("qzTxt_0"));
+}
+
+TEST_F(FieldViewTest, CaptionIsReadAloudAndItsMnemonicReachesTheField)
+{
+    district.setCaption(QStringLiteral("城区(&Q):"));
+    const QLabel *caption = makeCaption(district, field, &window);
+    EXPECT_EQ(caption->text(), QStringLiteral("城区(&Q):"));
+    EXPECT_EQ(caption->buddy(), &field);
+    EXPECT_EQ(field.accessibleName(), QStringLiteral("城区"));
+    district.setCaption(QStringLiteral("地区"));
+    EXPECT_EQ(caption->text(), QStringLiteral("地区"));
+}
+
+} // namespace

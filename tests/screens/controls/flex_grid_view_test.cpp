@@ -1,0 +1,279 @@
+#include "screens/controls/flex_grid_view.h"
+
+#include "library/controls/flex_grid.h"
+#include "library/controls/mouse_wheel.h"
+#include "screens/look/look.h"
+#include "screens/support/screen.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+using namespace ebtq;
+using namespace ebtq::test;
+
+namespace {
+
+RowBlock numbered(int rows)
+{
+    RowBlock block(std::vector<Column>(4));
+    for (int row = 1; row <= rows; ++row) {
+        block.append("");
+        block.appendInteger(row);
+        block.append(row % 2 == 1 ? "586万元" : "0万元");
+        block.append("key");
+    }
+    block.finish();
+    return block;
+}
+
+class FlexGridViewTest : public testing::Test
+{
+protected:
+    FlexGridViewTest()
+    {
+        grid.setFormatString(QStringLiteral(" |编号    |售总价      |ID"));
+        grid.setColHidden(3, true);
+        grid.setBackColorAlternate(0xC0FFFF);
+        grid.LoadArray(numbered(100));
+        view.resize(400, 300);
+        showActive(view);
+        view.setFocus();
+    }
+
+    [[nodiscard]] QPoint middleOf(int row, int column) const
+    {
+        return view.visualRect(view.model()->index(row - 1, column)).center();
+    }
+    [[nodiscard]] int currentRow() const { return view.currentIndex().row() + 1; }
+    QColor pixel(int row, int column, QPoint offset)
+    {
+        const QRect cell = view.visualRect(view.model()->index(row - 1, column));
+        return view.viewport()->grab().toImage().pixelColor(cell.topLeft() + offset);
+    }
+    /// Whether any pixel of the cell has that colour.
+    bool isPainted(int row, int column, const QColor &colour)
+    {
+        const QRect cell = view.visualRect(view.model()->index(row - 1, column));
+        const QImage image = view.viewport()->grab(cell).toImage();
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == colour)
+                    return true;
+            }
+        return false;
+    }
+    void turnWheel(int angle)
+    {
+        const QPointF place(100, 100);
+        QWheelEvent event(place, view.viewport()->mapToGlobal(place), {}, QPoint(0, angle), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+
+    VSFlexGrid grid{QStringLiteral("VS")};
+    FlexGridView view{grid, nullptr};
+};
+
+TEST_F(FlexGridViewTest, KeysMoveTheCurrentRowOfTheGrid)
+{
+    struct Case
+    {
+        int from;
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+        int to;
+    };
+    const Case cases[] = {
+        {5, Qt::Key_Down, Qt::NoModifier, 6},       {5, Qt::Key_Up, Qt::NoModifier, 4},
+        {1, Qt::Key_Up, Qt::NoModifier, 1},         {100, Qt::Key_Down, Qt::NoModifier, 100},
+        {50, Qt::Key_Home, Qt::ControlModifier, 1}, {50, Qt::Key_End, Qt::ControlModifier, 100},
+        {50, Qt::Key_Home, Qt::NoModifier, 50},     {50, Qt::Key_Right, Qt::NoModifier, 50},
+        {5, Qt::Key_7, Qt::NoModifier, 5}, // typing searches nothing
+    };
+    for (const Case &move : cases) {
+        SCOPED_TRACE(testing::Message() << "key " << move.key << " from " << move.from);
+        grid.setCurrent(move.from, 1);
+        EXPECT_EQ(currentRow(), move.from);
+        QTest::keyClick(&view, move.key, move.modifier);
+        EXPECT_EQ(grid.Row(), move.to);
+        EXPECT_EQ(currentRow(), move.to);
+    }
+    grid.setCurrent(1, 1);
+    QTest::keyClick(&view, Qt::Key_PageDown);
+    EXPECT_GT(grid.Row(), 5);
+    QTest::keyClick(&view, Qt::Key_PageUp);
+    EXPECT_EQ(grid.Row(), 1);
+}
+
+TEST_F(FlexGridViewTest, OneMoveIsOneChangeOfRow)
+{
+    const QSignalSpy moves(&grid, &VSFlexGrid::AfterRowColChange);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, middleOf(3, 1));
+    ASSERT_EQ(moves.size(), 1);
+    EXPECT_EQ(moves.at(0).at(2).toInt(), 3);
+    grid.setCurrent(7, 2);
+    EXPECT_EQ(moves.size(), 2);
+    EXPECT_EQ(view.currentIndex(), view.model()->index(6, 2));
+}
+
+TEST_F(FlexGridViewTest, TheGridAloneDecidesTheCurrentRowWhileRowsGo)
+{
+    grid.setCurrent(5, 1);
+    const QSignalSpy moves(&grid, &VSFlexGrid::AfterRowColChange);
+    grid.RemoveItem(5);
+    EXPECT_EQ(moves.size(), 0);
+    EXPECT_EQ(grid.TextMatrix(grid.Row(), 1), QStringLiteral("6"));
+    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("6"));
+
+    grid.insertRow(1);
+    EXPECT_EQ(currentRow(), grid.Row());
+    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("6"));
+
+    grid.setRowHidden(grid.Row(), true);
+    EXPECT_FALSE(view.currentIndex().isValid());
+    grid.showAllRows();
+    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("6"));
+
+    grid.setRows(grid.FixedRows());
+    EXPECT_FALSE(view.currentIndex().isValid());
+    QTest::keyClick(&view, Qt::Key_Down);
+    QTest::keyClick(&view, Qt::Key_Return);
+}
+
+TEST_F(FlexGridViewTest, EnterAndDoubleClickOpenARowAndNothingElse)
+{
+    const QSignalSpy opened(&grid, &VSFlexGrid::DblClick);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, middleOf(2, 1));
+    EXPECT_EQ(opened.size(), 1);
+    EXPECT_EQ(grid.Row(), 2);
+    QTest::keyClick(&view, Qt::Key_Return);
+    QTest::keyClick(&view, Qt::Key_Enter);
+    EXPECT_EQ(opened.size(), 3);
+    QTest::mouseDClick(view.viewport(), Qt::RightButton, {}, middleOf(2, 1));
+    grid.setRows(2);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, QPoint(20, 200)); // below the last row
+    EXPECT_EQ(opened.size(), 3);
+}
+
+TEST_F(FlexGridViewTest, ReportsMousePressAndFocus)
+{
+    QList<short> pressed;
+    QPointF place;
+    QObject::connect(&grid, &VSFlexGrid::MouseDown, &view,
+                     [&](short &button, short &shift, float &x, float &y) {
+                         pressed.append({button, shift});
+                         place = QPointF(x, y);
+                     });
+    const QSignalSpy focused(&grid, &VSFlexGrid::GotFocus);
+    QTest::mouseClick(view.viewport(), Qt::RightButton, Qt::ControlModifier, middleOf(4, 1));
+    EXPECT_EQ(pressed, QList<short>({2, 2}));
+    EXPECT_EQ(place, QPointF(middleOf(4, 1)));
+    EXPECT_EQ(grid.Row(), 4);
+    view.clearFocus();
+    view.setFocus();
+    EXPECT_EQ(focused.size(), 1);
+}
+
+TEST_F(FlexGridViewTest, ColumnsFollowTheGridAndTheUsersWidthGoesBack)
+{
+    EXPECT_TRUE(view.isColumnHidden(3));
+    grid.setColHidden(3, false);
+    EXPECT_FALSE(view.isColumnHidden(3));
+    view.horizontalHeader()->resizeSection(1, 137);
+    EXPECT_EQ(grid.ColWidth(1), 137);
+    grid.setColWidth(1, 55);
+    EXPECT_EQ(view.columnWidth(1), 55);
+    grid.LoadArray(numbered(3));
+    EXPECT_EQ(view.columnWidth(1), 55) << "a width that was set outlasts a load";
+}
+
+TEST_F(FlexGridViewTest, AColumnNobodySetGrowsToItsContents)
+{
+    const int before = view.columnWidth(1);
+    grid.LoadArray(textBlock({{"", "FY2026112400-with-a-long-tail", "", ""}}));
+    EXPECT_GT(view.columnWidth(1), before);
+    EXPECT_GE(view.columnWidth(1), view.fontMetrics().horizontalAdvance(grid.TextMatrix(1, 1)));
+    EXPECT_LT(grid.ColWidth(1), view.columnWidth(1)) << "what the view needs is not the grid's width";
+}
+
+TEST_F(FlexGridViewTest, TopRowGoesBothWays)
+{
+    grid.setTopRow(40);
+    EXPECT_EQ(view.verticalScrollBar()->value(), 39);
+    view.verticalScrollBar()->setValue(10);
+    EXPECT_EQ(grid.TopRow(), 11);
+    grid.setRowHidden(1, true);
+    view.verticalScrollBar()->setValue(20);
+    EXPECT_EQ(grid.TopRow(), 22) << "hidden rows do not count on the scroll bar";
+}
+
+TEST_F(FlexGridViewTest, TheWheelGoesToTheBoundWheelInWholeSteps)
+{
+    MouseWheel wheel;
+    wheel.setMin(1);
+    wheel.setMax(20);
+    wheel.setValue(5);
+    const QSignalSpy turned(&wheel, &MouseWheel::Wheel);
+    view.setMouseWheel([&] { return &wheel; });
+    turnWheel(-120);
+    EXPECT_EQ(turned.size(), 0) << "not bound yet";
+    EXPECT_GT(view.verticalScrollBar()->value(), 0);
+    wheel.bind(&grid);
+    turnWheel(-60);
+    EXPECT_EQ(turned.size(), 0);
+    turnWheel(-60);
+    EXPECT_EQ(wheel.Value(), 6);
+    turnWheel(240);
+    EXPECT_EQ(wheel.Value(), 4);
+    view.setMouseWheel([]() -> MouseWheel * { return nullptr; });
+    turnWheel(-120); // a module that was cleared has no wheel
+}
+
+TEST_F(FlexGridViewTest, PaintsCurrentRowStripesAndColouredColumns)
+{
+    view.setColumnLook(2, {&look::Tokens::salePrice, true});
+    grid.setCurrent(5, 1);
+    const look::Tokens &tokens = look::tokens();
+    struct Case
+    {
+        int row;
+        QColor background;
+    };
+    for (const Case &expected : {Case{5, tokens.currentRow}, Case{3, tokens.card}, Case{4, tokens.zebra}}) {
+        SCOPED_TRACE(expected.row);
+        EXPECT_EQ(pixel(expected.row, 1, {2, 2}), expected.background);
+        EXPECT_EQ(pixel(expected.row, 2, {2, 2}), expected.background) << "the whole row";
+    }
+    EXPECT_TRUE(isPainted(3, 2, tokens.salePrice));
+    EXPECT_FALSE(isPainted(4, 2, tokens.salePrice)) << "0万元 says nothing";
+    EXPECT_TRUE(isPainted(4, 2, tokens.ink));
+}
+
+TEST_F(FlexGridViewTest, TellsWhyItIsEmptyOnlyWhileItIs)
+{
+    view.setEmptyHint(QStringLiteral("没有"));
+    const QImage filled = view.viewport()->grab().toImage();
+    view.setEmptyHint(QString());
+    EXPECT_EQ(view.viewport()->grab().toImage(), filled);
+    grid.setRows(grid.FixedRows());
+    const QImage blank = view.viewport()->grab().toImage();
+    view.setEmptyHint(QStringLiteral("没有"));
+    EXPECT_NE(view.viewport()->grab().toImage(), blank);
+}
+
+TEST_F(FlexGridViewTest, AMillionRowsKeepTheirHeightAndCanBeReached)
+{
+    grid.LoadArray(numbered(1'000'000));
+    EXPECT_EQ(view.model()->rowCount(), 1'000'000);
+    QTest::keyClick(&view, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(grid.Row(), 1'000'000);
+    EXPECT_EQ(view.rowHeight(999'999), view.rowHeight(0));
+    EXPECT_TRUE(view.viewport()->rect().contains(middleOf(1'000'000, 1)));
+}
+
+} // namespace

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "database/values/row_block.h"
+
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <initializer_list>
+#include <string>
+
+namespace ebtq::test {
+
+/// Shows the window and returns when it is active, so that its widgets get keys and focus.
+void showActive(QWidget &window);
+
+/// The name of the widget that has the keyboard; empty when none has.
+QString focusName();
+
+/// Types a text in any script, key by key, into the widget.
+void typeText(QWidget &widget, const QString &text);
+
+/// Runs `answer` as soon as a modal window is up, and fails the test when none comes.
+class WhenModal
+{
+public:
+    explicit WhenModal(std::function<void(QWidget &window)> answer);
+    ~WhenModal();
+
+private:
+    QTimer m_timer;
+    bool m_answered = false;
+};
+
+/// Rows of texts.
+RowBlock textBlock(std::initializer_list<std::initializer_list<std::string>> rows);
+
+} // namespace ebtq::test
