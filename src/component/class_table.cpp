@@ -1,0 +1,29 @@
+#include "component/class_table.h"
+
+#include "library/listings/fcxx.h"
+#include "screens/frame/view_registry.h"
+#include "screens/listings/fcxx_view.h"
+
+namespace ebtq {
+
+namespace {
+
+template<class Module, class View> constexpr ComponentClass componentClass(QLatin1String name)
+{
+    return {name,
+            [](Desktop &desktop) -> std::unique_ptr<QObject> { return std::make_unique<Module>(desktop); },
+            [](ViewRegistry &views) { views.add<Module, View>(); }};
+}
+
+const ComponentClass classes[] = {
+    componentClass<Fcxx, FcxxView>(QLatin1String("EBTQ_S.Fcxx")),
+};
+
+} // namespace
+
+std::span<const ComponentClass> componentClasses()
+{
+    return classes;
+}
+
+} // namespace ebtq
