@@ -5,6 +5,22 @@
 
 namespace ebtq {
 
+namespace {
+
+std::string longestPart(std::string_view text)
+{
+    std::string_view longest;
+    for (size_t begin = 0; begin < text.size();) {
+        const size_t end = std::min(text.find('%', begin), text.size());
+        if (end - begin > longest.size())
+            longest = text.substr(begin, end - begin);
+        begin = end + 1;
+    }
+    return std::string(longest);
+}
+
+} // namespace
+
 GridSearch::GridSearch(const GridRows &rows, const QString &text, int currentCol, const QList<int> &columns,
                        Qt::CaseSensitivity sensitivity)
     : m_rows(rows)
@@ -12,7 +28,8 @@ GridSearch::GridSearch(const GridRows &rows, const QString &text, int currentCol
     , m_needle(text.toStdString())
     , m_columns(QList<int>{currentCol} + columns)
     , m_caseCounts(sensitivity == Qt::CaseSensitive || text.toUpper() == text.toLower())
-    , m_withinOneCell(m_caseCounts && !text.isEmpty() && !text.contains(u'%'))
+    , m_scanned(m_caseCounts ? longestPart(m_needle) : std::string())
+    , m_scanDecides(m_scanned.size() == m_needle.size())
     , m_searched(static_cast<size_t>(rows.block().columnCount()))
     , m_nextSearched(m_searched.size())
 {
@@ -32,7 +49,7 @@ GridSearch::GridSearch(const GridRows &rows, const QString &text, int currentCol
 void GridSearch::run(int from, const std::function<bool(int)> &found)
 {
     for (int position = from; position < m_rows.count();) {
-        const int end = m_withinOneCell ? m_rows.endOfRun(position) : position;
+        const int end = m_scanned.empty() ? position : m_rows.endOfRun(position);
         if (end > position) {
             if (!scanRun(position, end, found))
                 return;
@@ -66,26 +83,31 @@ bool GridSearch::scanRun(int begin, int end, const std::function<bool(int)> &fou
     const size_t last = first + static_cast<size_t>(end - begin) - 1;
     const size_t stop = rowEnd(last);
     size_t row = first;
-    size_t at = rowBegin(first);
-    while (at < stop) {
-        const void *hit = memmem(arena.data() + at, stop - at, m_needle.data(), m_needle.size());
+    for (size_t at = rowBegin(first); at < stop;) {
+        const void *hit = memmem(arena.data() + at, stop - at, m_scanned.data(), m_scanned.size());
         if (!hit)
             return true;
         const auto offset = static_cast<size_t>(static_cast<const char *>(hit) - arena.data());
         row = rowHolding(offset, row, last);
         const int col = columnHolding(offset, row);
-        const size_t cellEnd = m_rows.block().end(row * m_searched.size() + static_cast<size_t>(col));
-        if (m_searched[static_cast<size_t>(col)] && offset + m_needle.size() <= cellEnd) {
-            if (!found(begin + static_cast<int>(row - first)))
-                return false;
-            at = rowEnd(row);
-        } else {
-            // Neither a column that is not searched nor the rest of a cell too short for the text holds a
-            // match.
+        if (!liesInSearchedCell(offset, row, col)) {
             at = beginOfNextSearched(row, col);
+            continue;
         }
+        const int position = begin + static_cast<int>(row - first);
+        if ((m_scanDecides || rowHolds(position)) && !found(position))
+            return false;
+        at = rowEnd(row);
     }
     return true;
+}
+
+/// When it does not, neither the column's other bytes nor the rest of a cell too short for the text hold a
+/// match.
+bool GridSearch::liesInSearchedCell(size_t offset, size_t row, int col) const
+{
+    const size_t cellEnd = m_rows.block().end(row * m_searched.size() + static_cast<size_t>(col));
+    return m_searched[static_cast<size_t>(col)] && offset + m_scanned.size() <= cellEnd;
 }
 
 size_t GridSearch::rowBegin(size_t row) const

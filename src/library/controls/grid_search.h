@@ -15,8 +15,9 @@ namespace ebtq {
 /// then, for each of `columns`, "%" and the cell there; so a text with "%" can span neighbouring columns.
 ///
 /// A text without "%" lies within one cell, so the block's bytes are searched in one pass and each hit is
-/// mapped back to its cell. Other texts, edited rows and letters whose case does not count are searched row
-/// by row.
+/// mapped back to its cell. Of a text with "%" the longest part between two of them is searched so, and the
+/// rows that hold it are looked at one by one; as are edited rows, and all rows for letters whose case does
+/// not count.
 class GridSearch
 {
 public:
@@ -33,6 +34,7 @@ private:
     [[nodiscard]] size_t rowBegin(size_t row) const;
     [[nodiscard]] size_t rowEnd(size_t row) const;
     [[nodiscard]] size_t rowHolding(size_t offset, size_t from, size_t last) const;
+    [[nodiscard]] bool liesInSearchedCell(size_t offset, size_t row, int col) const;
     [[nodiscard]] int columnHolding(size_t offset, size_t row) const;
     [[nodiscard]] size_t beginOfNextSearched(size_t row, int col) const;
 
@@ -41,7 +43,9 @@ private:
     std::string m_needle;
     QList<int> m_columns; ///< the current one first
     bool m_caseCounts;
-    bool m_withinOneCell;
+    std::string
+        m_scanned;      ///< lies within one cell of every row that matches; empty when rows are not scanned
+    bool m_scanDecides; ///< the scanned text is the whole one
     std::vector<bool> m_searched;    ///< by column of the block
     std::vector<int> m_nextSearched; ///< by column of the block; its count for none
     std::string m_rowText;
