@@ -38,7 +38,7 @@ host::DemoOptions demoOptions(int listings)
 {
     host::DemoOptions options;
     options.listings = listings;
-    options.date = QDate(2026, 11, 22);
+    options.today = QDate(2026, 11, 22);
     return options;
 }
 

@@ -3,6 +3,7 @@
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <iostream>
@@ -52,8 +53,8 @@ void print(const QJsonObject &figures)
 
 void keep(size_t value)
 {
-    static volatile size_t sink = 0;
-    sink = value;
+    static std::atomic<size_t> sink = 0;
+    sink.fetch_add(value, std::memory_order_relaxed);
 }
 
 } // namespace ebtq::bench
