@@ -12,13 +12,11 @@ namespace ebtq::host {
 namespace {
 
 constexpr QStringView columns =
-    u"房源ID,房源编号,地区ID,地区,楼盘ID,楼盘字典,栋座ID,栋座位置,房号,楼层,总楼层,房型_房,房型_厅,房型_卫,"
-    u"房型_阳台,用途,总面积,实用面积,朝向,类型,建房年代,房源属性,交易方式,交易状态,售房价格,售房底价,"
-    u"售房包税费,"
-    u"租房价格,租房底价,租房原购价,委托日期,委托方式,管理费,交房日期,委托编号,来源,现状,装修,配套,家具,家电,"
-    u"产权,"
-    u"证件,付款,付佣,看房,钥匙号,业主,联系人,国籍,手机,联系说明,备注,业务员ID,用户ID,制单日期,制单人,"
-    u"操作日期,附属房";
+    u"房源ID,房源编号,地区ID,地区,楼盘ID,楼盘字典,栋座ID,栋座位置,房号,楼层,总楼层,房型_房,房型_厅,"
+    u"房型_卫,房型_阳台,用途,总面积,实用面积,朝向,类型,建房年代,房源属性,交易方式,交易状态,售房价格,"
+    u"售房底价,售房包税费,租房价格,租房底价,租房原购价,委托日期,委托方式,管理费,交房日期,委托编号,来源,"
+    u"现状,装修,配套,家具,家电,产权,证件,付款,付佣,看房,钥匙号,业主,联系人,国籍,手机,联系说明,备注,"
+    u"业务员ID,用户ID,制单日期,制单人,操作日期,附属房";
 
 double rounded(double number, double step)
 {
@@ -56,6 +54,9 @@ struct Offer
 
 const HouseType &pickLayout(const Building &building, Random &random)
 {
+    static constexpr HouseType openPlan{0, 0, 1, 0, 45, 420};
+    if (building.use != u"住宅")
+        return openPlan;
     const auto layouts = houseTypes();
     if (building.type == u"别墅")
         return layouts[layouts.size() - 1 - random.below(2)];

@@ -8,9 +8,10 @@ constexpr int largestCount = 10'000'000;
 
 QCommandLineOption optionOf(QStringView entry)
 {
-    const bool takesValue = entry.endsWith(u'=');
-    const QString name = (takesValue ? entry.chopped(1) : entry).toString();
-    return takesValue ? QCommandLineOption(name, {}, QStringLiteral("value")) : QCommandLineOption(name);
+    const auto parts = entry.split(u'=');
+    const QString name = parts.first().toString();
+    return parts.size() == 1 ? QCommandLineOption(name)
+                             : QCommandLineOption(name, {}, parts.last().toString());
 }
 
 } // namespace

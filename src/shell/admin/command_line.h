@@ -23,7 +23,8 @@ struct CommandDefinition
 {
     QStringView name;
     QStringView description;
-    QStringView options;  ///< names parted by blanks; "=" behind one that takes a value
+    QStringView
+        options; ///< names parted by blanks, with "=" and a word for the value behind those that take one
     QStringView argument; ///< name of the one argument; empty for none
 };
 

@@ -112,13 +112,14 @@ struct Command
 
 constexpr Command commands[] = {
     {{u"init", u"创建或升级数据库，并创建首个用户（密码取自环境变量 EBTQ_PASSWORD 或标准输入）",
-      u"db= admin=", u""},
+      u"db=文件 admin=用户名", u""},
      initialise},
-    {{u"demo", u"写入示例数据，文件不存在时先创建", u"db= listings= customers= follow-ups= seed= date=", u""},
+    {{u"demo", u"写入示例数据，文件不存在时先创建",
+      u"db=文件 listings=数量 customers=数量 follow-ups=数量 seed=整数 date=日期", u""},
      writeDemo},
-    {{u"check", u"检查数据库的结构和完整性", u"db=", u""}, check},
-    {{u"translate", u"显示语句译成的数据库语言（sqlite 或 postgresql）", u"to=", u"语句"}, translate},
-    {{u"sql", u"执行一条语句，或逐行执行标准输入中的语句（--batch）", u"db= batch", u"语句"}, runSql},
+    {{u"check", u"检查数据库的结构和完整性", u"db=文件", u""}, check},
+    {{u"translate", u"显示语句译成的数据库语言（sqlite 或 postgresql）", u"to=语言", u"语句"}, translate},
+    {{u"sql", u"执行一条语句，或逐行执行标准输入中的语句（--batch）", u"db=文件 batch", u"语句"}, runSql},
 };
 
 void printHelp(std::FILE *stream)
@@ -127,7 +128,7 @@ void printHelp(std::FILE *stream)
     for (const auto &[definition, run] : commands) {
         QString usage = definition.name.toString();
         for (const QStringView option : definition.options.split(u' '))
-            usage += QStringLiteral(" --%1").arg(option.toString().replace(QStringLiteral("="), QStringLiteral(" 值")));
+            usage += QStringLiteral(" --%1").arg(option.toString().replace(u'=', u' '));
         if (!definition.argument.isEmpty())
             usage += QStringLiteral(" '%1'").arg(definition.argument);
         printLine(stream, QStringLiteral("  %1\n      %2").arg(usage, definition.description));
