@@ -39,7 +39,7 @@ public:
 
     virtual ~Connection() = default;
 
-    /// The rows of a select.
+    /// The rows of a select. Throws for a statement that writes.
     [[nodiscard]] virtual RowBlock query(const SqlText &statement) = 0;
     /// Runs an insert, update or delete; the number of rows changed. A select runs too and gives 0.
     virtual qint64 execute(const SqlText &statement) = 0;

@@ -100,6 +100,8 @@ void SqliteConnection::configure()
 RowBlock SqliteConnection::query(const SqlText &statement)
 {
     const Translation translation = translated(statement);
+    if (translation.kind != StatementKind::Select)
+        throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
     const CachedStatement prepared = m_statements->prepare(translation.sql);
     return readRows(m_handle.get(), prepared.get(), translation.columns);
 }
