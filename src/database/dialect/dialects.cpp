@@ -16,7 +16,7 @@ const Dialect &sqliteDialect()
         .conditionSuffix = "",
         .position = "instr",
         .zeroDivisionFails = false,
-        .joinsNumbers = true,
+        .joinFunction = "join",
         .refusesSeveralRows = false,
         .openPieces = 95,
     };
@@ -37,7 +37,7 @@ const Dialect &postgresDialect()
         .conditionSuffix = "::integer",
         .position = "strpos",
         .zeroDivisionFails = true,
-        .joinsNumbers = false,
+        .joinFunction = "",
         .refusesSeveralRows = true,
         .openPieces = 95,
     };

@@ -59,7 +59,7 @@ SelectItem Parser::selectItem()
 void Parser::from(Select &select)
 {
     if (!take(Keyword::From)) {
-        if (token().kind != TokenKind::End && !at(Symbol::Close))
+        if (token().kind == TokenKind::Word && token().keyword == Keyword::None)
             unexpected(u"“,”、as 或 from"_qs);
         return;
     }

@@ -8,9 +8,9 @@ namespace ebtq::db {
 namespace {
 
 /// The pieces open at the deepest place of the clauses themselves.
-constexpr int piecesOfStatement = 13;
-constexpr int piecesOfSelect = 12;
-constexpr int piecesOfJoin = 8;
+constexpr int piecesOfStatement = 14;
+constexpr int piecesOfSelect = 13;
+constexpr int piecesOfJoin = 6;
 
 void appendUtf8(QByteArray &out, char32_t c)
 {
@@ -213,12 +213,12 @@ void Renderer::fromItem(const FromItem &item, const Select &select)
         write(") AS ");
         return sourceName(source.number);
     }
-    const Pieces pieces(*this, piecesOfJoin, item.condition->position);
     const bool isRight = item.kind == JoinKind::Right;
     fromItem(isRight ? *item.right : *item.left, select);
     write(item.kind == JoinKind::Inner ? " JOIN " : " LEFT JOIN ");
     joinSide(isRight ? *item.left : *item.right, select);
     write(" ON ");
+    const Pieces pieces(*this, piecesOfJoin, item.condition->position);
     condition(*item.condition);
 }
 
@@ -226,6 +226,7 @@ void Renderer::joinSide(const FromItem &item, const Select &select)
 {
     if (!item.isJoin())
         return fromItem(item, select);
+    const Pieces pieces(*this, piecesOfJoin, item.condition->position);
     write('(');
     fromItem(item, select);
     write(')');

@@ -57,15 +57,15 @@ private:
     void node(const NumberLiteral &literal, const Expression &);
     void node(const DateLiteral &literal, const Expression &);
     void node(const ColumnReference &reference, const Expression &);
-    void node(const Negation &negation, const Expression &);
+    void node(const Negation &negation, const Expression &self);
     void node(const Chain &chain, const Expression &self);
-    void node(const Comparison &comparison, const Expression &);
+    void node(const Comparison &comparison, const Expression &self);
     void node(const LikeTest &test, const Expression &);
     void node(const ListTest &test, const Expression &self);
     void node(const SelectTest &test, const Expression &self);
     void node(const RangeTest &test, const Expression &self);
     void node(const NullTest &test, const Expression &);
-    void node(const Not &negation, const Expression &);
+    void node(const Not &negation, const Expression &self);
     void node(const ExistsTest &test, const Expression &self);
     void node(const SubSelect &select, const Expression &self);
     void node(const Call &call, const Expression &self);
@@ -79,7 +79,8 @@ private:
     void instr(const Call &call, const Expression &self);
     void concatenation(const Chain &chain);
     void joined(const Expression &expression);
-    void joinedNumberColumn(const Expression &expression);
+    void joinedByFunction(const std::vector<const Expression *> &operands);
+    void joinArgument(const Expression &expression);
     void asText(const Expression &expression);
     void arithmetic(const Chain &chain);
     void quotients(const Chain &chain);

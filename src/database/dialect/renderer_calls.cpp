@@ -9,9 +9,10 @@ namespace ebtq::db {
 
 namespace {
 
+/// Of a call "f(a," stands open, of one with a single argument "f(".
 constexpr int piecesOfCall = 5;
+constexpr int piecesOfSingle = 3;
 constexpr int piecesOfCase = 6;
-constexpr int piecesOfChain = 2;
 
 bool isNeverNull(const Expression &expression)
 {
@@ -70,7 +71,7 @@ void Renderer::node(const Call &call, const Expression &self)
 
 void Renderer::plainCall(const Call &call, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfCall, self.position);
+    const Pieces pieces(*this, call.arguments.size() > 1 ? piecesOfCall : piecesOfSingle, self.position);
     if (call.function->form == Function::Form::Nz)
         write("coalesce(");
     else
@@ -163,38 +164,52 @@ void Renderer::instr(const Call &call, const Expression &self)
 
 void Renderer::concatenation(const Chain &chain)
 {
-    const Pieces pieces(*this, piecesOfChain, chain.first->position);
-    joined(*chain.first);
-    for (const Chain::Link &link : chain.links) {
-        write("||");
-        joined(*link.operand);
+    const Pieces pieces(*this, piecesOfCall, chain.first->position);
+    std::vector<const Expression *> operands{chain.first.get()};
+    for (const Chain::Link &link : chain.links)
+        operands.push_back(link.operand.get());
+    if (m_dialect.joinFunction[0] != '\0')
+        return joinedByFunction(operands);
+    for (size_t at = 0; at < operands.size(); ++at) {
+        if (at > 0)
+            write("||");
+        joined(*operands[at]);
     }
 }
 
-/// One operand of &: its text, Null as empty.
+/// Engines limit the arguments of one call; a longer chain becomes several calls.
+void Renderer::joinedByFunction(const std::vector<const Expression *> &operands)
+{
+    constexpr size_t mostArguments = 100;
+    for (size_t at = 0; at < operands.size(); ++at) {
+        if (at % mostArguments == 0) {
+            write(at == 0 ? "" : ")||");
+            beginCall(m_dialect.joinFunction);
+        } else {
+            write(',');
+        }
+        joinArgument(*operands[at]);
+    }
+    write(')');
+}
+
+void Renderer::joinArgument(const Expression &expression)
+{
+    if (const auto text = joinedLiteral(expression))
+        textLiteral(*text);
+    else if (expression.type == Type::Date)
+        asText(expression);
+    else
+        value(expression);
+}
+
+/// One operand of & as a text for ||, Null as empty.
 void Renderer::joined(const Expression &expression)
 {
     if (const auto text = joinedLiteral(expression))
         return textLiteral(*text);
     if (isNeverNull(expression))
         return operand(expression);
-    if (m_dialect.joinsNumbers && expression.type == Type::Number && expression.as<ColumnReference>())
-        return joinedNumberColumn(expression);
-    const Pieces pieces(*this, piecesOfCall, expression.position);
-    write("coalesce(");
-    const bool isWhole = expression.type == Type::Integer || expression.type == Type::Condition;
-    if (expression.type == Type::Text || (m_dialect.joinsNumbers && isWhole))
-        value(expression);
-    else
-        asText(expression);
-    write(",'')");
-}
-
-/// Whole numbers, which nearly all are, join as they stand. For the others the engine's own text differs from
-/// the dialect's in the form of very large and very small ones and of those that print as whole.
-void Renderer::joinedNumberColumn(const Expression &expression)
-{
-    const Pieces pieces(*this, piecesOfCall, expression.position);
     write("coalesce(");
     asText(expression);
     write(",'')");
@@ -203,6 +218,7 @@ void Renderer::joinedNumberColumn(const Expression &expression)
 /// A value of any type but binary as a text, Null as Null.
 void Renderer::asText(const Expression &expression)
 {
+    const Pieces pieces(*this, piecesOfSingle, expression.position);
     const bool isWhole = expression.type == Type::Integer || expression.type == Type::Condition;
     if (isWhole) {
         write("CAST(");

@@ -8,11 +8,14 @@ namespace ebtq::db {
 
 namespace {
 
-constexpr int piecesOfBracket = 3;
+/// What is open of each form while its last part is read: "a + (" has three pieces open.
+constexpr int piecesOfBracket = 1;
+constexpr int piecesOfOperator = 2;
+constexpr int piecesOfCondition = 3;
 constexpr int piecesOfCall = 5;
 constexpr int piecesOfList = 5;
 constexpr int piecesOfRange = 4;
-constexpr int piecesOfSelect = 13;
+constexpr int piecesOfSelect = 15;
 
 /// What comes out as one piece that no operator beside it can tear apart.
 bool isAtomic(const Expression &expression)
@@ -69,7 +72,7 @@ void Renderer::value(const Expression &expression)
 {
     if (expression.type != Type::Condition)
         return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
-    const Pieces pieces(*this, piecesOfBracket, expression.position);
+    const Pieces pieces(*this, piecesOfCondition, expression.position);
     write("(-(");
     condition(expression);
     write(')');
@@ -172,15 +175,17 @@ void Renderer::node(const ColumnReference &reference, const Expression &)
     m_out.append(QByteArray::number(reference.index));
 }
 
-void Renderer::node(const Negation &negation, const Expression &)
+void Renderer::node(const Negation &negation, const Expression &self)
 {
+    const Pieces pieces(*this, piecesOfOperator, self.position);
     write("(-");
     operand(*negation.operand);
     write(')');
 }
 
-void Renderer::node(const Comparison &comparison, const Expression &)
+void Renderer::node(const Comparison &comparison, const Expression &self)
 {
+    const Pieces pieces(*this, piecesOfOperator, self.position);
     const Expression &left = *comparison.left;
     const Expression &right = *comparison.right;
     const bool isEquality = comparison.op == Operator::Equal || comparison.op == Operator::NotEqual;
@@ -246,8 +251,9 @@ void Renderer::node(const NullTest &test, const Expression &)
     write(test.negated ? " IS NOT NULL" : " IS NULL");
 }
 
-void Renderer::node(const Not &negation, const Expression &)
+void Renderer::node(const Not &negation, const Expression &self)
 {
+    const Pieces pieces(*this, piecesOfOperator, self.position);
     write("NOT ");
     bracketed(*negation.operand, &Renderer::condition);
 }
@@ -270,9 +276,9 @@ void Renderer::node(const SubSelect &inner, const Expression &self)
 
 void Renderer::node(const Conversion &conversion, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfCall, self.position);
     if (self.type == Type::Text)
         return asText(*conversion.operand);
+    const Pieces pieces(*this, piecesOfCall, self.position);
     beginCall(self.type == Type::Date ? "cdate" : self.type == Type::Integer ? "clng" : "cdbl");
     value(*conversion.operand);
     write(')');
@@ -280,6 +286,7 @@ void Renderer::node(const Conversion &conversion, const Expression &self)
 
 void Renderer::node(const Chain &chain, const Expression &self)
 {
+    const Pieces pieces(*this, piecesOfOperator, self.position);
     switch (chain.links.front().op) {
     case Operator::And:
         return junction(chain, " AND ");
@@ -331,6 +338,7 @@ void Renderer::quotients(const Chain &chain)
         std::ranges::find(chain.links, Operator::Divide, &Chain::Link::op) != chain.links.end();
     if (!divides)
         return arithmetic(chain);
+    const Pieces pieces(*this, piecesOfOperator, chain.first->position);
     write("CAST(");
     value(*chain.first);
     write(" AS ");

@@ -55,6 +55,8 @@ private:
     sqlite3_value **m_values;
 };
 
+inline constexpr int anyCount = -1;
+
 struct FunctionEntry
 {
     const char *name; ///< without the prefix

@@ -17,10 +17,10 @@ double rounded(double number)
 
 void text(FunctionCall &call)
 {
-    if (call.type(0) == SQLITE_FLOAT)
-        call.give(numberText(call.number(0)));
+    if (call.type(0) == SQLITE_TEXT)
+        call.pass(0);
     else
-        call.give(call.text(0));
+        call.give(numberText(call.number(0)));
 }
 
 /// Null counts as a text without a number.

@@ -1,8 +1,10 @@
 #include "database/sqlite/function_call.h"
 #include "database/sqlite/like_pattern.h"
 #include "database/sqlite/utf8.h"
+#include "database/values/number_text.h"
 
 #include <array>
+#include <charconv>
 
 namespace ebtq::db {
 
@@ -20,12 +22,44 @@ size_t offsetOf(std::string_view text, qint64 character)
     return at;
 }
 
+/// From 10^15 on a whole number is written as any other of its size, whatever the engine keeps it as.
+void appendInteger(qint64 number, std::string &out)
+{
+    constexpr qint64 smallestWithExponent = 1000000000000000;
+    if (number >= smallestWithExponent || number <= -smallestWithExponent) {
+        out += numberText(static_cast<double>(number));
+        return;
+    }
+    char digits[24];
+    out.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+}
+
 qint64 lengthOf(std::string_view text)
 {
     qint64 length = 0;
     for (size_t at = 0; at < text.size(); ++length)
         takeCharacter(text, at);
     return length;
+}
+
+/// The joining operator for all its operands at once. A list calls it for each row, so its text grows in memory that
+/// is kept, unless a single huge one has filled it.
+void join(FunctionCall &call)
+{
+    constexpr size_t mostKept = 1 << 16;
+    thread_local std::string result;
+    result.clear();
+    for (int at = 0; at < call.count(); ++at) {
+        if (call.type(at) == SQLITE_INTEGER)
+            appendInteger(call.integer(at), result);
+        else if (call.type(at) == SQLITE_FLOAT)
+            result += numberText(call.number(at));
+        else
+            result += call.text(at);
+    }
+    call.give(std::string_view(result));
+    if (result.capacity() > mostKept)
+        result = std::string();
 }
 
 void like(FunctionCall &call)
@@ -176,6 +210,7 @@ void chr(FunctionCall &call)
 std::span<const FunctionEntry> textFunctions()
 {
     static constexpr std::array entries{
+        FunctionEntry{"join", anyCount, join, true},
         FunctionEntry{"like", 2, like},       FunctionEntry{"instr", 3, instr},
         FunctionEntry{"len", 1, len},         FunctionEntry{"left", 2, left},
         FunctionEntry{"right", 2, right},     FunctionEntry{"mid", 2, mid},

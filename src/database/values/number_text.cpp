@@ -1,8 +1,8 @@
 #include "database/values/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 namespace ebtq {
 
@@ -143,13 +143,9 @@ std::string numberText(double number)
         const auto end = std::to_chars(text, text + sizeof text, static_cast<long long>(number)).ptr;
         return std::string(text, end);
     }
-    const int length = std::snprintf(text, sizeof text, "%.15G", number);
-    std::string result(text, static_cast<size_t>(length));
-    for (char &c : result) {
-        if (c == ',')
-            c = '.';
-    }
-    return result;
+    const auto end = std::to_chars(text, text + sizeof text, number, std::chars_format::general, 15).ptr;
+    std::replace(text, end, 'e', 'E');
+    return std::string(text, end);
 }
 
 QString numberString(double number)

@@ -1,0 +1,212 @@
+#include "corpus.h"
+#include "database/dialect/dialect.h"
+#include "database/dialect/translator.h"
+#include "database/schema/tables.h"
+#include "database/values/date_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace ebtq::db::test {
+
+namespace {
+
+using ::testing::HasSubstr;
+
+constexpr char16_t lone[] = {0xD800, 0};
+const QString apostropheMessage = QStringLiteral("输入的内容中含有单引号（'），无法执行，请去掉后重试！");
+
+/// What somebody might type to break out of a literal, alone and in pairs.
+QStringList attacks()
+{
+    const QStringList fragments{
+        QStringLiteral("'"), QStringLiteral("''"), QStringLiteral("' or '1'='1"), QStringLiteral("\\'"),
+        QStringLiteral("\\"), QStringLiteral("\""), QStringLiteral("#"), QStringLiteral("]"), QStringLiteral("["),
+        QStringLiteral("--"), QStringLiteral(";"), QStringLiteral("/*"), QStringLiteral("*/"), QStringLiteral("\n"),
+        QString(QChar(u'\0')), QString(QChar(0x2019)), QString(QChar(0xFF07)), QString(QChar(0x02BC)),
+        QString::fromUtf16(lone), QStringLiteral("😀"), QStringLiteral("%_[a]"), QStringLiteral("@ ? :x $1"),
+        QStringLiteral(") or (1=1"), QStringLiteral(" union select 1"), QStringLiteral("2026-9-8"),
+        QStringLiteral("5"), QStringLiteral("-5"), QStringLiteral("1e3"), QStringLiteral(" "), QStringLiteral("张三"),
+        QStringLiteral("null"), QStringLiteral("0x1F")};
+    QStringList all = fragments;
+    for (const QString &first : fragments) {
+        for (const QString &second : fragments)
+            all += first + second;
+    }
+    return all;
+}
+
+const Catalog &catalog()
+{
+    static const Catalog schema = schemaCatalog();
+    return schema;
+}
+
+/// The rendered text, or nothing and the refusal.
+struct Outcome
+{
+    QByteArray sql;
+    QString refusal;
+};
+
+Outcome outcomeOf(const SqlText &statement, const Dialect &dialect)
+{
+    try {
+        return {translate(statement, dialect, catalog()).sql, {}};
+    } catch (const DialectError &error) {
+        return {{}, error.message()};
+    }
+}
+
+/// The pattern with a typed value for each @.
+SqlText filled(const char16_t *pattern, const QString &value)
+{
+    return SqlText::filledIn(QString::fromUtf16(pattern), u'@', value);
+}
+
+std::string shown(const QString &value)
+{
+    return QString::fromUtf8(value.toUtf8().toPercentEncoding()).toStdString();
+}
+
+struct Mixture
+{
+    const char *name;
+    SqlText statement;
+    bool isRefused;
+    bool isApostrophe = false;
+};
+
+} // namespace
+
+/// A value in a text leaves every byte around it as it is for a harmless one, or is refused.
+TEST(Guard, NoTextChangesTheStatementAroundIt)
+{
+    const char16_t *patterns[] = {u"select 房源ID from fyxx where 备注='@'",
+                                  u"select 代码 from pdmsjzd where 类型='a' and (代码='@' or 名称='@')",
+                                  u"insert into pdmgy(雇员ID,姓名)values(1,'@')",
+                                  u"update fyxx set 备注='@',手机='x' where 房源ID='@'",
+                                  u"select 备注 & 'a@b' as [x] from fyxx where 备注 in ('@','y')",
+                                  u"delete from fyxx where 房源ID=\"@\" and 备注=''"};
+    int accepted = 0;
+    for (const Dialect *dialect : {&sqliteDialect(), &postgresDialect()}) {
+        for (const char16_t *pattern : patterns) {
+            const QByteArray harmless = outcomeOf(filled(pattern, QStringLiteral("Zq")), *dialect).sql;
+            const bool isDoubleQuoted = QString::fromUtf16(pattern).contains(u'"');
+            ASSERT_FALSE(harmless.isEmpty());
+            for (const QString &value : attacks()) {
+                const bool mustBeRefused = value.contains(isDoubleQuoted ? u'"' : u'\'') || value.contains(QChar(u'\0'))
+                                           || !value.isValidUtf16();
+                const Outcome outcome = outcomeOf(filled(pattern, value), *dialect);
+                EXPECT_EQ(outcome.refusal.isEmpty(), !mustBeRefused) << shown(value);
+                const QByteArray expected =
+                    QByteArray(harmless).replace("Zq", QString(value).replace(u'\'', QStringLiteral("''")).toUtf8());
+                EXPECT_EQ(outcome.sql, mustBeRefused ? QByteArray() : expected) << shown(value);
+                accepted += mustBeRefused ? 0 : 1;
+                const bool tellsOfIt = outcome.refusal == apostropheMessage;
+                EXPECT_TRUE(tellsOfIt || isDoubleQuoted || !value.contains(u'\'')) << shown(value);
+            }
+        }
+    }
+    EXPECT_GT(accepted, 1000);
+}
+
+TEST(Guard, NoDateChangesTheStatementAroundIt)
+{
+    for (const QString &value : attacks()) {
+        const auto date = parseDate(value);
+        const Outcome outcome = outcomeOf(
+            filled(u"select 1 from fyxx where 操作日期>#@# and 备注='x'", value), sqliteDialect());
+        EXPECT_EQ(outcome.refusal.isEmpty(), date.has_value()) << shown(value);
+        if (date) {
+            EXPECT_EQ(outcome.sql, "SELECT 1 FROM \"fyxx\" AS t0 WHERE t0.\"操作日期\">'" + storedDate(*date).toUtf8()
+                                       + "' AND t0.\"备注\"='x'");
+        }
+    }
+}
+
+TEST(Guard, OnlyOneNumberStandsInPlaceOfANumber)
+{
+    QStringList accepted;
+    for (const QString &value : attacks()) {
+        const Outcome outcome = outcomeOf(filled(u"select 1 from fyxx where 房型_房=@ and 1=1", value), sqliteDialect());
+        if (outcome.refusal.isEmpty())
+            accepted += value;
+    }
+    EXPECT_EQ(accepted.join(u'|').toStdString(), "5|1e3|55|51e3|1e35");
+}
+
+TEST(Guard, PatternsOfLikeStayOneText)
+{
+    for (const QString &value : attacks()) {
+        const Outcome outcome = outcomeOf(filled(u"select 1 from fyxx where 备注 like '%@%'", value), sqliteDialect());
+        if (!outcome.refusal.isEmpty())
+            continue;
+        const QByteArray before = "SELECT 1 FROM \"fyxx\" AS t0 WHERE ";
+        const QByteArray typed = value.toUtf8();
+        EXPECT_THAT(outcome.sql, ::testing::AnyOf(before + "instr(t0.\"备注\",'" + typed + "')>0",
+                                                  before + "ebtq_like(t0.\"备注\",'%" + typed + "%')"))
+            << shown(value);
+    }
+}
+
+TEST(Guard, AcceptedTextsComeBackAsTheyWereTyped)
+{
+    const auto connection = filledDatabase();
+    int key = 1000;
+    for (const QString &value : attacks()) {
+        SqlText insertion = QStringLiteral("insert into pdmgy(雇员ID,姓名)values(%1,'").arg(++key);
+        insertion += typed(value);
+        insertion += u"')";
+        if (!outcomeOf(insertion, sqliteDialect()).refusal.isEmpty())
+            continue;
+        connection->execute(insertion);
+        const RowBlock block =
+            connection->query(QStringLiteral("select 姓名 from pdmgy where 雇员ID=%1").arg(key));
+        ASSERT_EQ(block.rowCount(), 1);
+        EXPECT_EQ(std::string(block.cell(0, 0)), value.toStdString()) << shown(value);
+    }
+}
+
+TEST(Guard, LooksAtEachSpanByItself)
+{
+    const auto text = [](const char16_t *fixed) { return SqlText(QString::fromUtf16(fixed)); };
+    const auto value = [](const char16_t *typedText) { return typed(QString::fromUtf16(typedText)); };
+    const std::vector<Mixture> mixtures{
+        {"several values in one text", text(u"select '") + value(u"a") + u"-" + value(u"b") + u"'", false},
+        {"a doubled quote between two values", text(u"select '") + value(u"a") + u"''" + value(u"b") + u"'", false},
+        {"a value that closes and one that opens",
+         text(u"select '") + value(u"x'") + u"," + value(u"'y") + u"'", true, true},
+        {"a value that is a whole literal", text(u"select ") + value(u"'x'"), true, true},
+        {"a value with half of a doubled quote", text(u"select '") + value(u"x'") + u"'", true, true},
+        {"a value that begins with the closing quote", text(u"select 'x") + value(u"'"), true, true},
+        {"a name", text(u"select ") + value(u"房源ID") + u" from fyxx", true},
+        {"a part of a name", text(u"select 房源") + value(u"ID") + u" from fyxx", true},
+        {"a name in brackets", text(u"select [") + value(u"房源ID") + u"] from fyxx", true},
+        {"a keyword", text(u"select 1 ") + value(u"from") + u" fyxx", true},
+        {"an operator", text(u"select 1") + value(u"+") + u"1", true},
+        {"blanks between words", text(u"select") + value(u" ") + u"1", true},
+        {"blanks behind the end", text(u"select 1") + value(u" "), true},
+        {"a digit of a number", text(u"select 1") + value(u"0") + u"0", false},
+        {"two numbers that grow together", text(u"select ") + value(u"1") + value(u"0"), false},
+        {"digits that make a name longer", text(u"select 楼层") + value(u"1") + u" from fyxx", true},
+        {"a date and its delimiter", text(u"select #") + value(u"2026-9-8#") + u"", true},
+        {"a part of a date", text(u"select #2026-") + value(u"9") + u"-8#", false},
+        {"a quote in another kind of text", text(u"select \"") + value(u"it's") + u"\"", false},
+        {"a hexadecimal number", text(u"select ") + value(u"&H10"), false},
+        {"an alias", text(u"select 1 as ") + value(u"x"), true},
+        {"a comment behind", text(u"select 'x'") + value(u"--"), true}};
+    for (const Mixture &each : mixtures) {
+        const Outcome outcome = outcomeOf(each.statement, sqliteDialect());
+        EXPECT_EQ(!outcome.refusal.isEmpty(), each.isRefused) << each.name;
+        EXPECT_EQ(outcome.refusal == apostropheMessage, each.isApostrophe) << each.name;
+    }
+}
+
+TEST(Guard, FixedTextMayHoldWhatTypedTextMayNot)
+{
+    const SqlText fixed(QStringLiteral("select 'it''s' as x"));
+    EXPECT_EQ(outcomeOf(fixed, sqliteDialect()).sql, "SELECT 'it''s'");
+}
+
+} // namespace ebtq::db::test
