@@ -41,6 +41,13 @@ QWidget *barOfKind(const QString &kind)
     return bar;
 }
 
+/// To where the person was in the page; to its first field before.
+void giveFocus(QWidget &page)
+{
+    QWidget *lastUsed = page.focusWidget();
+    (lastUsed ? lastUsed : &page)->setFocus(Qt::OtherFocusReason);
+}
+
 QString sessionText(const SessionFacts &facts)
 {
     const QString who = facts.department.isEmpty()
@@ -107,14 +114,13 @@ QWidget *MainWindow::topBar(const SessionFacts &facts)
     scheme->setIcon(look::icon(QStringLiteral("contrast")));
     scheme->setToolTip(QStringLiteral("浅色/深色 (Ctrl+Shift+D)"));
     scheme->setAccessibleName(QStringLiteral("切换浅色或深色"));
-    scheme->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_D);
     connect(scheme, &QToolButton::clicked, this, &MainWindow::toggleScheme);
 
     QLabel *session = plainLabel(sessionText(facts), QStringLiteral("Session"));
     session->setProperty("kind", QStringLiteral("caption"));
     QWidget *bar = barOfKind(QStringLiteral("bar"));
     auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(8, 0, 8, 0);
+    row->setContentsMargins(8, 0, 8, 1); // the bar's own line stays in sight below the tabs
     row->addWidget(m_tabs, 0, Qt::AlignBottom);
     row->addStretch();
     row->addWidget(session);
@@ -141,6 +147,7 @@ void MainWindow::setUpShortcuts()
                  current->refresh();
          }},
         {Qt::Key_F6, [this] { switchSide(); }},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_D, [this] { toggleScheme(); }},
         {Qt::CTRL | Qt::Key_W,
          [this] {
              if (ModulePage *current = currentPage())
@@ -224,8 +231,7 @@ void MainWindow::showCurrentPage()
     }
     m_pages->setCurrentWidget(current);
     m_navigation->setCurrent(current->module());
-    QWidget *lastUsed = current->focusWidget();
-    (lastUsed ? lastUsed : current)->setFocus(Qt::OtherFocusReason);
+    giveFocus(*current);
 }
 
 void MainWindow::stepTab(int step)
@@ -238,7 +244,7 @@ void MainWindow::switchSide()
 {
     ModulePage *current = currentPage();
     if (current && m_navigation->isAncestorOf(QApplication::focusWidget()))
-        current->setFocus(Qt::ShortcutFocusReason);
+        giveFocus(*current);
     else
         m_navigation->focusEntry();
 }

@@ -42,8 +42,7 @@ template<class Call> bool ModulePage::guarded(Call call)
 
 bool ModulePage::open()
 {
-    bool made = false;
-    if (!guarded([&] { made = make(); }) || !made)
+    if (!guarded([this] { make(); }))
         return false;
     guarded([this] {
         m_report->IReportUI_Init(m_app, m_entry.id);
@@ -53,17 +52,17 @@ bool ModulePage::open()
     return true;
 }
 
-bool ModulePage::make()
+void ModulePage::make()
 {
     m_module = m_library.create(m_entry.className.toString());
-    m_report = qobject_cast<IReportUI *>(m_module.get());
-    if (m_report)
+    auto *report = qobject_cast<IReportUI *>(m_module.get());
+    if (report)
         m_view.reset(m_library.createView(*m_module, this));
     if (!m_view)
         throw Failure(QStringLiteral("组件库没有模块“%1”的界面。").arg(m_entry.className));
+    m_report = report;
     bindEvents();
     showView();
-    return true;
 }
 
 void ModulePage::bindEvents()

@@ -42,7 +42,7 @@ Q_SIGNALS:
     void closeRequested();
 
 private:
-    bool make();
+    void make();
     void bindEvents();
     void showView();
     void restoreLayout();

@@ -28,7 +28,7 @@ Navigation::Navigation(const QStringList &classNames, QWidget *parent)
     setAttribute(Qt::WA_StyledBackground);
     m_title->setProperty("kind", QStringLiteral("navTitle"));
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 0, 8, 8);
+    column->setContentsMargins(8, 8, 8, 8);
     column->setSpacing(2);
     column->addWidget(m_title);
     QStringView group;
@@ -58,7 +58,7 @@ void Navigation::addEntry(const host::ModuleEntry &module, const QString &icon)
     auto *button = new QToolButton;
     button->setProperty("kind", QStringLiteral("nav"));
     button->setObjectName(QStringLiteral("Navigation_%1").arg(static_cast<int>(module.id)));
-    button->setText(module.caption.toString());
+    button->setText(u' ' + module.caption.toString()); // a tool button puts its text hard against the icon
     button->setToolTip(module.caption.toString());
     button->setAccessibleName(module.caption.toString());
     button->setIcon(look::icon(icon, &look::Tokens::navigationInk));

@@ -72,7 +72,7 @@ int runProgram(GuardedApplication &application, const Options &options)
     look::apply(application, options.dark ? look::Scheme::Dark : look::Scheme::Light);
     try {
         const std::unique_ptr<db::Connection> connection = openDatabase(options.database);
-        const std::optional<host::User> user = signInUser(*connection, options.user);
+        const std::optional<host::User> user = signInUser(*connection, options);
         return user ? runSession(application, options, *connection, *user) : 0;
     } catch (const std::exception &failure) {
         tellStartFailure(QString::fromUtf8(failure.what()), options);

@@ -68,11 +68,13 @@ QString databasePlace(const db::Connection &connection)
         .arg(location);
 }
 
-std::optional<host::User> signInUser(db::Connection &connection, const QString &name)
+std::optional<host::User> signInUser(db::Connection &connection, const Options &options)
 {
     if (qEnvironmentVariableIsSet(passwordVariable))
-        return host::signIn(connection, name, qEnvironmentVariable(passwordVariable));
-    return askForUser(connection, name);
+        return host::signIn(connection, options.user, qEnvironmentVariable(passwordVariable));
+    if (!options.tour.isEmpty())
+        throw Failure(QStringLiteral("自动演示需要用户名（--user）和环境变量 EBTQ_PASSWORD 中的密码。"));
+    return askForUser(connection, options.user);
 }
 
 } // namespace ebtq::shell

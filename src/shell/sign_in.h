@@ -2,6 +2,7 @@
 
 #include "database/connection.h"
 #include "host/users.h"
+#include "shell/options.h"
 
 #include <QString>
 
@@ -21,7 +22,7 @@ namespace ebtq::shell {
 
 /// Signs in without asking when the environment has a password, as scripts do, else with the dialog; nothing
 /// when the person left it. Throws an exception with a text for the user when the password of the environment
-/// is wrong.
-[[nodiscard]] std::optional<host::User> signInUser(db::Connection &connection, const QString &name);
+/// is wrong, and when there is none for a tour, during which nobody is there to be asked.
+[[nodiscard]] std::optional<host::User> signInUser(db::Connection &connection, const Options &options);
 
 } // namespace ebtq::shell

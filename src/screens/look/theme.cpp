@@ -75,7 +75,7 @@ QToolButton:pressed { background: @line; }
 QToolButton:focus { border-color: @brand; }
 QToolButton:checked { background: @brandSoft; color: @brand; font-weight: bold; }
 QToolButton:disabled { color: @muted; }
-QToolButton[kind="close"] { padding: 1px; border-radius: 3px; }
+QToolButton[kind="close"] { padding: 0; margin-left: 4px; border-radius: 3px; min-width: 16px; min-height: 16px; }
 
 QLineEdit, QPlainTextEdit, QTextEdit, QComboBox { background: @card; color: @ink; border: 1px solid @line;
     border-radius: 4px; selection-background-color: @brand; selection-color: @onBrand; }
@@ -111,6 +111,9 @@ QGroupBox::title { subcontrol-origin: margin; left: 10px; top: 2px; color: @bran
 QTableView, QTreeView, QListView { background: @card; color: @ink; alternate-background-color: @zebra;
     border: none; outline: none; gridline-color: @line; selection-background-color: @currentRow;
     selection-color: @ink; }
+QTreeView::item { padding: 3px 4px; }
+QTreeView::item:disabled { color: @muted; }
+QAbstractScrollArea::corner { background: @card; border: none; }
 QHeaderView { background: @header; border: none; }
 QHeaderView::section { background: @header; color: @ink; border: none; border-right: 1px solid @line;
     border-bottom: 1px solid @line; padding: 4px 6px; font-weight: bold; }
@@ -118,7 +121,7 @@ QTableCornerButton::section { background: @header; border: none; }
 
 QTabBar { background: @card; border: none; }
 QTabBar::tab { background: transparent; color: @muted; border: none; border-bottom: 2px solid transparent;
-    padding: 8px 14px; }
+    padding: 7px 12px; }
 QTabBar::tab:hover { color: @ink; background: @window; }
 QTabBar::tab:selected { color: @brand; border-bottom-color: @brand; font-weight: bold; }
 QTabBar::tab:focus { background: @brandSoft; }
@@ -168,7 +171,7 @@ QFrame[kind="message"][level="8"] QLabel { color: @failureInk; }
 QWidget[kind="navigation"] { background: @navigation; }
 QWidget[kind="navigation"] QScrollArea, QWidget[kind="navigation"] QScrollArea > QWidget > QWidget {
     background: @navigation; }
-QLabel[kind="navTitle"] { color: #ffffff; font-size: 15px; font-weight: bold; padding: 16px 14px 8px 14px; }
+QLabel[kind="navTitle"] { color: #ffffff; font-size: 15px; font-weight: bold; padding: 8px 14px 8px 14px; }
 QLabel[kind="navGroup"] { color: @navigationMuted; font-size: 12px; padding: 10px 12px 4px 12px; }
 QToolButton[kind="nav"] { color: @navigationInk; text-align: left; padding: 7px 12px; border-radius: 5px; }
 QToolButton[kind="nav"]:hover { background: rgba(255, 255, 255, 24); }

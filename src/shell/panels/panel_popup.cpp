@@ -19,6 +19,7 @@ constexpr int narrowest = 240;
 constexpr int widest = 640;
 constexpr int rowsHeight = 320;
 constexpr int widestColumn = 260;
+constexpr int columnGap = 12;
 
 bool movesThroughRows(int key)
 {
@@ -42,11 +43,13 @@ PanelPopup::PanelPopup(const host::Panel &panel)
     setFocusProxy(m_find);
     m_find->setFocus();
     find({});
+    sizeColumns();
 }
 
 void PanelPopup::setUpView()
 {
     m_view->setObjectName(QStringLiteral("panelRows"));
+    ensurePolished(); // the style sheet decides on the heights of rows, which are measured once
     m_view->setModel(&m_model);
     m_view->setFocusPolicy(Qt::NoFocus);
     m_view->setUniformRowHeights(true);
@@ -55,10 +58,21 @@ void PanelPopup::setUpView()
     m_view->setItemsExpandable(false);
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_view->setHeaderHidden(m_panel.shown.size() < 2);
+}
+
+void PanelPopup::sizeColumns()
+{
     for (int column = 0; column < m_model.columnCount(); ++column) {
         m_view->resizeColumnToContents(column);
-        m_view->setColumnWidth(column, std::min(m_view->columnWidth(column) + 12, widestColumn));
+        m_view->setColumnWidth(column, std::min(m_view->columnWidth(column) + columnGap, widestColumn));
     }
+}
+
+void PanelPopup::showEvent(QShowEvent *event)
+{
+    Popup::showEvent(event);
+    m_view->scrollToTop(); // what led to the current row is worth seeing, too
+    m_view->scrollTo(m_view->currentIndex());
 }
 
 void PanelPopup::setUpLayout()
@@ -94,7 +108,6 @@ void PanelPopup::find(const QString &text)
     if (!current.isValid())
         current = m_model.indexOfRow(m_model.firstChoosableMatch());
     m_view->setCurrentIndex(current);
-    m_view->scrollTo(current, QAbstractItemView::PositionAtCenter);
 }
 
 void PanelPopup::choose(const QModelIndex &index)

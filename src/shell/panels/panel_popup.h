@@ -27,10 +27,14 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
     [[nodiscard]] QSize sizeHint() const override;
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void find(const QString &text);
     void choose(const QModelIndex &index);
     void setUpView();
+    void sizeColumns();
     void setUpLayout();
 
     const host::Panel &m_panel;

@@ -5,10 +5,17 @@
 
 #include <QDir>
 #include <QFile>
+#include <QWidget>
 
 #include <iostream>
 
 namespace ebtq::shell {
+
+namespace {
+
+constexpr QSize tourSize(1440, 840);
+
+} // namespace
 
 Tour::Tour(QWidget &window, const TourSettings &settings)
     : m_settings(settings)
@@ -54,6 +61,7 @@ void Tour::writeNotes() const
 
 int runTour(QWidget &window, const TourSettings &settings)
 {
+    window.resize(tourSize); // whatever the screen is, so that pictures can be compared
     Tour tour(window, settings);
     QString failure;
     try {

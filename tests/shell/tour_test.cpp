@@ -1,0 +1,86 @@
+#include "shell/tour/tour.h"
+
+#include "library/frame/host_contracts.h"
+
+#include <QFile>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace ebtq::shell {
+namespace {
+
+class PersonTest : public ::testing::Test
+{
+protected:
+    PersonTest()
+    {
+        window.resize(300, 200);
+        field.setObjectName(QStringLiteral("field"));
+        button.setObjectName(QStringLiteral("button"));
+        button.move(0, 100);
+        window.show();
+    }
+    QWidget window;
+    QLineEdit field{&window};
+    QPushButton button{&window};
+};
+
+TEST_F(PersonTest, TypesAndClicksOnRealWidgets)
+{
+    Person person(window);
+    int clicks = 0;
+    QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
+    person.focus(QStringLiteral("field"));
+    person.type(QStringLiteral("天河x"));
+    person.press(Qt::Key_Backspace);
+    person.click(QStringLiteral("button"));
+    EXPECT_EQ(field.text(), u"天河");
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(PersonTest, WhatCannotBeSeenCannotBeUsed)
+{
+    Person person(window);
+    button.hide();
+    EXPECT_THROW(person.click(QStringLiteral("button")), Failure);
+    EXPECT_THROW((void)person.see<QLineEdit>(QStringLiteral("nowhere")), Failure);
+    EXPECT_THROW((void)person.see<QPushButton>(QStringLiteral("field")), Failure) << "another kind of widget";
+}
+
+TEST_F(PersonTest, ADisabledButtonIsNotPressed)
+{
+    Person person(window);
+    button.setEnabled(false);
+    QObject::connect(&button, &QPushButton::clicked, [] { FAIL(); });
+    person.click(QStringLiteral("button"));
+}
+
+TEST_F(PersonTest, AFailureInsideAPopupComesOutAndClosesIt)
+{
+    Person person(window);
+    QMenu menu;
+    menu.addAction(QStringLiteral("甲"));
+    EXPECT_THROW(person.withPopup([&] { menu.exec(); }, [&] { (void)person.see(QStringLiteral("nowhere")); }),
+                 Failure);
+    EXPECT_FALSE(menu.isVisible());
+}
+
+TEST_F(PersonTest, ATourThatSeesSomethingElseFailsAndSaysWhy)
+{
+    const QTemporaryDir folder;
+    const auto connection = db::Connection::open(QStringLiteral(":memory:"));
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(runTour(window, {folder.path(), *connection}), 1);
+    EXPECT_FALSE(::testing::internal::GetCapturedStderr().empty());
+    QFile notes(folder.filePath(QStringLiteral("tour.txt")));
+    ASSERT_TRUE(notes.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(QString::fromUtf8(notes.readAll()).contains(u"失败："));
+    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("01-failed.png"))));
+}
+
+} // namespace
+} // namespace ebtq::shell
