@@ -64,9 +64,27 @@ void GridSearch::run(int from, const std::function<bool(int)> &found)
 
 bool GridSearch::rowHolds(int position)
 {
-    m_rowText.clear();
+    return columnsHold(position, 0, m_columns.size() - 1);
+}
+
+/// The text crosses at most as many borders of columns as it has percent signs.
+bool GridSearch::textStandsAround(int position, int blockCol)
+{
+    const qsizetype reach = std::ranges::count(m_needle, '%');
     for (qsizetype at = 0; at < m_columns.size(); ++at) {
-        if (at > 0)
+        if (m_columns[at] - m_rows.firstColumn() == blockCol &&
+            columnsHold(position, std::max<qsizetype>(at - reach, 0),
+                        std::min(at + reach, m_columns.size() - 1)))
+            return true;
+    }
+    return false;
+}
+
+bool GridSearch::columnsHold(int position, qsizetype first, qsizetype last)
+{
+    m_rowText.clear();
+    for (qsizetype at = first; at <= last; ++at) {
+        if (at > first)
             m_rowText += '%';
         m_rowText += m_rows.cell(position, m_columns[at]);
     }
@@ -90,12 +108,12 @@ bool GridSearch::scanRun(int begin, int end, const std::function<bool(int)> &fou
         const auto offset = static_cast<size_t>(static_cast<const char *>(hit) - arena.data());
         row = rowHolding(offset, row, last);
         const int col = columnHolding(offset, row);
-        if (!liesInSearchedCell(offset, row, col)) {
+        const int position = begin + static_cast<int>(row - first);
+        if (!liesInSearchedCell(offset, row, col) || !(m_scanDecides || textStandsAround(position, col))) {
             at = beginOfNextSearched(row, col);
             continue;
         }
-        const int position = begin + static_cast<int>(row - first);
-        if ((m_scanDecides || rowHolds(position)) && !found(position))
+        if (!found(position))
             return false;
         at = rowEnd(row);
     }

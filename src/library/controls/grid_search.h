@@ -16,8 +16,8 @@ namespace ebtq {
 ///
 /// A text without "%" lies within one cell, so the block's bytes are searched in one pass and each hit is
 /// mapped back to its cell. Of a text with "%" the longest part between two of them is searched so, and the
-/// rows that hold it are looked at one by one; as are edited rows, and all rows for letters whose case does
-/// not count.
+/// columns around each hit are looked at. Edited rows, and letters whose case does not count, are searched
+/// row by row.
 class GridSearch
 {
 public:
@@ -30,6 +30,8 @@ public:
 
 private:
     [[nodiscard]] bool rowHolds(int position);
+    [[nodiscard]] bool textStandsAround(int position, int blockCol);
+    [[nodiscard]] bool columnsHold(int position, qsizetype first, qsizetype last);
     bool scanRun(int begin, int end, const std::function<bool(int)> &found);
     [[nodiscard]] size_t rowBegin(size_t row) const;
     [[nodiscard]] size_t rowEnd(size_t row) const;

@@ -119,10 +119,13 @@ TEST_F(GridTest, CurrentRowStaysOnItsContents)
     grid.LoadArray(blockOf(2, threeRows));
     grid.setRow(2);
     takeMoves();
-    grid.insertRow(1);
+    grid.insertRow(2);
     EXPECT_EQ(grid.Row(), 3);
     EXPECT_EQ(grid.TextMatrix(3, 0), u"A2"_qs);
-    grid.RemoveItem(1);
+    grid.insertRow(4);
+    EXPECT_EQ(grid.Row(), 3);
+    grid.RemoveItem(4);
+    grid.RemoveItem(2);
     EXPECT_EQ(grid.Row(), 2);
     grid.RemoveItem(2);
     EXPECT_EQ(grid.TextMatrix(grid.Row(), 0), u"A3"_qs);

@@ -234,6 +234,7 @@ TEST_F(FcxxTest, WheelTurnsRowsAtTheUsersRate)
         {u"0"_qs, 4, 2, 15},
         {u"三"_qs, 4, 2, 15},
         {u"3"_qs, 7, 4, 9},
+        {u"2"_qs, 10, 6, 6},
         {u"2.5行"_qs, 8, 4, 7},
         {u"100"_qs, 0, 0, 21},
         {u"1e-300"_qs, std::numeric_limits<int>::max(), std::numeric_limits<int>::max(), 1}};
