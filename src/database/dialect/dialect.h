@@ -40,9 +40,9 @@ struct Dialect
     /// Whether division by 0 is an error that has to be kept from happening. SQLite gives Null by itself.
     bool zeroDivisionFails;
 
-    /// The function that joins its arguments as `&` does: Null as empty, numbers as texts of at most 15 digits.
-    /// In SQLite one call for all of them costs less than joining them two by two. Empty where there is none:
-    /// then each operand is turned into a text and they are joined by ||.
+    /// The function that joins its arguments as `&` does: Null as empty, numbers as texts of at most 15
+    /// digits. In SQLite one call for all of them costs less than joining them two by two. Empty where there
+    /// is none: then each operand is turned into a text and they are joined by ||.
     const char *joinFunction;
 
     /// Whether a sub-select of several rows in place of a value is an error; the dialect takes the first row.

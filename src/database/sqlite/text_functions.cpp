@@ -42,8 +42,8 @@ qint64 lengthOf(std::string_view text)
     return length;
 }
 
-/// The joining operator for all its operands at once. A list calls it for each row, so its text grows in memory that
-/// is kept, unless a single huge one has filled it.
+/// The joining operator for all its operands at once. A list calls it for each row, so its text grows in
+/// memory that is kept, unless a single huge one has filled it.
 void join(FunctionCall &call)
 {
     constexpr size_t mostKept = 1 << 16;
@@ -211,14 +211,22 @@ std::span<const FunctionEntry> textFunctions()
 {
     static constexpr std::array entries{
         FunctionEntry{"join", anyCount, join, true},
-        FunctionEntry{"like", 2, like},       FunctionEntry{"instr", 3, instr},
-        FunctionEntry{"len", 1, len},         FunctionEntry{"left", 2, left},
-        FunctionEntry{"right", 2, right},     FunctionEntry{"mid", 2, mid},
-        FunctionEntry{"mid", 3, mid},         FunctionEntry{"trim", 1, trimBoth},
-        FunctionEntry{"ltrim", 1, trimLeft},  FunctionEntry{"rtrim", 1, trimRight},
-        FunctionEntry{"ucase", 1, ucase},     FunctionEntry{"lcase", 1, lcase},
-        FunctionEntry{"replace", 3, replace}, FunctionEntry{"space", 1, space},
-        FunctionEntry{"string", 2, string},   FunctionEntry{"asc", 1, asc},
+        FunctionEntry{"like", 2, like},
+        FunctionEntry{"instr", 3, instr},
+        FunctionEntry{"len", 1, len},
+        FunctionEntry{"left", 2, left},
+        FunctionEntry{"right", 2, right},
+        FunctionEntry{"mid", 2, mid},
+        FunctionEntry{"mid", 3, mid},
+        FunctionEntry{"trim", 1, trimBoth},
+        FunctionEntry{"ltrim", 1, trimLeft},
+        FunctionEntry{"rtrim", 1, trimRight},
+        FunctionEntry{"ucase", 1, ucase},
+        FunctionEntry{"lcase", 1, lcase},
+        FunctionEntry{"replace", 3, replace},
+        FunctionEntry{"space", 1, space},
+        FunctionEntry{"string", 2, string},
+        FunctionEntry{"asc", 1, asc},
         FunctionEntry{"chr", 1, chr},
     };
     return entries;

@@ -69,8 +69,9 @@ QStringList rowTexts(const RowBlock &block)
         QStringList cells;
         for (int column = 0; column < block.columnCount(); ++column) {
             const std::string_view cell = block.cell(row, column);
-            cells += block.isNull(row, column) ? QStringLiteral("∅")
-                                               : QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
+            cells += block.isNull(row, column)
+                         ? QStringLiteral("∅")
+                         : QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
         }
         rows += cells.join(u'|');
     }

@@ -14,10 +14,10 @@ struct CorpusCase
 {
     std::string name;
     QString statement;
-    QStringList rows;      ///< "> ": cells parted by |, Null as ∅
-    qint64 changed = -1;   ///< "= ": rows changed; -1 for a select
-    QString refusal;       ///< "! ": a part of the message; empty when the statement is good
-    bool runs = true;      ///< "? ": translated and prepared, but what it gives differs from day to day
+    QStringList rows;    ///< "> ": cells parted by |, Null as ∅
+    qint64 changed = -1; ///< "= ": rows changed; -1 for a select
+    QString refusal;     ///< "! ": a part of the message; empty when the statement is good
+    bool runs = true;    ///< "? ": translated and prepared, but what it gives differs from day to day
 };
 
 [[nodiscard]] const std::vector<CorpusCase> &corpus();

@@ -20,14 +20,17 @@ const QString apostropheMessage = QStringLiteral("输入的内容中含有单引
 QStringList attacks()
 {
     const QStringList fragments{
-        QStringLiteral("'"), QStringLiteral("''"), QStringLiteral("' or '1'='1"), QStringLiteral("\\'"),
-        QStringLiteral("\\"), QStringLiteral("\""), QStringLiteral("#"), QStringLiteral("]"), QStringLiteral("["),
-        QStringLiteral("--"), QStringLiteral(";"), QStringLiteral("/*"), QStringLiteral("*/"), QStringLiteral("\n"),
-        QString(QChar(u'\0')), QString(QChar(0x2019)), QString(QChar(0xFF07)), QString(QChar(0x02BC)),
-        QString::fromUtf16(lone), QStringLiteral("😀"), QStringLiteral("%_[a]"), QStringLiteral("@ ? :x $1"),
-        QStringLiteral(") or (1=1"), QStringLiteral(" union select 1"), QStringLiteral("2026-9-8"),
-        QStringLiteral("5"), QStringLiteral("-5"), QStringLiteral("1e3"), QStringLiteral(" "), QStringLiteral("张三"),
-        QStringLiteral("null"), QStringLiteral("0x1F")};
+        QStringLiteral("'"),         QStringLiteral("''"),        QStringLiteral("' or '1'='1"),
+        QStringLiteral("\\'"),       QStringLiteral("\\"),        QStringLiteral("\""),
+        QStringLiteral("#"),         QStringLiteral("]"),         QStringLiteral("["),
+        QStringLiteral("--"),        QStringLiteral(";"),         QStringLiteral("/*"),
+        QStringLiteral("*/"),        QStringLiteral("\n"),        QString(QChar(u'\0')),
+        QString(QChar(0x2019)),      QString(QChar(0xFF07)),      QString(QChar(0x02BC)),
+        QString::fromUtf16(lone),    QStringLiteral("😀"),         QStringLiteral("%_[a]"),
+        QStringLiteral("@ ? :x $1"), QStringLiteral(") or (1=1"), QStringLiteral(" union select 1"),
+        QStringLiteral("2026-9-8"),  QStringLiteral("5"),         QStringLiteral("-5"),
+        QStringLiteral("1e3"),       QStringLiteral(" "),         QStringLiteral("张三"),
+        QStringLiteral("null"),      QStringLiteral("0x1F")};
     QStringList all = fragments;
     for (const QString &first : fragments) {
         for (const QString &second : fragments)
@@ -95,12 +98,12 @@ TEST(Guard, NoTextChangesTheStatementAroundIt)
             const bool isDoubleQuoted = QString::fromUtf16(pattern).contains(u'"');
             ASSERT_FALSE(harmless.isEmpty());
             for (const QString &value : attacks()) {
-                const bool mustBeRefused = value.contains(isDoubleQuoted ? u'"' : u'\'') || value.contains(QChar(u'\0'))
-                                           || !value.isValidUtf16();
+                const bool mustBeRefused = value.contains(isDoubleQuoted ? u'"' : u'\'') ||
+                                           value.contains(QChar(u'\0')) || !value.isValidUtf16();
                 const Outcome outcome = outcomeOf(filled(pattern, value), *dialect);
                 EXPECT_EQ(outcome.refusal.isEmpty(), !mustBeRefused) << shown(value);
-                const QByteArray expected =
-                    QByteArray(harmless).replace("Zq", QString(value).replace(u'\'', QStringLiteral("''")).toUtf8());
+                const QByteArray expected = QByteArray(harmless).replace(
+                    "Zq", QString(value).replace(u'\'', QStringLiteral("''")).toUtf8());
                 EXPECT_EQ(outcome.sql, mustBeRefused ? QByteArray() : expected) << shown(value);
                 accepted += mustBeRefused ? 0 : 1;
                 const bool tellsOfIt = outcome.refusal == apostropheMessage;
@@ -115,12 +118,12 @@ TEST(Guard, NoDateChangesTheStatementAroundIt)
 {
     for (const QString &value : attacks()) {
         const auto date = parseDate(value);
-        const Outcome outcome = outcomeOf(
-            filled(u"select 1 from fyxx where 操作日期>#@# and 备注='x'", value), sqliteDialect());
+        const Outcome outcome =
+            outcomeOf(filled(u"select 1 from fyxx where 操作日期>#@# and 备注='x'", value), sqliteDialect());
         EXPECT_EQ(outcome.refusal.isEmpty(), date.has_value()) << shown(value);
         if (date) {
-            EXPECT_EQ(outcome.sql, "SELECT 1 FROM \"fyxx\" AS t0 WHERE t0.\"操作日期\">'" + storedDate(*date).toUtf8()
-                                       + "' AND t0.\"备注\"='x'");
+            EXPECT_EQ(outcome.sql, "SELECT 1 FROM \"fyxx\" AS t0 WHERE t0.\"操作日期\">'" +
+                                       storedDate(*date).toUtf8() + "' AND t0.\"备注\"='x'");
         }
     }
 }
@@ -129,7 +132,8 @@ TEST(Guard, OnlyOneNumberStandsInPlaceOfANumber)
 {
     QStringList accepted;
     for (const QString &value : attacks()) {
-        const Outcome outcome = outcomeOf(filled(u"select 1 from fyxx where 房型_房=@ and 1=1", value), sqliteDialect());
+        const Outcome outcome =
+            outcomeOf(filled(u"select 1 from fyxx where 房型_房=@ and 1=1", value), sqliteDialect());
         if (outcome.refusal.isEmpty())
             accepted += value;
     }
@@ -139,7 +143,8 @@ TEST(Guard, OnlyOneNumberStandsInPlaceOfANumber)
 TEST(Guard, PatternsOfLikeStayOneText)
 {
     for (const QString &value : attacks()) {
-        const Outcome outcome = outcomeOf(filled(u"select 1 from fyxx where 备注 like '%@%'", value), sqliteDialect());
+        const Outcome outcome =
+            outcomeOf(filled(u"select 1 from fyxx where 备注 like '%@%'", value), sqliteDialect());
         if (!outcome.refusal.isEmpty())
             continue;
         const QByteArray before = "SELECT 1 FROM \"fyxx\" AS t0 WHERE ";
@@ -174,7 +179,8 @@ TEST(Guard, LooksAtEachSpanByItself)
     const auto value = [](const char16_t *typedText) { return typed(QString::fromUtf16(typedText)); };
     const std::vector<Mixture> mixtures{
         {"several values in one text", text(u"select '") + value(u"a") + u"-" + value(u"b") + u"'", false},
-        {"a doubled quote between two values", text(u"select '") + value(u"a") + u"''" + value(u"b") + u"'", false},
+        {"a doubled quote between two values", text(u"select '") + value(u"a") + u"''" + value(u"b") + u"'",
+         false},
         {"a value that closes and one that opens",
          text(u"select '") + value(u"x'") + u"," + value(u"'y") + u"'", true, true},
         {"a value that is a whole literal", text(u"select ") + value(u"'x'"), true, true},

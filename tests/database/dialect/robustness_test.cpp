@@ -21,8 +21,7 @@ class RobustnessTest : public ::testing::Test
 protected:
     RobustnessTest()
         : m_connection(filledDatabase())
-    {
-    }
+    {}
 
     /// The refusal; empty for a statement that is accepted, which the engine must then be able to prepare.
     QString refusalOf(const QString &statement)
@@ -42,7 +41,8 @@ protected:
         try {
             static_cast<void>(m_connection->queryNative("explain " + sql));
         } catch (const DatabaseError &error) {
-            ADD_FAILURE() << error.what() << '\n' << statement.left(300).toStdString() << '\n'
+            ADD_FAILURE() << error.what() << '\n'
+                          << statement.left(300).toStdString() << '\n'
                           << sql.left(300).toStdString();
         }
     }
@@ -107,8 +107,8 @@ QString nested(const Nesting &nesting, int levels)
 {
     const QString opening = QString::fromUtf16(nesting.opening);
     const QString closing = QString::fromUtf16(nesting.closing);
-    return u"select "_qs + opening.repeated(levels) + QString::fromUtf16(nesting.inside) + closing.repeated(levels)
-           + u" from fyxx"_qs;
+    return u"select "_qs + opening.repeated(levels) + QString::fromUtf16(nesting.inside) +
+           closing.repeated(levels) + u" from fyxx"_qs;
 }
 
 } // namespace
@@ -130,7 +130,9 @@ TEST_F(RobustnessTest, NestedJoinsAreBounded)
     const auto joins = [](int count) {
         QString from = u"pdmgy t0"_qs;
         for (int at = 1; at <= count; ++at)
-            from = (at == 1 ? u"%1 left join pdmgy t%2 on 1=1"_qs : u"(%1) left join pdmgy t%2 on 1=1"_qs).arg(from).arg(at);
+            from = (at == 1 ? u"%1 left join pdmgy t%2 on 1=1"_qs : u"(%1) left join pdmgy t%2 on 1=1"_qs)
+                       .arg(from)
+                       .arg(at);
         return u"select 1 from "_qs + from;
     };
     EXPECT_EQ(refusalOf(joins(50)).toStdString(), "");
@@ -141,18 +143,23 @@ TEST_F(RobustnessTest, NestedJoinsAreBounded)
 
 TEST_F(RobustnessTest, LongChainsAreAcceptedOrRefusedWithoutRecursion)
 {
-    const char16_t *links[] = {u"+1", u"&1", u"*2", u"/2", u"\\2", u" mod 2", u"^2", u" or 1=1", u" and 1=1",
-                               u"=1", u"+'1'", u"+#2026-9-8#", u" & 总面积 & 'a'", u" like 'a'", u" is null"};
+    const char16_t *links[] = {
+        u"+1",      u"&1",       u"*2", u"/2",   u"\\2",         u" mod 2",          u"^2",
+        u" or 1=1", u" and 1=1", u"=1", u"+'1'", u"+#2026-9-8#", u" & 总面积 & 'a'", u" like 'a'",
+        u" is null"};
     for (const char16_t *link : links) {
         for (const int count : {1, 5, 30, 100, 390, 5000, 19000}) {
-            const QString refusal = refusalOf(u"select 1"_qs + QString::fromUtf16(link).repeated(count) + u" from fyxx"_qs);
+            const QString refusal =
+                refusalOf(u"select 1"_qs + QString::fromUtf16(link).repeated(count) + u" from fyxx"_qs);
             EXPECT_FALSE(refusal.isEmpty() && count == 19000) << QString::fromUtf16(link).toStdString();
         }
     }
     EXPECT_EQ(refusalOf(u"select 1"_qs + u"+1"_qs.repeated(390)).toStdString(), "");
     EXPECT_THAT(refusalOf(u"select 1"_qs + u",1"_qs.repeated(11000)).toStdString(), HasSubstr("超过"));
     EXPECT_THAT(refusalOf(u"select 1"_qs + u",1"_qs.repeated(3000)).toStdString(), HasSubstr("列太多"));
-    EXPECT_EQ(refusalOf(u"delete from pdmdz where 栋座ID in(1"_qs + u",1"_qs.repeated(9000) + u")"_qs).toStdString(), "");
+    EXPECT_EQ(refusalOf(u"delete from pdmdz where 栋座ID in(1"_qs + u",1"_qs.repeated(9000) + u")"_qs)
+                  .toStdString(),
+              "");
 }
 
 TEST_F(RobustnessTest, ATextOfTenMillionCharactersPasses)
@@ -165,14 +172,17 @@ TEST_F(RobustnessTest, ATextOfTenMillionCharactersPasses)
 
 TEST_F(RobustnessTest, RandomWordsAreReadOrRefused)
 {
-    const QStringList words = u"select|select|from|where|fyxx|fyxx A|fykh B|房源ID|A.楼层|总面积|操作日期|'x'|'3'|#2026-9-8#|"
-                              "1|2.5|null|(|)|(|)|,|,|&|+|-|*|/|=|<>|>|and|or|not|in|like '%a%'|between|is null|iif(|"
-                              "instr(|val(|count(|count(*)|sum(|left join|on|order by|group by|having|top 3|distinct|as "
-                              "x|desc|exists|[|]|;|--|update fyxx set|insert into pdmgy values(|delete from|mod|^|\\|"
-                              "left(|date()|true"_qs.split(u'|');
+    const QStringList words =
+        u"select|select|from|where|fyxx|fyxx A|fykh B|房源ID|A.楼层|总面积|操作日期|'x'|'3'|#2026-9-8#|"
+        "1|2.5|null|(|)|(|)|,|,|&|+|-|*|/|=|<>|>|and|or|not|in|like '%a%'|between|is null|iif(|"
+        "instr(|val(|count(|count(*)|sum(|left join|on|order by|group by|having|top 3|distinct|as "
+        "x|desc|exists|[|]|;|--|update fyxx set|insert into pdmgy values(|delete from|mod|^|\\|"
+        "left(|date()|true"_qs.split(u'|');
     int accepted = 0;
     for (int round = 0; round < 6000; ++round) {
-        QString statement = round % 3 == 0 ? QString() : round % 3 == 1 ? u"select "_qs : u"select 1 from fyxx where "_qs;
+        QString statement = round % 3 == 0   ? QString()
+                            : round % 3 == 1 ? u"select "_qs
+                                             : u"select 1 from fyxx where "_qs;
         for (size_t count = below(size_t(12)) + 1; count > 0; --count)
             statement += words[below(words.size())] + u' ';
         accepted += refusalOf(statement).isEmpty() ? 1 : 0;

@@ -13,8 +13,7 @@ namespace {
 using ::testing::HasSubstr;
 
 class StatementsTest : public ::testing::TestWithParam<CorpusCase>
-{
-};
+{};
 
 std::string joined(const QStringList &lines)
 {
@@ -77,7 +76,8 @@ TEST_P(StatementsTest, IsReadAlikeForEveryEngine)
             const Translation translation = translate(each.statement, dialect, catalog);
             std::string columns;
             for (const Column &column : translation.columns)
-                columns += column.name.toStdString() + ':' + std::to_string(static_cast<int>(column.type)) + ' ';
+                columns +=
+                    column.name.toStdString() + ':' + std::to_string(static_cast<int>(column.type)) + ' ';
             return columns;
         } catch (const DialectError &error) {
             return error.what();
@@ -92,8 +92,9 @@ TEST(Translation, NamesAndTypesTheResultsColumns)
 {
     const Catalog catalog = schemaCatalog();
     const Translation translation = translate(
-        QStringLiteral("select A.楼层, 楼盘id, 总面积 as 面积, 楼层 & '', 1=1, count(*), B.* from fyxx A, pdmgy B"
-                       " group by A.楼层, 楼盘ID, 总面积, 雇员ID, 姓名"),
+        QStringLiteral(
+            "select A.楼层, 楼盘id, 总面积 as 面积, 楼层 & '', 1=1, count(*), B.* from fyxx A, pdmgy B"
+            " group by A.楼层, 楼盘ID, 总面积, 雇员ID, 姓名"),
         sqliteDialect(), catalog);
     const std::vector<Column> expected{{QStringLiteral("楼层"), ColumnType::Text},
                                        {QStringLiteral("楼盘id"), ColumnType::Integer},
@@ -125,11 +126,16 @@ TEST(Translation, TellsWhatKindOfStatementItIs)
 /// What no test can run here: the forms in which PostgreSQL differs.
 TEST(Translation, WritesPostgresInItsOwnForms)
 {
-    EXPECT_EQ(onPostgres(u"select 房型_房 & '房', 1/房型_房, 委托日期 & '' from fyxx order by 总面积 desc, 房号"),
-              "SELECT coalesce(ebtq.text(t0.\"房型_房\"),'')||'房',CAST(1 AS double precision)/"
-              "nullif(t0.\"房型_房\",0),coalesce(ebtq.datetext(t0.\"委托日期\"),'')||'' FROM \"fyxx\" AS t0"
-              " ORDER BY t0.\"总面积\" DESC NULLS LAST,t0.\"房号\" NULLS FIRST");
-    EXPECT_EQ(onPostgres(u"select 1=1, (select 姓名 from pdmgy) where 'a' & 1='A1' and 'x' like '%售%'"), "");
+    EXPECT_EQ(
+        onPostgres(u"select 房型_房 & '房', 1/房型_房, 委托日期 & '' from fyxx order by 总面积 desc, 房号"),
+        "SELECT coalesce(ebtq.text(t0.\"房型_房\"),'')||'房',CAST(1 AS double precision)/"
+        "nullif(t0.\"房型_房\",0),coalesce(ebtq.datetext(t0.\"委托日期\"),'')||'' FROM \"fyxx\" AS t0"
+        " ORDER BY t0.\"总面积\" DESC NULLS LAST,t0.\"房号\" NULLS FIRST");
+    EXPECT_EQ(onPostgres(u"select 1=1, (select 姓名 from pdmgy) where 'a' & 1='A1' and 'x' like '%售%'"
+                         u" and 'x' in ('X') and 'a' like 'b_' and #2026-9-8# is null"),
+              "SELECT (-(1=1)::integer),(SELECT t0.\"姓名\" FROM \"pdmgy\" AS t0 LIMIT 1)"
+              " WHERE ('a'||'1')::citext='A1' AND strpos('x','售')>0 AND 'x'::citext IN ('X')"
+              " AND ebtq.like('a','b_') AND timestamp '2026-09-08' IS NULL");
 }
 
 } // namespace ebtq::db::test
