@@ -19,13 +19,24 @@ std::string_view bytesOf(sqlite3_stmt *statement, int column)
     return {static_cast<const char *>(bytes), static_cast<size_t>(sqlite3_column_bytes(statement, column))};
 }
 
+/// The engine keeps whole numbers as integers; from 10^15 on they are shown as every other number of that
+/// size.
+void appendWhole(RowBlock &block, qint64 number)
+{
+    constexpr qint64 sixteenDigits = 1'000'000'000'000'000;
+    if (number < sixteenDigits && number > -sixteenDigits)
+        block.appendInteger(number);
+    else
+        block.appendNumber(static_cast<double>(number));
+}
+
 void appendCell(RowBlock &block, sqlite3_stmt *statement, int column, bool isDate)
 {
     switch (sqlite3_column_type(statement, column)) {
     case SQLITE_NULL:
         return block.appendNull();
     case SQLITE_INTEGER:
-        return block.appendInteger(sqlite3_column_int64(statement, column));
+        return appendWhole(block, sqlite3_column_int64(statement, column));
     case SQLITE_FLOAT:
         return block.appendNumber(sqlite3_column_double(statement, column));
     default:

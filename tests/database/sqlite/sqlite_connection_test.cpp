@@ -79,6 +79,19 @@ TEST_F(SqliteConnectionTest, GivesBackWhatWasWritten)
     EXPECT_EQ(connection->execute(QStringLiteral("select * from t")), 0);
 }
 
+TEST_F(SqliteConnectionTest, ShowsLargeNumbersAlikeHoweverTheyAreKept)
+{
+    auto connection = make();
+    connection->executeNative(
+        "insert into t(id,面积) values(1,999999999999999),(2,1000000000000000),(3,-2e15),(4,1.5e16)");
+    const RowBlock rows = connection->query(QStringLiteral("select 面积, '' & 面积 from t order by id"));
+    const char *texts[] = {"999999999999999", "1E+15", "-2E+15", "1.5E+16"};
+    for (int row = 0; row < 4; ++row) {
+        EXPECT_EQ(rows.cell(row, 0), texts[row]);
+        EXPECT_EQ(rows.cell(row, 1), texts[row]) << "joined to a text";
+    }
+}
+
 TEST_F(SqliteConnectionTest, RefusesWhatCannotBeOpened)
 {
     write("notes.db", QByteArray(4096, 'x'));
