@@ -7,12 +7,6 @@
 
 namespace ebtq {
 
-namespace {
-
-constexpr int pictureSize = 16;
-
-} // namespace
-
 FlexGridDelegate::FlexGridDelegate(QAbstractItemView &view)
     : QStyledItemDelegate(&view)
     , m_view(view)

@@ -31,6 +31,7 @@ public:
                const QModelIndex &index) const override;
     /// Space at each side of a cell's text, in pixels.
     static constexpr int padding = 6;
+    static constexpr int pictureSize = 16;
 
 private:
     [[nodiscard]] const QColor &background(const QModelIndex &index) const;

@@ -116,10 +116,9 @@ void FlexGridView::followColumns()
             m_formatWidths.push_back(m_grid.ColWidth(column));
         fitColumns();
     }
-    for (int column = 0; column < m_model->columnCount(); ++column) {
+    for (int column = 0; column < m_model->columnCount(); ++column)
         setColumnHidden(column, m_grid.ColHidden(column));
-        setColumnWidth(column, widthOf(column));
-    }
+    layOutColumns();
     followColumnOrder();
 }
 
@@ -134,13 +133,40 @@ void FlexGridView::followColumnOrder()
     }
 }
 
-int FlexGridView::widthOf(int column) const
+/// What the columns wish beyond the window's width they give up in proportion to what they can spare.
+void FlexGridView::layOutColumns()
+{
+    const QScopedValueRollback following(m_following, true);
+    int wished = 0;
+    int spared = 0;
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        const Width width = isColumnHidden(column) ? Width{} : widthOf(column);
+        wished += width.wish;
+        spared += width.spare;
+    }
+    const int missing = std::clamp(wished - viewport()->width(), 0, spared);
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        const Width width = widthOf(column);
+        setColumnWidth(column,
+                       width.wish - (spared == 0 ? 0 : (width.spare * missing + spared - 1) / spared));
+    }
+}
+
+FlexGridView::Width FlexGridView::widthOf(int column) const
 {
     const auto at = static_cast<size_t>(column);
     const int given = m_grid.ColWidth(column);
     const int pixels = qRound(given * scale());
     const bool untouched = at < m_formatWidths.size() && m_formatWidths[at] == given;
-    return untouched && at < m_neededWidths.size() ? std::max(pixels, m_neededWidths[at]) : pixels;
+    if (!untouched || at >= m_neededWidths.size())
+        return {pixels, 0};
+    return {std::max(pixels, m_neededWidths[at]), std::max(0, pixels - m_neededWidths[at])};
+}
+
+void FlexGridView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    layOutColumns();
 }
 
 /// Looks at the first rows only: the cost must not grow with the list.
@@ -158,6 +184,8 @@ int FlexGridView::neededWidth(int column) const
     int width = horizontalHeader()->fontMetrics().horizontalAdvance(
         m_model->headerData(column, Qt::Horizontal).toString());
     width += width / 10; // the header is bold
+    if (m_model->headerData(column, Qt::Horizontal, Qt::DecorationRole).isValid())
+        width = std::max(width, FlexGridDelegate::pictureSize);
     const int rows = std::min(m_model->rowCount(), measuredRows);
     for (int row = 0; row < rows; ++row)
         width =

@@ -42,6 +42,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void setUpLook();
@@ -51,13 +52,20 @@ private:
     void followRows();
     void followColumns();
     void followColumnOrder();
+    void layOutColumns();
     void followCurrent();
     void followTopRow();
     void reportTopRow(int position);
     void columnResized(int column, int width);
     void fitColumns();
     [[nodiscard]] int neededWidth(int column) const;
-    [[nodiscard]] int widthOf(int column) const;
+    /// How wide a column would be, and how much of that it can do without.
+    struct Width
+    {
+        int wish;
+        int spare;
+    };
+    [[nodiscard]] Width widthOf(int column) const;
     [[nodiscard]] double scale() const { return logicalDpiX() / 96.0; }
 
     VSFlexGrid &m_grid;

@@ -12,6 +12,12 @@
 
 namespace ebtq {
 
+namespace {
+
+constexpr int separatorHeight = 22;
+
+} // namespace
+
 ToolBarView::ToolBarView(NavToolbar &toolBar, QWidget *parent)
     : QWidget(parent)
     , m_toolBar(toolBar)
@@ -94,6 +100,7 @@ void ToolBarView::addSeparator()
 {
     auto *line = new QFrame(this);
     line->setFrameShape(QFrame::VLine);
+    line->setFixedHeight(separatorHeight);
     line->setProperty("kind", QStringLiteral("separator"));
     static_cast<QHBoxLayout *>(layout())->insertWidget(static_cast<int>(m_parts.size()), line);
     m_parts.push_back({QString(), line, nullptr});

@@ -28,9 +28,9 @@ struct FilterField
     int number;
     int characters;
 };
-constexpr FilterField filterFields[] = {{0, 4}, {7, 6}, {1, 4}, {3, 3}, {4, 4}, {5, 4}};
-constexpr int windowCharacters = 4;
-constexpr int searchCharacters = 14;
+constexpr FilterField filterFields[] = {{0, 4}, {7, 5}, {1, 4}, {3, 3}, {4, 4}, {5, 4}};
+constexpr int windowCharacters = 5;
+constexpr int searchCharacters = 11;
 constexpr int searchCharactersAtMost = 30;
 /// A field's frame, the space in it and its button, in characters.
 constexpr int aroundText = 3;
@@ -51,11 +51,18 @@ int widthOf(const QWidget &field, int characters)
     return (characters + aroundText) * field.fontMetrics().horizontalAdvance(u'房');
 }
 
+void fixWidth(QWidget &field, int characters)
+{
+    field.setFixedWidth(widthOf(field, characters));
+    field.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
 /// A caption and its field, which stay together where the row folds.
 QHBoxLayout *captioned(QLabel *caption, QWidget *field)
 {
     auto *pair = new QHBoxLayout;
     pair->setSpacing(6);
+    caption->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     pair->addWidget(caption);
     pair->addWidget(field);
     return pair;
@@ -98,7 +105,7 @@ void FcxxView::addFilterRow()
     bar->setAttribute(Qt::WA_StyledBackground);
     auto *row = new FlowLayout(bar);
     row->setContentsMargins(12, 6, 12, 6);
-    row->setSpacing(10);
+    row->setSpacing(8);
     addFields(*row, bar);
     addWindow(*row, bar);
     addKinds(*row, bar);
@@ -111,7 +118,7 @@ void FcxxView::addFields(FlowLayout &row, QWidget *parent)
     for (const FilterField &filter : filterFields) {
         qzTxt_S &field = m_module.qzTxt(filter.number);
         auto *view = new FieldView(field, parent);
-        view->setFixedWidth(widthOf(*view, filter.characters));
+        fixWidth(*view, filter.characters);
         view->setEnter(FieldView::Enter::Confirms);
         connect(view, &FieldView::confirmed, this, &FcxxView::refresh);
         row.addLayout(captioned(makeCaption(field, *view, parent), view));
@@ -121,7 +128,7 @@ void FcxxView::addFields(FlowLayout &row, QWidget *parent)
 void FcxxView::addWindow(FlowLayout &row, QWidget *parent)
 {
     auto *view = new ComboView(m_module.XPCmb(), parent);
-    view->setFixedWidth(widthOf(*view, windowCharacters));
+    fixWidth(*view, windowCharacters);
     connect(view, &ComboView::confirmed, this, &FcxxView::refresh);
     auto *caption = new QLabel(QStringLiteral("最近"), parent);
     caption->setProperty("kind", QStringLiteral("caption"));

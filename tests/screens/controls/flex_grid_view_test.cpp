@@ -201,6 +201,27 @@ TEST_F(FlexGridViewTest, AColumnNobodySetGrowsToItsContents)
     EXPECT_LT(grid.ColWidth(1), view.columnWidth(1)) << "what the view needs is not the grid's width";
 }
 
+TEST_F(FlexGridViewTest, ANarrowWindowTakesOnlyTheRoomThatNobodyNeeds)
+{
+    grid.setFormatString(QStringLiteral(" |编号                    |售总价                    |ID"));
+    grid.setColHidden(3, true);
+    grid.setColWidth(0, 40);
+    view.resize(600, 300);
+    const auto shown = [this] { return view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2); };
+    const int wished = shown();
+    EXPECT_EQ(view.columnWidth(1), grid.ColWidth(1)) << "as wide as the caption while there is room";
+    view.resize(300, 300);
+    ASSERT_GT(wished, view.viewport()->width());
+    EXPECT_LE(shown(), view.viewport()->width());
+    EXPECT_GT(shown(), view.viewport()->width() - 4);
+    EXPECT_EQ(view.columnWidth(0), 40) << "a width that was set is kept";
+    view.resize(120, 300);
+    EXPECT_GE(view.columnWidth(2), view.fontMetrics().horizontalAdvance(QStringLiteral("586万元")));
+    view.resize(600, 300);
+    EXPECT_EQ(shown(), wished);
+    EXPECT_EQ(grid.ColWidth(1), view.columnWidth(1)) << "none of it is the user's width";
+}
+
 TEST_F(FlexGridViewTest, TopRowGoesBothWays)
 {
     grid.setTopRow(40);

@@ -1,0 +1,130 @@
+#include "component/component_library.h"
+#include "library/frame/host_contracts.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLibrary>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+using namespace ebtq;
+
+namespace {
+
+/// The component library as a host finds it: a file and four names.
+class EntryPoints : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(library.load()) << library.errorString().toStdString();
+        getClassObject = resolve<DllGetClassObjectFunction>("DllGetClassObject");
+        canUnloadNow = resolve<DllCanUnloadNowFunction>("DllCanUnloadNow");
+        registerServer = resolve<DllRegisterServerFunction>("DllRegisterServer");
+        unregisterServer = resolve<DllUnregisterServerFunction>("DllUnregisterServer");
+        ASSERT_TRUE(getClassObject && canUnloadNow && registerServer && unregisterServer);
+        ASSERT_EQ(getClassObject("EBTQ_S", &components), 0);
+        ASSERT_TRUE(components);
+    }
+    template<class Function> Function resolve(const char *name)
+    {
+        return reinterpret_cast<Function>(library.resolve(name));
+    }
+
+    QLibrary library{QStringLiteral(EBTQ_COMPONENT_LIBRARY)};
+    DllGetClassObjectFunction getClassObject = nullptr;
+    DllCanUnloadNowFunction canUnloadNow = nullptr;
+    DllRegisterServerFunction registerServer = nullptr;
+    DllUnregisterServerFunction unregisterServer = nullptr;
+    ComponentLibrary *components = nullptr;
+};
+
+TEST_F(EntryPoints, GiveTheLibraryForItsOwnNamesOnly)
+{
+    struct Case
+    {
+        const char *name;
+        int result;
+    };
+    for (const Case &asked : {Case{"EBTQ_S", 0}, Case{"ebtq_s.fcxx", 0}, Case{"EBTQ_S.Nothing", 1},
+                              Case{"", 1}, Case{nullptr, 1}}) {
+        ComponentLibrary *found = components;
+        EXPECT_EQ(getClassObject(asked.name, &found), asked.result) << (asked.name ? asked.name : "null");
+        EXPECT_EQ(found != nullptr, asked.result == 0);
+    }
+    EXPECT_EQ(getClassObject("EBTQ_S", nullptr), 1);
+}
+
+TEST_F(EntryPoints, EveryClassIsMadeWithAContractAndAScreen)
+{
+    ASSERT_TRUE(components->classNames().contains(QStringLiteral("EBTQ_S.Fcxx")));
+    for (const QString &name : components->classNames()) {
+        SCOPED_TRACE(name.toStdString());
+        const std::unique_ptr<QObject> module = components->create(name);
+        ASSERT_TRUE(module);
+        EXPECT_TRUE(qobject_cast<IReportUI *>(module.get()) || qobject_cast<IFormUI *>(module.get()) ||
+                    qobject_cast<IPickerUI *>(module.get()));
+        EXPECT_TRUE(qobject_cast<IDesignUI *>(module.get()));
+        QWidget parent;
+        QWidget *view = components->createView(*module, &parent);
+        ASSERT_TRUE(view);
+        EXPECT_EQ(view->parentWidget(), &parent);
+    }
+    EXPECT_FALSE(components->create(QStringLiteral("Fcxx")));
+    QObject foreign;
+    EXPECT_FALSE(components->createView(foreign, nullptr));
+}
+
+TEST_F(EntryPoints, StaysLoadedWhileAnythingLives)
+{
+    EXPECT_EQ(canUnloadNow(), 0);
+    std::unique_ptr<QObject> module = components->create(QStringLiteral("EBTQ_S.Fcxx"));
+    EXPECT_EQ(canUnloadNow(), 1);
+    const std::unique_ptr<QWidget> view(components->createView(*module, nullptr));
+    delete view->findChild<QWidget *>();
+    EXPECT_EQ(canUnloadNow(), 1);
+}
+
+TEST_F(EntryPoints, RegistrationTellsWhereTheLibraryLies)
+{
+    const QTemporaryDir home;
+    const QByteArray before = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path()));
+    const QString path = home.filePath(QStringLiteral("ebtq/components/EBTQ_S.json"));
+    EXPECT_EQ(unregisterServer(), 0) << "nothing to remove is no failure";
+    ASSERT_EQ(registerServer(), 0);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QJsonObject entry = QJsonDocument::fromJson(file.readAll()).object();
+    EXPECT_EQ(QFileInfo(entry.value(u"library").toString()), QFileInfo(library.fileName()));
+    EXPECT_EQ(entry.value(u"classes").toVariant().toStringList(), components->classNames());
+    EXPECT_EQ(unregisterServer(), 0);
+    EXPECT_FALSE(QFile::exists(path));
+
+    QFile blocker(home.filePath(QStringLiteral("file")));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(blocker.fileName()));
+    EXPECT_EQ(registerServer(), 1) << "a folder that cannot be made";
+    before.isEmpty() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", before);
+}
+
+TEST_F(EntryPoints, ExportsNothingElse)
+{
+    QProcess nm;
+    nm.start(QStringLiteral("nm"), {QStringLiteral("-D"), QStringLiteral("--defined-only"),
+                                    QStringLiteral("-j"), library.fileName()});
+    ASSERT_TRUE(nm.waitForFinished());
+    QStringList names = QString::fromLatin1(nm.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    names.sort();
+    EXPECT_EQ(names,
+              QStringList({QStringLiteral("DllCanUnloadNow"), QStringLiteral("DllGetClassObject"),
+                           QStringLiteral("DllRegisterServer"), QStringLiteral("DllUnregisterServer")}));
+}
+
+} // namespace
