@@ -45,33 +45,41 @@ LoginDialog::LoginDialog(const QString &presetName, const QString &database, Sig
     m_error->setObjectName(QStringLiteral("error"));
     m_error->hide();
 
-    auto *form = new QFormLayout;
-    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    form->setSpacing(10);
-    form->addRow(QStringLiteral("用户名(&N)"), m_name);
-    form->addRow(QStringLiteral("密码(&P)"), m_password);
-
-    auto *enter = new QPushButton(QStringLiteral("登录(&L)"));
-    enter->setProperty("kind", QStringLiteral("primary"));
-    enter->setDefault(true);
-    auto *leave = new QPushButton(QStringLiteral("退出(&X)"));
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(enter);
-    buttons->addWidget(leave);
-    connect(enter, &QPushButton::clicked, this, &LoginDialog::accept);
-    connect(leave, &QPushButton::clicked, this, &LoginDialog::reject);
-
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(28, 24, 28, 20);
     layout->setSpacing(14);
     layout->addWidget(labelOfKind(QStringLiteral("房源管理"), QStringLiteral("heading")));
     layout->addWidget(labelOfKind(database, QStringLiteral("place")));
-    layout->addLayout(form);
+    layout->addLayout(fields());
     layout->addWidget(m_error);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons());
     setMinimumWidth(dialogWidth);
     (presetName.isEmpty() ? m_name : m_password)->setFocus();
+}
+
+QLayout *LoginDialog::fields()
+{
+    auto *form = new QFormLayout;
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    form->setSpacing(10);
+    form->addRow(QStringLiteral("用户名(&N)"), m_name);
+    form->addRow(QStringLiteral("密码(&P)"), m_password);
+    return form;
+}
+
+QLayout *LoginDialog::buttons()
+{
+    auto *enter = new QPushButton(QStringLiteral("登录(&L)"));
+    enter->setProperty("kind", QStringLiteral("primary"));
+    enter->setDefault(true);
+    auto *leave = new QPushButton(QStringLiteral("退出(&X)"));
+    connect(enter, &QPushButton::clicked, this, &LoginDialog::accept);
+    connect(leave, &QPushButton::clicked, this, &LoginDialog::reject);
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(enter);
+    row->addWidget(leave);
+    return row;
 }
 
 QString LoginDialog::name() const
@@ -101,6 +109,7 @@ void LoginDialog::showError(const QString &text)
 {
     m_error->setText(text);
     m_error->show();
+    adjustSize();
 }
 
 } // namespace ebtq::shell

@@ -26,6 +26,8 @@ public:
     void accept() override;
 
 private:
+    [[nodiscard]] QLayout *fields();
+    [[nodiscard]] QLayout *buttons();
     void showError(const QString &text);
 
     SignIn m_signIn;

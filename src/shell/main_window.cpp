@@ -24,6 +24,8 @@ namespace {
 
 /// Narrower than this, the navigation would take room that a list needs.
 constexpr int collapseBelow = 1100;
+/// Of the text that tells where the database lies; its tool tip has it whole.
+constexpr int widestPlace = 480;
 
 QLabel *plainLabel(const QString &text, const QString &objectName)
 {
@@ -133,8 +135,13 @@ QWidget *MainWindow::statusLine(const SessionFacts &facts)
     QWidget *bar = barOfKind(QStringLiteral("status"));
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(10, 3, 10, 3);
+    m_status->setSizePolicy(QSizePolicy::Ignored,
+                            QSizePolicy::Preferred); // a long text must not widen the window
+    QLabel *place = plainLabel({}, QStringLiteral("DatabasePlace"));
+    place->setText(place->fontMetrics().elidedText(facts.database, Qt::ElideMiddle, widestPlace));
+    place->setToolTip(facts.database);
     row->addWidget(m_status, 1);
-    row->addWidget(plainLabel(facts.database, QStringLiteral("DatabasePlace")));
+    row->addWidget(place);
     return bar;
 }
 

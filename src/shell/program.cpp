@@ -12,6 +12,7 @@
 #include <QDate>
 #include <QLocale>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QTemporaryDir>
 
@@ -57,11 +58,9 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
     const auto report = [&window](const QString &text) { window.showFailure(text); };
     app.setFailureReport(report);
     application.setFailureReport(report);
+    const auto endOfReports = qScopeGuard([&application] { application.setFailureReport({}); });
     showWindow(window);
-    const int status =
-        options.tour.isEmpty() ? QApplication::exec() : runTour(window, {options.tour, connection});
-    application.setFailureReport({});
-    return status;
+    return options.tour.isEmpty() ? QApplication::exec() : runTour(window, {options.tour, connection});
 }
 
 } // namespace
@@ -70,6 +69,7 @@ int runProgram(GuardedApplication &application, const Options &options)
 {
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     look::apply(application, options.dark ? look::Scheme::Dark : look::Scheme::Light);
+    QApplication::setWindowIcon(look::icon(QStringLiteral("go-home"), &look::Tokens::brand));
     try {
         const std::unique_ptr<db::Connection> connection = openDatabase(options.database);
         const std::optional<host::User> user = signInUser(*connection, options);

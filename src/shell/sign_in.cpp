@@ -53,12 +53,15 @@ std::unique_ptr<db::Connection> openDatabase(const QString &named)
         throw Failure(QStringLiteral("还没有数据库：%1\n\n请先用 ebtq-admin init --db 文件 建立数据库，"
                                      "或用 --db 指定已有的数据库。")
                           .arg(location));
-    auto connection = db::Connection::open(location);
-    if (!connection->catalog().table(u"host_users"))
-        throw Failure(
-            QStringLiteral("这不是房源管理的数据库：%1\n\n请用 ebtq-admin init --db 文件 建立数据库。")
-                .arg(connection->location()));
-    return connection;
+    try {
+        auto connection = db::Connection::open(location);
+        if (connection->catalog().table(u"host_users"))
+            return connection;
+    } catch (const db::DatabaseError &failure) {
+        throw Failure(QStringLiteral("无法打开数据库：%1\n\n%2").arg(location, failure.message()));
+    }
+    throw Failure(QStringLiteral("这不是房源管理的数据库：%1\n\n请用 ebtq-admin init --db 文件 建立数据库。")
+                      .arg(location));
 }
 
 QString databasePlace(const db::Connection &connection)

@@ -102,6 +102,9 @@ TEST(Look, IconsTakeTheColourOfTheScheme)
     EXPECT_EQ(solidColours(drawing, 16), QSet<QRgb>{tokens(Scheme::Dark).ink.rgb()});
     EXPECT_EQ(solidColours(icon(QStringLiteral("edit-delete")), 16),
               QSet<QRgb>{tokens(Scheme::Dark).danger.rgb()});
+    EXPECT_EQ(solidColours(icon(QStringLiteral("edit-delete"), &Tokens::refusalInk), 16),
+              QSet<QRgb>{tokens(Scheme::Dark).refusalInk.rgb()})
+        << "another ink was asked for";
     apply(*qApp, Scheme::Light);
 }
 

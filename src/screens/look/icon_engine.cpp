@@ -12,7 +12,19 @@ namespace {
 
 constexpr qreal disabledOpacity = 0.4;
 
-QByteArray tinted(const QString &file, const QColor &ink)
+/// The style sheet by which a drawing learns its colours.
+QString colourSheet(QColor Tokens::*ink)
+{
+    const Tokens &colours = tokens();
+    // On a coloured ground, for which another ink was asked, red could not be seen.
+    const QColor &warning = ink == &Tokens::ink ? colours.danger : colours.*ink;
+    return QStringLiteral(
+               ".ColorScheme-Text{color:%1;} .ColorScheme-NegativeText{color:%2;} "
+               ".ColorScheme-Highlight,.ColorScheme-PositiveText,.ColorScheme-NeutralText{color:%3;}")
+        .arg((colours.*ink).name(), warning.name(), colours.brand.name());
+}
+
+QByteArray tinted(const QString &file, const QString &sheet)
 {
     static const QRegularExpression ownColours(
         QStringLiteral("(id=\"current-color-scheme\"[^>]*>).*?(</style>)"),
@@ -20,18 +32,14 @@ QByteArray tinted(const QString &file, const QColor &ink)
     QFile drawing(file);
     if (!drawing.open(QIODevice::ReadOnly))
         return {};
-    const Tokens &colours = tokens();
-    const QString sheet =
-        QStringLiteral(
-            "\\1.ColorScheme-Text{color:%1;} .ColorScheme-NegativeText{color:%2;} "
-            ".ColorScheme-Highlight,.ColorScheme-PositiveText,.ColorScheme-NeutralText{color:%3;}\\2")
-            .arg(ink.name(), colours.danger.name(), colours.brand.name());
-    return QString::fromUtf8(drawing.readAll()).replace(ownColours, sheet).toUtf8();
+    return QString::fromUtf8(drawing.readAll())
+        .replace(ownColours, QStringLiteral("\\1%1\\2").arg(sheet))
+        .toUtf8();
 }
 
-void render(QPainter &painter, const QRectF &bounds, const QString &file, const QColor &ink)
+void render(QPainter &painter, const QRectF &bounds, const QByteArray &drawing)
 {
-    QSvgRenderer renderer(tinted(file, ink));
+    QSvgRenderer renderer(drawing);
     renderer.setAspectRatioMode(Qt::KeepAspectRatio);
     renderer.render(&painter, bounds);
 }
@@ -61,15 +69,10 @@ QPixmap IconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State sta
 
 QPixmap IconEngine::scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State, qreal scale)
 {
-    const QColor ink = tokens().*m_ink;
-    const int drawing = size.width() / scale < 22 ? 16 : 22;
-    const QString cacheKey = QStringLiteral("ebtq-icon-%1-%2-%3x%4-%5-%6-%7")
-                                 .arg(m_name, ink.name())
-                                 .arg(size.width())
-                                 .arg(size.height())
-                                 .arg(drawing)
-                                 .arg(mode)
-                                 .arg(static_cast<int>(scheme()));
+    const QString file = iconFile(m_name, size.width() / scale < 22 ? 16 : 22);
+    const QString sheet = colourSheet(m_ink);
+    const QString cacheKey =
+        QStringLiteral("%1 %2x%3 %4 %5").arg(file).arg(size.width()).arg(size.height()).arg(mode).arg(sheet);
     QPixmap result;
     if (QPixmapCache::find(cacheKey, &result))
         return result;
@@ -77,7 +80,7 @@ QPixmap IconEngine::scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::Sta
     result.fill(Qt::transparent);
     QPainter painter(&result);
     painter.setOpacity(mode == QIcon::Disabled ? disabledOpacity : 1);
-    render(painter, QRectF(QPointF(), size), iconFile(m_name, drawing), ink);
+    render(painter, QRectF(QPointF(), size), tinted(file, sheet));
     painter.end();
     QPixmapCache::insert(cacheKey, result);
     return result;

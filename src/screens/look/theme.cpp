@@ -173,7 +173,7 @@ QWidget[kind="navigation"] QScrollArea, QWidget[kind="navigation"] QScrollArea >
     background: @navigation; }
 QLabel[kind="navTitle"] { color: #ffffff; font-size: 15px; font-weight: bold; padding: 8px 14px 8px 14px; }
 QLabel[kind="navGroup"] { color: @navigationMuted; font-size: 12px; padding: 10px 12px 4px 12px; }
-QToolButton[kind="nav"] { color: @navigationInk; text-align: left; padding: 7px 12px; border-radius: 5px; }
+QToolButton[kind="nav"] { color: @navigationInk; text-align: left; padding: 6px 12px; border-radius: 5px; }
 QToolButton[kind="nav"]:hover { background: rgba(255, 255, 255, 24); }
 QToolButton[kind="nav"]:focus { border-color: @navigationMuted; }
 QToolButton[kind="nav"]:checked { background: @navigationCurrent; color: #ffffff; font-weight: normal; }

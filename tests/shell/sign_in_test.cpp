@@ -1,0 +1,87 @@
+#include "shell/sign_in.h"
+
+#include "database/schema/installer.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace ebtq::shell {
+namespace {
+
+using ::testing::HasSubstr;
+
+std::string messageOf(const std::function<void()> &call)
+{
+    try {
+        call();
+    } catch (const std::exception &failure) {
+        return failure.what();
+    }
+    return "no failure";
+}
+
+class SignInTest : public ::testing::Test
+{
+protected:
+    ~SignInTest() override { qunsetenv("EBTQ_PASSWORD"); }
+    QString file(const char *name) const { return folder.filePath(QLatin1String(name)); }
+    std::unique_ptr<db::Connection> agency() const
+    {
+        auto connection = db::Connection::open(QStringLiteral(":memory:"));
+        db::install(*connection);
+        host::createUser(*connection, {QStringLiteral("张敏"), QStringLiteral("demo")},
+                         host::PasswordCost::lowest());
+        return connection;
+    }
+    QTemporaryDir folder;
+};
+
+TEST_F(SignInTest, SaysWhatToDoAboutADatabaseThatCannotBeUsed)
+{
+    QFile text(file("text.db"));
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write(QByteArray("no database, but long enough to be looked at ").repeated(40));
+    text.close();
+    db::Connection::open(file("other.db"), db::Connection::Missing::IsCreated)
+        ->executeNative("create table notes(text text)");
+
+    const auto opening = [this](const char *name) {
+        return messageOf([&] { (void)openDatabase(file(name)); });
+    };
+    EXPECT_THAT(opening("missing.db"), HasSubstr("ebtq-admin init"));
+    EXPECT_FALSE(QFile::exists(file("missing.db"))) << "looking must not make one";
+    EXPECT_THAT(opening("text.db"), HasSubstr("text.db"));
+    EXPECT_THAT(opening("other.db"), HasSubstr("这不是房源管理的数据库"));
+}
+
+TEST_F(SignInTest, APasswordInTheEnvironmentAsksNobody)
+{
+    const auto connection = agency();
+    Options options;
+    options.user = QStringLiteral("张敏");
+    qputenv("EBTQ_PASSWORD", "demo");
+    EXPECT_EQ(signInUser(*connection, options)->name, u"张敏");
+    qputenv("EBTQ_PASSWORD", "wrong");
+    EXPECT_NE(messageOf([&] { (void)signInUser(*connection, options); }), "no failure");
+}
+
+TEST_F(SignInTest, ATourWithoutAPasswordDoesNotWaitForAPerson)
+{
+    const auto connection = agency();
+    Options options;
+    options.user = QStringLiteral("张敏");
+    options.tour = folder.path();
+    EXPECT_THAT(messageOf([&] { (void)signInUser(*connection, options); }), HasSubstr("EBTQ_PASSWORD"));
+}
+
+TEST_F(SignInTest, ThePlaceOfTheDatabaseIsTold)
+{
+    const auto connection = db::Connection::open(file("a.db"), db::Connection::Missing::IsCreated);
+    EXPECT_EQ(databasePlace(*connection), QStringLiteral("本地数据库 · %1").arg(file("a.db")));
+}
+
+} // namespace
+} // namespace ebtq::shell
