@@ -48,7 +48,8 @@ struct Dialect
     /// Whether a sub-select of several rows in place of a value is an error; the dialect takes the first row.
     bool refusesSeveralRows;
 
-    /// How many pieces of a statement the engine's parser can have open at a time. SQLite has a stack of 100.
+    /// How many pieces of a statement the engine's parser can have open at a time. SQLite has a stack of 100;
+    /// the others keep to it, so that what runs on one engine runs on all.
     int openPieces;
 };
 

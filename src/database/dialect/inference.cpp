@@ -213,24 +213,30 @@ void Resolver::foldSum(ExpressionPtr &self)
 
 ExpressionPtr Resolver::sum(Operator op, ExpressionPtr left, ExpressionPtr right)
 {
-    const bool isAddition = op == Operator::Add;
-    const Expression at{NullLiteral{}, left->position, right->end};
-    if (isAddition && isOrNull(left->type, isText) && isOrNull(right->type, isText)) {
-        std::vector<Chain::Link> links;
-        links.push_back({Operator::Append, std::move(right)});
-        return makeTyped(Chain{std::move(left), std::move(links)}, at, Type::Text);
-    }
-    if (left->type != Type::Date && right->type != Type::Date)
+    if (left->type == Type::Date || right->type == Type::Date)
+        return dateSum(op, std::move(left), std::move(right));
+    const bool areTexts = isOrNull(left->type, isText) && isOrNull(right->type, isText);
+    if (op != Operator::Add || !areTexts)
         return numericSum(op, std::move(left), std::move(right));
-    Call call{left->type == right->type ? &daysBetween : &addDays, {}};
-    if (isAddition && right->type == Type::Date)
+    const Expression at{NullLiteral{}, left->position, right->end};
+    std::vector<Chain::Link> links;
+    links.push_back({Operator::Append, std::move(right)});
+    return makeTyped(Chain{std::move(left), std::move(links)}, at, Type::Text);
+}
+
+/// A date and a number of days give a date, two dates the days between them.
+ExpressionPtr Resolver::dateSum(Operator op, ExpressionPtr left, ExpressionPtr right)
+{
+    const Expression at{NullLiteral{}, left->position, right->end};
+    const bool areDates = left->type == right->type;
+    if (op == Operator::Add && right->type == Type::Date)
         std::swap(left, right);
-    const bool isRight = left->type == Type::Date && (isAddition ? right->type != Type::Date : true);
-    if (!isRight)
+    if (left->type != Type::Date || (areDates && op == Operator::Add))
         fail(at.position, u"日期不能这样计算"_qs);
-    if (right->type != Type::Date)
+    Call call{areDates ? &daysBetween : &addDays, {}};
+    if (!areDates)
         toNumber(right);
-    if (!isAddition && right->type != Type::Date)
+    if (!areDates && op == Operator::Subtract)
         right = makeTyped(Negation{std::move(right)}, at, Type::Number);
     call.arguments.push_back(std::move(left));
     call.arguments.push_back(std::move(right));

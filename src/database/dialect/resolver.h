@@ -86,6 +86,7 @@ private:
     Type productType(Chain &node);
     void foldSum(ExpressionPtr &self);
     ExpressionPtr sum(Operator op, ExpressionPtr left, ExpressionPtr right);
+    ExpressionPtr dateSum(Operator op, ExpressionPtr left, ExpressionPtr right);
     ExpressionPtr numericSum(Operator op, ExpressionPtr left, ExpressionPtr right);
     void makeComparable(ExpressionPtr &left, ExpressionPtr &right);
     void measure(Expression &self);
