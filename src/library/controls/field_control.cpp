@@ -1,7 +1,7 @@
 #include "library/controls/field_control.h"
 
 #include "database/values/date_text.h"
-#include "library/controls/inline_list.h"
+#include "library/frame/inline_list.h"
 #include "library/frame/null_conv.h"
 
 namespace ebtq {

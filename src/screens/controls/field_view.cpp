@@ -2,7 +2,7 @@
 
 #include "database/values/date_text.h"
 #include "library/controls/field_control.h"
-#include "library/controls/inline_list.h"
+#include "library/frame/inline_list.h"
 #include "screens/controls/calendar_popup.h"
 #include "screens/controls/choice_popup.h"
 #include "screens/controls/control_binding.h"

@@ -1,5 +1,5 @@
 #include "library/controls/field_control.h"
-#include "library/controls/inline_list.h"
+#include "library/frame/inline_list.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "library/controls/inline_list.h"
+#include "library/frame/inline_list.h"
 
 #include <QStringList>
 
