@@ -162,6 +162,19 @@ TEST_F(RobustnessTest, LongChainsAreAcceptedOrRefusedWithoutRecursion)
               "");
 }
 
+TEST_F(RobustnessTest, ChainsInsideOfChainsAreBoundedTogether)
+{
+    int refused = 0;
+    for (const int length : {10, 100, 200, 300, 390}) {
+        QString chain = u"总面积"_qs;
+        for (int depth = 0; depth < 12; ++depth) {
+            chain = u'(' + chain + u')' + (depth % 2 == 0 ? u"+1"_qs : u"*2"_qs).repeated(length);
+            refused += refusalOf(u"select "_qs + chain + u" from fyxx"_qs).isEmpty() ? 0 : 1;
+        }
+    }
+    EXPECT_GT(refused, 20);
+}
+
 TEST_F(RobustnessTest, ATextOfTenMillionCharactersPasses)
 {
     const QString value(10'000'000, u'文');
