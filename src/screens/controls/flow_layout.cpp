@@ -10,7 +10,12 @@ FlowLayout::FlowLayout(QWidget *parent)
     : QLayout(parent)
 {}
 
-FlowLayout::~FlowLayout() = default;
+/// One by one: a layout among the items takes itself out of this one when it goes.
+FlowLayout::~FlowLayout()
+{
+    while (const QLayoutItem *item = FlowLayout::takeAt(0))
+        delete item;
+}
 
 void FlowLayout::addLayout(QLayout *layout)
 {
