@@ -15,6 +15,7 @@ CalendarPopup::CalendarPopup(const QDate &preset)
 {
     m_calendar->setObjectName(QStringLiteral("calendar"));
     m_calendar->setLocale(QLocale(QLocale::Chinese, QLocale::China));
+    m_calendar->setFirstDayOfWeek(Qt::Monday);
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     m_calendar->setSelectedDate(preset.isValid() ? preset : QDate::currentDate());
     QTextCharFormat weekend;

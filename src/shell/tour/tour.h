@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/connection.h"
+#include "screens/look/look.h"
 #include "shell/tour/person.h"
 
 #include <QString>
@@ -34,6 +35,7 @@ public:
 
     /// What a step keeps for a later one.
     QString district;
+    const look::Scheme schemeAtStart = look::scheme();
 
 private:
     TourSettings m_settings;

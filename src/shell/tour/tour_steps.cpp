@@ -255,11 +255,12 @@ void changeScheme(Tour &tour)
     tour.person().click(QStringLiteral("SchemeToggle"));
 }
 
-void seeDark(Tour &tour)
+void seeOtherScheme(Tour &tour)
 {
     const QColor ground = tour.person().window().grab({0, 0, 1, 1}).toImage().pixelColor(0, 0);
     tour.note(QStringLiteral("  配色：%1").arg(ground.name()));
-    Tour::expect(ground == look::tokens(look::Scheme::Dark).navigation, QStringLiteral("应为深色"));
+    Tour::expect(ground == look::tokens().navigation, QStringLiteral("画面应为当前配色"));
+    Tour::expect(look::scheme() != tour.schemeAtStart, QStringLiteral("配色应已切换"));
     seeWholeList(tour);
 }
 
@@ -294,7 +295,7 @@ constexpr TourStep steps[] = {
     {u"出租", u"rent", pressRent, seeRents},
     {u"条件中的撇号", u"message", typeApostrophe, seeMessage},
     {u"关闭消息", u"message-closed", leaveMessage, seeNoFilter},
-    {u"深色界面", u"dark", changeScheme, seeDark},
+    {u"切换浅色或深色", u"scheme", changeScheme, seeOtherScheme},
     {u"1280×720", u"small", makeSmall, seeSmall},
     {u"1920×1080", u"large", makeLarge, seeLarge},
 };
