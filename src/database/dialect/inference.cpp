@@ -109,6 +109,13 @@ void Resolver::makeComparable(ExpressionPtr &left, ExpressionPtr &right)
          u"%1是%2，不能与%3比较"_qs.arg(describe(*left), nameOf(left->type), describe(*right)));
 }
 
+/// Texts are ordered as texts, "12" before "5": whoever writes a number beside one means something else.
+void Resolver::refuseNumberInTextOrder(const Expression &value, const Expression &bound) const
+{
+    if (value.type == Type::Text && bound.as<NumberLiteral>())
+        fail(bound.position, u"%1是文本，不能与数字比较大小，请用 val"_qs.arg(describe(value)));
+}
+
 Type Resolver::infer(NullLiteral &, Expression &, Scope &)
 {
     return Type::Null;
@@ -259,6 +266,10 @@ Type Resolver::infer(Comparison &node, Expression &, Scope &scope)
 {
     expression(node.left, scope);
     expression(node.right, scope);
+    if (node.op != Operator::Equal && node.op != Operator::NotEqual) {
+        refuseNumberInTextOrder(*node.left, *node.right);
+        refuseNumberInTextOrder(*node.right, *node.left);
+    }
     makeComparable(node.left, node.right);
     return Type::Condition;
 }
@@ -301,6 +312,8 @@ Type Resolver::infer(RangeTest &node, Expression &, Scope &scope)
     expression(node.value, scope);
     expression(node.low, scope);
     expression(node.high, scope);
+    refuseNumberInTextOrder(*node.value, *node.low);
+    refuseNumberInTextOrder(*node.value, *node.high);
     makeComparable(node.value, node.low);
     makeComparable(node.value, node.high);
     return Type::Condition;

@@ -119,15 +119,19 @@ bool isDigit(char16_t c)
     return c >= u'0' && c <= u'9';
 }
 
+/// The wide blank too: Chinese input methods type it.
 bool isBlank(char16_t c)
 {
-    return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r';
+    return c < 0x80 ? c == u' ' || (c >= u'\t' && c <= u'\r') : QChar(c).isSpace();
 }
 
 bool isHexDigit(char16_t c)
 {
     return isDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
 }
+
+/// Nothing that is named here has a longer name, and no date a longer text.
+constexpr qsizetype longestName = 64;
 
 class Lexer
 {
@@ -212,6 +216,8 @@ private:
 
     void addWord(qsizetype length)
     {
+        if (length > longestName)
+            fail(m_at, u"名称太长：超过 %1 个字符"_qs.arg(longestName));
         const Keyword keyword = keywordOf(m_text.sliced(m_at, length));
         add(TokenKind::Word, length);
         m_tokens.back().keyword = keyword;
@@ -235,9 +241,10 @@ private:
     {
         const qsizetype at = m_text.indexOf(QChar(delimiter), m_at + 1);
         if (at < 0)
-            add(unclosed, m_text.size() - m_at);
-        else
-            add(kind, at + 1 - m_at);
+            return add(unclosed, m_text.size() - m_at);
+        if (at - m_at > longestName)
+            fail(m_at, u"名称或日期太长：超过 %1 个字符"_qs.arg(longestName));
+        add(kind, at + 1 - m_at);
     }
 
     [[nodiscard]] qsizetype digits(qsizetype length) const

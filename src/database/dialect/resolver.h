@@ -89,6 +89,7 @@ private:
     ExpressionPtr dateSum(Operator op, ExpressionPtr left, ExpressionPtr right);
     ExpressionPtr numericSum(Operator op, ExpressionPtr left, ExpressionPtr right);
     void makeComparable(ExpressionPtr &left, ExpressionPtr &right);
+    void refuseNumberInTextOrder(const Expression &value, const Expression &bound) const;
     void measure(Expression &self);
     [[nodiscard]] QString describe(const Expression &expression) const;
 

@@ -29,6 +29,7 @@ public:
         return true;
     }
     void expect(QChar c) { m_good = takes(c) && m_good; }
+    [[nodiscard]] QStringView rest() const { return m_text.sliced(m_at); }
     [[nodiscard]] bool atEnd() const { return m_at == m_text.size(); }
     [[nodiscard]] bool isGood() const { return m_good; }
 
@@ -65,7 +66,15 @@ QTime readTime(DateReader &reader)
     reader.expect(u':');
     const int minute = reader.number(2);
     const int second = reader.takes(u':') ? reader.number(2) : 0;
-    return reader.isGood() && reader.atEnd() ? QTime(hour, minute, second) : QTime();
+    const QStringView half = reader.rest().trimmed();
+    if (!reader.isGood())
+        return {};
+    if (half.isEmpty())
+        return {hour, minute, second};
+    const bool afternoon = half.compare(u"PM", Qt::CaseInsensitive) == 0;
+    if ((!afternoon && half.compare(u"AM", Qt::CaseInsensitive) != 0) || hour < 1 || hour > 12)
+        return {};
+    return {hour % 12 + (afternoon ? 12 : 0), minute, second};
 }
 
 bool isDigit(char c)

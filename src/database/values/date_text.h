@@ -13,7 +13,8 @@ namespace ebtq {
 /// on every engine. Regional, what people see and type: "2026-9-8", with " 14:05:09" unless it is midnight.
 /// In memory: a QDateTime in local time without a zone.
 
-/// Reads year-month-day, year/month/day and month/day/year, each with or without hours:minutes[:seconds].
+/// Reads year-month-day, year/month/day and month/day/year, each with or without hours:minutes[:seconds]
+/// [AM|PM].
 /// Nothing for any other text and for a day that no calendar has. Years are 100 to 9999; two-digit years are
 /// refused.
 [[nodiscard]] std::optional<QDateTime> parseDate(QStringView text);

@@ -1,8 +1,12 @@
 #include "database/values/number_text.h"
 
+#include <QLocale>
+#include <algorithm>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace ebtq {
 
@@ -56,7 +60,7 @@ double radixNumber(Reader reader, int radix)
     double result = 0;
     while (digitValue(reader.peek()) < radix)
         result = result * radix + digitValue(reader.take());
-    return result;
+    return std::min(result, std::numeric_limits<double>::max());
 }
 
 void takeDigits(Reader &reader, std::string &into)
@@ -84,11 +88,9 @@ double fromDigits(const std::string &digits)
 {
     double result = 0;
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), result);
-    if (read.ec == std::errc::result_out_of_range) {
-        const bool tiny = digits.find("e-") != std::string::npos;
-        result = tiny ? 0 : HUGE_VAL;
-    }
-    return result;
+    if (read.ec == std::errc::result_out_of_range) // tells not whether it is too large or too small
+        result = QLocale::c().toDouble(QString::fromStdString(digits));
+    return std::min(result, std::numeric_limits<double>::max());
 }
 
 } // namespace

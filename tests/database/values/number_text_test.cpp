@@ -3,23 +3,59 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <string>
 
 namespace ebtq {
 
+TEST(LeadingNumber, NeverOverflows)
+{
+    const std::string digits(5000, '9');
+    EXPECT_EQ(leadingNumber(digits), std::numeric_limits<double>::max());
+    EXPECT_EQ(leadingNumber("&H" + digits), std::numeric_limits<double>::max());
+    EXPECT_EQ(leadingNumber("0." + std::string(5000, '0') + '1'), 0);
+}
+
 TEST(LeadingNumber, ReadsWhatStandsInFront)
 {
+    constexpr double largest = std::numeric_limits<double>::max();
     struct Case
     {
         const char16_t *text;
         double number;
     };
     const Case cases[] = {
-        {u"", 0},          {u"abc", 0},   {u"12", 12},          {u"  12 楼", 12}, {u"1 2 3", 123},
-        {u"-3.5万", -3.5}, {u"+7", 7},    {u"- 7", -7},         {u".5", 0.5},     {u"5.", 5},
-        {u".", 0},         {u"-", 0},     {u"1.2.3", 1.2},      {u"1,234", 1},    {u"1e3", 1000},
-        {u"1E-2x", 0.01},  {u"5e", 5},    {u"5e+", 5},          {u"2d2", 200},    {u"&H1F", 31},
-        {u"&hff楼", 255},  {u"&O17", 15}, {u"&o8", 0},          {u"&", 0},        {u"&X1", 0},
-        {u"\t1\n2", 12},   {u"１２", 0},  {u"1e400", HUGE_VAL}, {u"1e-400", 0},   {u"-0", 0},
+        {u"", 0},
+        {u"abc", 0},
+        {u"12", 12},
+        {u"  12 楼", 12},
+        {u"1 2 3", 123},
+        {u"-3.5万", -3.5},
+        {u"+7", 7},
+        {u"- 7", -7},
+        {u".5", 0.5},
+        {u"5.", 5},
+        {u".", 0},
+        {u"-", 0},
+        {u"1.2.3", 1.2},
+        {u"1,234", 1},
+        {u"1e3", 1000},
+        {u"1E-2x", 0.01},
+        {u"5e", 5},
+        {u"5e+", 5},
+        {u"2d2", 200},
+        {u"&H1F", 31},
+        {u"&hff楼", 255},
+        {u"&O17", 15},
+        {u"&o8", 0},
+        {u"&", 0},
+        {u"&X1", 0},
+        {u"\t1\n2", 12},
+        {u"１２", 0},
+        {u"1e400", largest},
+        {u"-1e999", -largest},
+        {u"1e-400", 0},
+        {u"-0", 0},
     };
     for (const Case &c : cases)
         EXPECT_EQ(leadingNumber(QStringView(c.text)), c.number) << QString::fromUtf16(c.text).toStdString();
