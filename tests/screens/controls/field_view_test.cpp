@@ -111,6 +111,8 @@ TEST_F(FieldViewTest, EveryWayOutChecksTheText)
         field.setFocus();
         QTest::keyClicks(&field, QStringLiteral("x"));
         way.take(field, after);
+        const bool clicked = QStringLiteral("click") == QLatin1String(way.name);
+        EXPECT_TRUE(clicked || field.hasFocus()) << "keys do not even let go of it for a moment";
         settle();
         EXPECT_EQ(focusName(), QStringLiteral("qzTxt_0"));
         EXPECT_EQ(refusals.size(), 1);
@@ -133,6 +135,7 @@ TEST_F(FieldViewTest, EscapeBringsTheLastAcceptedTextBack)
 {
     district.setValue(9);
     district.setText(QStringLiteral("越秀区"));
+    QObject::connect(&district, &qzTxt_S::FieldChange, &window, [this] { district.setValue({}); }); // a rule
     field.selectAll();
     QTest::keyClicks(&field, QStringLiteral("x"));
     QTest::keyClick(&field, Qt::Key_Tab);
