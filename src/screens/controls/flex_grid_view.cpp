@@ -232,7 +232,7 @@ void FlexGridView::followTopRow()
 
 void FlexGridView::reportTopRow(int position)
 {
-    if (!m_following && !m_model->isChanging() && position < m_grid.visibleCount())
+    if (!m_following && !m_model->isChanging())
         m_grid.setTopRow(m_grid.rowInSight(position));
 }
 
