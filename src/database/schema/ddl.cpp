@@ -1,5 +1,7 @@
 #include "database/schema/ddl.h"
 
+#include <algorithm>
+
 namespace ebtq::db {
 
 namespace {
@@ -26,13 +28,15 @@ const char *typeWord(ColumnType type, const DdlWords &words)
     return words.text;
 }
 
-/// Keeps a text out of a number column and anything but a stored date out of a date column, so that a list
-/// can rely on what it reads.
+/// Keeps texts and oversized keys out of a number column and anything but a stored date out of a date column,
+/// so that a list can rely on what it reads and a key counter never runs out.
 QByteArray check(const ColumnDefinition &column)
 {
     const QByteArray name = quoted(column.name);
     switch (column.type) {
     case ColumnType::Integer:
+        return " check(" + name + " is null or typeof(" + name + ")='integer' and " + name +
+               " between -2147483648 and 2147483647)";
     case ColumnType::Number:
         return " check(typeof(" + name + ") in ('integer','real','null'))";
     case ColumnType::Date:
@@ -55,6 +59,13 @@ QByteArray columnText(const ColumnDefinition &column, const DdlWords &words)
     if (column.rule == ColumnDefinition::EmptyText)
         text += " not null default ''";
     return words.checkTypes ? text + check(column) : text;
+}
+
+bool keysOnlyByNumber(const TableDefinition &table)
+{
+    const auto isKey = [](const ColumnDefinition &column) { return column.rule == ColumnDefinition::Key; };
+    const auto keys = std::ranges::count_if(table.columns, isKey);
+    return keys == 1 && std::ranges::find_if(table.columns, isKey)->type == ColumnType::Integer;
 }
 
 } // namespace
@@ -85,7 +96,9 @@ QByteArray createTable(const TableDefinition &table, const DdlWords &words)
     }
     if (!keys.isEmpty())
         lines += ",\n  primary key(" + keys + ')';
-    return "create table " + quoted(table.name) + '(' + lines + ");\n";
+    // Without this the engine would invent a key that was left out: a single integer key is its row number.
+    const bool isKeyed = keysOnlyByNumber(table) && words.checkTypes;
+    return "create table " + quoted(table.name) + '(' + lines + (isKeyed ? ") without rowid;\n" : ");\n");
 }
 
 QByteArray addColumn(const TableDefinition &table, const ColumnDefinition &column, const DdlWords &words)

@@ -27,17 +27,18 @@ bool hasIndex(Connection &connection, const IndexDefinition &index)
 struct Gap
 {
     QString name;
-    QByteArray statement;
+    QByteArray statement; ///< empty when it cannot be made behind the rows' backs
 };
 
 void findColumnGaps(const TableDefinition &table, const Catalog::Table &present, std::vector<Gap> &gaps)
 {
     for (const ColumnDefinition &column : table.columns) {
-        if (!present.column(column.name)) {
-            gaps.push_back({QStringLiteral("列 %1.%2")
-                                .arg(QString::fromUtf16(table.name), QString::fromUtf16(column.name)),
-                            addColumn(table, column, sqliteWords())});
-        }
+        if (present.column(column.name))
+            continue;
+        const bool isKey = column.rule == ColumnDefinition::Key || column.rule == ColumnDefinition::AutoKey;
+        gaps.push_back(
+            {QStringLiteral("列 %1.%2").arg(QString::fromUtf16(table.name), QString::fromUtf16(column.name)),
+             isKey ? QByteArray() : addColumn(table, column, sqliteWords())});
     }
 }
 
@@ -97,6 +98,8 @@ InstallReport install(Connection &connection)
                                 .arg(report.versionBefore)
                                 .arg(schemaVersion));
     for (const Gap &gap : findGaps(connection)) {
+        if (gap.statement.isEmpty())
+            throw DatabaseError(QStringLiteral("缺少%1，它是主键，无法补建，请用备份恢复！").arg(gap.name));
         connection.executeNative(gap.statement);
         report.added << gap.name;
     }
@@ -108,6 +111,8 @@ InstallReport install(Connection &connection)
 
 QStringList checkSchema(Connection &connection)
 {
+    if (!connection.catalog().table(u"host_schema"))
+        return {QStringLiteral("数据库尚未初始化，请先运行 ebtq-admin init！")};
     QStringList findings;
     for (const Gap &gap : findGaps(connection))
         findings << QStringLiteral("缺少%1").arg(gap.name);

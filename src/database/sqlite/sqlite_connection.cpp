@@ -6,6 +6,7 @@
 #include "database/sqlite/sqlite_rows.h"
 
 #include <QFileInfo>
+#include <QUrl>
 
 #include <sqlite3.h>
 
@@ -51,6 +52,15 @@ Catalog readCatalog(SqliteConnection &connection)
     return catalog;
 }
 
+/// Neither the file nor its folder can be written and no log lies beside it: nothing can change under a
+/// reader, and the engine need not make its own files there.
+bool isSealed(const QString &location)
+{
+    const QFileInfo file(location);
+    return !file.isWritable() && !QFileInfo(file.absolutePath()).isWritable() &&
+           !QFileInfo::exists(location + QStringLiteral("-wal"));
+}
+
 int openFlags(Connection::Missing missing)
 {
     const int create = missing == Connection::Missing::IsCreated ? SQLITE_OPEN_CREATE : 0;
@@ -71,12 +81,27 @@ SqliteConnection::SqliteConnection(const QString &location, Missing missing)
     const bool plainFile = !location.startsWith(u"file:") && location != u":memory:";
     if (plainFile && missing == Missing::IsAnError && !QFileInfo::exists(location))
         throw DatabaseError(QStringLiteral("找不到数据库文件：%1").arg(location));
+    open(location, missing);
+    try {
+        configure(missing);
+    } catch (const DatabaseError &) {
+        if (!plainFile || !isSealed(location))
+            throw;
+        open(QStringLiteral("file:%1?immutable=1")
+                 .arg(QString::fromLatin1(QUrl::toPercentEncoding(location, "/"))),
+             missing);
+        configure(missing);
+    }
+}
+
+void SqliteConnection::open(const QString &location, Missing missing)
+{
     sqlite3 *handle = nullptr;
     const int result = sqlite3_open_v2(location.toUtf8().constData(), &handle, openFlags(missing), nullptr);
+    m_statements.reset();
     m_handle.reset(handle);
     if (result != SQLITE_OK)
         fail();
-    configure();
 }
 
 SqliteConnection::~SqliteConnection()
@@ -85,37 +110,57 @@ SqliteConnection::~SqliteConnection()
     m_statements.reset();
 }
 
-void SqliteConnection::configure()
+void SqliteConnection::configure(Missing missing)
 {
     sqlite3_extended_result_codes(m_handle.get(), 1);
     setLockTimeout(5000);
     registerFunctions(m_handle.get());
     m_statements = std::make_unique<StatementCache>(m_handle.get());
-    run("select count(*) from sqlite_master"); // reads the header: a file that is no database fails here
-    if (!sqlite3_db_readonly(m_handle.get(), "main"))
+    // Reads the header: a file that is no database fails here.
+    const RowBlock tables = queryNative("select count(*), sum(name='host_schema') from sqlite_master");
+    const bool isNew = missing == Missing::IsCreated && tables.cell(0, 0) == "0";
+    const bool isOurs = tables.cell(0, 1) == "1";
+    // Somebody else's database is looked at, not changed.
+    if ((isNew || isOurs) && !sqlite3_db_readonly(m_handle.get(), "main"))
         run("pragma journal_mode=wal");
     run("pragma synchronous=full; pragma temp_store=memory; pragma cache_size=-65536");
 }
 
+/// Another program may have upgraded the tables since the catalog was read: what failed is tried once more
+/// when it did. A failed statement has changed nothing.
+template<class Run> auto SqliteConnection::runTranslated(const SqlText &statement, Run run)
+{
+    try {
+        return run(translated(statement));
+    } catch (const DatabaseError &) {
+        if (!refreshCatalog())
+            throw;
+    }
+    m_statements->clear();
+    return run(translated(statement));
+}
+
 RowBlock SqliteConnection::query(const SqlText &statement)
 {
-    const Translation translation = translated(statement);
-    if (translation.kind != StatementKind::Select)
-        throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
-    const CachedStatement prepared = m_statements->prepare(translation.sql);
-    return readRows(m_handle.get(), prepared.get(), translation.columns);
+    return runTranslated(statement, [this](const Translation &translation) {
+        if (translation.kind != StatementKind::Select)
+            throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
+        const CachedStatement prepared = m_statements->prepare(translation.sql);
+        return readRows(m_handle.get(), prepared.get(), translation.columns);
+    });
 }
 
 qint64 SqliteConnection::execute(const SqlText &statement)
 {
-    const Translation translation = translated(statement);
-    const CachedStatement prepared = m_statements->prepare(translation.sql);
-    int result = sqlite3_step(prepared.get());
-    while (result == SQLITE_ROW)
-        result = sqlite3_step(prepared.get());
-    if (result != SQLITE_DONE)
-        fail();
-    return translation.kind == StatementKind::Select ? 0 : sqlite3_changes64(m_handle.get());
+    return runTranslated(statement, [this](const Translation &translation) -> qint64 {
+        const CachedStatement prepared = m_statements->prepare(translation.sql);
+        int result = sqlite3_step(prepared.get());
+        while (result == SQLITE_ROW)
+            result = sqlite3_step(prepared.get());
+        if (result != SQLITE_DONE)
+            fail();
+        return translation.kind == StatementKind::Select ? 0 : sqlite3_changes64(m_handle.get());
+    });
 }
 
 void SqliteConnection::insertRows(const QString &table, const RowBlock &rows)
@@ -197,13 +242,6 @@ Translation SqliteConnection::translated(const SqlText &statement)
 {
     try {
         return translate(statement, dialect(), catalog());
-    } catch (const DialectError &error) {
-        // Another program may have upgraded the tables since the catalog was read.
-        if (!refreshCatalog())
-            throw DatabaseError(error.message());
-    }
-    try {
-        return translate(statement, dialect(), m_catalog);
     } catch (const DialectError &error) {
         throw DatabaseError(error.message());
     }

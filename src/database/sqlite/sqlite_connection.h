@@ -47,7 +47,9 @@ private:
         void operator()(sqlite3 *handle) const;
     };
 
-    void configure();
+    void open(const QString &location, Missing missing);
+    void configure(Missing missing);
+    template<class Run> auto runTranslated(const SqlText &statement, Run run);
     [[nodiscard]] Translation translated(const SqlText &statement);
     /// False when the schema is still the one that the catalog was read from.
     bool refreshCatalog();

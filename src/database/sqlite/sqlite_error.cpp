@@ -1,5 +1,7 @@
 #include "database/sqlite/sqlite_error.h"
 
+#include <QRegularExpression>
+
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -63,7 +65,8 @@ QString sqliteErrorText(sqlite3 *handle)
         return forCode(extended, engineText);
     for (const auto &entry : missing) {
         if (engineText.startsWith(QLatin1String(entry.prefix))) {
-            const auto name = engineText.mid(static_cast<qsizetype>(qstrlen(entry.prefix)));
+            static const QRegularExpression ownAlias(QStringLiteral("^t[0-9]+[.]"));
+            const auto name = engineText.mid(static_cast<qsizetype>(qstrlen(entry.prefix))).remove(ownAlias);
             return QString::fromUtf16(entry.text).arg(name);
         }
     }

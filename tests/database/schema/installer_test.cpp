@@ -68,6 +68,29 @@ TEST(Installer, BringsAnOlderSchemaUpWithItsRows)
               "FY1");
 }
 
+TEST(Installer, SaysWhatItCannotMend)
+{
+    auto connection = installed();
+    connection->executeNative("alter table pdmsjzd rename column ID to 编号");
+    EXPECT_THAT(joined(checkSchema(*connection)), HasSubstr("缺少列 pdmsjzd.ID"));
+    try {
+        install(*connection);
+        FAIL() << "a key cannot be made up";
+    } catch (const DatabaseError &error) {
+        EXPECT_THAT(error.what(), HasSubstr("pdmsjzd.ID"));
+        EXPECT_THAT(error.what(), HasSubstr("备份"));
+    }
+    EXPECT_FALSE(connection->inTransaction());
+}
+
+TEST(Installer, SaysThatADatabaseIsNotInstalledYet)
+{
+    auto connection = Connection::open(QStringLiteral(":memory:"));
+    const QStringList findings = checkSchema(*connection);
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_THAT(joined(findings), HasSubstr("尚未初始化"));
+}
+
 TEST(Installer, LeavesANewerSchemaAlone)
 {
     auto connection = installed();
@@ -81,9 +104,13 @@ TEST(Installer, LeavesANewerSchemaAlone)
 TEST(Installer, KeepsWrongKindsOfValuesOut)
 {
     auto connection = installed();
-    for (const char *statement : {"insert into fyxx(房源ID,总面积) values('A','很大')",
-                                  "insert into fyxx(房源ID,委托日期) values('A','2026-9-8')",
-                                  "insert into fyxx(房源ID,业务员ID) values('A','张敏')"})
+    for (const char *statement :
+         {"insert into fyxx(房源ID,总面积) values('A','很大')",
+          "insert into fyxx(房源ID,委托日期) values('A','2026-9-8')",
+          "insert into fyxx(房源ID,业务员ID) values('A','张敏')",
+          "insert into fyxx(房源ID,业务员ID) values('A',2147483648)",
+          "insert into pdmcq(产权ID) values(1e18)", "insert into pdmcq(产权ID) values(null)",
+          "insert into pdmcq(产权名称) values('x')"})
         EXPECT_THROW(connection->executeNative(statement), DatabaseError) << statement;
     connection->executeNative(
         "insert into fyxx(房源ID,总面积,委托日期,业务员ID) values('A',88.5,'2026-09-08',3)");

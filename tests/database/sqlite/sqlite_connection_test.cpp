@@ -1,12 +1,15 @@
 #include "database/connection.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
+
+#include <unistd.h>
 
 namespace ebtq::db {
 
@@ -192,6 +195,63 @@ TEST_F(SqliteConnectionTest, SeesTablesThatAnotherProgramChanged)
     other->executeNative("drop table 新表");
     EXPECT_THAT(messageOf([&] { (void)connection->query(QStringLiteral("select x from 新表")); }),
                 HasSubstr("不存在"));
+}
+
+TEST_F(SqliteConnectionTest, GoesOnAfterAnotherProgramDroppedAColumn)
+{
+    auto connection = make();
+    connection->execute(QStringLiteral("insert into t(id,名称)values(1,'a')"));
+    const QString all = QStringLiteral("select * from t");
+    EXPECT_EQ(connection->query(all).columnCount(), 5);
+    make()->executeNative("alter table t drop column 内容; alter table t add column 备注 text");
+    const RowBlock rows = connection->query(all);
+    ASSERT_EQ(rows.columnCount(), 5);
+    EXPECT_EQ(rows.columns()[4].name, QStringLiteral("备注"));
+    EXPECT_THAT(messageOf([&] { (void)connection->query(QStringLiteral("select 内容 from t")); }),
+                HasSubstr("列 内容 不存在"));
+}
+
+/// Modes of files do not bind root: the test reads as nobody.
+class AsNobody
+{
+public:
+    AsNobody()
+        : m_isRoot(geteuid() == 0 && setresuid(65534, 65534, 0) == 0)
+    {}
+    AsNobody(const AsNobody &) = delete;
+    AsNobody &operator=(const AsNobody &) = delete;
+    ~AsNobody() { EXPECT_TRUE(!m_isRoot || setresuid(0, 0, 0) == 0); }
+
+private:
+    bool m_isRoot;
+};
+
+TEST_F(SqliteConnectionTest, ReadsFromAFolderThatCannotBeWritten)
+{
+    make()->executeNative("create table host_schema(version integer); insert into t(id) values(1)");
+    const QString folder = QFileInfo(path()).absolutePath();
+    constexpr auto readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    constexpr auto passable = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    ASSERT_TRUE(QFile::setPermissions(path(), readable));
+    ASSERT_TRUE(QFile::setPermissions(folder, readable | passable));
+    {
+        const AsNobody nobody;
+        auto connection = Connection::open(path());
+        EXPECT_EQ(count(*connection), 1);
+        EXPECT_THAT(messageOf([&] { connection->execute(QStringLiteral("delete from t")); }),
+                    HasSubstr("只读"));
+    }
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST_F(SqliteConnectionTest, LooksAtAForeignDatabaseWithoutChangingIt)
+{
+    write("empty.db", {});
+    {
+        auto connection = Connection::open(path("empty.db"));
+        EXPECT_EQ(connection->query(QStringLiteral("select 1")).rowCount(), 1);
+    }
+    EXPECT_EQ(QFileInfo(path("empty.db")).size(), 0);
 }
 
 TEST_F(SqliteConnectionTest, PutsBlocksOfRowsIn)
