@@ -18,9 +18,12 @@ struct Outcome
 class AdminTest : public ::testing::Test
 {
 protected:
-    static Outcome run(const QStringList &arguments, const QByteArray &input = {})
+    static Outcome run(const QStringList &arguments, const QByteArray &input = {},
+                       const QString &outputFile = {})
     {
         QProcess process;
+        if (!outputFile.isEmpty())
+            process.setStandardOutputFile(outputFile);
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove(QStringLiteral("EBTQ_PASSWORD"));
         process.setProcessEnvironment(environment);
@@ -32,6 +35,7 @@ protected:
         return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
                 QString::fromUtf8(process.readAllStandardError())};
     }
+    static bool isChinese(const QString &text) { return !text.isEmpty() && text.front().unicode() >= 0x4E00; }
     Outcome sql(const QString &statement)
     {
         return run({QStringLiteral("sql"), dbOption, m_file, statement});
@@ -125,6 +129,28 @@ TEST_F(AdminTest, BatchAnswersEachLineAndGoesOnAfterErrors)
     EXPECT_TRUE(lines.at(7).startsWith(u"-- error: ") && lines.at(7).contains(u"UTF-8"));
     EXPECT_EQ(lines.mid(8),
               (QStringList{QStringLiteral("-- ok 2"), QStringLiteral("乙"), QStringLiteral("-- ok 1")}));
+}
+
+TEST_F(AdminTest, OutputThatIsNotWrittenIsAFailure)
+{
+    initialise();
+    const QString fullDevice = QStringLiteral("/dev/full");
+    const QString batchOption = QStringLiteral("--batch");
+    const QStringList calls[] = {
+        {QStringLiteral("sql"), dbOption, m_file, QStringLiteral("select username from host_users")},
+        {QStringLiteral("sql"), dbOption, m_file, batchOption},
+        {QStringLiteral("check"), dbOption, m_file},
+        {QStringLiteral("translate"), QStringLiteral("--to"), QStringLiteral("sqlite"),
+         QStringLiteral("select 1")},
+        {QStringLiteral("--help")},
+    };
+    for (const QStringList &call : calls) {
+        const Outcome outcome =
+            run(call, "select 1\ninsert into pdmgy(雇员ID,姓名) values(1,'unanswered')\n", fullDevice);
+        EXPECT_EQ(outcome.status, 1) << call.join(u' ').toStdString();
+        EXPECT_TRUE(isChinese(outcome.errors)) << outcome.errors.toStdString();
+    }
+    EXPECT_EQ(sql(QStringLiteral("select count(*) from pdmgy")).output, QStringLiteral("0\n"));
 }
 
 TEST_F(AdminTest, TranslateWritesForBothEngines)

@@ -8,6 +8,7 @@
 #include "host/setup.h"
 #include "shell/admin/command_line.h"
 #include "shell/admin/orphans.h"
+#include "shell/admin/output.h"
 #include "shell/admin/password.h"
 #include "shell/admin/statements.h"
 
@@ -19,11 +20,6 @@ namespace ebtq::admin {
 namespace {
 
 using db::Connection;
-
-void printLine(std::FILE *stream, const QString &text)
-{
-    std::fprintf(stream, "%s\n", text.toUtf8().constData());
-}
 
 std::unique_ptr<Connection> openDatabase(const CommandLine &line,
                                          Connection::Missing missing = Connection::Missing::IsAnError)
@@ -137,6 +133,10 @@ void printHelp(std::FILE *stream)
 
 int dispatch(const QStringList &arguments)
 {
+    if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
+        printHelp(stdout);
+        return 0;
+    }
     if (arguments.isEmpty())
         throw UsageError(QStringLiteral("缺少命令"));
     for (const auto &[definition, run] : commands) {
@@ -150,12 +150,10 @@ int dispatch(const QStringList &arguments)
 
 int runCommand(const QStringList &arguments)
 {
-    if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
-        printHelp(stdout);
-        return 0;
-    }
     try {
-        return dispatch(arguments);
+        const int status = dispatch(arguments);
+        requireWritten(stdout);
+        return status;
     } catch (const UsageError &error) {
         printLine(stderr, QStringLiteral("%1\n").arg(QString::fromUtf8(error.what())));
         printHelp(stderr);

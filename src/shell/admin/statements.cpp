@@ -1,5 +1,6 @@
 #include "shell/admin/statements.h"
 
+#include "shell/admin/output.h"
 #include "shell/admin/row_printer.h"
 
 #include <QStringDecoder>
@@ -62,7 +63,7 @@ void runBatch(db::Connection &connection, std::istream &input, std::FILE *output
         if (line.find_first_not_of(" \t") == std::string::npos)
             continue;
         runLine(connection, line, output);
-        std::fflush(output);
+        requireWritten(output);
     }
 }
 
