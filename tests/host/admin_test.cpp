@@ -153,6 +153,23 @@ TEST_F(AdminTest, OutputThatIsNotWrittenIsAFailure)
     EXPECT_EQ(sql(QStringLiteral("select count(*) from pdmgy")).output, QStringLiteral("0\n"));
 }
 
+TEST_F(AdminTest, ArgumentsAndPasswordsThatAreNoTextAreRefused)
+{
+    EXPECT_EQ(run({QStringLiteral("init"), dbOption, m_file}, "\xff\xfe\n").status, 1);
+    initialise();
+    // A process is started with text alone, so the shell makes the bytes.
+    QProcess shell;
+    shell.start(QStringLiteral("/bin/sh"),
+                {QStringLiteral("-c"), QStringLiteral(R"sh(exec "$0" sql --db "$1" "$(printf "$2")")sh"),
+                 QString::fromUtf8(EBTQ_ADMIN_PROGRAM), m_file,
+                 QStringLiteral(R"(update host_users set username='\377\376')")});
+    ASSERT_TRUE(shell.waitForFinished());
+    EXPECT_EQ(shell.exitCode(), 2);
+    const QString errors = QString::fromUtf8(shell.readAllStandardError());
+    EXPECT_TRUE(isChinese(errors) && errors.contains(u"UTF-8")) << errors.toStdString();
+    EXPECT_EQ(sql(QStringLiteral("select username from host_users")).output, QStringLiteral("甲\n"));
+}
+
 TEST_F(AdminTest, TranslateWritesForBothEngines)
 {
     const QString statement = QStringLiteral("select top 1 楼层 & '/' & 总楼层 from fyxx");

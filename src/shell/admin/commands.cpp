@@ -11,6 +11,7 @@
 #include "shell/admin/output.h"
 #include "shell/admin/password.h"
 #include "shell/admin/statements.h"
+#include "shell/admin/utf8.h"
 
 #include <cstdio>
 #include <iostream>
@@ -131,6 +132,18 @@ void printHelp(std::FILE *stream)
     }
 }
 
+QStringList decoded(std::span<const char *const> arguments)
+{
+    QStringList texts;
+    for (const char *argument : arguments) {
+        const auto text = decodeUtf8(argument);
+        if (!text)
+            throw UsageError(QStringLiteral("第 %1 个参数不是有效的 UTF-8 文本！").arg(texts.size() + 1));
+        texts << *text;
+    }
+    return texts;
+}
+
 int dispatch(const QStringList &arguments)
 {
     if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
@@ -148,10 +161,10 @@ int dispatch(const QStringList &arguments)
 
 } // namespace
 
-int runCommand(const QStringList &arguments)
+int runCommand(std::span<const char *const> arguments)
 {
     try {
-        const int status = dispatch(arguments);
+        const int status = dispatch(decoded(arguments));
         requireWritten(stdout);
         return status;
     } catch (const UsageError &error) {

@@ -5,5 +5,5 @@
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    return ebtq::admin::runCommand(QCoreApplication::arguments().mid(1));
+    return ebtq::admin::runCommand({argv + 1, argv + argc});
 }

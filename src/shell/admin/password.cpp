@@ -1,5 +1,8 @@
 #include "shell/admin/password.h"
 
+#include "library/frame/host_contracts.h"
+#include "shell/admin/utf8.h"
+
 #include <QtGlobal>
 
 #include <cstdio>
@@ -42,16 +45,24 @@ private:
     bool m_isTerminal;
 };
 
+std::string readBytes()
+{
+    if (qEnvironmentVariableIsSet("EBTQ_PASSWORD"))
+        return qgetenv("EBTQ_PASSWORD").toStdString();
+    const HiddenInput hidden;
+    std::string line;
+    std::getline(std::cin, line);
+    return line;
+}
+
 } // namespace
 
 QString readPassword()
 {
-    if (qEnvironmentVariableIsSet("EBTQ_PASSWORD"))
-        return qEnvironmentVariable("EBTQ_PASSWORD");
-    const HiddenInput hidden;
-    std::string line;
-    std::getline(std::cin, line);
-    return QString::fromStdString(line);
+    const auto password = decodeUtf8(readBytes());
+    if (!password)
+        throw Failure(QStringLiteral("密码不是有效的 UTF-8 文本，请重新输入！"));
+    return *password;
 }
 
 } // namespace ebtq::admin

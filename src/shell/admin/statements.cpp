@@ -2,10 +2,8 @@
 
 #include "shell/admin/output.h"
 #include "shell/admin/row_printer.h"
+#include "shell/admin/utf8.h"
 
-#include <QStringDecoder>
-
-#include <optional>
 #include <string>
 
 namespace ebtq::admin {
@@ -17,14 +15,6 @@ bool isSelect(const QString &statement)
     return QStringView(statement).trimmed().startsWith(u"select", Qt::CaseInsensitive);
 }
 
-/// Nothing for bytes that are no text: half-read characters would change what a statement says.
-std::optional<QString> decoded(const std::string &line)
-{
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(QByteArrayView(line.data(), static_cast<qsizetype>(line.size())));
-    return decoder.hasError() ? std::nullopt : std::optional(text);
-}
-
 void printError(const QString &text, std::FILE *output)
 {
     std::fprintf(output, "-- error: %s\n", text.simplified().toUtf8().constData());
@@ -32,7 +22,7 @@ void printError(const QString &text, std::FILE *output)
 
 void runLine(db::Connection &connection, const std::string &line, std::FILE *output)
 {
-    const auto statement = decoded(line);
+    const auto statement = decodeUtf8(line);
     if (!statement)
         return printError(QStringLiteral("语句不是有效的 UTF-8 文本！"), output);
     try {
