@@ -195,6 +195,8 @@ TEST_F(AdminTest, CallsThatAreNotUnderstoodShowTheHelp)
         {QStringLiteral("sql"), dbOption, m_file, QStringLiteral("--batch"), QStringLiteral("select 1")},
         {QStringLiteral("sql"), dbOption, m_file, QStringLiteral("select 1"), QStringLiteral("select 2")},
         {QStringLiteral("sql"), QStringLiteral("--password"), QStringLiteral("x")},
+        {QStringLiteral("sql"), dbOption},
+        {QStringLiteral("sql"), dbOption, m_file, QStringLiteral("--batch=1")},
         {QStringLiteral("translate"), QStringLiteral("select 1")},
         {QStringLiteral("translate"), QStringLiteral("--to"), QStringLiteral("other"),
          QStringLiteral("select 1")},
@@ -204,8 +206,11 @@ TEST_F(AdminTest, CallsThatAreNotUnderstoodShowTheHelp)
     for (const QStringList &call : calls) {
         const Outcome outcome = run(call);
         EXPECT_EQ(outcome.status, 2) << call.join(u' ').toStdString();
+        EXPECT_TRUE(isChinese(outcome.errors)) << outcome.errors.toStdString();
         EXPECT_TRUE(outcome.errors.contains(u"ebtq-admin")) << call.join(u' ').toStdString();
     }
+    EXPECT_TRUE(run({QStringLiteral("check"), dbOption}).errors.startsWith(u"选项 --db 后缺少文件"));
+    EXPECT_TRUE(run({QStringLiteral("check"), QStringLiteral("--nix")}).errors.startsWith(u"没有选项“nix”"));
     EXPECT_FALSE(QFile::exists(m_file));
     EXPECT_EQ(run({QStringLiteral("--help")}).status, 0);
 }

@@ -14,6 +14,23 @@ QCommandLineOption optionOf(QStringView entry)
                              : QCommandLineOption(name, {}, parts.last().toString());
 }
 
+/// Why a call was not understood. Of the known options only one at the end can lack its value; what is left
+/// is a value for one that takes none.
+QString mistakeIn(const QCommandLineParser &parser, const CommandDefinition &command,
+                  const QStringList &arguments)
+{
+    const QStringList unknown = parser.unknownOptionNames();
+    if (!unknown.isEmpty())
+        return QStringLiteral("没有选项“%1”").arg(unknown.join(u"”、“"));
+    const QString &last = arguments.constLast();
+    for (const QStringView entry : command.options.split(u' ', Qt::SkipEmptyParts)) {
+        const auto parts = entry.split(u'=');
+        if (parts.size() == 2 && last == QStringLiteral("--%1").arg(parts.first()))
+            return QStringLiteral("选项 %1 后缺少%2").arg(last, parts.last());
+    }
+    return QStringLiteral("不带值的选项后多了值");
+}
+
 } // namespace
 
 CommandLine::CommandLine(const CommandDefinition &command, const QStringList &arguments)
@@ -21,7 +38,7 @@ CommandLine::CommandLine(const CommandDefinition &command, const QStringList &ar
     for (const QStringView entry : command.options.split(u' ', Qt::SkipEmptyParts))
         m_parser.addOption(optionOf(entry));
     if (!m_parser.parse(QStringList{QString()} + arguments))
-        throw UsageError(m_parser.errorText());
+        throw UsageError(mistakeIn(m_parser, command, arguments));
     const qsizetype allowed = command.argument.isEmpty() ? 0 : 1;
     if (m_parser.positionalArguments().size() > allowed)
         throw UsageError(QStringLiteral("多余的参数：%1").arg(m_parser.positionalArguments().at(allowed)));
@@ -42,7 +59,7 @@ int CommandLine::count(const QString &option, int preset) const
     bool read = false;
     const int value = text(option).toInt(&read);
     if (!read || value < 0 || value > largestCount)
-        throw UsageError(QStringLiteral("--%1 应为 0 到 %2 的整数").arg(option).arg(largestCount));
+        throw UsageError(QStringLiteral("选项 --%1 应为 0 到 %2 的整数").arg(option).arg(largestCount));
     return value;
 }
 
@@ -52,7 +69,7 @@ QDate CommandLine::date(const QString &option, const QDate &preset) const
         return preset;
     const QDate value = QDate::fromString(text(option), Qt::ISODate);
     if (!value.isValid())
-        throw UsageError(QStringLiteral("--%1 应为日期，如 2026-11-24").arg(option));
+        throw UsageError(QStringLiteral("选项 --%1 应为日期，如 2026-11-24").arg(option));
     return value;
 }
 

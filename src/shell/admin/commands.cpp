@@ -81,7 +81,7 @@ int translate(const CommandLine &line)
 {
     const QString engine = line.requiredText(QStringLiteral("to"));
     if (engine != u"sqlite" && engine != u"postgresql")
-        throw UsageError(QStringLiteral("--to 应为 sqlite 或 postgresql"));
+        throw UsageError(QStringLiteral("选项 --to 应为 sqlite 或 postgresql"));
     const db::Dialect &dialect = engine == u"sqlite" ? db::sqliteDialect() : db::postgresDialect();
     const db::Translation translation = db::translate(line.argument(), dialect, db::schemaCatalog());
     std::fprintf(stdout, "%s\n", translation.sql.constData());
