@@ -201,6 +201,9 @@ TEST_F(AdminTest, CallsThatAreNotUnderstoodShowTheHelp)
         {QStringLiteral("translate"), QStringLiteral("--to"), QStringLiteral("other"),
          QStringLiteral("select 1")},
         {QStringLiteral("demo"), dbOption, m_file, QStringLiteral("--listings"), QStringLiteral("-3")},
+        {QStringLiteral("demo"), dbOption, m_file, QStringLiteral("--seed"), QStringLiteral("-1")},
+        {QStringLiteral("demo"), dbOption, m_file, QStringLiteral("--seed"),
+         QStringLiteral("18446744073709551616")},
         {QStringLiteral("demo"), dbOption, m_file, QStringLiteral("--date"), QStringLiteral("2026-13-01")},
     };
     for (const QStringList &call : calls) {
@@ -244,6 +247,8 @@ TEST_F(AdminTest, DemoFillsANewFileOnceAndCheckIsContent)
                            QStringLiteral("5"),
                            QStringLiteral("--follow-ups"),
                            QStringLiteral("9"),
+                           QStringLiteral("--seed"),
+                           QStringLiteral("18446744073709551615"),
                            QStringLiteral("--date"),
                            QStringLiteral("2026-11-24")};
     EXPECT_EQ(run(call).status, 0);

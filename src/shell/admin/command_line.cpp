@@ -1,5 +1,7 @@
 #include "shell/admin/command_line.h"
 
+#include <limits>
+
 namespace ebtq::admin {
 
 namespace {
@@ -60,6 +62,19 @@ int CommandLine::count(const QString &option, int preset) const
     const int value = text(option).toInt(&read);
     if (!read || value < 0 || value > largestCount)
         throw UsageError(QStringLiteral("选项 --%1 应为 0 到 %2 的整数").arg(option).arg(largestCount));
+    return value;
+}
+
+quint64 CommandLine::seed(const QString &option, quint64 preset) const
+{
+    if (!isSet(option))
+        return preset;
+    bool read = false;
+    const quint64 value = text(option).toULongLong(&read);
+    if (!read)
+        throw UsageError(QStringLiteral("选项 --%1 应为不带正负号的整数，最大 %2")
+                             .arg(option)
+                             .arg(std::numeric_limits<quint64>::max()));
     return value;
 }
 

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] QString text(const QString &option) const { return m_parser.value(option); }
     [[nodiscard]] QString requiredText(const QString &option) const;
     [[nodiscard]] int count(const QString &option, int preset) const;
+    /// Any number of 64 bits without a sign: a seed is no count and has no limit of its own.
+    [[nodiscard]] quint64 seed(const QString &option, quint64 preset) const;
     [[nodiscard]] QDate date(const QString &option, const QDate &preset) const;
     [[nodiscard]] QString argument() const;
     [[nodiscard]] bool hasArgument() const { return !m_parser.positionalArguments().isEmpty(); }

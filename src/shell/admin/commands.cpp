@@ -51,7 +51,7 @@ int writeDemo(const CommandLine &line)
     options.listings = line.count(QStringLiteral("listings"), options.listings);
     options.customers = line.count(QStringLiteral("customers"), options.customers);
     options.followUps = line.count(QStringLiteral("follow-ups"), options.followUps);
-    options.seed = static_cast<quint64>(line.count(QStringLiteral("seed"), 1));
+    options.seed = line.seed(QStringLiteral("seed"), options.seed);
     options.today = line.date(QStringLiteral("date"), options.today);
     const auto connection = openDatabase(line, Connection::Missing::IsCreated);
     host::writeDemo(*connection, options, [](const QString &what, int done, int total) {
