@@ -60,7 +60,8 @@ db::InstallReport prepareDatabase(db::Connection &connection)
 
 bool hasUsers(db::Connection &connection)
 {
-    return connection.query(QStringLiteral("select top 1 userID from host_users")).rowCount() != 0;
+    return connection.catalog().table(u"host_users") &&
+           connection.query(QStringLiteral("select top 1 userID from host_users")).rowCount() != 0;
 }
 
 void createFirstUser(db::Connection &connection, const QString &name, const QString &password)

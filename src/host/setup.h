@@ -9,6 +9,7 @@ namespace ebtq::host {
 /// parameters that have no value yet. Doing it again does nothing. Throws db::DatabaseError.
 db::InstallReport prepareDatabase(db::Connection &connection);
 
+/// False too for a database without a schema.
 [[nodiscard]] bool hasUsers(db::Connection &connection);
 /// Writes the first user of a database, with every right. Throws Failure when there is one already.
 void createFirstUser(db::Connection &connection, const QString &name, const QString &password);

@@ -4,6 +4,8 @@
 
 #include <QUuid>
 
+#include <algorithm>
+
 #include <sodium.h>
 
 namespace ebtq::host {
@@ -41,12 +43,6 @@ bool verifies(const QByteArray &hash, const QString &password)
 constexpr char hashOfNobody[] =
     "$argon2id$v=19$m=65536,t=2,p=1$owPC5FY06NIwqlCIbaowaw$HlOlC4m0ngLGARBaPbexTObqA37cafMJ8iZy3z7BMbU";
 
-void requirePassword(const QString &password)
-{
-    if (password.isEmpty())
-        throw Failure(QStringLiteral("密码不能为空，请输入！"));
-}
-
 QString departmentOf(db::Connection &connection, const QString &userId)
 {
     const RowBlock rows = connection.query(
@@ -67,6 +63,23 @@ PasswordCost PasswordCost::interactive()
 PasswordCost PasswordCost::lowest()
 {
     return {crypto_pwhash_OPSLIMIT_MIN, crypto_pwhash_MEMLIMIT_MIN};
+}
+
+void requireUserName(const QString &name)
+{
+    const QString kept = name.trimmed();
+    if (kept.isEmpty())
+        throw Failure(QStringLiteral("用户名不能为空，请输入！"));
+    if (kept.contains(u'\''))
+        throw Failure(QStringLiteral("用户名不能含有单引号，请换一个！"));
+    if (std::any_of(kept.begin(), kept.end(), [](QChar c) { return c.category() == QChar::Other_Control; }))
+        throw Failure(QStringLiteral("用户名不能含有换行、制表符等控制字符，请换一个！"));
+}
+
+void requirePassword(const QString &password)
+{
+    if (password.isEmpty())
+        throw Failure(QStringLiteral("密码不能为空，请输入！"));
 }
 
 QByteArray hashPassword(const QString &password, PasswordCost cost)
@@ -98,10 +111,9 @@ User signIn(db::Connection &connection, const QString &name, const QString &pass
 
 QString createUser(db::Connection &connection, const NewUser &user, PasswordCost cost)
 {
-    const QString name = user.name.trimmed();
-    if (name.isEmpty())
-        throw Failure(QStringLiteral("用户名不能为空，请输入！"));
+    requireUserName(user.name);
     requirePassword(user.password);
+    const QString name = user.name.trimmed();
     const QByteArray hash = hashPassword(user.password, cost);
     db::Transaction transaction(connection);
     if (connection.query(userNamed(u"userID", name)).rowCount() != 0)

@@ -34,6 +34,13 @@ struct PasswordCost
 /// not tell whether the name or the password was wrong, and finding out takes as long in both cases.
 [[nodiscard]] User signIn(db::Connection &connection, const QString &name, const QString &password);
 
+/// Throws Failure for a name that no user can have: an empty one, one with an apostrophe, which no statement
+/// can carry, and one with control characters, which nobody sees and nobody can type. Blanks around a name
+/// do not count.
+void requireUserName(const QString &name);
+/// Throws Failure for an empty password.
+void requirePassword(const QString &password);
+
 struct NewUser
 {
     QString name;
@@ -41,8 +48,8 @@ struct NewUser
     int departmentId = 0; ///< mtID; 0 for a user in no department
 };
 
-/// Writes a new user; gives the new id. The user has no rights yet. Throws Failure for an empty name or
-/// password and for a name that is taken.
+/// Writes a new user; gives the new id. The user has no rights yet. Throws Failure for a name that is
+/// taken and as the two above.
 QString createUser(db::Connection &connection, const NewUser &user,
                    PasswordCost cost = PasswordCost::interactive());
 

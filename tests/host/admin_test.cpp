@@ -63,9 +63,29 @@ protected:
 
 } // namespace
 
-TEST_F(AdminTest, InitMakesTheFirstUserOnceAndNeedsAPassword)
+TEST_F(AdminTest, InitWritesNothingWithoutAFirstUser)
 {
-    EXPECT_EQ(run({QStringLiteral("init"), dbOption, m_file}, "\n").status, 1);
+    struct
+    {
+        QString name;
+        QByteArray password;
+    } const refused[] = {{QStringLiteral("甲"), "\n"},
+                         {QStringLiteral("甲"), ""},
+                         {QStringLiteral("O'Neil"), "x\n"},
+                         {QStringLiteral("甲\n乙"), "x\n"},
+                         {QStringLiteral(" "), "x\n"}};
+    for (const auto &[name, password] : refused) {
+        const Outcome outcome =
+            run({QStringLiteral("init"), dbOption, m_file, QStringLiteral("--admin"), name}, password);
+        EXPECT_EQ(outcome.status, 1) << name.toStdString();
+        EXPECT_TRUE(isChinese(outcome.errors)) << outcome.errors.toStdString();
+        EXPECT_EQ(outcome.output, QString());
+        EXPECT_EQ(sql(QStringLiteral("select count(*) from host_users")).status, 1) << "a schema was written";
+    }
+}
+
+TEST_F(AdminTest, InitMakesTheFirstUserOnce)
+{
     initialise();
     EXPECT_EQ(sql(QStringLiteral("select username,isActive from host_users")).output,
               QStringLiteral("甲\t1\n"));

@@ -52,14 +52,19 @@ TEST_F(UsersTest, RefusalsDoNotTellWhatWasWrong)
 TEST_F(UsersTest, NewUsersNeedAFreeNameAndAPassword)
 {
     createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
-    EXPECT_THROW(createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest()), Failure);
-    EXPECT_THROW(createUser(*m_connection, {QStringLiteral("  "), m_password}, PasswordCost::lowest()),
-                 Failure);
-    EXPECT_THROW(createUser(*m_connection, {QStringLiteral("乙"), QString()}, PasswordCost::lowest()),
-                 Failure);
-    EXPECT_THROW(createUser(*m_connection, {QStringLiteral("O'Neil"), m_password}, PasswordCost::lowest()),
-                 db::DatabaseError);
-    EXPECT_EQ(value(u"select count(*) from host_users").toInt(), 1);
+    const host::NewUser refused[] = {{m_name, m_password},
+                                     {QStringLiteral("  "), m_password},
+                                     {QStringLiteral("乙"), QString()},
+                                     {QStringLiteral("O'Neil"), m_password},
+                                     {QStringLiteral("乙\t丙"), m_password},
+                                     {QStringLiteral("乙\u0085丙"), m_password},
+                                     {QStringLiteral("乙") + QChar(QChar::Null), m_password}};
+    for (const host::NewUser &user : refused)
+        EXPECT_THROW(createUser(*m_connection, user, PasswordCost::lowest()), Failure)
+            << user.name.toStdString();
+    createUser(*m_connection, {QStringLiteral(" 𠮷田 一 "), m_password}, PasswordCost::lowest());
+    EXPECT_EQ(signInFailure(QStringLiteral("𠮷田 一"), m_password), QString());
+    EXPECT_EQ(value(u"select count(*) from host_users").toInt(), 2);
     EXPECT_FALSE(m_connection->inTransaction());
 }
 

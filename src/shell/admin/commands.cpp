@@ -6,6 +6,7 @@
 #include "database/schema/tables.h"
 #include "host/demo/demo.h"
 #include "host/setup.h"
+#include "host/users.h"
 #include "shell/admin/command_line.h"
 #include "shell/admin/orphans.h"
 #include "shell/admin/output.h"
@@ -15,6 +16,7 @@
 
 #include <cstdio>
 #include <iostream>
+#include <optional>
 
 namespace ebtq::admin {
 
@@ -28,20 +30,36 @@ std::unique_ptr<Connection> openDatabase(const CommandLine &line,
     return Connection::open(line.requiredText(QStringLiteral("db")), missing);
 }
 
+/// Nobody can sign in to a database without users: what the first one needs is asked for and judged before
+/// anything is written. Nothing when there are users.
+std::optional<host::NewUser> readFirstUser(const CommandLine &line, Connection &connection)
+{
+    if (host::hasUsers(connection))
+        return std::nullopt;
+    host::NewUser user;
+    user.name =
+        line.isSet(QStringLiteral("admin")) ? line.text(QStringLiteral("admin")) : QStringLiteral("管理员");
+    host::requireUserName(user.name);
+    user.password = readPassword();
+    host::requirePassword(user.password);
+    return user;
+}
+
 int initialise(const CommandLine &line)
 {
     const auto connection = openDatabase(line, Connection::Missing::IsCreated);
+    const std::optional<host::NewUser> user = readFirstUser(line, *connection);
+    db::Transaction transaction(*connection);
     const db::InstallReport report = host::prepareDatabase(*connection);
+    if (user)
+        host::createFirstUser(*connection, user->name, user->password);
+    transaction.commit();
     printLine(stdout, QStringLiteral("数据库结构已是版本 %1（新增 %2 项）：%3")
                           .arg(db::schemaVersion)
                           .arg(report.added.size())
                           .arg(connection->location()));
-    if (host::hasUsers(*connection))
-        return 0;
-    const QString name =
-        line.isSet(QStringLiteral("admin")) ? line.text(QStringLiteral("admin")) : QStringLiteral("管理员");
-    host::createFirstUser(*connection, name, readPassword());
-    printLine(stdout, QStringLiteral("已创建用户“%1”，拥有全部权限").arg(name));
+    if (user)
+        printLine(stdout, QStringLiteral("已创建用户“%1”，拥有全部权限").arg(user->name.trimmed()));
     return 0;
 }
 
