@@ -54,51 +54,34 @@ Request makeRequest(const Building &building, Random &random)
     return request;
 }
 
-void writeCustomer(TableWriter &writer, const RecordKey &key, const Document &document,
-                   const Quarter &quarter, const Request &wanted, const Agent &agent, Random &random)
+void writePerson(TableWriter &writer, const RecordKey &key, const Document &document, const Quarter &quarter,
+                 Random &random)
 {
     static constexpr QStringView locations[] = {u"近地铁", u"近学校", u"近医院", u"安静", u"靠近公园", u""};
+    writer.part({key.id, document.number, quarter.id, quarter.name, document.made,
+                 random.pickEarly(words::commissions), random.pick(words::grades), u"", politeName(random),
+                 u"", maskedPhone(random), u"", u"", random.pick(locations)});
+}
+
+void writeRequest(TableWriter &writer, const Request &wanted, Random &random)
+{
+    const HouseType &layout = *wanted.layout;
+    writer.part({QStringLiteral("%1房%2厅").arg(layout.rooms).arg(layout.halls), u"",
+                 random.chance(92) ? words::uses[0] : random.pick(words::uses),
+                 random.pickEarly(words::orientations), random.pickEarly(words::decorations), wanted.area[0],
+                 wanted.area[1], wanted.floor[0], wanted.floor[1], wanted.price[0], wanted.price[1],
+                 wanted.rent[0], wanted.rent[1]});
+}
+
+void writeAgreement(TableWriter &writer, const Request &wanted, const Document &document, const Agent &agent,
+                    Random &random)
+{
     static constexpr QStringView remarks[] = {u"",           u"",          u"首次置业", u"换房，需先卖后买",
                                               u"希望带车位", u"可随时看房"};
-    const HouseType &layout = *wanted.layout;
-    writer.row({key.id,
-                document.number,
-                quarter.id,
-                quarter.name,
-                document.made,
-                random.pickEarly(words::commissions),
-                random.pick(words::grades),
-                u"",
-                politeName(random),
-                u"",
-                maskedPhone(random),
-                u"",
-                u"",
-                random.pick(locations),
-                QStringLiteral("%1房%2厅").arg(layout.rooms).arg(layout.halls),
-                u"",
-                random.chance(92) ? words::uses[0] : random.pick(words::uses),
-                random.pickEarly(words::orientations),
-                random.pickEarly(words::decorations),
-                wanted.area[0],
-                wanted.area[1],
-                wanted.floor[0],
-                wanted.floor[1],
-                wanted.price[0],
-                wanted.price[1],
-                wanted.rent[0],
-                wanted.rent[1],
-                random.pick(words::payments),
-                random.pick(words::fees),
-                random.pick(words::sources),
-                random.pick(remarks),
-                agent.employeeId,
-                agent.userId,
-                document.made,
-                agent.name,
-                document.changed,
-                random.chance(80) ? 0 : 1,
-                wanted.wish});
+    writer.part({random.pick(words::payments), random.pick(words::fees), random.pick(words::sources),
+                 random.pick(remarks), agent.employeeId, agent.userId, document.made, agent.name,
+                 document.changed, random.chance(80) ? 0 : 1, wanted.wish});
+    writer.endRow();
 }
 
 /// Whom a follow-up was for and what was said.
@@ -160,7 +143,10 @@ std::vector<RecordKey> writeCustomers(db::Connection &connection, const DemoOpti
         const Building &building = random.pick(buildings);
         const Request request = makeRequest(building, random);
         keys.push_back({random.guid(), document.made});
-        writeCustomer(writer, keys.back(), document, building.quarter, request, random.pick(agents), random);
+        const Agent &agent = random.pick(agents);
+        writePerson(writer, keys.back(), document, building.quarter, random);
+        writeRequest(writer, request, random);
+        writeAgreement(writer, request, document, agent, random);
         progress(QStringLiteral("客源"), static_cast<int>(keys.size()), options.customers);
     }
     writer.flush();

@@ -116,73 +116,91 @@ Offer makeOffer(const Building &building, const Premises &premises, int ageInDay
     return offer;
 }
 
-void writeListing(TableWriter &writer, const RecordKey &key, const Document &document,
-                  const Building &building, const Block &block, const Premises &home, const Offer &offer,
-                  const Agent &agent, Random &random)
+/// One listing, all that its row tells.
+struct Listing
 {
-    const PropertyRight &right = random.pickEarly(propertyRights());
-    const QStringView viewing = random.pick(words::viewings);
-    const QString owner = politeName(random);
-    const bool sale = offer.price > 0;
-    writer.row({key.id,
-                document.number,
-                building.quarter.id,
-                building.quarter.name,
-                building.id,
-                building.name,
-                block.id,
-                block.name,
-                QString::number(home.room),
-                QString::number(home.floor),
-                QString::number(block.floors),
-                home.layout.rooms,
-                home.layout.halls,
-                home.layout.baths,
-                home.layout.balconies,
-                building.use,
-                home.area,
-                home.usableArea,
-                random.pickEarly(words::orientations),
-                building.type,
-                building.year,
-                random.between(1, 3),
-                offer.deal,
-                offer.state,
-                offer.price,
-                offer.lowestPrice,
-                sale ? random.pick(words::taxes) : QStringView(u""),
-                offer.rent,
-                offer.lowestRent,
-                offer.bought,
-                document.made,
-                random.pickEarly(words::commissions),
-                building.fee,
-                document.made.addDays(random.between(0, 120)),
-                random.chance(30) ? QStringLiteral("WT%1").arg(random.between(1000, 9999)) : QString(),
-                random.pick(words::sources),
-                random.pickEarly(words::conditions),
-                home.decoration,
-                random.pick(words::facilities),
-                random.pick(words::furniture),
-                random.pick(words::appliances),
-                right.name,
-                right.certificate,
-                sale ? right.payment : QStringView(u"押一付三"),
-                right.fee,
-                viewing,
-                viewing.contains(u'匙') ? QStringLiteral("K%1").arg(random.between(100, 999)) : QString(),
-                owner,
-                random.chance(80) ? owner : politeName(random),
-                random.chance(97) ? u"中国" : random.pick(words::nationalities),
-                maskedPhone(random),
-                random.chance(30) ? random.pick(words::ownerRemarks) : QStringView(u""),
-                random.chance(35) ? random.pick(words::listingRemarks) : QStringView(u""),
-                agent.employeeId,
-                agent.userId,
-                document.made,
-                agent.name,
-                document.changed,
-                home.annex});
+    const RecordKey &key;
+    const Document &document;
+    const Building &building;
+    const Block &block;
+    Premises premises;
+    Offer offer;
+    const Agent &agent;
+    const PropertyRight &right;
+    QStringView viewing;
+    QString owner;
+};
+
+void writePremises(TableWriter &writer, const Listing &listing, Random &random)
+{
+    const Building &building = listing.building;
+    const Premises &premises = listing.premises;
+    const HouseType &layout = premises.layout;
+    writer.part({listing.key.id,
+                 listing.document.number,
+                 building.quarter.id,
+                 building.quarter.name,
+                 building.id,
+                 building.name,
+                 listing.block.id,
+                 listing.block.name,
+                 QString::number(premises.room),
+                 QString::number(premises.floor),
+                 QString::number(listing.block.floors),
+                 layout.rooms,
+                 layout.halls,
+                 layout.baths,
+                 layout.balconies,
+                 building.use,
+                 premises.area,
+                 premises.usableArea,
+                 random.pickEarly(words::orientations),
+                 building.type,
+                 building.year,
+                 random.between(1, 3)});
+}
+
+void writeOffer(TableWriter &writer, const Listing &listing, Random &random)
+{
+    const Offer &offer = listing.offer;
+    const QDate &made = listing.document.made;
+    writer.part({offer.deal, offer.state, offer.price, offer.lowestPrice,
+                 offer.price > 0 ? random.pick(words::taxes) : QStringView(u""), offer.rent, offer.lowestRent,
+                 offer.bought, made, random.pickEarly(words::commissions), listing.building.fee,
+                 made.addDays(random.between(0, 120)),
+                 random.chance(30) ? QStringLiteral("WT%1").arg(random.between(1000, 9999)) : QString(),
+                 random.pick(words::sources)});
+}
+
+void writeConditionAndPapers(TableWriter &writer, const Listing &listing, Random &random)
+{
+    const PropertyRight &right = listing.right;
+    const bool hasKey = listing.viewing.contains(u'匙');
+    writer.part({random.pickEarly(words::conditions), listing.premises.decoration,
+                 random.pick(words::facilities), random.pick(words::furniture),
+                 random.pick(words::appliances), right.name, right.certificate,
+                 listing.offer.price > 0 ? right.payment : QStringView(u"押一付三"), right.fee,
+                 listing.viewing, hasKey ? QStringLiteral("K%1").arg(random.between(100, 999)) : QString()});
+}
+
+void writePeople(TableWriter &writer, const Listing &listing, Random &random)
+{
+    const Agent &agent = listing.agent;
+    writer.part({listing.owner, random.chance(80) ? listing.owner : politeName(random),
+                 random.chance(97) ? u"中国" : random.pick(words::nationalities), maskedPhone(random),
+                 random.chance(30) ? random.pick(words::ownerRemarks) : QStringView(u""),
+                 random.chance(35) ? random.pick(words::listingRemarks) : QStringView(u""), agent.employeeId,
+                 agent.userId, listing.document.made, agent.name, listing.document.changed,
+                 listing.premises.annex});
+}
+
+void writeListing(TableWriter &writer, const Listing &listing, Random &random)
+{
+    writePremises(writer, listing, random);
+    writeOffer(writer, listing, random);
+    writeConditionAndPapers(writer, listing, random);
+    writePeople(writer, listing, random);
+    writer.endRow();
 }
 
 } // namespace
@@ -202,7 +220,9 @@ std::vector<RecordKey> writeListings(db::Connection &connection, const DemoOptio
         const int age = static_cast<int>(document.made.daysTo(options.today));
         const Offer offer = makeOffer(building, premises, age, random);
         keys.push_back({random.guid(), document.made});
-        writeListing(writer, keys.back(), document, building, block, premises, offer, random.pick(agents),
+        writeListing(writer,
+                     {keys.back(), document, building, block, premises, offer, random.pick(agents),
+                      random.pickEarly(propertyRights()), random.pick(words::viewings), politeName(random)},
                      random);
         progress(QStringLiteral("房源"), static_cast<int>(keys.size()), options.listings);
     }

@@ -30,9 +30,21 @@ TableWriter::TableWriter(db::Connection &connection, const QString &table, QStri
 
 void TableWriter::row(std::initializer_list<Cell> cells)
 {
-    Q_ASSERT(static_cast<int>(cells.size()) == m_block.columnCount());
+    part(cells);
+    endRow();
+}
+
+void TableWriter::part(std::initializer_list<Cell> cells)
+{
     for (const Cell &cell : cells)
         std::visit([this](const auto &value) { put(value); }, cell);
+    m_written += cells.size();
+}
+
+void TableWriter::endRow()
+{
+    Q_ASSERT(m_written == m_columns.size());
+    m_written = 0;
     if (m_block.rowCount() == rowsInBlock)
         flush();
 }

@@ -21,6 +21,9 @@ public:
     /// One row, a value for each column in their order; nullptr for Null. A list in braces, whose values are
     /// worked out from left to right whatever the compiler: chance gives the same rows everywhere.
     void row(std::initializer_list<Cell> cells);
+    /// The next columns of a row that is written in parts; behind the last part comes endRow().
+    void part(std::initializer_list<Cell> cells);
+    void endRow();
     /// To be called behind the last row.
     void flush();
 
@@ -38,6 +41,7 @@ private:
     QString m_table;
     std::vector<Column> m_columns;
     RowBlock m_block;
+    size_t m_written = 0; ///< columns of the row that is being written
 };
 
 } // namespace ebtq::host
