@@ -177,6 +177,8 @@ public:
     [[nodiscard]] virtual HostDb &Db() = 0;
     [[nodiscard]] virtual HostPrintEnv &PrintEnv() = 0;
     [[nodiscard]] virtual HostErrorInfo LastError() const = 0;
+    /// Rights and both kinds of parameters are read from the database; when it fails, the three throw an
+    /// exception derived from std::exception whose what() is a text for the user.
     [[nodiscard]] virtual std::unique_ptr<HostRights> Rights(int moduleId) = 0;
     [[nodiscard]] virtual HostParameter SystemParameter(int group, const QVariant &key) = 0;
     [[nodiscard]] virtual HostParameter UserParameter(int group, const QVariant &key) = 0;
