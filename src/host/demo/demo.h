@@ -23,9 +23,9 @@ struct DemoOptions
 using DemoProgress = std::function<void(const QString &what, int done, int total)>;
 
 /// Fills a database with an invented agency: districts, buildings, dictionaries, staff, listings, customers,
-/// follow-ups and a few attachments. The same options give the same rows, but for the salt of the passwords.
-/// The user "演示" has every right; all users have the password "demo". One transaction: all or nothing.
-/// Throws Failure when the database holds data already, and db::DatabaseError.
+/// follow-ups and a few attachments. The same options give the same rows, but for the salt of the passwords'
+/// one hash. The user "演示" has every right; all users have the password "demo". One transaction: all or
+/// nothing. Throws Failure when the database holds data already, and db::DatabaseError.
 void writeDemo(db::Connection &connection, const DemoOptions &options, const DemoProgress &progress = {});
 
 } // namespace ebtq::host

@@ -50,7 +50,9 @@ void writeDepartments(db::Connection &connection)
 
 void writeAgents(db::Connection &connection, const std::vector<Agent> &agents, PasswordCost cost)
 {
-    // Nobody guards sample data: one hash serves all, so that making it takes no longer than one sign-in.
+    // One hash, and so one salt, serves all users, which would show a thief of real data who share a
+    // password. Here all share one on purpose and it is printed: thirty hashes would only make the sample
+    // slow to write.
     const QString password = QString::fromLatin1(hashPassword(QStringLiteral("demo"), cost));
     TableWriter employees(connection, QStringLiteral("pdmgy"), u"雇员ID,姓名");
     TableWriter users(connection, QStringLiteral("host_users"), u"userID,username,password,isActive");
