@@ -6,6 +6,7 @@
 #include "host/module_ids.h"
 
 #include <cmath>
+#include <span>
 
 namespace ebtq::host {
 
@@ -66,21 +67,25 @@ void writePerson(TableWriter &writer, const RecordKey &key, const Document &docu
 void writeRequest(TableWriter &writer, const Request &wanted, Random &random)
 {
     const HouseType &layout = *wanted.layout;
-    writer.part({QStringLiteral("%1房%2厅").arg(layout.rooms).arg(layout.halls), u"",
-                 random.chance(92) ? words::uses[0] : random.pick(words::uses),
-                 random.pickEarly(words::orientations), random.pickEarly(words::decorations), wanted.area[0],
-                 wanted.area[1], wanted.floor[0], wanted.floor[1], wanted.price[0], wanted.price[1],
-                 wanted.rent[0], wanted.rent[1]});
+    const QStringView use = random.chance(92) ? words::uses[0] : random.pick(words::uses);
+    writer.part({use == u"住宅" ? QStringLiteral("%1房%2厅").arg(layout.rooms).arg(layout.halls) : QString(),
+                 u"", use, random.pickEarly(words::orientations), random.pickEarly(words::decorations),
+                 wanted.area[0], wanted.area[1], wanted.floor[0], wanted.floor[1], wanted.price[0],
+                 wanted.price[1], wanted.rent[0], wanted.rent[1]});
 }
 
 void writeAgreement(TableWriter &writer, const Request &wanted, const Document &document, const Agent &agent,
                     Random &random)
 {
-    static constexpr QStringView remarks[] = {u"",           u"",          u"首次置业", u"换房，需先卖后买",
-                                              u"希望带车位", u"可随时看房"};
-    writer.part({random.pick(words::payments), random.pick(words::fees), random.pick(words::sources),
-                 random.pick(remarks), agent.employeeId, agent.userId, document.made, agent.name,
-                 document.changed, random.chance(80) ? 0 : 1, wanted.wish});
+    static constexpr QStringView remarks[] = {u"首次置业",   u"换房，需先卖后买", u"",
+                                              u"希望带车位", u"可随时看房",       u""};
+    // The first ones are a buyer's, the last ones may be a tenant's.
+    const std::span payments(words::payments);
+    const bool buys = wanted.wish != Rent;
+    writer.part({random.pick(buys ? payments.first(4) : payments.last(2)), random.pick(words::fees),
+                 random.pick(words::sources), random.pick(std::span(remarks).subspan(buys ? 0 : 2)),
+                 agent.employeeId, agent.userId, document.made, agent.name, document.changed,
+                 random.chance(80) ? 0 : 1, wanted.wish});
     writer.endRow();
 }
 
@@ -100,7 +105,7 @@ Talk makeTalk(const std::vector<RecordKey> &listings, const std::vector<RecordKe
                                                  u"业主要求提价，已劝说",
                                                  u"钥匙已收，登记入柜",
                                                  u"补拍室内照片",
-                                                 u"业主暂不出售，保持联系"};
+                                                 u"业主暂不放盘，保持联系"};
     static constexpr QStringView withCustomers[] = {u"带看两套，客户对朝向不满意", u"客户预算有所提高",
                                                     u"客户希望再看一次",           u"已推荐三套房源",
                                                     u"客户需与家人商量",           u"客户已在别处成交"};

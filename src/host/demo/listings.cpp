@@ -6,6 +6,7 @@
 #include "host/module_ids.h"
 
 #include <cmath>
+#include <span>
 
 namespace ebtq::host {
 
@@ -52,10 +53,15 @@ struct Offer
     double bought = 0;
 };
 
+bool isHome(const Building &building)
+{
+    return building.use == u"住宅";
+}
+
 const HouseType &pickLayout(const Building &building, Random &random)
 {
     static constexpr HouseType openPlan{0, 0, 1, 0, 45, 420};
-    if (building.use != u"住宅")
+    if (!isHome(building))
         return openPlan;
     const auto layouts = houseTypes();
     if (building.type == u"别墅")
@@ -63,18 +69,26 @@ const HouseType &pickLayout(const Building &building, Random &random)
     return random.pickEarly(layouts);
 }
 
+/// Attic and roof terrace belong to the highest floor, and none of these to an office.
+QStringView makeAnnex(const Building &building, bool isTopFloor, Random &random)
+{
+    static constexpr QStringView annexes[] = {u"车库", u"杂物房", u"地下室", u"阁楼", u"露台"};
+    if (!isHome(building) || !random.chance(18))
+        return u"";
+    return random.pick(std::span(annexes).first(isTopFloor ? 5 : 3));
+}
+
 Premises makePremises(const Building &building, const Block &block, Random &random)
 {
-    static constexpr QStringView annexes[] = {u"车库", u"杂物房", u"阁楼", u"地下室", u"露台"};
     Premises premises;
     premises.layout = pickLayout(building, random);
     premises.area = roundedToHundredths(random.between(static_cast<double>(premises.layout.smallest),
                                                        static_cast<double>(premises.layout.largest)));
     premises.usableArea = roundedToHundredths(premises.area * random.between(0.74, 0.86));
-    premises.floor = random.between(1, block.floors);
+    premises.floor = building.type == u"别墅" ? 1 : random.between(1, block.floors);
     premises.room = premises.floor * 100 + random.between(1, 6);
     premises.decoration = random.pickEarly(words::decorations);
-    premises.annex = random.chance(18) ? random.pick(annexes) : QStringView(u"");
+    premises.annex = makeAnnex(building, premises.floor == block.floors, random);
     return premises;
 }
 
@@ -114,6 +128,26 @@ Offer makeOffer(const Building &building, const Premises &premises, int ageInDay
     offer.state = makeState(offer.deal, ageInDays, random);
     setPrices(offer, building, premises, random);
     return offer;
+}
+
+/// Subsidised and firms' flats are homes, and firms sold theirs until the turn of the century; all buildings
+/// of the sample are finished.
+bool suits(const PropertyRight &right, const Building &building)
+{
+    const bool isCommon = right.name == u"商品房";
+    if (!isHome(building) || building.type == u"别墅")
+        return isCommon;
+    if (right.name == u"房改房" || right.name == u"集资房")
+        return building.year.toInt() <= 2000;
+    return right.name != u"期房";
+}
+
+const PropertyRight &pickRight(const Building &building, Random &random)
+{
+    const PropertyRight *right = &random.pickEarly(propertyRights());
+    while (!suits(*right, building))
+        right = &random.pickEarly(propertyRights());
+    return *right;
 }
 
 /// One listing, all that its row tells.
@@ -172,15 +206,38 @@ void writeOffer(TableWriter &writer, const Listing &listing, Random &random)
                  random.pick(words::sources)});
 }
 
+QStringView makeCondition(const Listing &listing, Random &random)
+{
+    if (listing.offer.state == u"已租")
+        return u"出租中";
+    const QStringView condition = random.pickEarly(words::conditions);
+    const bool canBeLivedIn = isHome(listing.building) && listing.premises.decoration != u"毛坯";
+    return canBeLivedIn || condition == u"装修中" ? condition : QStringView(u"空置");
+}
+
+/// The first two are about selling, the fourth about homes; what may be given away with a house depends on
+/// more than is known here.
+QStringView makeRemark(const Listing &listing, Random &random)
+{
+    if (!random.chance(35))
+        return u"";
+    const size_t from = listing.offer.price > 0 ? 0 : 2;
+    const size_t to = isHome(listing.building) ? 4 : 3;
+    return random.pick(std::span(words::listingRemarks).subspan(from, to - from));
+}
+
 void writeConditionAndPapers(TableWriter &writer, const Listing &listing, Random &random)
 {
+    const bool isSale = listing.offer.price > 0;
+    const bool isBare = listing.premises.decoration == u"毛坯";
     const PropertyRight &right = listing.right;
     const bool hasKey = listing.viewing.contains(u'匙');
-    writer.part({random.pickEarly(words::conditions), listing.premises.decoration,
-                 random.pick(words::facilities), random.pick(words::furniture),
-                 random.pick(words::appliances), right.name, right.certificate,
-                 listing.offer.price > 0 ? right.payment : QStringView(u"押一付三"), right.fee,
-                 listing.viewing, hasKey ? QStringLiteral("K%1").arg(random.between(100, 999)) : QString()});
+    writer.part({makeCondition(listing, random), listing.premises.decoration, random.pick(words::facilities),
+                 isBare ? QStringView(u"无") : random.pick(words::furniture),
+                 isBare ? QStringView(u"无") : random.pick(words::appliances), right.name, right.certificate,
+                 isSale ? right.payment : QStringView(u"押一付三"),
+                 isSale ? right.fee : QStringView(u"双方各付"), listing.viewing,
+                 hasKey ? QStringLiteral("K%1").arg(random.between(100, 999)) : QString()});
 }
 
 void writePeople(TableWriter &writer, const Listing &listing, Random &random)
@@ -189,9 +246,8 @@ void writePeople(TableWriter &writer, const Listing &listing, Random &random)
     writer.part({listing.owner, random.chance(80) ? listing.owner : politeName(random),
                  random.chance(97) ? u"中国" : random.pick(words::nationalities), maskedPhone(random),
                  random.chance(30) ? random.pick(words::ownerRemarks) : QStringView(u""),
-                 random.chance(35) ? random.pick(words::listingRemarks) : QStringView(u""), agent.employeeId,
-                 agent.userId, listing.document.made, agent.name, listing.document.changed,
-                 listing.premises.annex});
+                 makeRemark(listing, random), agent.employeeId, agent.userId, listing.document.made,
+                 agent.name, listing.document.changed, listing.premises.annex});
 }
 
 void writeListing(TableWriter &writer, const Listing &listing, Random &random)
@@ -222,7 +278,7 @@ std::vector<RecordKey> writeListings(db::Connection &connection, const DemoOptio
         keys.push_back({random.guid(), document.made});
         writeListing(writer,
                      {keys.back(), document, building, block, premises, offer, random.pick(agents),
-                      random.pickEarly(propertyRights()), random.pick(words::viewings), politeName(random)},
+                      pickRight(building, random), random.pick(words::viewings), politeName(random)},
                      random);
         progress(QStringLiteral("房源"), static_cast<int>(keys.size()), options.listings);
     }
