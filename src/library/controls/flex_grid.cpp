@@ -7,33 +7,30 @@
 
 namespace ebtq {
 
-/// Frames a change of many rows for the views.
-class VSFlexGrid::RowsReset
-{
-public:
-    explicit RowsReset(VSFlexGrid &grid)
-        : m_grid(grid)
-    {
-        m_grid.tellView(&VSFlexGrid::rowsAboutToBeReset);
-    }
-    RowsReset(const RowsReset &) = delete;
-    RowsReset &operator=(const RowsReset &) = delete;
-    ~RowsReset() { m_grid.tellView(&VSFlexGrid::rowsReset); }
-
-private:
-    VSFlexGrid &m_grid;
-};
-
 VSFlexGrid::VSFlexGrid(const QString &name, int index)
     : Control(QStringLiteral("VSFlexGrid"), name, index)
 {}
 
-template<class Signal, class... Arguments> void VSFlexGrid::tellView(Signal signal, Arguments... arguments)
+template<class Signal, class... Arguments>
+void VSFlexGrid::tell(bool &outdated, Signal signal, Arguments... arguments)
 {
     if (m_redraw)
         Q_EMIT(this->*signal)(arguments...);
     else
-        m_rowsOutdated = true;
+        outdated = true;
+}
+
+/// The views hear of the end on whatever way. No destructor tells them: what they do then may fail.
+template<class Change> void VSFlexGrid::resetRows(Change change)
+{
+    tell(m_rowsOutdated, &VSFlexGrid::rowsAboutToBeReset);
+    try {
+        change();
+    } catch (...) {
+        tell(m_rowsOutdated, &VSFlexGrid::rowsReset);
+        throw;
+    }
+    tell(m_rowsOutdated, &VSFlexGrid::rowsReset);
 }
 
 // Shape
@@ -41,13 +38,12 @@ template<class Signal, class... Arguments> void VSFlexGrid::tellView(Signal sign
 void VSFlexGrid::setRows(int rows)
 {
     rows = std::max(rows, 0);
-    {
-        const RowsReset reset(*this);
+    resetRows([&] {
         m_fixedInUse = std::min(rows, m_fixedRows);
         m_rows.resize(rows - m_fixedInUse);
         if (m_rows.count() == 0)
             m_pictures.clear();
-    }
+    });
     setTopRow(m_topRow);
     moveCurrent(m_row, m_col);
 }
@@ -61,11 +57,10 @@ void VSFlexGrid::setCols(int cols)
 
 void VSFlexGrid::setFixedRows(int rows)
 {
-    {
-        const RowsReset reset(*this);
+    resetRows([&] {
         m_fixedRows = std::max(rows, 0);
         m_fixedInUse = m_fixedRows;
-    }
+    });
     setTopRow(m_topRow);
     moveCurrent(m_row, m_col);
 }
@@ -81,10 +76,7 @@ void VSFlexGrid::replaceColumns(std::vector<GridColumn> columns)
     m_columns = std::move(columns);
     m_columnOrder.resize(m_columns.size());
     std::iota(m_columnOrder.begin(), m_columnOrder.end(), 0);
-    if (m_redraw)
-        Q_EMIT columnsChanged();
-    else
-        m_columnsOutdated = true;
+    tell(m_columnsOutdated, &VSFlexGrid::columnsChanged);
     moveCurrent(m_row, m_col < 0 ? m_fixedCols : m_col);
 }
 
@@ -118,17 +110,16 @@ void VSFlexGrid::setTextMatrix(int row, int col, const QString &text)
         m_rows.setCell(position(row), col, text.toStdString());
     else if (row == 0)
         column(col)->caption = text.toStdString();
-    tellView(&VSFlexGrid::rowChanged, row);
+    tell(m_rowsOutdated, &VSFlexGrid::rowChanged, row);
 }
 
 void VSFlexGrid::LoadArray(RowBlock block, int firstCol)
 {
-    {
-        const RowsReset reset(*this);
+    resetRows([&] {
         m_rows.load(std::move(block), firstCol);
         m_pictures.clear();
         m_fixedInUse = m_fixedRows;
-    }
+    });
     setTopRow(m_topRow);
     moveCurrent(isData(m_row) ? m_row : m_fixedInUse, m_col);
 }
@@ -150,7 +141,7 @@ void VSFlexGrid::setCellPicture(int row, int col, const QString &icon, int align
     if (!hasCell(row, col))
         return;
     (isData(row) ? m_pictures : m_fixedPictures).set(pictureRow(row), col, icon, alignment);
-    tellView(&VSFlexGrid::rowChanged, row);
+    tell(m_rowsOutdated, &VSFlexGrid::rowChanged, row);
 }
 
 int VSFlexGrid::CellPictureAlignment(int row, int col) const
@@ -166,12 +157,12 @@ void VSFlexGrid::insertRow(int before)
 {
     const int row = std::clamp(before, m_fixedInUse, Rows());
     const int sight = m_rows.sightBefore(position(row));
-    tellView(&VSFlexGrid::rowAboutToBeInserted, sight);
+    tell(m_rowsOutdated, &VSFlexGrid::rowAboutToBeInserted, sight);
     m_rows.insert(position(row));
     if (isData(m_row) && m_row >= row)
         ++m_row;
-    tellView(&VSFlexGrid::rowInserted, sight);
-    tellView(&VSFlexGrid::currentChanged);
+    tell(m_rowsOutdated, &VSFlexGrid::rowInserted, sight);
+    tell(m_currentOutdated, &VSFlexGrid::currentChanged);
 }
 
 void VSFlexGrid::RemoveItem(int row)
@@ -181,15 +172,15 @@ void VSFlexGrid::RemoveItem(int row)
     const bool seen = !m_rows.isHidden(position(row));
     const int sight = m_rows.sightBefore(position(row));
     if (seen)
-        tellView(&VSFlexGrid::rowAboutToBeRemoved, sight);
+        tell(m_rowsOutdated, &VSFlexGrid::rowAboutToBeRemoved, sight);
     for (int col = 0; col < Cols(); ++col)
         m_pictures.set(pictureRow(row), col, {}, AlignCentre);
     m_rows.remove(position(row));
     if (m_row > row)
         --m_row;
     if (seen)
-        tellView(&VSFlexGrid::rowRemoved, sight);
-    tellView(&VSFlexGrid::currentChanged);
+        tell(m_rowsOutdated, &VSFlexGrid::rowRemoved, sight);
+    tell(m_currentOutdated, &VSFlexGrid::currentChanged);
     setTopRow(m_topRow);
     moveCurrent(m_row, m_col);
 }
@@ -203,26 +194,25 @@ void VSFlexGrid::setRowHidden(int row, bool hidden)
 {
     if (!isData(row) || m_rows.isHidden(position(row)) == hidden)
         return;
-    const RowsReset reset(*this);
-    m_rows.setHidden(position(row), hidden);
+    resetRows([&] { m_rows.setHidden(position(row), hidden); });
 }
 
 void VSFlexGrid::showAllRows()
 {
     if (m_rows.countInSight() == m_rows.count())
         return;
-    const RowsReset reset(*this);
-    m_rows.showAll();
+    resetRows([this] { m_rows.showAll(); });
 }
 
 void VSFlexGrid::hideRowsWithout(const QString &text, const QList<int> &columns,
                                  Qt::CaseSensitivity sensitivity)
 {
-    const RowsReset reset(*this);
-    m_rows.hideAll();
-    GridSearch(m_rows, text, m_col, columns, sensitivity).run(0, [this](int found) {
-        m_rows.setHidden(found, false);
-        return true;
+    resetRows([&] {
+        m_rows.hideAll();
+        GridSearch(m_rows, text, m_col, columns, sensitivity).run(0, [this](int found) {
+            m_rows.setHidden(found, false);
+            return true;
+        });
     });
 }
 
@@ -255,10 +245,7 @@ template<class T> void VSFlexGrid::changeColumn(int col, T GridColumn::*member, 
     if (!changed || changed->*member == value)
         return;
     changed->*member = value;
-    if (m_redraw)
-        Q_EMIT columnsChanged();
-    else
-        m_columnsOutdated = true;
+    tell(m_columnsOutdated, &VSFlexGrid::columnsChanged);
 }
 
 bool VSFlexGrid::ColHidden(int col) const
@@ -319,19 +306,22 @@ void VSFlexGrid::setBackColorAlternate(int color)
 
 void VSFlexGrid::setCurrent(int row, int col)
 {
-    moveCurrent(std::max(row, 0), std::max(col, 0));
+    // A cell that stays may have been scrolled out of sight; it is to be seen again.
+    if (!moveCurrent(std::max(row, 0), std::max(col, 0)))
+        tell(m_currentOutdated, &VSFlexGrid::currentChanged);
 }
 
-void VSFlexGrid::moveCurrent(int row, int col)
+bool VSFlexGrid::moveCurrent(int row, int col)
 {
     row = std::min(std::max(row, 0), Rows() - 1);
     col = std::min(col, Cols() - 1);
     if (row == m_row && col == m_col)
-        return;
+        return false;
     const int oldRow = std::exchange(m_row, row);
     const int oldCol = std::exchange(m_col, col);
-    tellView(&VSFlexGrid::currentChanged);
+    tell(m_currentOutdated, &VSFlexGrid::currentChanged);
     Q_EMIT AfterRowColChange(oldRow, oldCol, m_row, m_col);
+    return true;
 }
 
 void VSFlexGrid::setTopRow(int row)
@@ -340,7 +330,7 @@ void VSFlexGrid::setTopRow(int row)
     if (top == m_topRow)
         return;
     m_topRow = top;
-    tellView(&VSFlexGrid::topRowChanged);
+    tell(m_topRowOutdated, &VSFlexGrid::topRowChanged);
 }
 
 void VSFlexGrid::setRedraw(bool on)
@@ -355,9 +345,11 @@ void VSFlexGrid::setRedraw(bool on)
     if (std::exchange(m_rowsOutdated, false)) {
         Q_EMIT rowsAboutToBeReset();
         Q_EMIT rowsReset();
-        Q_EMIT currentChanged();
-        Q_EMIT topRowChanged();
     }
+    if (std::exchange(m_topRowOutdated, false))
+        Q_EMIT topRowChanged();
+    if (std::exchange(m_currentOutdated, false))
+        Q_EMIT currentChanged();
 }
 
 // Rows in sight
@@ -372,6 +364,12 @@ int VSFlexGrid::rowInSight(int position) const
 int VSFlexGrid::positionInSight(int row) const
 {
     return isData(row) && !RowHidden(row) ? m_rows.sightBefore(position(row)) : -1;
+}
+
+int VSFlexGrid::topInSight() const
+{
+    const int before = m_rows.sightBefore(std::clamp(position(m_topRow), 0, m_rows.count()));
+    return std::min(before, visibleCount() - 1);
 }
 
 size_t VSFlexGrid::byteSize() const

@@ -112,12 +112,13 @@ public:
     void setRow(int row) { setCurrent(row, m_col); }
     [[nodiscard]] int Col() const { return m_col; }
     void setCol(int col) { setCurrent(m_row, col); }
+    /// Views bring the cell into sight even when it is the current one already.
     void setCurrent(int row, int col);
     /// The first data row that is seen; never a fixed one.
     [[nodiscard]] int TopRow() const { return m_topRow; }
     void setTopRow(int row);
-    /// While off, no view signal is sent; switching on sends columnsChanged, or one rowsAboutToBeReset and
-    /// rowsReset, then currentChanged and topRowChanged, when anything changed meanwhile.
+    /// While off, no view signal is sent; switching on sends, each when it changed meanwhile, columnsChanged,
+    /// one rowsAboutToBeReset and rowsReset for all that happened to rows, topRowChanged and currentChanged.
     [[nodiscard]] bool Redraw() const { return m_redraw; }
     void setRedraw(bool on);
 
@@ -127,6 +128,9 @@ public:
     [[nodiscard]] int rowInSight(int position) const;
     /// Where a data row stands in sight; -1 when it is hidden or fixed.
     [[nodiscard]] int positionInSight(int row) const;
+    /// Where the first row in sight from TopRow on stands in sight, the last one when there is none; -1
+    /// without a row in sight.
+    [[nodiscard]] int topInSight() const;
     /// Memory held for the data rows, in bytes.
     [[nodiscard]] size_t byteSize() const;
 
@@ -152,11 +156,12 @@ Q_SIGNALS:
     /// A cell's text or picture in that row, fixed or not.
     void rowChanged(int row);
     void columnsChanged();
+    /// The current cell is to be marked and brought into sight.
     void currentChanged();
+    /// Sent for scrolling by the user too, who reports it here through a view.
     void topRowChanged();
 
 private:
-    class RowsReset;
     [[nodiscard]] bool hasCell(int row, int col) const;
     [[nodiscard]] bool isData(int row) const { return row >= m_fixedInUse && row < Rows(); }
     [[nodiscard]] int position(int row) const { return row - m_fixedInUse; }
@@ -165,9 +170,12 @@ private:
     [[nodiscard]] const GridColumn *column(int col) const;
     void replaceColumns(std::vector<GridColumn> columns);
     template<class T> void changeColumn(int col, T GridColumn::*member, T value);
-    /// Sends a view signal, or remembers that something changed while nothing is drawn.
-    template<class Signal, class... Arguments> void tellView(Signal signal, Arguments... arguments);
-    void moveCurrent(int row, int col);
+    /// Sends a view signal, or marks what it tells as outdated while nothing is drawn.
+    template<class Signal, class... Arguments>
+    void tell(bool &outdated, Signal signal, Arguments... arguments);
+    template<class Change> void resetRows(Change change);
+    /// False when it stands there already.
+    bool moveCurrent(int row, int col);
 
     std::vector<GridColumn> m_columns;
     std::vector<int> m_columnOrder;
@@ -185,6 +193,8 @@ private:
     bool m_redraw = true;
     bool m_rowsOutdated = false;
     bool m_columnsOutdated = false;
+    bool m_topRowOutdated = false;
+    bool m_currentOutdated = false;
 };
 
 } // namespace ebtq

@@ -3,7 +3,9 @@
 #include "database/values/number_text.h"
 
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace ebtq {
 
@@ -52,6 +54,18 @@ void FlexGridDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &
     painter->setPen(look::tokens().*(says ? look.ink : &look::Tokens::ink));
     painter->drawText(place, across | Qt::TextSingleLine,
                       option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+}
+
+bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                 const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    const QString text = index.data().toString();
+    const bool isCut =
+        option.fontMetrics.horizontalAdvance(text) > option.rect.width() - 2 * padding && !text.isEmpty();
+    if (event->type() == QEvent::ToolTip && isCut)
+        QToolTip::showText(event->globalPos(), text, view->viewport(), option.rect);
+    event->setAccepted(isCut);
+    return isCut;
 }
 
 } // namespace ebtq

@@ -29,6 +29,9 @@ public:
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
+    /// The whole text of a cell that is too narrow for it; any other cell leaves the tip to the grid.
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
     /// Space at each side of a cell's text, in pixels.
     static constexpr int padding = 6;
     static constexpr int pictureSize = 16;

@@ -72,6 +72,7 @@ void FlexGridView::setUpHeaders()
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setMinimumSectionSize(16);
+    horizontalHeader()->viewport()->installEventFilter(this);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { columnResized(column, width); });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &FlexGridView::reportTopRow);
@@ -83,9 +84,11 @@ void FlexGridView::follow()
     connect(&m_grid, &VSFlexGrid::columnsChanged, this, &FlexGridView::followColumns);
     connect(&m_grid, &VSFlexGrid::currentChanged, this, &FlexGridView::followCurrent);
     connect(&m_grid, &VSFlexGrid::topRowChanged, this, &FlexGridView::followTopRow);
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this,
+            [this] { m_currentSeen = isCurrentSeen(); });
     connect(m_model, &QAbstractItemModel::modelReset, this, &FlexGridView::followRows);
-    connect(m_model, &QAbstractItemModel::rowsInserted, this, &FlexGridView::followCurrent);
-    connect(m_model, &QAbstractItemModel::rowsRemoved, this, &FlexGridView::followCurrent);
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, &FlexGridView::markCurrent);
+    connect(m_model, &QAbstractItemModel::rowsRemoved, this, &FlexGridView::markCurrent);
     followLook();
     followRows();
 }
@@ -98,12 +101,15 @@ void FlexGridView::followLook()
     viewport()->update();
 }
 
+/// Rows that come into sight again must not push the row out of it that the user has before the eyes.
 void FlexGridView::followRows()
 {
     fitColumns();
     followColumns();
     followTopRow();
-    followCurrent();
+    markCurrent();
+    if (m_currentSeen)
+        showCurrent();
 }
 
 void FlexGridView::followColumns()
@@ -133,25 +139,35 @@ void FlexGridView::followColumnOrder()
     }
 }
 
-/// What the columns wish beyond the window's width they give up in proportion to what they can spare.
+/// What the columns wish beyond the window's width they give up in proportion to what they can spare; what is
+/// left of it they share. While the user draws the edge of one, the others stay under the mouse.
 void FlexGridView::layOutColumns()
 {
+    if (m_resizedByUser)
+        return;
     const QScopedValueRollback following(m_following, true);
-    int wished = 0;
-    int spared = 0;
+    std::vector<Width> widths;
+    Width all;
     for (int column = 0; column < m_model->columnCount(); ++column) {
-        const Width width = isColumnHidden(column) ? Width{} : widthOf(column);
-        wished += width.wish;
-        spared += width.spare;
+        const Width width = isColumnHidden(column) ? Width() : widthOf(column);
+        widths.push_back(width);
+        all = {all.wish + width.wish, all.spare + width.spare, all.grow + width.grow};
     }
-    const int missing = std::clamp(wished - viewport()->width(), 0, spared);
+    const int missing = std::clamp(all.wish - viewport()->width(), 0, all.spare);
+    const int surplus = std::max(viewport()->width() - all.wish, 0);
+    int grown = 0;
     for (int column = 0; column < m_model->columnCount(); ++column) {
-        const Width width = widthOf(column);
-        setColumnWidth(column,
-                       width.wish - (spared == 0 ? 0 : (width.spare * missing + spared - 1) / spared));
+        const Width width = widths[static_cast<size_t>(column)];
+        const int less = all.spare == 0 ? 0 : (width.spare * missing + all.spare - 1) / all.spare;
+        const int before = all.grow == 0 ? 0 : surplus * grown / all.grow;
+        grown += width.grow;
+        const int more = all.grow == 0 ? 0 : surplus * grown / all.grow - before;
+        if (!isColumnHidden(column))
+            setColumnWidth(column, width.wish - less + more);
     }
 }
 
+/// A column without a caption holds icons, which need no more room.
 FlexGridView::Width FlexGridView::widthOf(int column) const
 {
     const auto at = static_cast<size_t>(column);
@@ -159,8 +175,10 @@ FlexGridView::Width FlexGridView::widthOf(int column) const
     const int pixels = qRound(given * scale());
     const bool untouched = at < m_formatWidths.size() && m_formatWidths[at] == given;
     if (!untouched || at >= m_neededWidths.size())
-        return {pixels, 0};
-    return {std::max(pixels, m_neededWidths[at]), std::max(0, pixels - m_neededWidths[at])};
+        return {pixels, 0, 0};
+    const bool hasText = !m_model->headerData(column, Qt::Horizontal).toString().isEmpty();
+    return {std::max(pixels, m_neededWidths[at]), std::max(0, pixels - m_neededWidths[at]),
+            hasText ? pixels : 0};
 }
 
 void FlexGridView::resizeEvent(QResizeEvent *event)
@@ -172,11 +190,9 @@ void FlexGridView::resizeEvent(QResizeEvent *event)
 /// Looks at the first rows only: the cost must not grow with the list.
 void FlexGridView::fitColumns()
 {
-    m_neededWidths.resize(static_cast<size_t>(m_model->columnCount()), 0);
-    for (int column = 0; column < m_model->columnCount(); ++column) {
-        int &width = m_neededWidths[static_cast<size_t>(column)];
-        width = std::max(width, neededWidth(column));
-    }
+    m_neededWidths.clear();
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        m_neededWidths.push_back(neededWidth(column));
 }
 
 int FlexGridView::neededWidth(int column) const
@@ -195,39 +211,70 @@ int FlexGridView::neededWidth(int column) const
 
 void FlexGridView::columnResized(int column, int width)
 {
-    if (!m_following && !m_model->isChanging() && width > 0)
-        m_grid.setColWidth(column, std::max(1, qRound(width / scale())));
+    if (m_following || m_model->isChanging() || width <= 0)
+        return;
+    const QScopedValueRollback resized(m_resizedByUser, true);
+    m_grid.setColWidth(column, std::max(1, qRound(width / scale())));
 }
 
+/// The row under a press of the mouse stays where it is: a double click must meet one row.
 void FlexGridView::followCurrent()
+{
+    markCurrent();
+    if (!m_movedByUser)
+        showCurrent();
+}
+
+void FlexGridView::markCurrent()
 {
     const QScopedValueRollback following(m_following, true);
     const int position = m_grid.Row() < 0 ? -1 : m_grid.positionInSight(m_grid.Row());
     const QModelIndex index = m_model->index(position, std::max(0, m_grid.Col()));
     if (index == currentIndex())
         return;
+    setAutoScroll(false);
     if (index.isValid())
         setCurrentIndex(index);
     else
         selectionModel()->clear();
+    setAutoScroll(true);
     viewport()->update();
+}
+
+/// The grid learns where the view has ended, or its next move would scroll back.
+void FlexGridView::showCurrent()
+{
+    if (!currentIndex().isValid())
+        return;
+    {
+        const QScopedValueRollback following(m_following, true);
+        updateGeometries(); // as for the top row
+        scrollTo(currentIndex());
+    }
+    reportTopRow(verticalScrollBar()->value());
+}
+
+bool FlexGridView::isCurrentSeen() const
+{
+    return currentIndex().isValid() && viewport()->rect().intersects(visualRect(currentIndex()));
 }
 
 /// Moves of the user go to the grid. What the view does by itself while rows come and go is none.
 void FlexGridView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
-    if (!m_following && !m_model->isChanging() && current.isValid())
-        m_grid.setCurrent(m_grid.rowInSight(current.row()), current.column());
+    if (m_following || m_model->isChanging() || !current.isValid())
+        return;
+    const QScopedValueRollback moved(m_movedByUser, true);
+    m_grid.setCurrent(m_grid.rowInSight(current.row()), current.column());
 }
 
 void FlexGridView::followTopRow()
 {
     const QScopedValueRollback following(m_following, true);
     updateGeometries(); // the scroll bar's range, which is otherwise set when the view is next painted
-    const int position = m_grid.positionInSight(m_grid.TopRow());
-    if (position >= 0)
-        verticalScrollBar()->setValue(position);
+    if (const int top = m_grid.topInSight(); top >= 0)
+        verticalScrollBar()->setValue(top);
 }
 
 void FlexGridView::reportTopRow(int position)
@@ -267,11 +314,25 @@ void FlexGridView::keyPressEvent(QKeyEvent *event)
 void FlexGridView::mousePressEvent(QMouseEvent *event)
 {
     QTableView::mousePressEvent(event);
-    const QPointF place = event->position();
+    reportPress(*event, viewport()->mapTo(this, event->position()));
+}
+
+bool FlexGridView::eventFilter(QObject *watched, QEvent *event)
+{
+    const QWidget *header = horizontalHeader()->viewport();
+    if (watched == header && event->type() == QEvent::MouseButtonPress) {
+        const auto &press = static_cast<const QMouseEvent &>(*event);
+        reportPress(press, header->mapTo(this, press.position()));
+    }
+    return QTableView::eventFilter(watched, event);
+}
+
+/// The header is a row of the grid: places count from the header's corner.
+void FlexGridView::reportPress(const QMouseEvent &press, QPointF place)
+{
     m_grid.reportMouseDown(
-        gridBits(event->button(), {{Qt::LeftButton, 1}, {Qt::RightButton, 2}, {Qt::MiddleButton, 4}}),
-        gridBits(event->modifiers(),
-                 {{Qt::ShiftModifier, 1}, {Qt::ControlModifier, 2}, {Qt::AltModifier, 4}}),
+        gridBits(press.button(), {{Qt::LeftButton, 1}, {Qt::RightButton, 2}, {Qt::MiddleButton, 4}}),
+        gridBits(press.modifiers(), {{Qt::ShiftModifier, 1}, {Qt::ControlModifier, 2}, {Qt::AltModifier, 4}}),
         static_cast<float>(place.x()), static_cast<float>(place.y()));
 }
 
@@ -287,7 +348,9 @@ void FlexGridView::wheelEvent(QWheelEvent *event)
 {
     MouseWheel *wheel = m_wheel ? m_wheel() : nullptr;
     const int angle = event->angleDelta().y();
-    if (!wheel || wheel->grid() != &m_grid || angle == 0) {
+    // The wheel's positions count all rows, so hidden ones would take turns without a move.
+    const bool hides = m_grid.visibleCount() < m_grid.Rows() - m_grid.FixedRows();
+    if (!wheel || wheel->grid() != &m_grid || angle == 0 || hides) {
         QTableView::wheelEvent(event);
         return;
     }

@@ -15,8 +15,8 @@ class VSFlexGrid;
 
 /// The widget of a VSFlexGrid: its first fixed row is the header, its current row is marked over the whole
 /// width. Rows all have one height, so a list of any length opens at once. Columns are as wide as the grid
-/// says; one that still has the width of its caption grows to what its first rows need. A width set by the
-/// user goes to the grid.
+/// says; one that still has the width of its caption grows to what its first rows need and shares the room
+/// that is left. A width set by the user goes to the grid.
 class FlexGridView : public QTableView
 {
     Q_OBJECT
@@ -43,6 +43,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void setUpLook();
@@ -54,16 +55,21 @@ private:
     void followColumnOrder();
     void layOutColumns();
     void followCurrent();
+    void markCurrent();
+    void showCurrent();
+    [[nodiscard]] bool isCurrentSeen() const;
     void followTopRow();
     void reportTopRow(int position);
     void columnResized(int column, int width);
+    void reportPress(const QMouseEvent &press, QPointF place);
     void fitColumns();
     [[nodiscard]] int neededWidth(int column) const;
-    /// How wide a column would be, and how much of that it can do without.
+    /// How wide a column would be, how much of that it can do without, and its part of the room left over.
     struct Width
     {
-        int wish;
-        int spare;
+        int wish = 0;
+        int spare = 0;
+        int grow = 0;
     };
     [[nodiscard]] Width widthOf(int column) const;
     [[nodiscard]] double scale() const { return logicalDpiX() / 96.0; }
@@ -79,6 +85,9 @@ private:
     std::vector<int> m_neededWidths;
     int m_wheelAngle = 0;
     bool m_following = false;
+    bool m_movedByUser = false;
+    bool m_resizedByUser = false;
+    bool m_currentSeen = false; ///< before the rows are reset
 };
 
 } // namespace ebtq

@@ -181,6 +181,7 @@ TEST_F(GridTest, NothingIsDrawnWhileRedrawIsOff)
     QObject::connect(&grid, &VSFlexGrid::rowChanged, [&] { told.append(u"changed"_qs); });
     QObject::connect(&grid, &VSFlexGrid::columnsChanged, [&] { told.append(u"columns"_qs); });
     QObject::connect(&grid, &VSFlexGrid::currentChanged, [&] { told.append(u"current"_qs); });
+    QObject::connect(&grid, &VSFlexGrid::topRowChanged, [&] { told.append(u"top"_qs); });
     grid.setRedraw(false);
     grid.setRedraw(true);
     EXPECT_EQ(told, QStringList()) << "nothing changed";
@@ -194,6 +195,13 @@ TEST_F(GridTest, NothingIsDrawnWhileRedrawIsOff)
     EXPECT_FALSE(takeMoves().isEmpty()) << "the rules hear of it all the same";
     grid.setRedraw(true);
     EXPECT_EQ(told, QStringList({u"columns"_qs, u"about"_qs, u"reset"_qs, u"current"_qs}));
+    told.clear();
+    grid.setRedraw(false);
+    grid.setTopRow(2);
+    grid.setRow(2);
+    grid.setRedraw(true);
+    EXPECT_EQ(told, QStringList({u"top"_qs, u"current"_qs}))
+        << "no rows are read anew, the current one is seen";
 }
 
 TEST_F(GridTest, BytesCountTheRowsAndNotTheirCells)

@@ -6,9 +6,11 @@
 #include "screens/support/screen.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -66,6 +68,26 @@ protected:
                     return true;
             }
         return false;
+    }
+    [[nodiscard]] bool isWhole(int row) const
+    {
+        return view.viewport()->rect().contains(
+            view.visualRect(view.model()->index(grid.positionInSight(row), 1)));
+    }
+    [[nodiscard]] int shownWidth() const
+    {
+        int width = 0;
+        for (int column = 0; column < grid.Cols(); ++column)
+            width += view.columnWidth(column);
+        return width;
+    }
+    [[nodiscard]] QString tipAt(int row, int column)
+    {
+        QToolTip::hideText();
+        const QPoint place = middleOf(row, column);
+        QHelpEvent event(QEvent::ToolTip, place, view.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(view.viewport(), &event);
+        return QToolTip::text();
     }
     void turnWheel(int angle)
     {
@@ -172,7 +194,11 @@ TEST_F(FlexGridViewTest, ReportsMousePressAndFocus)
     const QSignalSpy focused(&grid, &VSFlexGrid::GotFocus);
     QTest::mouseClick(view.viewport(), Qt::RightButton, Qt::ControlModifier, middleOf(4, 1));
     EXPECT_EQ(pressed, QList<short>({2, 2}));
-    EXPECT_EQ(place, QPointF(middleOf(4, 1)));
+    EXPECT_EQ(place, QPointF(view.viewport()->mapTo(&view, middleOf(4, 1))));
+    EXPECT_EQ(grid.Row(), 4);
+    QTest::mouseClick(view.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(30, 5));
+    EXPECT_EQ(pressed, QList<short>({2, 2, 1, 0})) << "the header is a row of the grid";
+    EXPECT_EQ(place, QPointF(30, 5));
     EXPECT_EQ(grid.Row(), 4);
     view.clearFocus();
     view.setFocus();
@@ -207,19 +233,160 @@ TEST_F(FlexGridViewTest, ANarrowWindowTakesOnlyTheRoomThatNobodyNeeds)
     grid.setColHidden(3, true);
     grid.setColWidth(0, 40);
     view.resize(600, 300);
-    const auto shown = [this] { return view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2); };
-    const int wished = shown();
-    EXPECT_EQ(view.columnWidth(1), grid.ColWidth(1)) << "as wide as the caption while there is room";
+    const int given = grid.ColWidth(1);
+    EXPECT_GE(view.columnWidth(1), given) << "as wide as the caption while there is room";
     view.resize(300, 300);
-    ASSERT_GT(wished, view.viewport()->width());
-    EXPECT_LE(shown(), view.viewport()->width());
-    EXPECT_GT(shown(), view.viewport()->width() - 4);
+    ASSERT_GT(40 + given + grid.ColWidth(2), view.viewport()->width());
+    EXPECT_LE(shownWidth(), view.viewport()->width());
+    EXPECT_GT(shownWidth(), view.viewport()->width() - 4);
     EXPECT_EQ(view.columnWidth(0), 40) << "a width that was set is kept";
     view.resize(120, 300);
     EXPECT_GE(view.columnWidth(2), view.fontMetrics().horizontalAdvance(QStringLiteral("586万元")));
     view.resize(600, 300);
-    EXPECT_EQ(shown(), wished);
-    EXPECT_EQ(grid.ColWidth(1), view.columnWidth(1)) << "none of it is the user's width";
+    EXPECT_GE(view.columnWidth(1), given);
+    EXPECT_EQ(grid.ColWidth(1), given) << "none of it is the user's width";
+}
+
+TEST_F(FlexGridViewTest, AWideWindowIsFilledByTheColumnsThatNobodySet)
+{
+    const int icons = view.columnWidth(0);
+    const int price = view.columnWidth(2);
+    const int given = grid.ColWidth(2);
+    for (const int width : {900, 1920, 3840}) {
+        SCOPED_TRACE(width);
+        view.resize(width, 300);
+        EXPECT_EQ(shownWidth(), view.viewport()->width());
+        EXPECT_EQ(view.columnWidth(0), icons);
+        EXPECT_GT(view.columnWidth(2), price);
+    }
+    EXPECT_EQ(grid.ColWidth(2), given);
+    grid.setColWidth(1, 100);
+    EXPECT_EQ(view.columnWidth(1), 100);
+    EXPECT_EQ(shownWidth(), view.viewport()->width()) << "the others take what it leaves";
+    const int others = shownWidth() - 100;
+    view.horizontalHeader()->resizeSection(1, 150);
+    EXPECT_EQ(shownWidth(), others + 150) << "they stay while the user draws its edge";
+    grid.setColWidth(2, 100);
+    EXPECT_EQ(shownWidth(), icons + 150 + 100) << "no width that was set is changed";
+}
+
+TEST_F(FlexGridViewTest, AColumnShrinksWithItsContents)
+{
+    view.resize(200, 300);
+    grid.LoadArray(textBlock({{"", "1", "586万元", ""}}));
+    const int before = view.columnWidth(1);
+    grid.LoadArray(textBlock({{"", "FY2026112400-with-a-long-tail", "586万元", ""}}));
+    ASSERT_GT(view.columnWidth(1), before);
+    grid.LoadArray(textBlock({{"", "1", "586万元", ""}}));
+    EXPECT_EQ(view.columnWidth(1), before);
+}
+
+TEST_F(FlexGridViewTest, ACutCellTellsItsWholeTextAndOthersTheTipOfTheGrid)
+{
+    const QString tip = QStringLiteral("提示：双击");
+    grid.setToolTipText(tip);
+    grid.setColWidth(2, 25);
+    EXPECT_EQ(tipAt(1, 2), QStringLiteral("586万元"));
+    EXPECT_EQ(tipAt(1, 1), tip);
+    EXPECT_EQ(tipAt(1, 0), tip) << "a cell without a text";
+    grid.setRows(2);
+    const QPoint below(20, 200);
+    QToolTip::hideText();
+    QHelpEvent event(QEvent::ToolTip, below, view.viewport()->mapToGlobal(below));
+    QApplication::sendEvent(view.viewport(), &event);
+    EXPECT_EQ(QToolTip::text(), tip) << "below the last row";
+}
+
+TEST_F(FlexGridViewTest, AMoveFromCodeBringsTheRowIntoSight)
+{
+    struct Case
+    {
+        const char *what;
+        std::function<void()> act;
+        int row;
+    };
+    const auto undrawn = [this](int row) {
+        grid.setRedraw(false);
+        grid.setRow(row);
+        grid.setRowHidden(2, !grid.RowHidden(2));
+        grid.setRedraw(true);
+    };
+    const Case cases[] = {
+        {"down", [&] { grid.setRow(80); }, 80},
+        {"up", [&] { grid.setRow(3); }, 3},
+        {"while nothing is drawn", [&] { undrawn(70); }, 70},
+        {"and back", [&] { undrawn(1); }, 1},
+        {"to the row it has, scrolled away",
+         [&] {
+             view.verticalScrollBar()->setValue(50);
+             grid.setRow(1);
+         },
+         1},
+        {"after a move of the top row",
+         [&] {
+             grid.setRedraw(false);
+             grid.setTopRow(90);
+             grid.setRow(40);
+             grid.setRedraw(true);
+         },
+         40},
+    };
+    for (const Case &move : cases) {
+        SCOPED_TRACE(move.what);
+        move.act();
+        EXPECT_EQ(grid.Row(), move.row);
+        EXPECT_TRUE(isWhole(move.row));
+        EXPECT_EQ(grid.TopRow(), grid.rowInSight(view.verticalScrollBar()->value()));
+    }
+}
+
+TEST_F(FlexGridViewTest, ARowStaysUnderTheMouseThatPressesIt)
+{
+    const int last = view.rowAt(view.viewport()->height() - 2) + 1;
+    ASSERT_FALSE(isWhole(last)) << "cut by the lower edge";
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, QPoint(40, view.viewport()->height() - 2));
+    EXPECT_EQ(grid.Row(), last);
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(FlexGridViewTest, RowsThatAreShownAgainLeaveTheCurrentOneInSight)
+{
+    grid.setRow(70);
+    grid.setTopRow(1);
+    grid.hideRowsWithout(QStringLiteral("7"), {1});
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "one that was out of sight moves nothing";
+    ASSERT_TRUE(isWhole(70));
+    grid.showAllRows();
+    EXPECT_TRUE(isWhole(70));
+}
+
+TEST_F(FlexGridViewTest, AHiddenTopRowGivesWayToTheNextInSight)
+{
+    grid.setTopRow(40);
+    for (const int row : {40, 41})
+        grid.setRowHidden(row, true);
+    EXPECT_EQ(view.verticalScrollBar()->value(), 39);
+    EXPECT_EQ(grid.rowInSight(view.verticalScrollBar()->value()), 42);
+    grid.setRows(grid.FixedRows());
+    EXPECT_EQ(grid.topInSight(), -1);
+}
+
+TEST_F(FlexGridViewTest, WhileRowsAreHiddenTheWheelScrollsWhatIsLeft)
+{
+    MouseWheel wheel;
+    wheel.setMax(20);
+    wheel.bind(&grid);
+    view.setMouseWheel([&] { return &wheel; });
+    const QSignalSpy turned(&wheel, &MouseWheel::Wheel);
+    grid.hideRowsWithout(QStringLiteral("586"), {2});
+    ASSERT_EQ(grid.visibleCount(), 50);
+    turnWheel(-120);
+    EXPECT_EQ(turned.size(), 0);
+    EXPECT_GT(view.verticalScrollBar()->value(), 0);
+    EXPECT_EQ(grid.TopRow(), grid.rowInSight(view.verticalScrollBar()->value()));
+    grid.showAllRows();
+    turnWheel(-120);
+    EXPECT_EQ(turned.size(), 1);
 }
 
 TEST_F(FlexGridViewTest, TopRowGoesBothWays)
