@@ -9,6 +9,8 @@
 #include "library/listings/fcxx_filter.h"
 #include "library/listings/fcxx_list.h"
 
+#include <QScopedValueRollback>
+
 namespace ebtq {
 
 namespace {
@@ -23,21 +25,21 @@ QString attachmentIcon()
     return QStringLiteral("mail-attachment");
 }
 
-/// Nothing is drawn until the scope ends, on whatever way.
-class DrawnLater
+/// Runs a body with nothing drawn and draws again on whatever way out. No destructor does it: what a view
+/// does then may fail.
+template<class Body> bool drawnLater(VSFlexGrid &grid, Body body)
 {
-public:
-    explicit DrawnLater(VSFlexGrid &grid)
-        : m_grid(grid)
-    {}
-    DrawnLater(const DrawnLater &) = delete;
-    DrawnLater &operator=(const DrawnLater &) = delete;
-    ~DrawnLater() { m_grid.setRedraw(true); }
-    void begin() { m_grid.setRedraw(false); }
-
-private:
-    VSFlexGrid &m_grid;
-};
+    bool result = false;
+    grid.setRedraw(false);
+    try {
+        result = body();
+    } catch (...) {
+        grid.setRedraw(true);
+        throw;
+    }
+    grid.setRedraw(true);
+    return result;
+}
 
 } // namespace
 
@@ -104,6 +106,10 @@ void Fcxx::connectGrid()
     connect(&m_grid, &VSFlexGrid::GotFocus, this, [this] {
         if (m_wheel)
             m_wheel->bind(&m_grid);
+    });
+    connect(&m_grid, &VSFlexGrid::topRowChanged, this, [this] {
+        if (!m_turning)
+            scrolled();
     });
     connect(&m_searchBox, &SearchBox::Search, this, &Fcxx::searchAgain);
     connect(&m_searchBox, &SearchBox::Clear, &m_grid, &VSFlexGrid::showAllRows);
@@ -187,6 +193,7 @@ void Fcxx::applyRights()
 bool Fcxx::IReportUI_Clear()
 {
     m_grid.setRows(0);
+    m_place = {};
     m_wheel.reset();
     setApp(nullptr);
     m_inited = false;
@@ -207,26 +214,58 @@ bool Fcxx::IReportUI_Refresh()
 
 bool Fcxx::refresh()
 {
+    notePlace();
     m_grid.setRows(m_grid.FixedRows());
     const WaitCursor wait(desktop());
-    DrawnLater drawn(m_grid);
     const SqlText sql = listingStatement(m_moduleId, listingWhere(filter(), desktop().now().date()));
     const auto rows = app().Db().CreateQuery(sql, 1)->Open();
     if (const QString error = app().Db().LastError().Description; !error.isEmpty()) {
         raiseDatabaseError(error);
         return false;
     }
-    drawn.begin();
-    if (!(rows->Bof() && rows->Eof())) {
-        m_grid.LoadArray(rows->GetRows());
+    return drawnLater(m_grid, [&] {
+        show(*rows);
+        return true;
+    });
+}
+
+void Fcxx::show(Recordset &rows)
+{
+    if (!(rows.Bof() && rows.Eof())) {
+        m_grid.LoadArray(rows.GetRows());
         showAttachmentIcons();
+        returnToPlace();
     }
     Q_EMIT RefreshGetGridStatus();
     setWheelRange();
     Q_EMIT Message(QStringLiteral("共加载%1条记录").arg(m_grid.Rows() - 1));
     search(m_searchBox.Text());
     rowChanged(0, m_grid.Row());
-    return true;
+}
+
+/// A list that a failure left empty has no place; the one before it is returned to as soon as rows come
+/// again.
+void Fcxx::notePlace()
+{
+    const int row = m_grid.Row();
+    if (row >= m_grid.FixedRows())
+        m_place = {m_grid.TextMatrix(row, ListingKey), row - m_grid.TopRow(),
+                   m_grid.TopRow() > m_grid.FixedRows()};
+}
+
+/// An agent who refreshes all day goes on at the same listing. A list that stood at its top stays there, so
+/// that new listings are seen.
+void Fcxx::returnToPlace()
+{
+    const std::string listing = m_place.listing.toStdString();
+    int row = m_grid.FixedRows();
+    while (row < m_grid.Rows() && m_grid.cell(row, ListingKey) != listing)
+        ++row;
+    if (listing.empty() || row == m_grid.Rows())
+        return;
+    if (m_place.isScrolled)
+        m_grid.setTopRow(row - m_place.rowsBelowTop);
+    m_grid.setRow(row);
 }
 
 ListingFilter Fcxx::filter()
@@ -252,26 +291,26 @@ void Fcxx::showAttachmentIcons()
     }
 }
 
-void Fcxx::search(const QString &text)
+bool Fcxx::search(const QString &text)
 {
-    if (text.isEmpty())
-        return;
-    DrawnLater drawn(m_grid);
-    drawn.begin();
-    m_grid.showAllRows();
-    if (m_findFilters.Value() == 1) {
-        m_grid.hideRowsWithout(text, m_searchBox.columns());
-        return;
-    }
-    const int row = m_grid.findRow(text, m_searchBox.columns(), m_grid.FixedRows());
-    if (row >= 0)
-        m_grid.setRow(row);
+    return text.isEmpty() || drawnLater(m_grid, [&] {
+               m_grid.showAllRows();
+               if (m_findFilters.Value() == 1) {
+                   m_grid.hideRowsWithout(text, m_searchBox.columns());
+                   return true;
+               }
+               const int row = m_grid.findRow(text, m_searchBox.columns(), m_grid.FixedRows());
+               if (row >= 0)
+                   m_grid.setRow(row);
+               return row >= 0;
+           });
 }
 
 void Fcxx::searchAgain(const QString &text)
 {
     trapped(u"-->SearchBox1_Search::", [&] {
-        search(text);
+        if (!search(text))
+            Q_EMIT Message(QStringLiteral("没有找到：") + text);
         return true;
     });
 }
@@ -286,12 +325,21 @@ void Fcxx::setWheelRange()
 
 void Fcxx::rowChanged(int oldRow, int newRow)
 {
-    if (oldRow != newRow && m_wheel)
+    if (oldRow != newRow)
+        scrolled();
+}
+
+/// The wheel goes on from where the list has been scrolled to.
+void Fcxx::scrolled()
+{
+    if (m_wheel)
         m_wheel->setValue(WholePart(m_grid.TopRow() / m_wheelRate));
 }
 
 void Fcxx::turned(int value)
 {
+    // The rows that it scrolls to would set the wheel back by the step that it has just made.
+    const QScopedValueRollback turning(m_turning, true);
     m_grid.setTopRow(std::min(WholePart((value - 1) * m_wheelRate), m_grid.Rows() - 1));
 }
 

@@ -80,6 +80,14 @@ protected:
     }
 
 private:
+    /// Where the user stands in the list.
+    struct Place
+    {
+        QString listing; ///< its 房源ID; empty for none
+        int rowsBelowTop = 0;
+        bool isScrolled = false;
+    };
+
     void makeControls();
     void connectFields();
     void connectGrid();
@@ -90,11 +98,16 @@ private:
 
     bool refresh();
     [[nodiscard]] ListingFilter filter();
+    void show(Recordset &rows);
+    void notePlace();
+    void returnToPlace();
     void showAttachmentIcons();
     void setWheelRange();
-    void search(const QString &text);
+    /// False when it looked for a row and there is none.
+    bool search(const QString &text);
     void searchAgain(const QString &text);
     void rowChanged(int oldRow, int newRow);
+    void scrolled();
     void turned(int value);
 
     void pressed(const QString &key);
@@ -119,6 +132,8 @@ private:
     int m_moduleId = 0;
     QString m_layoutFile;   ///< where the host keeps the layout of this screen
     double m_wheelRate = 5; ///< rows for each step of the wheel
+    bool m_turning = false;
+    Place m_place;
 };
 
 } // namespace ebtq

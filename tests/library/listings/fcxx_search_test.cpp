@@ -34,7 +34,9 @@ TEST_F(FcxxSearchTest, WithoutTheFilterTheFirstMatchBecomesCurrent)
     };
     for (const Case &c : cases) {
         list.VS().setRow(3);
+        events.clear();
         searchFor(c.text);
+        EXPECT_EQ(events, c.row < 0 ? QStringList(u"message 没有找到："_qs + c.text) : QStringList());
         EXPECT_EQ(list.VS().Row(), c.row < 0 ? 3 : c.row) << c.text.toStdString();
         EXPECT_EQ(inSight().size(), 4) << "nothing is hidden";
         EXPECT_TRUE(list.VS().Redraw());
@@ -53,6 +55,9 @@ TEST_F(FcxxSearchTest, WithTheFilterOtherRowsAreHidden)
     searchFor(u"天河"_qs);
     EXPECT_EQ(inSight(), QStringList({u"FY14"_qs, u"FY12"_qs}));
     EXPECT_EQ(list.VS().Row(), 2) << "filtering moves no row";
+    events.clear();
+    searchFor(u"没有"_qs);
+    EXPECT_EQ(events, QStringList()) << "the empty list says it";
     searchFor(u"FY1"_qs);
     EXPECT_EQ(inSight(), QStringList({u"FY14"_qs, u"FY12"_qs, u"FY11"_qs})) << "searched anew in all rows";
     list.SearchBox1().setText({});

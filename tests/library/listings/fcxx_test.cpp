@@ -143,12 +143,6 @@ TEST_F(FcxxTest, TrappedErrorsNameModuleAndOperation)
     EXPECT_FALSE(refresh());
     EXPECT_EQ(events, QStringList(u"error Fcxx-->IRptUI_Refresh::模块尚未初始化！|8|EBTQ_S"_qs));
     init();
-    list.qzTxt(5).setText(u"张敏"_qs);
-    list.qzTxt(5).setValue(u"1e999"_qs);
-    EXPECT_FALSE(refresh());
-    EXPECT_EQ(events, QStringList(u"error Fcxx-->IRptUI_Refresh::数值超出范围，请重新输入！|8|EBTQ_S"_qs));
-    EXPECT_EQ(host.calls(), QStringList(u"release"_qs));
-    EXPECT_TRUE(list.VS().Redraw());
     events.clear();
     host.parametersFail = true;
     EXPECT_FALSE(list.IReportUI_Init(host, 101));
@@ -255,11 +249,74 @@ TEST_F(FcxxTest, WheelTurnsRowsAtTheUsersRate)
         list.VS().setTopRow(12);
         list.VS().setRow(list.VS().Row() == 5 ? 6 : 5);
         EXPECT_EQ(wheel.Value(), c.position) << c.rate.toStdString();
+        list.VS().setTopRow(1);
+        list.VS().setTopRow(12);
+        EXPECT_EQ(wheel.Value(), c.position) << "scrolling sets it too";
         wheel.setMax(4);
         wheel.setValue(4);
         wheel.turn(0);
         EXPECT_EQ(list.VS().TopRow(), c.topOfTurn) << c.rate.toStdString();
+        EXPECT_EQ(wheel.Value(), 4) << "its own turn does not set it back";
     }
+}
+
+TEST_F(FcxxTest, ARefreshReturnsToTheListing)
+{
+    QStringList numbers;
+    for (int number = 99; number > 0; --number)
+        numbers.append(u"FY%1"_qs.arg(number, 2, 10, QChar(u'0')));
+    VSFlexGrid &grid = list.VS();
+    const auto stands = [&] {
+        return u"%1 from %2"_qs.arg(grid.TextMatrix(grid.Row(), 1)).arg(grid.TopRow());
+    };
+    init();
+    willLoad(numbers);
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(stands(), u"FY99 from 1"_qs);
+    grid.setRow(3);
+    willLoad(QStringList(u"NEW"_qs) + numbers);
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(stands(), u"FY97 from 1"_qs) << "a new listing is seen at the top";
+
+    grid.setTopRow(40);
+    grid.setRow(45);
+    host.answer = [](const SqlText &) -> RowBlock { throw std::runtime_error("断开"); };
+    EXPECT_FALSE(refresh());
+    EXPECT_EQ(grid.Rows(), 1);
+    willLoad(numbers);
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(stands(), u"FY56 from 39"_qs) << "a failure does not lose the place";
+
+    list.SearchBox1().setText(u"FY70"_qs);
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(grid.TextMatrix(grid.Row(), 1), u"FY70"_qs) << "the search has the last word";
+    list.SearchBox1().setText({});
+    numbers.removeOne(u"FY70"_qs);
+    willLoad(numbers);
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(stands(), u"FY99 from 1"_qs) << "gone";
+    EXPECT_TRUE(list.IReportUI_Clear());
+    init();
+    willLoad(QStringList(u"NEW"_qs) + numbers);
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(stands(), u"NEW from 1"_qs) << "another start knows no place";
+}
+
+TEST_F(FcxxTest, AViewThatFailsEndsInAMessage)
+{
+    init();
+    willLoad({u"FY1"_qs});
+    bool fails = true;
+    QObject::connect(&list.VS(), &VSFlexGrid::rowsReset, [&] {
+        if (fails && list.VS().Rows() > 1)
+            throw Failure(u"无法绘制"_qs);
+    });
+    EXPECT_FALSE(refresh());
+    EXPECT_EQ(events.last(), u"error Fcxx-->IRptUI_Refresh::无法绘制|8|EBTQ_S"_qs);
+    EXPECT_EQ(host.calls(), QStringList({u"open"_qs, u"release"_qs}));
+    EXPECT_TRUE(list.VS().Redraw());
+    fails = false;
+    EXPECT_TRUE(refresh());
 }
 
 TEST_F(FcxxTest, ClearEndsTheModule)

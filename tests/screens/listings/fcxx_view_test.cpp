@@ -208,18 +208,48 @@ TEST_F(FcxxViewTest, AWrongTextHoldsRefreshBackButNotTheWayOut)
 
 TEST_F(FcxxViewTest, SearchMovesAndFiltersWithinTheLoadedRows)
 {
-    const QString number = shown(1).at(7);
+    constexpr int behindTheFirstPage = 100;
+    const QString number = shown(1).at(behindTheFirstPage);
     QTest::keyClick(view.get(), Qt::Key_F, Qt::ControlModifier);
     EXPECT_EQ(focusName(), QStringLiteral("SearchBox1"));
     auto &box = child<QLineEdit>(QStringLiteral("SearchBox1"));
     typeText(box, number);
     QTest::keyClick(&box, Qt::Key_Return);
-    EXPECT_EQ(child<FlexGridView>(QStringLiteral("VS")).currentIndex().row(), 7);
+    const auto &grid = child<FlexGridView>(QStringLiteral("VS"));
+    EXPECT_EQ(grid.currentIndex().row(), behindTheFirstPage);
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(grid.currentIndex().siblingAtColumn(1))));
     QTest::keyClick(&child<QCheckBox>(QStringLiteral("ChkFind")), Qt::Key_Space);
     EXPECT_EQ(shown(1), QStringList(number));
     QTest::keyClick(&box, Qt::Key_Escape);
     EXPECT_EQ(shown(1).size(), listings);
     EXPECT_EQ(message, QString()) << "the database is not asked";
+}
+
+TEST_F(FcxxViewTest, ARefreshKeepsTheListingWhereItStands)
+{
+    const auto &grid = child<FlexGridView>(QStringLiteral("VS"));
+    module.VS().setRow(80);
+    const int top = grid.verticalScrollBar()->value();
+    ASSERT_GT(top, 0);
+    const QString number = shown(1).at(79);
+    click(button(QStringLiteral("refresh")));
+    EXPECT_EQ(message, loaded(listings));
+    EXPECT_EQ(grid.currentIndex().siblingAtColumn(1).data().toString(), number);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), top);
+}
+
+TEST_F(FcxxViewTest, TheWheelGoesOnFromWhereTheListWasScrolledTo)
+{
+    auto &grid = child<FlexGridView>(QStringLiteral("VS"));
+    grid.setFocus();
+    grid.verticalScrollBar()->setValue(59);
+    MouseWheel &wheel = *module.mcMouseEvent();
+    EXPECT_EQ(wheel.Value(), 20) << "row 60 at three rows a turn";
+    wheel.turn(-1);
+    EXPECT_EQ(module.VS().TopRow(), 54);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), 53);
+    wheel.turn(-1);
+    EXPECT_EQ(module.VS().TopRow(), 51);
 }
 
 TEST_F(FcxxViewTest, TellsAnEmptyListFromAFailedOne)
