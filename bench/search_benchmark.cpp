@@ -42,9 +42,13 @@ struct Search
     const char16_t *text;
 };
 
-/// A name that is rare, a number that is in one row, a word that is in a third of the rows, and nothing.
-constexpr Search searches[] = {
-    {"rare", u"FY2026"}, {"one", u"00042"}, {"frequent", u"出售"}, {"none", u"没有这样的内容"}};
+/// A name that is rare, a number that is in one row, a word that is in a third of the rows, nothing, and a
+/// text over two columns of which each part is frequent.
+constexpr Search searches[] = {{"rare", u"FY2026"},
+                               {"one", u"00042"},
+                               {"frequent", u"出售"},
+                               {"none", u"没有这样的内容"},
+                               {"spanning", u"出售%有效"}};
 
 } // namespace
 

@@ -7,7 +7,7 @@ namespace ebtq {
 
 namespace {
 
-std::string longestPart(std::string_view text)
+std::string_view longestPart(std::string_view text)
 {
     std::string_view longest;
     for (size_t begin = 0; begin < text.size();) {
@@ -16,7 +16,7 @@ std::string longestPart(std::string_view text)
             longest = text.substr(begin, end - begin);
         begin = end + 1;
     }
-    return std::string(longest);
+    return longest;
 }
 
 } // namespace
@@ -28,7 +28,7 @@ GridSearch::GridSearch(const GridRows &rows, const QString &text, int currentCol
     , m_needle(text.toStdString())
     , m_columns(QList<int>{currentCol} + columns)
     , m_caseCounts(sensitivity == Qt::CaseSensitive || text.toUpper() == text.toLower())
-    , m_scanned(m_caseCounts ? longestPart(m_needle) : std::string())
+    , m_scanned(m_caseCounts ? longestPart(m_needle) : std::string_view())
     , m_scanDecides(m_scanned.size() == m_needle.size())
     , m_searched(static_cast<size_t>(rows.block().columnCount()))
     , m_nextSearched(m_searched.size())
@@ -64,33 +64,52 @@ void GridSearch::run(int from, const std::function<bool(int)> &found)
 
 bool GridSearch::rowHolds(int position)
 {
-    return columnsHold(position, 0, m_columns.size() - 1);
-}
-
-/// The text crosses at most as many borders of columns as it has percent signs.
-bool GridSearch::textStandsAround(int position, int blockCol)
-{
-    const qsizetype reach = std::ranges::count(m_needle, '%');
-    for (qsizetype at = 0; at < m_columns.size(); ++at) {
-        if (m_columns[at] - m_rows.firstColumn() == blockCol &&
-            columnsHold(position, std::max<qsizetype>(at - reach, 0),
-                        std::min(at + reach, m_columns.size() - 1)))
-            return true;
-    }
-    return false;
-}
-
-bool GridSearch::columnsHold(int position, qsizetype first, qsizetype last)
-{
     m_rowText.clear();
-    for (qsizetype at = first; at <= last; ++at) {
-        if (at > first)
+    for (qsizetype at = 0; at < m_columns.size(); ++at) {
+        if (at > 0)
             m_rowText += '%';
         m_rowText += m_rows.cell(position, m_columns[at]);
     }
     if (m_caseCounts)
         return m_rowText.find(m_needle) != std::string::npos;
     return QString::fromStdString(m_rowText).contains(m_text, Qt::CaseInsensitive);
+}
+
+/// The scanned part stands in a cell of that column, `inCell` bytes from its begin.
+bool GridSearch::textStandsAround(int position, int blockCol, size_t inCell) const
+{
+    const std::string_view needle = m_needle;
+    const auto scannedAt = static_cast<size_t>(m_scanned.data() - needle.data());
+    const std::string_view cell = m_rows.cell(position, blockCol + m_rows.firstColumn());
+    for (qsizetype at = 0; at < m_columns.size(); ++at) {
+        if (m_columns[at] - m_rows.firstColumn() == blockCol &&
+            textFollows(position, at, cell.substr(inCell), needle.substr(scannedAt)) &&
+            textPrecedes(position, at, cell.substr(0, inCell), needle.substr(0, scannedAt)))
+            return true;
+    }
+    return false;
+}
+
+bool GridSearch::textFollows(int position, qsizetype at, std::string_view cell, std::string_view text) const
+{
+    while (text.size() > cell.size()) {
+        if (!text.starts_with(cell) || text[cell.size()] != '%' || ++at == m_columns.size())
+            return false;
+        text.remove_prefix(cell.size() + 1);
+        cell = m_rows.cell(position, m_columns[at]);
+    }
+    return cell.starts_with(text);
+}
+
+bool GridSearch::textPrecedes(int position, qsizetype at, std::string_view cell, std::string_view text) const
+{
+    while (text.size() > cell.size()) {
+        if (!text.ends_with(cell) || text[text.size() - cell.size() - 1] != '%' || at-- == 0)
+            return false;
+        text.remove_suffix(cell.size() + 1);
+        cell = m_rows.cell(position, m_columns[at]);
+    }
+    return cell.ends_with(text);
 }
 
 /// The rows from `begin` to `end` stand in the block one behind the other.
@@ -109,8 +128,12 @@ bool GridSearch::scanRun(int begin, int end, const std::function<bool(int)> &fou
         row = rowHolding(offset, row, last);
         const int col = columnHolding(offset, row);
         const int position = begin + static_cast<int>(row - first);
-        if (!liesInSearchedCell(offset, row, col) || !(m_scanDecides || textStandsAround(position, col))) {
+        if (!liesInSearchedCell(offset, row, col)) {
             at = beginOfNextSearched(row, col);
+            continue;
+        }
+        if (!m_scanDecides && !textStandsAround(position, col, offset - cellBegin(row, col))) {
+            at = offset + 1;
             continue;
         }
         if (!found(position))
@@ -126,6 +149,12 @@ bool GridSearch::liesInSearchedCell(size_t offset, size_t row, int col) const
 {
     const size_t cellEnd = m_rows.block().end(row * m_searched.size() + static_cast<size_t>(col));
     return m_searched[static_cast<size_t>(col)] && offset + m_scanned.size() <= cellEnd;
+}
+
+size_t GridSearch::cellBegin(size_t row, int col) const
+{
+    return col == 0 ? rowBegin(row)
+                    : m_rows.block().end(row * m_searched.size() + static_cast<size_t>(col) - 1);
 }
 
 size_t GridSearch::rowBegin(size_t row) const

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace ebtq;
 using ebtq::test::blockOf;
 
@@ -64,6 +66,41 @@ TEST_F(GridSearchTest, HitsByTable)
         grid.setCol(c.currentCol);
         EXPECT_EQ(kept(c.text, c.columns), c.rows) << c.why;
         EXPECT_EQ(grid.findRow(c.text, c.columns, 1), c.rows.isEmpty() ? -1 : c.rows.front()) << c.why;
+    }
+}
+
+/// All texts of up to that many letters.
+QStringList textsOver(const QString &letters, int length)
+{
+    QStringList texts{QString()};
+    for (qsizetype at = 0; at < texts.size() && texts[at].size() < length; ++at)
+        for (const QChar letter : letters)
+            texts.append(texts[at] + letter);
+    return texts;
+}
+
+TEST(GridSearchDefinition, EveryShortTextIsFoundWhereTheRowsTextHoldsIt)
+{
+    const QStringList cells = textsOver(u"ab%"_qs, 3);
+    std::mt19937 random(7); // the same rows each time
+    QList<QStringList> rows;
+    for (int row = 0; row < 60; ++row) {
+        rows.append(QStringList());
+        for (int col = 0; col < 4; ++col)
+            rows.last().append(cells[static_cast<qsizetype>(random() % 40)]);
+    }
+    VSFlexGrid grid(u"VS"_qs);
+    grid.setFormatString(u"a|b|c|d"_qs);
+    grid.LoadArray(blockOf(4, rows));
+    grid.setCol(1);
+    for (const QString &text : textsOver(u"ab%"_qs, 5)) {
+        grid.hideRowsWithout(text, {0, 1, 3});
+        for (qsizetype row = 0; row < rows.size(); ++row) {
+            const QStringList &cell = rows[row];
+            const QString whole = QStringList({cell[1], cell[0], cell[1], cell[3]}).join(u'%');
+            ASSERT_EQ(!grid.RowHidden(static_cast<int>(row) + 1), whole.contains(text))
+                << text.toStdString() << " in " << whole.toStdString();
+        }
     }
 }
 
