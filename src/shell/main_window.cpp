@@ -5,18 +5,18 @@
 #include "shell/module_catalog.h"
 #include "shell/module_page.h"
 #include "shell/navigation.h"
+#include "shell/panels/popup.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QToolButton>
 #include <QVBoxLayout>
-
-#include <functional>
 
 namespace ebtq::shell {
 
@@ -43,7 +43,7 @@ QWidget *barOfKind(const QString &kind)
     return bar;
 }
 
-/// To where the person was in the page; to its first field before.
+/// To where the person was in the page; before, to what the view wants the keyboard to begin with.
 void giveFocus(QWidget &page)
 {
     QWidget *lastUsed = page.focusWidget();
@@ -184,7 +184,7 @@ void MainWindow::openModule(host::ModuleId module)
     addTab(*opened, entry.caption.toString());
     m_tabs->setCurrentIndex(m_tabs->count() - 1);
     if (!opened->open())
-        return closePage(*opened);
+        return removePage(*opened);
     showCurrentPage();
 }
 
@@ -218,6 +218,32 @@ void MainWindow::addTab(ModulePage &page, const QString &caption)
 }
 
 void MainWindow::closePage(ModulePage &page)
+{
+    const QPointer<ModulePage> asked(&page);
+    const auto again = [this, asked] {
+        if (asked)
+            closePage(*asked);
+    };
+    if (!isWaitedFor(again))
+        removePage(page);
+}
+
+bool MainWindow::isWaitedFor(const std::function<void()> &again)
+{
+    while (QWidget *open = QApplication::activePopupWidget()) {
+        const bool isWaited = qobject_cast<Popup *>(open);
+        // A popup that is waited for is gone only after its event loop has ended; what is queued then comes
+        // when the module's operation has returned, too.
+        if (isWaited)
+            connect(open, &QObject::destroyed, this, again, Qt::QueuedConnection);
+        open->hide();
+        if (isWaited)
+            return true;
+    }
+    return QApplication::activeModalWidget();
+}
+
+void MainWindow::removePage(ModulePage &page)
 {
     const int position = positionOf(page);
     if (position < 0)
@@ -289,8 +315,10 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    if (isWaitedFor([this] { close(); }))
+        return event->ignore();
     while (m_pages->count() > 0)
-        closePage(*page(0));
+        removePage(*page(0));
     event->accept();
 }
 

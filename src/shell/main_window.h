@@ -7,6 +7,8 @@
 #include <QDate>
 #include <QWidget>
 
+#include <functional>
+
 class QLabel;
 class QStackedWidget;
 class QTabBar;
@@ -55,6 +57,11 @@ private:
     void bindPage(ModulePage &page);
     void addTab(ModulePage &page, const QString &caption);
     void closePage(ModulePage &page);
+    void removePage(ModulePage &page);
+    /// Whether a module waits for an answer in the middle of its work, so that it cannot be ended now. A list
+    /// or calendar that it shows is put away, and `again` is called when the work has returned; a form or
+    /// message box stays, and what was asked for is dropped.
+    [[nodiscard]] bool isWaitedFor(const std::function<void()> &again);
     void showCurrentPage();
     void stepTab(int step);
     void switchSide();

@@ -1,7 +1,6 @@
 #include "shell/module_page.h"
 
 #include "shell/module_events.h"
-#include "shell/wait_cursor.h"
 
 #include <QDir>
 #include <QScopedValueRollback>
@@ -44,12 +43,19 @@ bool ModulePage::open()
 {
     if (!guarded([this] { make(); }))
         return false;
-    guarded([this] {
-        m_report->IReportUI_Init(m_app, m_entry.id);
-        restoreLayout();
-    });
+    if (!guarded([this] { initialise(); }))
+        return false;
+    restoreLayout();
     refresh();
     return true;
+}
+
+/// A module that could not be initialised has told why; that it is not opened is told in any case.
+void ModulePage::initialise()
+{
+    if (!m_report->IReportUI_Init(m_app, m_entry.id))
+        throw Failure(QStringLiteral("模块初始化失败，未能打开。"));
+    m_isReady = true;
 }
 
 void ModulePage::make()
@@ -87,7 +93,6 @@ void ModulePage::refresh()
 {
     if (!m_report)
         return;
-    const WaitCursor waiting;
     guarded([this] { m_report->IReportUI_Refresh(); });
 }
 
@@ -112,7 +117,8 @@ QString ModulePage::layoutFile() const
 void ModulePage::shut()
 {
     if (m_report) {
-        guarded([this] { m_report->IReportUI_DoSaveFormStatus(layoutFile()); });
+        if (m_isReady) // else the layout that the person left would be lost
+            guarded([this] { m_report->IReportUI_DoSaveFormStatus(layoutFile()); });
         guarded([this] { m_report->IReportUI_Clear(); });
     }
     m_report = nullptr;

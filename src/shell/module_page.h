@@ -27,7 +27,8 @@ public:
 
     [[nodiscard]] host::ModuleId module() const { return m_entry.id; }
     /// Makes module and view, initialises the module, restores its layout and loads it. False when there is
-    /// nothing to be shown; a module whose first load failed is shown with what it has.
+    /// nothing to be shown or the module could not be initialised; one whose first load failed is shown with
+    /// what it has.
     bool open();
     /// Loads the module again.
     void refresh();
@@ -43,6 +44,7 @@ Q_SIGNALS:
 
 private:
     void make();
+    void initialise();
     void bindEvents();
     void showView();
     void restoreLayout();
@@ -56,6 +58,7 @@ private:
     IReportUI *m_report = nullptr; ///< the module by its contract
     std::unique_ptr<ModuleEvents> m_events;
     std::unique_ptr<QWidget> m_view;
+    bool m_isReady = false;
     bool m_restoring = false;
 };
 

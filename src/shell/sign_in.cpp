@@ -2,9 +2,10 @@
 
 #include "library/frame/host_contracts.h"
 #include "shell/login_dialog.h"
-#include "shell/wait_cursor.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QUrl>
@@ -37,7 +38,8 @@ std::optional<host::User> askForUser(db::Connection &connection, const QString &
     std::optional<host::User> user;
     const QString preset = name.isEmpty() ? settings().value(lastNameKey).toString() : name;
     LoginDialog dialog(preset, databasePlace(connection), [&](const QString &typed, const QString &password) {
-        const WaitCursor waiting;
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor); // a password is checked slowly, on purpose
+        const auto waited = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
         user = host::signIn(connection, typed, password);
     });
     if (dialog.exec() != QDialog::Accepted)

@@ -9,12 +9,14 @@
 #include "test_module.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 #include <gmock/gmock.h>
@@ -119,6 +121,61 @@ TEST_F(MainWindowTest, ClosingTheWindowEndsAllModules)
     window().close();
     EXPECT_EQ(library.log.count(QStringLiteral("Clear")), 2);
     EXPECT_EQ(library.log.count(QStringLiteral("module gone")), 2);
+}
+
+TEST_F(MainWindowTest, AnOpenListIsPutAwayBeforeItsModuleEnds)
+{
+    const struct
+    {
+        const char *what;
+        std::function<void()> close;
+        bool endsTheWindow;
+    } ways[] = {{"the page", [&] { child<QToolButton>("CloseTab_101")->click(); }, false},
+                {"the window", [&] { window().close(); }, true}};
+    host::Panel panel;
+    panel.rows = RowBlock({{QStringLiteral("名称"), ColumnType::Text}});
+    panel.rows.append("天河区");
+    panel.rows.finish();
+    panel.shown = {{0, QStringLiteral("名称")}};
+    for (const auto &way : ways) {
+        SCOPED_TRACE(way.what);
+        library.prepare = [&](test::TestModule &module) {
+            module.duringRefresh = [&] {
+                QTimer::singleShot(0, &window(), way.close);
+                EXPECT_EQ(WidgetPanelPresenter().choose(panel), std::nullopt);
+                library.log << QStringLiteral("Refreshed");
+            };
+        };
+        library.log.clear();
+        window().openModule(ListingModule);
+        EXPECT_EQ(library.log.last(), u"Refreshed") << "the module is there as long as its work lasts";
+        QApplication::processEvents();
+        EXPECT_EQ(library.log.count(QStringLiteral("module gone")), 1);
+        EXPECT_EQ(window().isVisible(), !way.endsTheWindow);
+    }
+}
+
+TEST_F(MainWindowTest, AMessageBoxKeepsTheWindowOpen)
+{
+    window().openModule(ListingModule);
+    QDialog box(&window());
+    box.setModal(true);
+    box.show();
+    window().close();
+    EXPECT_TRUE(window().isVisible());
+    box.close();
+    window().close();
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(MainWindowTest, AModuleThatIsNotReadyIsNotOpened)
+{
+    library.prepare = [](test::TestModule &module) { module.isInitialised = false; };
+    window().openModule(ListingModule);
+    EXPECT_EQ(library.log.join(u','), u"Init 101,Clear,view gone,module gone")
+        << "neither loaded nor its layout overwritten";
+    EXPECT_TRUE(tabTexts().isEmpty());
+    EXPECT_EQ(messages(), QStringList(QStringLiteral("房源信息：模块初始化失败，未能打开。")));
 }
 
 TEST_F(MainWindowTest, TheLayoutIsRestoredWhenTheModuleAsks)

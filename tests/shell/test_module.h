@@ -27,10 +27,11 @@ public:
     /// What a refresh does beside being noted.
     std::function<void()> duringRefresh = [] {};
     std::function<void()> duringRestore = [] {};
+    bool isInitialised = true;
 
     bool IReportUI_Init(HostApp &, int moduleId) override
     {
-        return note(QStringLiteral("Init %1").arg(moduleId));
+        return note(QStringLiteral("Init %1").arg(moduleId)) && isInitialised;
     }
     bool IReportUI_Clear() override { return note(QStringLiteral("Clear")); }
     bool IReportUI_Refresh() override

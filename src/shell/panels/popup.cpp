@@ -10,9 +10,13 @@ namespace ebtq::shell {
 
 namespace {
 
-/// Height of the field above which a panel opens when it does not fit below; panels are placed at its lower
-/// corner.
-constexpr int fieldHeight = 30;
+/// Height of the field at whose lower left corner a panel is to open: it has the keyboard. 0 when the corner
+/// is another one.
+int heightOfFieldAt(const QPoint &corner)
+{
+    const QWidget *field = QApplication::focusWidget();
+    return field && field->mapToGlobal(QPoint(0, field->height())) == corner ? field->height() : 0;
+}
 
 QPoint onScreen(const QPoint &corner, const QSize &size)
 {
@@ -20,7 +24,7 @@ QPoint onScreen(const QPoint &corner, const QSize &size)
     const QRect area = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
     QPoint result = corner;
     if (corner.y() + size.height() > area.bottom() + 1)
-        result.setY(corner.y() - fieldHeight - size.height());
+        result.setY(corner.y() - heightOfFieldAt(corner) - size.height());
     result.setX(std::clamp(result.x(), area.left(), std::max(area.left(), area.right() + 1 - size.width())));
     result.setY(std::clamp(result.y(), area.top(), std::max(area.top(), area.bottom() + 1 - size.height())));
     return result;
