@@ -174,11 +174,31 @@ void seeNoFilter(Tour &tour)
     seeWholeList(tour);
 }
 
+/// Looks for the listing in the last row, which stands behind the first page.
+void searchFar(Tour &tour)
+{
+    Person &person = tour.person();
+    person.focus(QStringLiteral("SearchBox1"));
+    person.type(column(tour, u"房源编号").constLast());
+    person.press(Qt::Key_Return);
+}
+
+void seeFarRow(Tour &tour)
+{
+    const auto &view = tour.person().see<QTableView>(QStringLiteral("VS"));
+    const QModelIndex current = view.currentIndex();
+    tour.note(QStringLiteral("  当前行：%1").arg(current.row() + 1));
+    Tour::expect(current.row() == list(tour).rowCount() - 1, QStringLiteral("应停在最后一行"));
+    Tour::expect(view.viewport()->rect().intersects(view.visualRect(current)),
+                 QStringLiteral("找到的房源应在可见范围内"));
+}
+
 void search(Tour &tour)
 {
     Person &person = tour.person();
     person.click(QStringLiteral("ChkFind"));
     person.focus(QStringLiteral("SearchBox1"));
+    person.press(Qt::Key_A, Qt::ControlModifier);
     person.type(column(tour, u"楼盘字典").value(0));
     person.press(Qt::Key_Return);
 }
@@ -289,6 +309,7 @@ constexpr TourStep steps[] = {
     {u"载入房源列表", u"list", stay, seeWholeList},
     {u"用键盘在城区列表中选择并刷新", u"district", pickDistrict, seeDistrict},
     {u"用“全部”清除条件", u"all", pressAll, seeNoFilter},
+    {u"搜索最后一行", u"search-far", searchFar, seeFarRow},
     {u"搜索并过滤", u"search", search, seeMatches},
     {u"清除搜索", u"search-cleared", clearSearch, seeWholeList},
     {u"出售", u"buy", pressBuy, seeSales},
