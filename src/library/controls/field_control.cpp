@@ -4,6 +4,8 @@
 #include "library/frame/inline_list.h"
 #include "library/frame/null_conv.h"
 
+#include <QScopedValueRollback>
+
 namespace ebtq {
 
 qzTxt_S::qzTxt_S(const QString &name, int index)
@@ -14,8 +16,52 @@ void qzTxt_S::setText(const QString &text)
 {
     if (m_text == text)
         return;
+    if (!m_isTyping)
+        accept();
     m_text = text;
     Q_EMIT FieldChange();
+}
+
+void qzTxt_S::setValue(const QVariant &value)
+{
+    if (!m_isTyping)
+        accept();
+    m_value = value;
+}
+
+void qzTxt_S::accept()
+{
+    m_isOpen = false;
+    m_beforeTyping.reset();
+}
+
+void qzTxt_S::accept(const QString &text, const QVariant &value)
+{
+    setValue(value);
+    setText(text);
+    accept();
+}
+
+void qzTxt_S::type(const QString &text)
+{
+    if (m_text == text)
+        return;
+    if (!m_beforeTyping)
+        m_beforeTyping = State{m_text, m_value, m_isOpen};
+    const QScopedValueRollback typing(m_isTyping, true);
+    m_isOpen = true;
+    m_value.clear();
+    setText(text);
+}
+
+void qzTxt_S::takeBack()
+{
+    if (!m_beforeTyping)
+        return;
+    const State before = *m_beforeTyping;
+    setText(before.text);
+    setValue(before.value); // behind the text: a rule may empty the value with each change of the text
+    m_isOpen = before.isOpen;
 }
 
 template<class T> void qzTxt_S::changeLook(T &member, T value)
@@ -50,12 +96,21 @@ void qzTxt_S::requestHelp(int left, int top)
 {
     if (!m_help_flag || !Enabled())
         return;
+    const QString text = m_text;
+    const QVariant value = m_value;
+    help(left, top);
+    if (m_text != text || m_value != value)
+        m_isOpen = true; // the check fills what depends on this field, whichever way the text came in
+}
+
+void qzTxt_S::help(int left, int top)
+{
     if (m_help_type == Custom) {
         QString text = m_text;
         QVariant value = m_value;
         Q_EMIT FieldHelp(left, top, text, value);
-        setValue(value);
-        setText(text);
+        if (text != m_text || value != m_value)
+            accept(text, value);
         return;
     }
     const QString key = m_help_type == Calendar ? QStringLiteral("date") : m_help_code;
@@ -64,22 +119,21 @@ void qzTxt_S::requestHelp(int left, int top)
 
 bool qzTxt_S::check()
 {
-    if (m_text.isEmpty()) {
-        m_value.clear();
-        m_checkedText.clear();
+    if (m_text.isEmpty() || (isJudged() && m_text.trimmed().isEmpty())) {
+        accept({}, {});
         return true;
     }
-    if (m_judge_type == JudgeNothing || m_judge_time == JudgeNever || m_text == m_checkedText)
+    if (!isJudged() || !m_isOpen) {
+        accept();
         return true;
+    }
     QVariant value;
     QString text = m_text;
     if (!judge(value, text)) {
         Q_EMIT checkFailed(m_error_message);
         return false;
     }
-    m_checkedText = text;
-    setValue(value);
-    setText(text);
+    accept(text, value);
     return true;
 }
 

@@ -4,6 +4,8 @@
 
 #include <QVariant>
 
+#include <optional>
+
 namespace ebtq {
 
 /// The field control of every screen: a caption to its left, a typed text, a hidden value behind it, a help
@@ -11,12 +13,14 @@ namespace ebtq {
 ///
 /// Help, by help_type: for HostList and InlineList the event FieldGenericHelp is raised with help_code as
 /// key, for Calendar with the key "date"; for Custom the event FieldHelp, whose two by-reference values go
-/// back into the field. A view may answer Calendar and InlineList by itself.
+/// back into the field.
 ///
-/// Check, on leaving a field whose text changed since the last one that passed: unless judge_time is
-/// JudgeNever: by judge_type a statement or a custom field (FieldCheck), the inline list of help_code or a
-/// date. An empty text always passes and empties the value. With FieldCheck an empty value on return means no
-/// match. A failed check raises checkFailed with error_message and the view keeps the focus.
+/// Check, on leaving a field into which a person typed or chose something since it was last accepted, unless
+/// judge_time is JudgeNever: by judge_type a statement or a custom field (FieldCheck), the inline list of
+/// help_code or a date. An empty text passes and empties the value, and so do blanks alone where a check
+/// would be made. With FieldCheck an empty value on return means no match. A failed check raises checkFailed
+/// with error_message and the view keeps the focus. What code puts in is accepted as it stands: a record that
+/// was loaded is not looked up again because the focus passes by.
 class qzTxt_S : public Control
 {
     Q_OBJECT
@@ -46,7 +50,7 @@ public:
     /// Raises FieldChange when the text differs from the present one.
     void setText(const QString &text);
     [[nodiscard]] const QVariant &Value() const { return m_value; }
-    void setValue(const QVariant &value) { m_value = value; }
+    void setValue(const QVariant &value);
 
     [[nodiscard]] bool help_flag() const { return m_help_flag; }
     void set_help_flag(bool on);
@@ -74,6 +78,13 @@ public:
     /// What a view calls when the help button, F4 or Alt+Down was pressed; the position is that of the
     /// field's lower left corner on the screen, in pixels. Nothing without help_flag.
     void requestHelp(int left, int top);
+    /// What a view calls when a person changed the text. The value behind the former text goes at once: until
+    /// the check has found the new one, nothing may be filtered or saved by the old.
+    void type(const QString &text);
+    /// A person typed since the text was last accepted.
+    [[nodiscard]] bool isTyped() const { return m_beforeTyping.has_value(); }
+    /// Brings text and value back that were there before the typing.
+    void takeBack();
     /// What a view calls before the focus leaves. True when the focus may go.
     bool check();
 
@@ -88,11 +99,24 @@ Q_SIGNALS:
 
 private:
     template<class T> void changeLook(T &member, T value);
+    void help(int left, int top);
+    [[nodiscard]] bool isJudged() const { return m_judge_type != JudgeNothing && m_judge_time != JudgeNever; }
     bool judge(QVariant &value, QString &text);
+    void accept();
+    void accept(const QString &text, const QVariant &value);
+
+    struct State
+    {
+        QString text;
+        QVariant value;
+        bool isOpen;
+    };
 
     QString m_text;
     QVariant m_value;
-    QString m_checkedText; ///< the last text that passed, so that it is not asked for again
+    bool m_isOpen = false;   ///< typed or chosen, and not checked yet
+    bool m_isTyping = false; ///< what the rules do about a typed letter does not accept it
+    std::optional<State> m_beforeTyping;
     bool m_help_flag = false;
     bool m_help_menuflag = false;
     int m_help_type = HostList;

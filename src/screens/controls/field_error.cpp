@@ -1,5 +1,7 @@
 #include "screens/controls/field_error.h"
 
+#include <QEvent>
+
 #include <algorithm>
 
 namespace ebtq {
@@ -11,8 +13,9 @@ constexpr int gap = 2;
 
 } // namespace
 
-FieldError::FieldError(const QString &message, const QWidget &field)
+FieldError::FieldError(const QString &message, QWidget &field)
     : QLabel(message, field.window())
+    , m_field(field)
 {
     setObjectName(QStringLiteral("FieldError"));
     setProperty("kind", QStringLiteral("error"));
@@ -27,6 +30,16 @@ FieldError::FieldError(const QString &message, const QWidget &field)
     placeBelow(field);
     show();
     raise();
+    for (QWidget *moved = &field; moved; moved = moved->isWindow() ? nullptr : moved->parentWidget())
+        moved->installEventFilter(this);
+}
+
+/// Whatever the field stands in can move it: a message that opens above the page moves the page alone.
+bool FieldError::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+        placeBelow(m_field);
+    return QLabel::eventFilter(watched, event);
 }
 
 void FieldError::placeBelow(const QWidget &field)

@@ -5,16 +5,21 @@
 namespace ebtq {
 
 /// The bubble below a field that was refused: it says why and lies over what is there, without taking
-/// keyboard or mouse.
+/// keyboard or mouse. It goes where the field goes.
 class FieldError : public QLabel
 {
     Q_OBJECT
 
 public:
-    FieldError(const QString &message, const QWidget &field);
+    /// `field` outlives the bubble.
+    FieldError(const QString &message, QWidget &field);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void placeBelow(const QWidget &field);
+
+    const QWidget &m_field;
 };
 
 } // namespace ebtq

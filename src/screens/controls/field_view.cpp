@@ -1,19 +1,15 @@
 #include "screens/controls/field_view.h"
 
-#include "database/values/date_text.h"
 #include "library/controls/field_control.h"
-#include "library/frame/inline_list.h"
-#include "screens/controls/calendar_popup.h"
-#include "screens/controls/choice_popup.h"
 #include "screens/controls/control_binding.h"
 #include "screens/look/look.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QKeyEvent>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QStyle>
-#include <QTimer>
 
 namespace ebtq {
 
@@ -48,10 +44,10 @@ FieldView::FieldView(qzTxt_S &field, QWidget *parent)
     bindControl(field, *this);
     m_help->setToolTip(QStringLiteral("选择 (F4)"));
     addAction(m_help, QLineEdit::TrailingPosition);
-    connect(m_help, &QAction::triggered, this, &FieldView::askHelp);
+    connect(m_help, &QAction::triggered, this, &FieldView::clickArrow, Qt::QueuedConnection);
     connect(&field, &Control::stateChanged, this, &FieldView::follow);
     connect(&field, &qzTxt_S::FieldChange, this, &FieldView::followText);
-    connect(this, &QLineEdit::textEdited, this, &FieldView::takeTyped);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString &text) { m_field.type(text); });
     follow();
     followText();
 }
@@ -70,26 +66,17 @@ void FieldView::follow()
     setAlignment(alignmentOf(m_field.Alignment()));
 }
 
-/// What the rules put in is accepted as it stands; only what a person typed can be taken back.
 void FieldView::followText()
 {
     if (text() != m_field.Text())
         setText(m_field.Text());
-    if (!m_typing)
-        accept();
-}
-
-void FieldView::takeTyped(const QString &text)
-{
-    const QScopedValueRollback typing(m_typing, true);
     mark(false);
-    m_field.setText(text);
 }
 
 bool FieldView::event(QEvent *event)
 {
     // Escape belongs to a changed text before it belongs to the window.
-    if (event->type() == QEvent::ShortcutOverride && isTyped() &&
+    if (event->type() == QEvent::ShortcutOverride && m_field.isTyped() &&
         static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
         event->accept();
     return QLineEdit::event(event);
@@ -105,10 +92,25 @@ void FieldView::keyPressEvent(QKeyEvent *event)
         pressEnter();
     else if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)
         focusNextPrevChild(event->key() == Qt::Key_Down);
-    else if (event->key() == Qt::Key_Escape && isTyped())
-        restore();
+    else if (event->key() == Qt::Key_Escape && m_field.isTyped())
+        takeBack();
     else
         QLineEdit::keyPressEvent(event);
+}
+
+void FieldView::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu *menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (m_field.help_menuflag() && m_help->isVisible()) {
+        auto *choose = new QAction(QStringLiteral("选择(&L)…\tF4"), menu);
+        // The list that it opens is waited for: the menu must be gone by then.
+        connect(choose, &QAction::triggered, this, &FieldView::askHelp, Qt::QueuedConnection);
+        QAction *first = menu->actions().value(0);
+        menu->insertAction(first, choose);
+        menu->insertSeparator(first);
+    }
+    menu->popup(event->globalPos());
 }
 
 void FieldView::pressEnter()
@@ -130,7 +132,7 @@ void FieldView::focusOutEvent(QFocusEvent *event)
     const auto *other = qobject_cast<FieldView *>(QApplication::focusWidget());
     const bool calledBack = other && other->m_takesFocusBack;
     if (isLeft(event->reason()) && !calledBack && !mayLeave())
-        QTimer::singleShot(0, this, &FieldView::takeFocusBack);
+        QMetaObject::invokeMethod(this, &FieldView::takeFocusBack, Qt::QueuedConnection);
 }
 
 /// While it lasts, the field that is left again is not checked: two refused fields would hand the focus to
@@ -166,15 +168,8 @@ bool FieldView::check()
         return true;
     const QScopedValueRollback checking(m_checking, true);
     const bool passed = m_field.check();
-    passed ? accept() : refuse();
+    passed ? mark(false) : refuse();
     return passed;
-}
-
-void FieldView::accept()
-{
-    m_acceptedText = m_field.Text();
-    m_acceptedValue = m_field.Value();
-    mark(false);
 }
 
 void FieldView::refuse()
@@ -196,32 +191,23 @@ void FieldView::mark(bool refused)
     style()->polish(this);
 }
 
-void FieldView::restore()
+void FieldView::takeBack()
 {
-    const QVariant value = m_acceptedValue;
-    m_field.setText(m_acceptedText);
-    m_field.setValue(value);
-    accept();
+    m_field.takeBack();
+    mark(false);
+}
+
+/// The click took the focus from another field, which may have been refused and have taken it back by now.
+void FieldView::clickArrow()
+{
+    if (hasFocus())
+        askHelp();
 }
 
 void FieldView::askHelp()
 {
     if (!m_field.help_flag() || !m_field.Enabled())
         return;
-    switch (m_field.help_type()) {
-    case qzTxt_S::Calendar:
-        showCalendar();
-        break;
-    case qzTxt_S::InlineList:
-        showChoices();
-        break;
-    default:
-        askHost();
-    }
-}
-
-void FieldView::askHost()
-{
     const QString text = m_field.Text();
     const QVariant value = m_field.Value();
     const QPoint corner = mapToGlobal(QPoint(0, height()));
@@ -231,39 +217,9 @@ void FieldView::askHost()
         takeChoice();
 }
 
-void FieldView::showCalendar()
-{
-    const auto preset = parseDate(m_field.Text());
-    auto *calendar = new CalendarPopup(preset ? preset->date() : QDate::currentDate(), this);
-    connect(calendar, &CalendarPopup::picked, this, [this](QDate day) {
-        const QString text = regionalDate(day);
-        choose(text, text);
-    });
-}
-
-void FieldView::showChoices()
-{
-    const std::vector<InlineList::Entry> entries = InlineList(m_field.help_code()).entries();
-    QStringList texts;
-    for (const InlineList::Entry &entry : entries)
-        texts.append(entry.text);
-    auto *popup = new ChoicePopup(texts, m_field.Text(), this);
-    connect(popup, &ChoicePopup::picked, this, [this, entries](int position) {
-        const InlineList::Entry &entry = entries[static_cast<size_t>(position)];
-        choose(entry.text, entry.value);
-    });
-}
-
-void FieldView::choose(const QString &text, const QVariant &value)
-{
-    m_field.setValue(value);
-    m_field.setText(text);
-    takeChoice();
-}
-
 void FieldView::takeChoice()
 {
-    accept();
+    mark(false);
     if (m_enter == Enter::Confirms)
         Q_EMIT confirmed();
 }

@@ -4,7 +4,6 @@
 
 #include <QLineEdit>
 #include <QPointer>
-#include <QVariant>
 
 namespace ebtq {
 
@@ -12,8 +11,8 @@ class qzTxt_S;
 
 /// The widget of a field control: a text with a help arrow or a calendar inside; its caption is a label of
 /// its own (makeCaption), so that a form can line captions up. F4, Alt+Down and the arrow ask for help.
-/// Leaving the field runs its check: a text that is refused keeps the focus and is marked, Escape brings the
-/// last accepted one back. Enter and Down go on, Up goes back.
+/// Leaving the field runs its check: a text that is refused keeps the focus and is marked, Escape brings back
+/// what was there before the typing. Enter and Down go on, Up goes back.
 class FieldView : public QLineEdit
 {
     Q_OBJECT
@@ -42,32 +41,24 @@ protected:
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     void follow();
     void followText();
-    void takeTyped(const QString &text);
+    void clickArrow();
     void askHelp();
-    void askHost();
-    void showCalendar();
-    void showChoices();
-    void choose(const QString &text, const QVariant &value);
     void takeChoice();
     void pressEnter();
-    void accept();
     void refuse();
     void mark(bool refused);
-    void restore();
-    [[nodiscard]] bool isTyped() const { return text() != m_acceptedText; }
+    void takeBack();
     [[nodiscard]] bool mayLeave();
     void takeFocusBack();
 
     qzTxt_S &m_field;
     QAction *m_help;
     Enter m_enter = Enter::GoesOn;
-    QString m_acceptedText;
-    QVariant m_acceptedValue;
-    bool m_typing = false;
     bool m_checking = false;
     bool m_takesFocusBack = false;
     QPointer<FieldError> m_error;

@@ -18,48 +18,128 @@ protected:
         QObject::connect(&field, &qzTxt_S::checkFailed,
                          [this](const QString &text) { failures.append(text); });
     }
-    void typeText(const QString &text, const QVariant &staleValue = 99)
+    /// As an editor loads a record.
+    void load(const QString &text, const QVariant &value)
     {
         field.setText(text);
-        field.setValue(staleValue);
+        field.setValue(value);
+    }
+    /// Finds 有效 by its text or by its code 01, and writes down what it was asked.
+    void findByStatement()
+    {
+        field.set_judge_type(qzTxt_S::JudgeStatement);
+        QObject::connect(&field, &qzTxt_S::FieldCheck,
+                         [&](const QString &base, const QString &valueField, const QString &textField,
+                             QVariant &value, QString &text) {
+                             asked.append(QStringList({base, valueField, textField, text}).join(u'|'));
+                             if (text != u"01" && text != u"有效")
+                                 return;
+                             value = u"01"_qs;
+                             text = u"有效"_qs;
+                         });
     }
 
     qzTxt_S field{u"qzTxt"_qs, 3};
     QStringList failures;
+    QStringList asked;
 };
 
 TEST_F(FieldTest, StatementFieldTakesWhatTheCheckGivesBack)
 {
-    field.set_judge_type(qzTxt_S::JudgeStatement);
+    findByStatement();
     field.set_judge_base(u"select 代码 where 代码='@'"_qs);
     field.set_text_field_code(u"代码"_qs);
     field.set_text_field_name(u"名称"_qs);
-    QStringList asked;
-    QObject::connect(&field, &qzTxt_S::FieldCheck,
-                     [&](const QString &base, const QString &valueField, const QString &textField,
-                         QVariant &value, QString &text) {
-                         asked.append(QStringList({base, valueField, textField, text}).join(u'|'));
-                         if (text != u"01" && text != u"有效")
-                             return;
-                         value = u"01"_qs;
-                         text = u"有效"_qs;
-                     });
-    typeText(u"01"_qs);
+    field.type(u"01"_qs);
     EXPECT_TRUE(field.check());
     EXPECT_EQ(field.Text(), u"有效"_qs);
     EXPECT_EQ(field.Value(), u"01"_qs);
     EXPECT_TRUE(field.check()) << "an accepted text is not asked for again";
     EXPECT_EQ(asked, QStringList(u"select 代码 where 代码='@'|代码|名称|01"_qs));
 
-    typeText(u"乱"_qs);
+    field.type(u"乱"_qs);
     EXPECT_FALSE(field.check());
     EXPECT_FALSE(field.check()) << "a refused text stays refused";
     EXPECT_EQ(field.Text(), u"乱"_qs);
     EXPECT_EQ(failures, QStringList(2, u"状态输入有误，请重新输入！"_qs));
 
-    typeText({});
+    field.type({});
     EXPECT_TRUE(field.check());
     EXPECT_FALSE(field.Value().isValid()) << "an emptied field filters by nothing";
+}
+
+TEST_F(FieldTest, OnlyWhatAPersonPutInIsChecked)
+{
+    findByStatement();
+    load(u"翠堤雅居"_qs, 7);
+    EXPECT_TRUE(field.check()) << "a loaded record must not be looked up because the focus passes by";
+    EXPECT_EQ(asked, QStringList());
+    EXPECT_EQ(field.Value(), 7);
+
+    field.type(u"有效"_qs);
+    EXPECT_TRUE(field.check());
+    load({}, {}); // as the command for all kinds empties the filter
+    EXPECT_TRUE(field.check());
+    asked.clear();
+    field.type(u"有效"_qs);
+    EXPECT_TRUE(field.check());
+    EXPECT_EQ(asked.size(), 1) << "the same text typed again is looked up again";
+    EXPECT_EQ(field.Value(), u"01"_qs);
+
+    field.type(u"乱"_qs);
+    load(u"翠堤雅居"_qs, 7);
+    EXPECT_TRUE(field.check()) << "a record that was loaded over a typed text";
+    EXPECT_FALSE(field.isTyped());
+    field.type(u"乱"_qs);
+    field.setValue({});
+    EXPECT_TRUE(field.check()) << "code has its reasons";
+}
+
+TEST_F(FieldTest, NothingIsFilteredByTheValueOfTheTextBefore)
+{
+    findByStatement();
+    load(u"营业一部"_qs, 1);
+    QVariant seen = 1;
+    QObject::connect(&field, &qzTxt_S::FieldChange, [&] { seen = field.Value(); });
+    field.type(u"营业"_qs);
+    EXPECT_FALSE(field.Value().isValid());
+    EXPECT_FALSE(seen.isValid()) << "nor does a rule see it with the new text";
+    field.type(u"营业一部"_qs);
+    EXPECT_FALSE(field.Value().isValid());
+    EXPECT_FALSE(field.check()) << "the text of before, typed, is typed text";
+}
+
+TEST_F(FieldTest, TakingBackGivesTextAndValueOfBeforeTheFirstLetter)
+{
+    findByStatement();
+    field.takeBack();
+    EXPECT_FALSE(field.isTyped());
+    load(u"营业一部"_qs, 1); // the value comes behind the text
+    QObject::connect(&field, &qzTxt_S::FieldChange, [&] { field.setValue({}); }); // a rule
+    for (const QString &text : {u"营"_qs, u"乱"_qs}) {
+        field.type(text);
+        EXPECT_TRUE(field.isTyped());
+    }
+    EXPECT_FALSE(field.check());
+    field.takeBack();
+    EXPECT_FALSE(field.isTyped());
+    EXPECT_EQ(field.Text(), u"营业一部"_qs);
+    EXPECT_EQ(field.Value(), 1);
+    EXPECT_TRUE(field.check());
+    EXPECT_EQ(field.Value(), 1);
+}
+
+TEST_F(FieldTest, BlanksAloneEmptyAFieldThatIsChecked)
+{
+    findByStatement();
+    field.type(u"  "_qs);
+    EXPECT_TRUE(field.check());
+    EXPECT_EQ(field.Text(), QString());
+    EXPECT_EQ(asked, QStringList());
+    field.set_judge_type(qzTxt_S::JudgeNothing);
+    field.type(u"  "_qs);
+    EXPECT_TRUE(field.check());
+    EXPECT_EQ(field.Text(), u"  "_qs) << "a free text is the person's own";
 }
 
 TEST_F(FieldTest, ChecksByTable)
@@ -74,24 +154,25 @@ TEST_F(FieldTest, ChecksByTable)
     };
     const Case cases[] = {
         {qzTxt_S::JudgeDate, u"2026/9/8"_qs, true, u"2026-9-8"_qs, u"2026-9-8"_qs},
-        {qzTxt_S::JudgeDate, u"2026-2-30"_qs, false, u"2026-2-30"_qs, u"99"_qs},
+        {qzTxt_S::JudgeDate, u"2026-2-30"_qs, false, u"2026-2-30"_qs, {}},
         {qzTxt_S::JudgeInlineList, u"本部"_qs, true, u"本部"_qs, u"1"_qs},
         {qzTxt_S::JudgeInlineList, u"2"_qs, true, u"全部"_qs, u"2"_qs},
-        {qzTxt_S::JudgeInlineList, u"别处"_qs, false, u"别处"_qs, u"99"_qs},
-        {qzTxt_S::JudgeNothing, u"随便"_qs, true, u"随便"_qs, u"99"_qs},
-        {qzTxt_S::JudgeStatement, u"无人答"_qs, false, u"无人答"_qs, u"99"_qs},
+        {qzTxt_S::JudgeInlineList, u"别处"_qs, false, u"别处"_qs, {}},
+        {qzTxt_S::JudgeNothing, u"随便"_qs, true, u"随便"_qs, {}},
+        {qzTxt_S::JudgeStatement, u"无人答"_qs, false, u"无人答"_qs, {}},
         {qzTxt_S::JudgeStatement, {}, true, {}, {}},
     };
     field.set_help_code(u"|本人;0|本部;1|全部;2"_qs);
     for (const Case &c : cases) {
         field.set_judge_type(c.type);
-        typeText(c.text);
+        load(u"旧"_qs, 99);
+        field.type(c.text);
         EXPECT_EQ(field.check(), c.passes) << c.text.toStdString();
         EXPECT_EQ(field.Text(), c.textAfter);
         EXPECT_EQ(field.Value().toString(), c.valueAfter) << c.text.toStdString();
     }
     field.set_judge_time(qzTxt_S::JudgeNever);
-    typeText(u"无人答"_qs);
+    field.type(u"别人"_qs);
     EXPECT_TRUE(field.check());
 }
 
@@ -114,7 +195,7 @@ TEST_F(FieldTest, HelpIsRaisedByKind)
         field.set_help_type(type);
         field.requestHelp(10, 20);
     }
-    typeText(u"天河区"_qs, 5);
+    load(u"天河区"_qs, 5);
     field.set_help_type(qzTxt_S::Custom);
     field.requestHelp(10, 20);
     EXPECT_EQ(field.Text(), u"海珠区"_qs);

@@ -1,14 +1,14 @@
 #include "screens/controls/field_view.h"
 
 #include "library/controls/field_control.h"
-#include "screens/controls/calendar_popup.h"
-#include "screens/controls/choice_popup.h"
 #include "screens/controls/control_binding.h"
 #include "screens/support/screen.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -133,8 +133,8 @@ TEST_F(FieldViewTest, EveryWayOutChecksTheText)
 
 TEST_F(FieldViewTest, EscapeBringsTheLastAcceptedTextBack)
 {
-    district.setValue(9);
     district.setText(QStringLiteral("越秀区"));
+    district.setValue(9); // behind the text, as an editor may load it
     QObject::connect(&district, &qzTxt_S::FieldChange, &window, [this] { district.setValue({}); }); // a rule
     field.selectAll();
     QTest::keyClicks(&field, QStringLiteral("x"));
@@ -174,6 +174,33 @@ TEST_F(FieldViewTest, ACommandThatReadsTheFieldsChecksTheFocusedOne)
     EXPECT_TRUE(FieldView::checkFocused());
 }
 
+TEST_F(FieldViewTest, TheBubbleFollowsItsField)
+{
+    QWidget outer;
+    outer.resize(800, 400);
+    window.setParent(&outer);
+    window.show();
+    showActive(outer);
+    field.setFocus();
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    QTest::keyClick(&field, Qt::Key_Tab);
+    const auto *label = outer.findChild<QLabel *>(QStringLiteral("FieldError"));
+    ASSERT_TRUE(label);
+    const QPoint distance = label->pos() - field.mapTo(&outer, QPoint());
+    const std::pair<const char *, std::function<void()>> moves[] = {
+        {"what it stands in", [&] { window.move(40, 38); }},
+        {"its row", [&] { window.layout()->setContentsMargins(30, 60, 30, 0); }},
+    };
+    for (const auto &[what, move] : moves) {
+        const QPoint place = label->pos();
+        move();
+        settle();
+        EXPECT_NE(label->pos(), place) << what;
+        EXPECT_EQ(label->pos() - field.mapTo(&outer, QPoint()), distance) << what;
+    }
+    window.setParent(nullptr);
+}
+
 TEST_F(FieldViewTest, TheMarkGoesWithTheField)
 {
     QTest::keyClicks(&field, QStringLiteral("x"));
@@ -191,6 +218,7 @@ TEST_F(FieldViewTest, KeysAndArrowAskForHelpAtTheFieldsCorner)
     const auto *arrow = field.findChild<QToolButton *>();
     ASSERT_TRUE(arrow);
     QTest::mouseClick(const_cast<QToolButton *>(arrow), Qt::LeftButton);
+    settle();
     EXPECT_EQ(helpAt, QList<QPoint>({corner, corner, corner}));
     EXPECT_EQ(field.text(), helpText);
     EXPECT_EQ(district.Value(), QVariant(2));
@@ -203,6 +231,24 @@ TEST_F(FieldViewTest, KeysAndArrowAskForHelpAtTheFieldsCorner)
     EXPECT_FALSE(field.isEnabled());
     EXPECT_FALSE(arrow->isVisible());
     EXPECT_EQ(helpAt.size(), 3);
+}
+
+TEST_F(FieldViewTest, TheContextMenuOffersTheChoiceWhereTheFieldSaysSo)
+{
+    for (const bool offered : {true, false}) {
+        district.set_help_menuflag(offered);
+        QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), field.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&field, &click);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        QAction *top = menu->actions().constFirst();
+        EXPECT_EQ(top->text().startsWith(QStringLiteral("选择(&L)…")), offered);
+        if (offered)
+            QTest::keyClick(menu, Qt::Key_L);
+        menu->close();
+        settle();
+    }
+    EXPECT_EQ(helpAt, QList<QPoint>({field.mapToGlobal(QPoint(0, field.height()))}));
 }
 
 TEST_F(FieldViewTest, ConfirmsByEnterAndByAChoiceButNotByAnEmptyOne)
@@ -227,33 +273,47 @@ TEST_F(FieldViewTest, ConfirmsByEnterAndByAChoiceButNotByAnEmptyOne)
     EXPECT_FALSE(district.Value().isValid());
 }
 
-TEST_F(FieldViewTest, CalendarAndShortListAreAnsweredHere)
+TEST_F(FieldViewTest, CalendarAndShortListAreTheHosts)
+{
+    QStringList keys;
+    first.set_help_flag(true);
+    first.set_help_code(QStringLiteral("|本人;0|本部;1"));
+    QObject::connect(&first, &qzTxt_S::FieldGenericHelp, [&](const QString &key) {
+        keys.append(key);
+        first.setValue(1);
+        first.setText(QStringLiteral("本部%1").arg(keys.size()));
+    });
+    const QSignalSpy confirmed(&before, &FieldView::confirmed);
+    before.setEnter(FieldView::Enter::Confirms);
+    for (const int type : {qzTxt_S::Calendar, qzTxt_S::InlineList}) {
+        first.set_help_type(type);
+        before.setFocus();
+        QTest::keyClick(&before, Qt::Key_F4);
+    }
+    EXPECT_EQ(keys, QStringList({QStringLiteral("date"), QStringLiteral("|本人;0|本部;1")}));
+    EXPECT_EQ(before.text(), QStringLiteral("本部2"));
+    EXPECT_EQ(confirmed.size(), 2);
+}
+
+TEST_F(FieldViewTest, TheArrowOfAnotherFieldLeavesThisOneLikeAClick)
 {
     first.set_help_flag(true);
-    first.set_help_type(qzTxt_S::Calendar);
-    first.setText(QStringLiteral("2026-12-31"));
-    before.setFocus();
-    QTest::keyClick(&before, Qt::Key_F4);
-    auto *calendar = before.findChild<CalendarPopup *>();
-    ASSERT_TRUE(calendar);
-    EXPECT_EQ(calendar->selectedDate(), QDate(2026, 12, 31));
-    calendar->setSelectedDate(QDate(2027, 1, 5));
-    Q_EMIT calendar->activated(QDate(2027, 1, 5));
-    EXPECT_EQ(first.Text(), QStringLiteral("2027-1-5"));
+    first.set_help_type(qzTxt_S::Custom);
+    int asked = 0;
+    QObject::connect(&first, &qzTxt_S::FieldHelp, [&] { ++asked; });
+    auto *arrow = before.findChild<QToolButton *>();
+    ASSERT_TRUE(arrow);
+    QTest::keyClicks(&field, QStringLiteral("x"));
+    QTest::mouseClick(arrow, Qt::LeftButton);
     settle();
-
-    last.set_help_flag(true);
-    last.set_help_type(qzTxt_S::InlineList);
-    last.set_help_code(QStringLiteral("|本人;0|本部;1|全部;2"));
-    after.setFocus();
-    QTest::keyClick(&after, Qt::Key_Down, Qt::AltModifier);
-    auto *choices = after.findChild<ChoicePopup *>();
-    ASSERT_TRUE(choices);
-    ASSERT_EQ(choices->count(), 3);
-    QTest::keyClick(choices, Qt::Key_End);
-    QTest::keyClick(choices, Qt::Key_Return);
-    EXPECT_EQ(last.Text(), QStringLiteral("全部"));
-    EXPECT_EQ(last.Value().toString(), QStringLiteral("2"));
+    EXPECT_EQ(asked, 0);
+    EXPECT_TRUE(isRefused());
+    EXPECT_EQ(focusName(), QStringLiteral("qzTxt_0"));
+    QTest::keyClick(&field, Qt::Key_Escape);
+    QTest::mouseClick(arrow, Qt::LeftButton);
+    settle();
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(focusName(), QStringLiteral("qzTxt_3"));
 }
 
 TEST_F(FieldViewTest, FollowsTheControlsLook)
