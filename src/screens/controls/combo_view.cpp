@@ -3,7 +3,9 @@
 #include "library/controls/combo_box.h"
 #include "screens/controls/control_binding.h"
 
+#include <QFocusEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
@@ -17,12 +19,52 @@ ComboView::ComboView(XPCombo &combo, QWidget *parent)
     setInsertPolicy(QComboBox::NoInsert);
     setCompleter(nullptr);
     bindControl(combo, *this);
-    showText();
-    connect(&combo, &XPCombo::Change, this, &ComboView::showText);
+    follow();
+    connect(&combo, &XPCombo::Change, this, &ComboView::follow);
     connect(&combo, &Control::stateChanged, this, &ComboView::showText);
-    connect(this, &QComboBox::editTextChanged, this, [this](const QString &text) { m_combo.setText(text); });
-    connect(this, &QComboBox::activated, this, &ComboView::confirmed);
-    connect(lineEdit(), &QLineEdit::returnPressed, this, &ComboView::confirmed);
+    connect(this, &QComboBox::editTextChanged, this, &ComboView::take);
+    connect(this, &QComboBox::activated, this, [this] {
+        if (!m_isStepping)
+            confirm();
+    });
+    connect(lineEdit(), &QLineEdit::returnPressed, this, &ComboView::confirm);
+}
+
+void ComboView::take(const QString &text)
+{
+    const QScopedValueRollback taking(m_isTaking, true);
+    m_combo.setText(text);
+}
+
+/// A text that code puts in is confirmed as it stands.
+void ComboView::follow()
+{
+    if (!m_isTaking)
+        m_confirmedText = m_combo.Text();
+    showText();
+}
+
+void ComboView::confirm()
+{
+    m_confirmedText = m_combo.Text();
+    Q_EMIT confirmed();
+}
+
+void ComboView::keyPressEvent(QKeyEvent *event)
+{
+    const QScopedValueRollback stepping(m_isStepping, true);
+    QComboBox::keyPressEvent(event);
+}
+
+/// The open list, a menu or another window takes the keyboard for a while only.
+void ComboView::focusOutEvent(QFocusEvent *event)
+{
+    QComboBox::focusOutEvent(event);
+    const bool comesBack = event->reason() == Qt::PopupFocusReason ||
+                           event->reason() == Qt::ActiveWindowFocusReason ||
+                           event->reason() == Qt::MenuBarFocusReason;
+    if (!comesBack && m_combo.Text() != m_confirmedText)
+        confirm();
 }
 
 /// Keeps the current entry with the text: a combo box that finds them different when it loses the focus would

@@ -16,17 +16,26 @@ public:
     ComboView(XPCombo &combo, QWidget *parent);
 
 Q_SIGNALS:
-    /// The user picked an entry, or pressed Enter on a typed text.
+    /// The user picked an entry from the open list, pressed Enter, or left with another text than the last
+    /// confirmed one. Going through the entries with the arrow keys confirms nothing yet.
     void confirmed();
 
 protected:
     /// The wheel scrolls what lies around; it never changes a text under the pointer.
     void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
+    void follow();
     void showText();
+    void take(const QString &text);
+    void confirm();
 
     XPCombo &m_combo;
+    QString m_confirmedText;
+    bool m_isTaking = false;
+    bool m_isStepping = false;
 };
 
 } // namespace ebtq

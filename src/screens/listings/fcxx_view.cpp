@@ -11,6 +11,7 @@
 #include "screens/controls/tool_bar_view.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -184,6 +185,23 @@ void FcxxView::followOutcome()
     connect(&m_module, &Fcxx::RefreshGetGridStatus, this,
             [this] { m_grid->setEmptyHint(QStringLiteral("没有符合条件的房源")); });
     connect(&m_module, &Fcxx::ErrMessage, this, [this] { m_grid->setEmptyHint(QString()); });
+}
+
+/// F5 is the program's key for whatever page is open; while the keyboard is in this one it is the tool bar's
+/// command, which checks the field that is being filled in.
+bool FcxxView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent *>(event)->key() == Qt::Key_F5)
+        event->accept();
+    return QWidget::event(event);
+}
+
+void FcxxView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F5)
+        refresh();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void FcxxView::refresh()

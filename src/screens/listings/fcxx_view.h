@@ -21,6 +21,10 @@ class FcxxView : public QWidget
 public:
     FcxxView(Fcxx &module, QWidget *parent);
 
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void addToolBar();
     void addFilterRow();

@@ -9,6 +9,7 @@
 #include "screens/controls/tool_bar_view.h"
 #include "screens/support/screen.h"
 
+#include <QAbstractItemView>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -80,19 +81,30 @@ TEST_F(ComboViewTest, StartsEmptyAndTakesAnyTextLetterByLetter)
     EXPECT_EQ(combo.Text(), QStringLiteral("a 十天")) << "the cursor stays where it was";
 }
 
-TEST_F(ComboViewTest, AChoiceConfirmsOnceAndLeavingConfirmsNothing)
+TEST_F(ComboViewTest, ConfirmsOnEnterOnAChoiceAndOnLeavingWithAnotherText)
 {
     QTest::keyClick(&view, Qt::Key_Down);
-    EXPECT_EQ(combo.Text(), QStringLiteral("三天内"));
-    EXPECT_EQ(confirmed.size(), 1);
-    view.lineEdit()->selectAll();
-    typeText(view, QStringLiteral("全部"));
-    other.setFocus();
-    EXPECT_EQ(confirmed.size(), 1);
-    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Down);
+    EXPECT_EQ(combo.Text(), QStringLiteral("十天内"));
+    EXPECT_EQ(confirmed.size(), 0) << "going through the entries decides nothing";
     QTest::keyClick(&view, Qt::Key_Return);
-    EXPECT_EQ(confirmed.size(), 2);
+    EXPECT_EQ(confirmed.size(), 1);
+    other.setFocus();
+    EXPECT_EQ(confirmed.size(), 1) << "it is confirmed already";
+    view.setFocus();
+    view.showPopup();
+    QTest::keyClick(view.view(), Qt::Key_Down);
+    QTest::keyClick(view.view(), Qt::Key_Return);
     EXPECT_EQ(combo.Text(), QStringLiteral("全部"));
+    EXPECT_EQ(confirmed.size(), 2);
+    view.lineEdit()->selectAll();
+    typeText(view, QStringLiteral("三天内"));
+    other.setFocus();
+    EXPECT_EQ(confirmed.size(), 3);
+    combo.setText(QStringLiteral("十天内")); // as the layout is restored
+    view.setFocus();
+    other.setFocus();
+    EXPECT_EQ(confirmed.size(), 3);
 }
 
 TEST_F(ComboViewTest, FollowsTheRulesWithoutAnswering)

@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
@@ -187,6 +188,8 @@ TEST_F(FcxxViewTest, ADateWindowLoadsWhenItIsChosen)
     auto &window = child<QComboBox>(QStringLiteral("XPCmb"));
     window.setFocus();
     QTest::keyClick(&window, Qt::Key_Down);
+    EXPECT_EQ(message, QString()) << "not at every step";
+    QTest::keyClick(&window, Qt::Key_Return);
     EXPECT_EQ(module.XPCmb().Text(), QStringLiteral("三天内"));
     EXPECT_EQ(message, loaded(shown(1).size()));
     EXPECT_LT(shown(1).size(), listings);
@@ -204,6 +207,44 @@ TEST_F(FcxxViewTest, AWrongTextHoldsRefreshBackButNotTheWayOut)
     EXPECT_EQ(field(4).text(), QString());
     EXPECT_EQ(message, loaded(listings));
     EXPECT_FALSE(view->window()->findChild<QLabel *>(QStringLiteral("FieldError")));
+}
+
+TEST_F(FcxxViewTest, F5LoadsByWhatIsTypedAndNotByTheValueBefore)
+{
+    int programsKey = 0;
+    QObject::connect(new QShortcut(Qt::Key_F5, view.get()), &QShortcut::activated, [&] { ++programsKey; });
+    const QStringList all = shown(17);
+    const QString department = all.constFirst();
+    const auto isOther = [&](const QString &text) { return !text.isEmpty() && text != department; };
+    const QString other = *std::find_if(all.begin(), all.end(), isOther);
+    for (const QString &wanted : {department, other}) {
+        field(4).setFocus();
+        field(4).selectAll();
+        typeText(field(4), wanted);
+        QTest::keyClick(&field(4), Qt::Key_F5);
+        const QStringList departments = shown(17);
+        ASSERT_FALSE(departments.isEmpty());
+        EXPECT_EQ(departments.count(wanted), departments.size()) << wanted.toStdString();
+    }
+    message.clear();
+    typeText(field(4), QStringLiteral("x"));
+    QTest::keyClick(&field(4), Qt::Key_F5);
+    EXPECT_EQ(message, QString()) << "a refused text is loaded by nothing";
+    EXPECT_EQ(programsKey, 0);
+}
+
+TEST_F(FcxxViewTest, AFieldThatACommandEmptiedTakesTheSameTextAgain)
+{
+    const QString department = shown(17).constFirst();
+    qsizetype found = 0;
+    for (int time = 0; time < 2; ++time) {
+        typeInto(4, department);
+        QTest::keyClick(&field(4), Qt::Key_Return);
+        EXPECT_GT(shown(17).size(), 0);
+        EXPECT_TRUE(time == 0 || shown(17).size() == found);
+        found = shown(17).size();
+        click(button(QStringLiteral("all")));
+    }
 }
 
 TEST_F(FcxxViewTest, SearchMovesAndFiltersWithinTheLoadedRows)
