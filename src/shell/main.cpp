@@ -2,10 +2,18 @@
 #include "shell/options.h"
 #include "shell/program.h"
 
+#include <exception>
+#include <iostream>
+
 int main(int argc, char **argv)
 {
     ebtq::shell::GuardedApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ebtq"));
     QCoreApplication::setApplicationVersion(QStringLiteral(EBTQ_VERSION));
-    return ebtq::shell::runProgram(application, ebtq::shell::readOptions(application));
+    try {
+        return ebtq::shell::runProgram(application, ebtq::shell::readOptions(application.arguments()));
+    } catch (const std::exception &failure) {
+        std::cerr << failure.what() << '\n';
+        return 1;
+    }
 }

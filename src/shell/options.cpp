@@ -1,7 +1,8 @@
 #include "shell/options.h"
 
+#include "library/frame/host_contracts.h"
+
 #include <QCommandLineParser>
-#include <QCoreApplication>
 
 namespace ebtq::shell {
 
@@ -23,17 +24,38 @@ constexpr OptionText optionTexts[] = {
     {"dark", u"深色界面。", u""},
 };
 
+/// Of the known options only the last one can lack its value; what is left is a value for a switch.
+QString mistakeIn(const QCommandLineParser &parser, const QStringList &arguments)
+{
+    if (const QStringList unknown = parser.unknownOptionNames(); !unknown.isEmpty())
+        return QStringLiteral("没有选项“%1”。").arg(unknown.join(QStringLiteral("”、“")));
+    for (const OptionText &each : optionTexts)
+        if (each.target && arguments.constLast() == QStringLiteral("--") + QLatin1String(each.name))
+            return QStringLiteral("选项 %1 后缺少%2。").arg(arguments.constLast(), each.value);
+    return QStringLiteral("不带值的选项后多了值。");
+}
+
 } // namespace
 
-Options readOptions(const QCoreApplication &application)
+Options readOptions(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("房源管理"));
-    parser.addHelpOption();
-    parser.addVersionOption();
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("显示此说明后退出。"));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("显示版本后退出。"));
+    parser.addOptions({help, version});
     for (const OptionText &each : optionTexts)
         parser.addOption({QLatin1String(each.name), each.text.toString(), each.value.toString()});
-    parser.process(application);
+    if (!parser.parse(arguments))
+        throw Failure(mistakeIn(parser, arguments) + QStringLiteral("\n用 --help 查看各选项。"));
+    if (!parser.positionalArguments().isEmpty())
+        throw Failure(QStringLiteral("多余的参数：%1").arg(parser.positionalArguments().constFirst()));
+    if (parser.isSet(help))
+        parser.showHelp();
+    if (parser.isSet(version))
+        parser.showVersion();
     Options options;
     for (const OptionText &each : optionTexts)
         if (each.target)

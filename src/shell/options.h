@@ -1,8 +1,7 @@
 #pragma once
 
 #include <QString>
-
-class QCoreApplication;
+#include <QStringList>
 
 namespace ebtq::shell {
 
@@ -16,7 +15,8 @@ struct Options
     bool dark = false;
 };
 
-/// Reads the command line; ends the program after --help, --version and an unknown option.
-[[nodiscard]] Options readOptions(const QCoreApplication &application);
+/// Reads the command line, the program's name first; ends the program after --help and --version. Throws
+/// Failure for what it does not know.
+[[nodiscard]] Options readOptions(const QStringList &arguments);
 
 } // namespace ebtq::shell
