@@ -56,14 +56,20 @@ protected:
     /// either way.
     template<class Body> bool trapped(QStringView tag, Body body)
     {
-        bool result = false;
+        const bool result = trappedWithoutDatabase(tag, body);
+        releaseDatabase();
+        return result;
+    }
+    /// The same for what works on loaded rows alone. It may come from a timer in the middle of a save, whose
+    /// transaction Release would roll back.
+    template<class Body> bool trappedWithoutDatabase(QStringView tag, Body body)
+    {
         try {
-            result = body();
+            return body();
         } catch (const std::exception &failure) {
             reportTrapped(tag, failure);
         }
-        releaseDatabase();
-        return result;
+        return false;
     }
 
 private:

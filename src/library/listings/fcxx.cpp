@@ -65,6 +65,13 @@ Fcxx::~Fcxx()
         Fcxx::IReportUI_Clear();
 }
 
+CheckBox &Fcxx::Chk(int number)
+{
+    if (number != 0 && number != 1)
+        throw Failure(QStringLiteral("没有编号为%1的选择框！").arg(number));
+    return number == 0 ? m_forSale : m_forRent;
+}
+
 void Fcxx::makeControls()
 {
     for (const ListingField &field : listingFields())
@@ -308,7 +315,7 @@ bool Fcxx::search(const QString &text)
 
 void Fcxx::searchAgain(const QString &text)
 {
-    trapped(u"-->SearchBox1_Search::", [&] {
+    trappedWithoutDatabase(u"-->SearchBox1_Search::", [&] {
         if (!search(text))
             Q_EMIT Message(QStringLiteral("没有找到：") + text);
         return true;

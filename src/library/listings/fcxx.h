@@ -31,7 +31,7 @@ public:
     /// Numbers 0 城区, 1 房型, 3 状态, 4 部门, 5 经纪人 and 7 楼盘.
     [[nodiscard]] qzTxt_S &qzTxt(int number);
     /// Numbers 0 出售 and 1 出租.
-    [[nodiscard]] CheckBox &Chk(int number) { return number == 0 ? m_forSale : m_forRent; }
+    [[nodiscard]] CheckBox &Chk(int number);
     [[nodiscard]] XPCombo &XPCmb() { return m_window; }
     [[nodiscard]] SearchBox &SearchBox1() { return m_searchBox; }
     [[nodiscard]] Label &lblSearch() { return m_searchLabel; }

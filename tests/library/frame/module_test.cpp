@@ -28,6 +28,7 @@ public:
     using Module::app;
     using Module::setApp;
     using Module::trapped;
+    using Module::trappedWithoutDatabase;
     QStringList errors;
 
 protected:
@@ -57,6 +58,16 @@ TEST_F(ModuleTest, TrapReportsWhateverIsThrownAndAlwaysReleases)
     EXPECT_EQ(module.errors[0], u"Small-->Bad::表 fyxx 不存在|8|EBTQ_S"_qs);
     EXPECT_TRUE(module.errors[1].startsWith(u"Small-->Full::")) << module.errors[1].toStdString();
     EXPECT_EQ(host.releases(), 4);
+}
+
+TEST_F(ModuleTest, WorkOnLoadedRowsIsTrappedAndReleasesNothing)
+{
+    module.setApp(&host);
+    EXPECT_TRUE(module.trappedWithoutDatabase(u"-->Good::", [] { return true; }));
+    EXPECT_FALSE(
+        module.trappedWithoutDatabase(u"-->Bad::", []() -> bool { throw Failure(u"第 3 行不存在"_qs); }));
+    EXPECT_EQ(module.errors, QStringList(u"Small-->Bad::第 3 行不存在|8|EBTQ_S"_qs));
+    EXPECT_EQ(host.releases(), 0);
 }
 
 TEST_F(ModuleTest, CallBeforeInitEndsInAMessage)

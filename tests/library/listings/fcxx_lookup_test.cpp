@@ -65,6 +65,8 @@ TEST_F(FcxxLookupTest, FieldsAreSetUpForTheirLookUp)
         EXPECT_EQ(field.judge_base(), c.statement) << c.number;
     }
     EXPECT_THROW((void)list.qzTxt(2), Failure);
+    EXPECT_EQ(list.Chk(1).Caption(), u"出租"_qs);
+    EXPECT_THROW((void)list.Chk(2), Failure);
 }
 
 TEST_F(FcxxLookupTest, PickersAreAskedWithTheirParameters)
@@ -96,13 +98,13 @@ TEST_F(FcxxLookupTest, PickersAreAskedWithTheirParameters)
         callsOf([&] { field.requestHelp(30, 40); });
         EXPECT_EQ(field.Text(), u"新"_qs);
         EXPECT_EQ(field.Value(), 17);
-        list.qzTxt(0).setText(c.number == 0 ? u"旧"_qs : c.district);
-        field.setText(u"旧"_qs);
+        list.qzTxt(0).setText(c.number == 0 ? QString() : c.district);
+        field.type(u"旧"_qs);
         EXPECT_EQ(callsOf([&] { EXPECT_TRUE(field.check()); }),
                   QStringList(u"validate %1 '旧'"_qs.arg(c.picker) + c.parameters));
         EXPECT_EQ(field.Text(), u"新"_qs);
         picker.ready = false;
-        field.setText(u"别的"_qs);
+        field.type(u"别的"_qs);
         EXPECT_EQ(callsOf([&] {
                       field.requestHelp(1, 1);
                       EXPECT_FALSE(field.check());
@@ -121,14 +123,14 @@ TEST_F(FcxxLookupTest, ListsAreTheHosts)
     EXPECT_EQ(callsOf([&] { field.requestHelp(5, 6); }), QStringList(u"help gy_sjzd_zt 3 5 6 -1"_qs));
     EXPECT_EQ(field.Text(), u"有效"_qs);
     EXPECT_EQ(field.Value(), u"01"_qs);
-    field.setText(u"1"_qs);
+    field.type(u"1"_qs);
     EXPECT_EQ(
         callsOf([&] { EXPECT_TRUE(field.check()); }),
         QStringList(
             u"judge select 代码,名称 from pdmsjzd where 类型='交易状态' and (代码='@' or 名称='@')|代码|名称|1"_qs));
     EXPECT_EQ(field.Text(), u"有效"_qs);
     host.judgedValue = {};
-    field.setText(u"乱"_qs);
+    field.type(u"乱"_qs);
     EXPECT_FALSE(field.check());
     EXPECT_EQ(refused, u"状态输入有误，请重新输入！"_qs);
     EXPECT_EQ(field.Text(), u"乱"_qs);
@@ -139,7 +141,7 @@ TEST_F(FcxxLookupTest, LookUpsReleaseTheDatabaseAndTrapFailures)
     host.forget();
     list.qzTxt(0).requestHelp(0, 0);
     list.qzTxt(3).requestHelp(0, 0);
-    list.qzTxt(3).setText(u"x"_qs);
+    list.qzTxt(3).type(u"x"_qs);
     EXPECT_FALSE(list.qzTxt(3).check());
     EXPECT_EQ(host.releases(), 3);
     list.IReportUI_Clear();
