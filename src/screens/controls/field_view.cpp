@@ -60,9 +60,9 @@ FieldView::~FieldView()
 void FieldView::follow()
 {
     m_help->setVisible(m_field.help_flag() && m_field.Enabled());
-    m_help->setIcon(look::icon(m_field.help_type() == qzTxt_S::Calendar ? QStringLiteral("view-calendar-day")
-                                                                        : QStringLiteral("go-down"),
-                               &look::Tokens::muted));
+    m_help->setIcon(m_field.help_type() == qzTxt_S::Calendar
+                        ? look::icon(QStringLiteral("view-calendar-day"), &look::Tokens::muted)
+                        : QIcon(QStringLiteral(":/ebtq/images/chevron-down.svg"))); // the combo boxes' arrow
     setAlignment(alignmentOf(m_field.Alignment()));
 }
 

@@ -16,6 +16,14 @@ namespace {
 
 constexpr int separatorHeight = 22;
 
+/// "刷新" reached by Alt+U is "刷新(U)", the letter underlined.
+QString withMnemonic(const QString &caption, const QKeySequence &keys)
+{
+    const QString text = keys.toString(QKeySequence::PortableText);
+    const bool isAltLetter = text.size() == 5 && text.startsWith(QStringLiteral("Alt+"));
+    return isAltLetter ? QStringLiteral("%1(&%2)").arg(caption, text.back()) : caption;
+}
+
 } // namespace
 
 ToolBarView::ToolBarView(NavToolbar &toolBar, QWidget *parent)
@@ -61,7 +69,7 @@ void ToolBarView::follow()
             continue;
         const NavToolbar::Item &item = m_toolBar.items()[at];
         const QKeySequence keys = m_shortcuts.value(item.key);
-        button->setText(item.caption);
+        button->setText(withMnemonic(item.caption, keys));
         button->setIcon(item.icon.isEmpty() ? QIcon() : look::icon(item.icon));
         button->setEnabled(item.enabled);
         button->setVisible(item.visible);

@@ -87,7 +87,7 @@ QLineEdit[state="error"], QComboBox[state="error"] { border-color: @danger; }
 QComboBox QLineEdit { border: none; background: transparent; padding: 0; min-height: 0; }
 QComboBox::drop-down { border: none; width: 22px; subcontrol-origin: padding;
     subcontrol-position: center right; }
-QComboBox::down-arrow { image: url(:/ebtq/images/chevron-down.svg); width: 12px; height: 12px; }
+QComboBox::down-arrow { image: url(:/ebtq/images/chevron-down.svg); width: 16px; height: 16px; }
 QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @line; outline: none;
     selection-background-color: @brandSoft; selection-color: @ink; }
 

@@ -190,6 +190,8 @@ TEST_F(ToolBarViewTest, PressesByMouseAndShortcutWithinGuardAndRights)
 {
     view.setShortcuts({{QStringLiteral("all"), QKeySequence(Qt::ALT | Qt::Key_A)}});
     EXPECT_EQ(button(QStringLiteral("all"))->toolTip(), QStringLiteral("all (Alt+A)"));
+    EXPECT_EQ(button(QStringLiteral("all"))->text(), QStringLiteral("all(&A)"));
+    EXPECT_EQ(button(QStringLiteral("refresh"))->text(), QStringLiteral("refresh"));
     QTest::mouseClick(button(QStringLiteral("all")), Qt::LeftButton);
     QTest::keyClick(&view, Qt::Key_A, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pressed.size() == 2; }))
