@@ -5,12 +5,12 @@
 
 namespace ebtq {
 
-CheckBoxView::CheckBoxView(CheckBox &box, QWidget *parent)
+CheckBoxView::CheckBoxView(CheckBox &box, QWidget *parent, QChar mnemonic)
     : QCheckBox(parent)
 {
     bindControl(box, *this);
-    const auto follow = [this, &box] {
-        setText(box.Caption());
+    const auto follow = [this, &box, mnemonic] {
+        setText(mnemonic.isNull() ? box.Caption() : QStringLiteral("%1(&%2)").arg(box.Caption(), mnemonic));
         setChecked(box.Value() != 0);
     };
     connect(&box, &CheckBox::Click, this, follow);

@@ -12,7 +12,8 @@ class CheckBoxView : public QCheckBox
     Q_OBJECT
 
 public:
-    CheckBoxView(CheckBox &box, QWidget *parent);
+    /// A given caption holds no mnemonic; the one given here is shown behind it.
+    CheckBoxView(CheckBox &box, QWidget *parent, QChar mnemonic = {});
 };
 
 } // namespace ebtq

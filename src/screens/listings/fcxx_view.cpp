@@ -140,9 +140,9 @@ void FcxxView::addWindow(FlowLayout &row, QWidget *parent)
 
 void FcxxView::addKinds(FlowLayout &row, QWidget *parent)
 {
-    for (const int number : {0, 1}) {
+    for (const auto &[number, letter] : {std::pair(0, u'S'), std::pair(1, u'Z')}) {
         CheckBox &box = m_module.Chk(number);
-        auto *view = new CheckBoxView(box, parent);
+        auto *view = new CheckBoxView(box, parent, letter);
         connect(view, &QCheckBox::clicked, this, &FcxxView::refresh);
         connect(&box, &CheckBox::Click, this, &FcxxView::followKind);
         row.addWidget(view);
@@ -157,7 +157,7 @@ void FcxxView::addSearch(FlowLayout &row, QWidget *parent)
     view->setMaximumWidth(widthOf(*view, searchCharactersAtMost));
     view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     row.addLayout(captioned(makeCaption(m_module.lblSearch(), *view, parent), view));
-    row.addWidget(new CheckBoxView(m_module.ChkFind(), parent));
+    row.addWidget(new CheckBoxView(m_module.ChkFind(), parent, u'I'));
 }
 
 void FcxxView::addGrid()

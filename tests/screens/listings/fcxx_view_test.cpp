@@ -327,6 +327,16 @@ TEST_F(FcxxViewTest, TabGoesThroughTheFiltersInReadingOrder)
     EXPECT_EQ(walked, order);
 }
 
+TEST_F(FcxxViewTest, LettersTickTheBoxes)
+{
+    const std::pair<Qt::Key, CheckBox *> letters[] = {
+        {Qt::Key_S, &module.Chk(0)}, {Qt::Key_Z, &module.Chk(1)}, {Qt::Key_I, &module.ChkFind()}};
+    for (const auto &[letter, box] : letters) {
+        QTest::keyClick(view.get(), letter, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return box->Value() == 1; })) << box->Caption().toStdString();
+    }
+}
+
 TEST_F(FcxxViewTest, HiddenCommandsHaveNoButtonOnTheScreen)
 {
     for (const NavToolbar::Item &item : module.NavToolbar1().items()) {
