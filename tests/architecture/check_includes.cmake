@@ -10,7 +10,7 @@ set(rules
     "src/host|host/,library/frame/,database/"
     "src/screens|screens/,library/,database/values/"
     "src/component|component/,screens/,library/"
-    "src/shell/admin|shell/admin/,host/,database/"
+    "src/shell/admin|shell/admin/,host/,library/frame/,database/"
     "src/shell|shell/,component/component_library.h,screens/look/,host/,library/frame/,database/")
 set(widget_headers "^(QWidget|QApplication|QMainWindow|QDialog|QLabel|QLineEdit|QTable|QTree|QList(View|Widget)|QPainter|QIcon|QPixmap|QMessageBox|QPushButton|QComboBox|QMenu|QtWidgets|QtGui|QFileDialog|QColor|QBrush|QFont)")
 set(engine_headers "^(sqlite3|libpq)")
