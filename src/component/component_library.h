@@ -9,9 +9,9 @@ class QWidget;
 
 namespace ebtq {
 
-/// What the component library gives to a host that loaded it by name: DllGetClassObject puts a pointer to this
-/// under the name "EBTQ_S". A class is made by its full name, such as "EBTQ_S.Fcxx"; qobject_cast then asks it for
-/// a contract.
+/// What the component library gives to a host that loaded it by name: DllGetClassObject puts a pointer to
+/// this under the name "EBTQ_S". A class is made by its full name, such as "EBTQ_S.Fcxx"; qobject_cast then
+/// asks it for a contract.
 class ComponentLibrary
 {
 public:
@@ -19,8 +19,8 @@ public:
     [[nodiscard]] virtual QStringList classNames() const = 0;
     /// A new module with the Qt desktop behind it; nullptr for an unknown name.
     [[nodiscard]] virtual std::unique_ptr<QObject> create(const QString &className) = 0;
-    /// The screen of a module made here, a child of `parent`; to be destroyed before its module. nullptr for an
-    /// object that has none.
+    /// The screen of a module made here, a child of `parent`; to be destroyed before its module. nullptr for
+    /// an object that has none.
     [[nodiscard]] virtual QWidget *createView(QObject &module, QWidget *parent) = 0;
 };
 

@@ -43,12 +43,12 @@ public:
     [[nodiscard]] virtual RowBlock query(const SqlText &statement) = 0;
     /// Runs an insert, update or delete; the number of rows changed. A select runs too and gives 0.
     virtual qint64 execute(const SqlText &statement) = 0;
-    /// Puts all rows of a block into a table, by the names of its columns, in one transaction (or the open one):
-    /// for bulk work such as sample data and copies. Numbers and dates are read from the cells' texts.
+    /// Puts all rows of a block into a table, by the names of its columns, in one transaction (or the open
+    /// one): for bulk work such as sample data and copies. Numbers and dates are read from the cells' texts.
     virtual void insertRows(const QString &table, const RowBlock &rows) = 0;
 
-    /// Statements of the engine's own language, parted by semicolons, and the rows of one: for the installer and
-    /// its checks only.
+    /// Statements of the engine's own language, parted by semicolons, and the rows of one: for the installer
+    /// and its checks only.
     virtual void executeNative(const QByteArray &script) = 0;
     [[nodiscard]] virtual RowBlock queryNative(const QByteArray &statement) = 0;
 

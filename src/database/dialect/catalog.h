@@ -9,8 +9,8 @@
 
 namespace ebtq::db {
 
-/// Tables and columns of the connected database with their types, read once. Names compare without regard to case
-/// and are given back in the database's own spelling.
+/// Tables and columns of the connected database with their types, read once. Names compare without regard to
+/// case and are given back in the database's own spelling.
 class Catalog
 {
 public:

@@ -19,8 +19,7 @@ public:
     DialectError(qsizetype position, const QString &message)
         : std::runtime_error(message.toStdString())
         , m_position(position)
-    {
-    }
+    {}
     [[nodiscard]] qsizetype position() const { return m_position; }
     [[nodiscard]] QString message() const { return QString::fromUtf8(what()); }
 
@@ -38,8 +37,8 @@ struct Translation
     std::vector<Column> columns; ///< of the result, in order; empty but for a select
 };
 
-/// Reads one statement of the dialect and writes it for an engine. Throws DialectError for what the dialect does
-/// not have, for an unknown table or column, and for a typed span that does not lie inside one literal.
+/// Reads one statement of the dialect and writes it for an engine. Throws DialectError for what the dialect
+/// does not have, for an unknown table or column, and for a typed span that does not lie inside one literal.
 [[nodiscard]] Translation translate(const SqlText &statement, const Dialect &dialect, const Catalog &catalog);
 
 } // namespace ebtq::db

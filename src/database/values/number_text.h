@@ -9,8 +9,8 @@ namespace ebtq {
 
 /// The leading number of a text: blanks, tabs and line ends are skipped wherever they stand, a sign, digits,
 /// one decimal point and an exponent (E or D) are read, "&H" and "&O" open a hexadecimal or octal integer;
-/// reading stops at the first other character. 0 when there is no number. Never fails: what is too large gives
-/// the largest number, so that no typed text breaks a statement that reads it.
+/// reading stops at the first other character. 0 when there is no number. Never fails: what is too large
+/// gives the largest number, so that no typed text breaks a statement that reads it.
 [[nodiscard]] double leadingNumber(std::string_view text);
 [[nodiscard]] double leadingNumber(QStringView text);
 

@@ -133,7 +133,10 @@ bool qzTxt_S::check()
         Q_EMIT checkFailed(m_error_message);
         return false;
     }
-    accept(text, value);
+    // Typing empties the value, so one that is there was chosen. Two employees may have one name: the chosen
+    // one is meant, not the first of that name.
+    const bool isChosen = !m_value.toString().isEmpty() && text == m_text;
+    accept(text, isChosen ? QVariant(m_value) : value);
     return true;
 }
 

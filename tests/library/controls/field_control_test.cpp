@@ -229,6 +229,28 @@ TEST_F(FieldTest, APickedTextIsStillChecked)
     EXPECT_EQ(checks, 1);
 }
 
+TEST_F(FieldTest, TheChosenOneOfTwoNamesakesIsMeant)
+{
+    field.set_help_type(qzTxt_S::Custom);
+    field.set_judge_type(qzTxt_S::JudgeStatement);
+    QObject::connect(&field, &qzTxt_S::FieldHelp, [](int, int, QString &text, QVariant &value) {
+        text = u"张敏"_qs;
+        value = 7;
+    });
+    QObject::connect(&field, &qzTxt_S::FieldCheck,
+                     [](const QString &, const QString &, const QString &, QVariant &value, QString &text) {
+                         value = 3; // the first of that name
+                         text = u"张敏"_qs;
+                     });
+    field.requestHelp(0, 0);
+    EXPECT_TRUE(field.check());
+    EXPECT_EQ(field.Value(), QVariant(7));
+    field.type(u"张"_qs);
+    field.type(u"张敏"_qs);
+    EXPECT_TRUE(field.check());
+    EXPECT_EQ(field.Value(), QVariant(3)) << "a typed name is the first of that name";
+}
+
 TEST(InlineListTest, ReadsWhatScreensWrite)
 {
     const InlineList list(u"|有效;0|失效;1||无值"_qs);
