@@ -1,11 +1,15 @@
+#include "library/controls/button.h"
 #include "library/controls/check_box.h"
 #include "library/controls/combo_box.h"
 #include "library/controls/nav_toolbar.h"
 #include "library/controls/search_box.h"
+#include "library/controls/text_box.h"
+#include "screens/controls/button_view.h"
 #include "screens/controls/check_box_view.h"
 #include "screens/controls/combo_view.h"
 #include "screens/controls/flow_layout.h"
 #include "screens/controls/search_box_view.h"
+#include "screens/controls/text_box_view.h"
 #include "screens/controls/tool_bar_view.h"
 #include "screens/support/screen.h"
 
@@ -37,6 +41,45 @@ TEST(CheckBoxView, GoesBothWaysAndTellsTheUsersTicks)
     EXPECT_EQ(clicks.size(), 0);
     QTest::keyClick(&view, Qt::Key_Space);
     EXPECT_EQ(box.Value(), 0);
+    EXPECT_EQ(clicks.size(), 1);
+}
+
+TEST(TextAreaView, LeavesAStoredTextAloneUntilItIsEdited)
+{
+    TextBox box(QStringLiteral("Txt"), 1, TextBox::Lines::Many);
+    box.setText(QStringLiteral("下午\r\n联系"));
+    TextAreaView view(box, nullptr);
+    box.setText(QStringLiteral("先电话\r\n后上门"));
+    EXPECT_EQ(view.toPlainText(), QStringLiteral("先电话\n后上门"));
+    EXPECT_EQ(box.Text(), QStringLiteral("先电话\r\n后上门"));
+    view.moveCursor(QTextCursor::End);
+    QTest::keyClicks(&view, QStringLiteral("!"));
+    EXPECT_EQ(box.Text(), QStringLiteral("先电话\n后上门!"));
+}
+
+TEST(TextBoxView, GoesBothWaysAndPassesEnterOn)
+{
+    TextBox box(QStringLiteral("Txt"), 0);
+    TextBoxView view(box, nullptr);
+    const QSignalSpy returns(&box, &TextBox::ReturnPressed);
+    box.setText(QStringLiteral("A'"));
+    EXPECT_EQ(view.text(), box.Text());
+    QTest::keyClicks(&view, QStringLiteral("1\r"));
+    EXPECT_EQ(box.Text(), QStringLiteral("A'1"));
+    EXPECT_EQ(returns.size(), 1);
+}
+
+TEST(ButtonView, PressesOnlyWhatCanBePressed)
+{
+    Button button(QStringLiteral("Cmd"), 0);
+    button.setCaption(QStringLiteral("保存(&S)"));
+    ButtonView view(button, nullptr);
+    const QSignalSpy clicks(&button, &Button::Click);
+    EXPECT_EQ(view.text(), button.Caption());
+    view.click();
+    button.setEnabled(false);
+    view.click();
+    button.press();
     EXPECT_EQ(clicks.size(), 1);
 }
 

@@ -1,0 +1,15 @@
+#include "library/controls/button.h"
+
+namespace ebtq {
+
+Button::Button(const QString &name, int index)
+    : Control(QStringLiteral("CommandButton"), name, index)
+{}
+
+void Button::press()
+{
+    if (Enabled() && Visible())
+        Q_EMIT Click();
+}
+
+} // namespace ebtq

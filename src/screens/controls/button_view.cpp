@@ -1,0 +1,19 @@
+#include "screens/controls/button_view.h"
+
+#include "library/controls/button.h"
+#include "screens/controls/control_binding.h"
+
+namespace ebtq {
+
+ButtonView::ButtonView(Button &button, QWidget *parent)
+    : QPushButton(parent)
+{
+    bindControl(button, *this);
+    setAutoDefault(false);
+    const auto follow = [this, &button] { setText(button.Caption()); };
+    connect(&button, &Control::stateChanged, this, follow);
+    follow();
+    connect(this, &QPushButton::clicked, &button, &Button::press);
+}
+
+} // namespace ebtq
