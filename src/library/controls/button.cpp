@@ -12,4 +12,10 @@ void Button::press()
         Q_EMIT Click();
 }
 
+void Button::setPlace(int left, int top)
+{
+    m_left = left;
+    m_top = top;
+}
+
 } // namespace ebtq

@@ -26,7 +26,15 @@ void qzTxt_S::setValue(const QVariant &value)
 {
     if (!m_isTyping)
         accept();
+    replaceValue(value);
+}
+
+void qzTxt_S::replaceValue(const QVariant &value)
+{
+    if (m_value == value)
+        return;
     m_value = value;
+    Q_EMIT valueChanged();
 }
 
 void qzTxt_S::accept()
@@ -50,7 +58,7 @@ void qzTxt_S::type(const QString &text)
         m_beforeTyping = State{m_text, m_value, m_isOpen};
     const QScopedValueRollback typing(m_isTyping, true);
     m_isOpen = true;
-    m_value.clear();
+    replaceValue({});
     setText(text);
 }
 

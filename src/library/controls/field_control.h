@@ -25,7 +25,7 @@ class qzTxt_S : public Control
 {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE setText NOTIFY FieldChange)
-    Q_PROPERTY(QVariant Value READ Value WRITE setValue)
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue NOTIFY valueChanged)
     Q_PROPERTY(bool help_flag MEMBER m_help_flag NOTIFY stateChanged)
     Q_PROPERTY(bool help_menuflag MEMBER m_help_menuflag NOTIFY stateChanged)
     Q_PROPERTY(int help_type MEMBER m_help_type NOTIFY stateChanged)
@@ -90,6 +90,8 @@ public:
 
 Q_SIGNALS:
     void FieldChange();
+    /// Another value stands behind the text, or none: for a screen that keeps it in Tag as well.
+    void valueChanged();
     void FieldHelp(int left, int top, QString &text, QVariant &value);
     void FieldCheck(const QString &base, const QString &valueField, const QString &textField, QVariant &value,
                     QString &text);
@@ -99,6 +101,7 @@ Q_SIGNALS:
 
 private:
     template<class T> void changeLook(T &member, T value);
+    void replaceValue(const QVariant &value);
     void help(int left, int top);
     [[nodiscard]] bool isJudged() const { return m_judge_type != JudgeNothing && m_judge_time != JudgeNever; }
     bool judge(QVariant &value, QString &text);

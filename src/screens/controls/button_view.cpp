@@ -13,7 +13,11 @@ ButtonView::ButtonView(Button &button, QWidget *parent)
     const auto follow = [this, &button] { setText(button.Caption()); };
     connect(&button, &Control::stateChanged, this, follow);
     follow();
-    connect(this, &QPushButton::clicked, &button, &Button::press);
+    connect(this, &QPushButton::clicked, &button, [this, &button] {
+        const QPoint corner = mapToGlobal(QPoint());
+        button.setPlace(corner.x(), corner.y());
+        button.press();
+    });
 }
 
 } // namespace ebtq
