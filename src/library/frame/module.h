@@ -73,6 +73,7 @@ protected:
     }
 
 private:
+    friend class ModulePart;
     void reportTrapped(QStringView tag, const std::exception &failure);
     void releaseDatabase();
 

@@ -1,7 +1,7 @@
 #include "library/listings/fcxx.h"
 
 #include "database/values/number_text.h"
-#include "library/controls/grid_helper.h"
+#include "library/controls/drawn_later.h"
 #include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
 #include "library/frame/wait_cursor.h"
@@ -17,28 +17,11 @@ namespace {
 
 constexpr int parameterGroup = 12;
 constexpr double usualWheelRate = 5;
-constexpr int softYellow = 0xC0FFFF;
 constexpr int noMenuAttribute = 99;
 
 QString attachmentIcon()
 {
     return QStringLiteral("mail-attachment");
-}
-
-/// Runs a body with nothing drawn and draws again on whatever way out. No destructor does it: what a view
-/// does then may fail.
-template<class Body> bool drawnLater(VSFlexGrid &grid, Body body)
-{
-    bool result = false;
-    grid.setRedraw(false);
-    try {
-        result = body();
-    } catch (...) {
-        grid.setRedraw(true);
-        throw;
-    }
-    grid.setRedraw(true);
-    return result;
 }
 
 } // namespace
@@ -53,6 +36,7 @@ Fcxx::Fcxx(Desktop &desktop)
     , m_searchBox(controls().add<SearchBox>(QStringLiteral("SearchBox1")))
     , m_findFilters(controls().add<CheckBox>(QStringLiteral("ChkFind")))
     , m_grid(controls().add<VSFlexGrid>(QStringLiteral("VS")))
+    , m_detail(*this, m_grid)
 {
     makeControls();
     connectFields();
@@ -147,6 +131,7 @@ bool Fcxx::IReportUI_Init(HostApp &app, int moduleId)
         m_wheelRate = rate == 0 ? usualWheelRate : rate;
         setUpFilter();
         setUpGrid();
+        m_detail.setUpGrids();
         setUpSearch();
         applyRights();
         return true;
@@ -174,9 +159,8 @@ void Fcxx::setUpFilter()
 void Fcxx::setUpGrid()
 {
     constexpr int fixedColumns = 0;
-    GridHelper().style(m_grid, fixedColumns, listingGridFormat());
-    m_grid.setBackColorAlternate(softYellow);
-    m_grid.setToolTipText(QStringLiteral("提示：双击进入原始单据查询"));
+    setUpListingGrid(m_grid, fixedColumns, listingGridFormat());
+    m_grid.setToolTipText(listingToolTip());
     for (const int column : {ListingKey, ListingAttachments, ListingBlock, ListingRoom})
         m_grid.setColHidden(column, true);
     m_grid.setCellPicture(0, ListingMarker, attachmentIcon());
@@ -222,6 +206,7 @@ bool Fcxx::IReportUI_Refresh()
 bool Fcxx::refresh()
 {
     notePlace();
+    const QScopedValueRollback refreshing(m_refreshing, true);
     m_grid.setRows(m_grid.FixedRows());
     const WaitCursor wait(desktop());
     const SqlText sql = listingStatement(m_moduleId, listingWhere(filter(), desktop().now().date()));
@@ -247,6 +232,7 @@ void Fcxx::show(Recordset &rows)
     setWheelRange();
     Q_EMIT Message(QStringLiteral("共加载%1条记录").arg(m_grid.Rows() - 1));
     search(m_searchBox.Text());
+    m_refreshing = false;
     rowChanged(0, m_grid.Row());
 }
 
@@ -330,10 +316,14 @@ void Fcxx::setWheelRange()
     m_wheel->setMin(m_grid.FixedRows());
 }
 
+/// While the list is refreshed the current row comes and goes; its detail is loaded once, at the end.
 void Fcxx::rowChanged(int oldRow, int newRow)
 {
-    if (oldRow != newRow)
-        scrolled();
+    if (oldRow == newRow)
+        return;
+    scrolled();
+    if (!m_refreshing && newRow >= m_grid.FixedRows() && newRow < m_grid.Rows())
+        m_detail.ShowDetail(m_grid.TextMatrix(newRow, ListingKey));
 }
 
 /// The wheel goes on from where the list has been scrolled to.

@@ -10,6 +10,7 @@
 #include "library/controls/search_box.h"
 #include "library/frame/host_contracts.h"
 #include "library/frame/module.h"
+#include "library/listings/listing_detail.h"
 
 #include <memory>
 
@@ -38,6 +39,8 @@ public:
     [[nodiscard]] CheckBox &ChkFind() { return m_findFilters; }
     [[nodiscard]] NavToolbar &NavToolbar1() { return m_toolbar; }
     [[nodiscard]] VSFlexGrid &VS() { return m_grid; }
+    /// The tabs below the list.
+    [[nodiscard]] ListingDetail &detail() { return m_detail; }
     /// nullptr outside of Init ... Clear.
     [[nodiscard]] MouseWheel *mcMouseEvent() const { return m_wheel.get(); }
 
@@ -127,12 +130,14 @@ private:
     SearchBox &m_searchBox;
     CheckBox &m_findFilters;
     VSFlexGrid &m_grid;
+    ListingDetail m_detail;
     std::unique_ptr<MouseWheel> m_wheel;
     bool m_inited = false;
     int m_moduleId = 0;
     QString m_layoutFile;   ///< where the host keeps the layout of this screen
     double m_wheelRate = 5; ///< rows for each step of the wheel
     bool m_turning = false;
+    bool m_refreshing = false; ///< from the emptied list to its rows' being in place
     Place m_place;
 };
 

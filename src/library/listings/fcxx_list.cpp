@@ -1,6 +1,26 @@
 #include "library/listings/fcxx_list.h"
 
+#include "library/controls/flex_grid.h"
+#include "library/controls/grid_helper.h"
+
 namespace ebtq {
+
+namespace {
+
+constexpr int softYellow = 0xC0FFFF;
+
+} // namespace
+
+void setUpListingGrid(VSFlexGrid &grid, int fixedColumns, const QString &format)
+{
+    GridHelper().style(grid, fixedColumns, format);
+    grid.setBackColorAlternate(softYellow);
+}
+
+QString listingToolTip()
+{
+    return QStringLiteral("提示：双击进入原始单据查询");
+}
 
 QString listingGridFormat()
 {

@@ -6,6 +6,8 @@
 
 namespace ebtq {
 
+class VSFlexGrid;
+
 /// Columns of the grid of listings that are addressed by number.
 enum ListingColumn : int {
     ListingMarker = 0,      ///< icon of a listing with attachments
@@ -17,6 +19,10 @@ enum ListingColumn : int {
 
 /// Captions of the grid of listings; the blanks give the columns their widths.
 [[nodiscard]] QString listingGridFormat();
+
+/// What the grid of listings and the grids of its detail have in common: style, columns and striped rows.
+void setUpListingGrid(VSFlexGrid &grid, int fixedColumns, const QString &format);
+[[nodiscard]] QString listingToolTip();
 
 /// The statement that loads the list. All joins are left joins, so that a listing without a department shows;
 /// its user in two departments shows it twice. `where` is a whole where clause or empty.

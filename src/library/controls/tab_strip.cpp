@@ -1,0 +1,26 @@
+#include "library/controls/tab_strip.h"
+
+namespace ebtq {
+
+qzVSTabCtl::qzVSTabCtl(const QString &name, int index)
+    : Control(QStringLiteral("qzVSTabCtl"), name, index)
+{}
+
+void qzVSTabCtl::setTabs(std::vector<Tab> tabs, int activeTab)
+{
+    m_tabs = std::move(tabs);
+    m_activeTab = hasTab(activeTab) ? activeTab : 0;
+    Q_EMIT stateChanged();
+}
+
+void qzVSTabCtl::setActiveTab(int tab)
+{
+    if (tab == m_activeTab || !hasTab(tab))
+        return;
+    if (m_activeTab != 0)
+        Q_EMIT TabLeft(m_activeTab);
+    m_activeTab = tab;
+    Q_EMIT TabEntered(tab);
+}
+
+} // namespace ebtq

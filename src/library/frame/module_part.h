@@ -1,0 +1,31 @@
+#pragma once
+
+#include "library/frame/module.h"
+
+namespace ebtq {
+
+/// A part of a module that is a class of its own: it works with the module's controls and host, and traps
+/// and reports as the module does.
+class ModulePart
+{
+protected:
+    /// `module` outlives the part.
+    explicit ModulePart(Module &module)
+        : m_module(module)
+    {}
+    ModulePart(const ModulePart &) = delete;
+    ModulePart &operator=(const ModulePart &) = delete;
+    ~ModulePart() = default;
+
+    [[nodiscard]] ControlCollection &controls() const { return m_module.controls(); }
+    [[nodiscard]] HostApp &app() const { return m_module.app(); }
+    /// Between the module's Init and its Clear.
+    [[nodiscard]] bool isInited() const { return m_module.m_app; }
+    void raiseDatabaseError(const QString &description) { m_module.raiseDatabaseError(description); }
+    template<class Body> bool trapped(QStringView tag, Body body) { return m_module.trapped(tag, body); }
+
+private:
+    Module &m_module;
+};
+
+} // namespace ebtq

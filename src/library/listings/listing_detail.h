@@ -1,0 +1,64 @@
+#pragma once
+
+#include "library/controls/field_control.h"
+#include "library/controls/flex_grid.h"
+#include "library/controls/panel.h"
+#include "library/controls/tab_strip.h"
+#include "library/controls/text_box.h"
+#include "library/frame/module_part.h"
+
+#include <vector>
+
+namespace ebtq {
+
+struct DetailField;
+class ListingRecord;
+
+/// The tabs below the list of listings. Only the active one is loaded, when the list's current row changes
+/// and when the tab is entered; the others keep what they show until they are entered themselves.
+class ListingDetail : public QObject, private ModulePart
+{
+    Q_OBJECT
+
+public:
+    /// Adds its controls to the module's. `list` is the module's grid of listings; both outlive the detail.
+    ListingDetail(Module &module, const VSFlexGrid &list);
+
+    /// The grids' columns; part of the module's Init.
+    void setUpGrids();
+    /// Loads the active tab for the listing with that 房源ID. A failure is raised by the module.
+    void ShowDetail(const QString &id);
+
+    [[nodiscard]] qzVSTabCtl &qzVSTabCtl1() { return m_tabs; }
+    /// Number 0 belongs to tab 1.
+    [[nodiscard]] qzPanel &pnlTab(int number);
+    /// The display fields of the first two tabs, by their numbers in detailFields().
+    [[nodiscard]] qzTxt_S &qzFcTxt(int number);
+    /// Numbers 0 联系 and 1 备注.
+    [[nodiscard]] TextBox &Txt(int number);
+    /// The listing's follow-ups.
+    [[nodiscard]] VSFlexGrid &VsGj() { return m_followUps; }
+    /// The customers that the listing suits.
+    [[nodiscard]] VSFlexGrid &VsP() { return m_customers; }
+
+private:
+    template<class T> [[nodiscard]] T &control(const QString &name, int number);
+    void makeControls();
+    void setPanelVisible(int tab, bool visible);
+
+    bool LoadData(const QString &id);
+    bool LoadDataGj(const QString &id);
+    bool LoadDataMsg(const QString &id);
+    /// nullptr for a statement that failed, which is raised by then.
+    [[nodiscard]] std::unique_ptr<Recordset> open(const SqlText &sql);
+    void fill(const ListingRecord &record);
+    [[nodiscard]] bool loadInto(VSFlexGrid &grid, const SqlText &sql);
+
+    const VSFlexGrid &m_list;
+    qzVSTabCtl &m_tabs;
+    VSFlexGrid &m_followUps;
+    VSFlexGrid &m_customers;
+    std::vector<qzTxt_S *> m_fields; ///< in the order of detailFields()
+};
+
+} // namespace ebtq

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "database/values/row_block.h"
+#include "database/values/sql_text.h"
+
+namespace ebtq {
+
+/// Which customers suit a listing: those whose stored ranges hold each of the listing's measures. A bound
+/// that a customer left open is stored as 0 and holds nothing, so whoever gave only a lower bound is not
+/// found from here, though the listing is found from the customer. Both searches are wanted as they are.
+
+/// The statement that reads a listing's measures, with what names it in front of them.
+[[nodiscard]] SqlText measuresStatement(const QString &listing);
+
+/// The statement that looks for the customers of the listing in the first row of `measures`. A measure that
+/// is not above 0 is not tested, so a listing without any suits everybody.
+[[nodiscard]] SqlText matchingCustomersStatement(const RowBlock &measures);
+
+} // namespace ebtq
