@@ -104,6 +104,11 @@ void Application::setPickerFactory(PickerFactory factory)
     d->pickers.clear();
 }
 
+void Application::setPrintContext(QObject *context)
+{
+    d->printEnvironment.setPrintContext(context);
+}
+
 void Application::setFormStyler(std::function<void(QObject &)> apply)
 {
     d->formStyler.apply = std::move(apply);

@@ -29,6 +29,9 @@ public:
     [[nodiscard]] const User &user() const;
     /// Pickers beside the host's own; asked first.
     void setPickerFactory(PickerFactory factory);
+    /// The print engine of the program, which a list asks for the contract PrintObject; without one, printing
+    /// fails with a message.
+    void setPrintContext(QObject *context);
     /// Called with each form that is about to be shown; the shell gives it its look.
     void setFormStyler(std::function<void(QObject &)> apply);
     /// Called with the text of each failed help list, picker and check: the modules that ask for them have

@@ -34,9 +34,4 @@ QString UserSession::UserID() const
     return QStringLiteral("{%1}").arg(m_user.id);
 }
 
-QString PrintEnvironment::PrintFolder() const
-{
-    return madeFolder(m_session.AppPath() + QStringLiteral("/selfPrn"));
-}
-
 } // namespace ebtq::host

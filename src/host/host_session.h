@@ -4,6 +4,7 @@
 #include "library/frame/host_contracts.h"
 
 #include <QDate>
+#include <QPointer>
 
 namespace ebtq::host {
 
@@ -31,19 +32,21 @@ private:
     Settings m_settings;
 };
 
-/// Print settings have their folder although this host has no print engine.
+/// The print engine is the program's: this room has no paper and no dialogs.
 class PrintEnvironment : public HostPrintEnv
 {
 public:
     explicit PrintEnvironment(const HostSession &session)
         : m_session(session)
     {}
-    [[nodiscard]] QObject *PrintContext() override { return nullptr; }
-    /// "selfPrn" below the working folder, made when missing. Throws Failure when it cannot be made.
-    [[nodiscard]] QString PrintFolder() const override;
+    [[nodiscard]] QObject *PrintContext() override { return m_context; }
+    /// nullptr for none; a context that ends before the host is forgotten.
+    void setPrintContext(QObject *context) { m_context = context; }
+    [[nodiscard]] QString PrintFolder() const override { return m_session.AppPath(); }
 
 private:
     const HostSession &m_session;
+    QPointer<QObject> m_context;
 };
 
 } // namespace ebtq::host

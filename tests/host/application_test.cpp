@@ -20,13 +20,16 @@ TEST_F(ApplicationTest, SessionTellsWhoWhenAndWhere)
     EXPECT_FALSE(session.AppPath().endsWith(u'/'));
 }
 
-TEST_F(ApplicationTest, PrintFolderIsMadeAgainWheneverItIsMissing)
+TEST_F(ApplicationTest, PrintContextIsTheProgramsWhileItLives)
 {
     EXPECT_EQ(m_host->PrintEnv().PrintContext(), nullptr);
-    const QString folder = m_host->PrintEnv().PrintFolder();
-    EXPECT_EQ(folder, m_host->Session().AppPath() + QStringLiteral("/selfPrn"));
-    QDir(folder).removeRecursively();
-    EXPECT_TRUE(QDir(m_host->PrintEnv().PrintFolder()).exists());
+    {
+        QObject engine;
+        m_host->setPrintContext(&engine);
+        EXPECT_EQ(m_host->PrintEnv().PrintContext(), &engine);
+    }
+    EXPECT_EQ(m_host->PrintEnv().PrintContext(), nullptr);
+    EXPECT_EQ(m_host->PrintEnv().PrintFolder(), m_host->Session().AppPath());
 }
 
 TEST_F(ApplicationTest, AWorkingFolderThatCannotBeMadeIsAFailure)

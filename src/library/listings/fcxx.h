@@ -67,6 +67,10 @@ public:
     QVariant IReportUI_Parameters() override { return {}; }
     void IReportUI_Parameters(const ParameterList *) override {}
 
+    /// Prints (`bPrint` true) or previews the list as it is seen, or with `bSetup` sets its print file up. False
+    /// when that failed. The desktop calls it by itself: the contract's print operations are not for this list.
+    Q_INVOKABLE bool SelfPrint(bool bPrint, bool bSetup);
+
 Q_SIGNALS:
     void Message(const QString &psMsg);
     void ErrMessage(const QString &psMsg, int plLevel, const QString &psTitle);
@@ -116,6 +120,8 @@ private:
     void pressed(const QString &key);
     void showOnly(bool forSale, bool forRent);
     void clearFields();
+    /// What the list is filtered by, as it stands below the title.
+    [[nodiscard]] QString printSubtitle();
     void showHelp(int number, int left, int top, QString &text, QVariant &value);
     void checkField(int number, const QString &base, const QString &valueField, const QString &textField,
                     QVariant &value, QString &text);

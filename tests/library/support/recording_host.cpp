@@ -104,11 +104,6 @@ class RecordingHost::Picker &RecordingHost::pickerNamed(const QString &name)
     return *picker;
 }
 
-HostPrintEnv &RecordingHost::PrintEnv()
-{
-    notOfThisHost();
-}
-
 HostSession &RecordingHost::Session()
 {
     notOfThisHost();

@@ -40,8 +40,20 @@ public:
         ParameterList m_parameters;
     };
 
+    /// Without a print engine and a folder until the test gives them.
+    class Printing : public HostPrintEnv
+    {
+    public:
+        [[nodiscard]] QObject *PrintContext() override { return context; }
+        [[nodiscard]] QString PrintFolder() const override { return folder; }
+
+        QObject *context = nullptr;
+        QString folder;
+    };
+
     RecordingHost();
 
+    Printing printing;
     /// Answers a statement; what it throws becomes the database's LastError. Without rows by default.
     std::function<RowBlock(const SqlText &)> answer = [](const SqlText &) { return RowBlock(); };
     QSet<int> refusedRights;
@@ -57,7 +69,7 @@ public:
     class Picker &pickerNamed(const QString &name);
 
     HostDb &Db() override { return *m_db; }
-    HostPrintEnv &PrintEnv() override;
+    HostPrintEnv &PrintEnv() override { return printing; }
     [[nodiscard]] HostErrorInfo LastError() const override { return {}; }
     std::unique_ptr<HostRights> Rights(int moduleId) override;
     HostParameter SystemParameter(int, const QVariant &) override { return {}; }

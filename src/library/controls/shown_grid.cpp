@@ -1,0 +1,106 @@
+#include "library/controls/shown_grid.h"
+
+#include "library/controls/flex_grid.h"
+
+#include <algorithm>
+
+namespace ebtq {
+
+namespace {
+
+PrintedGrid::Alignment across(int alignment, bool isNumber)
+{
+    switch (alignment) {
+    case VSFlexGrid::AlignCentre:
+        return PrintedGrid::Alignment::Centre;
+    case VSFlexGrid::AlignRight:
+        return PrintedGrid::Alignment::Right;
+    case VSFlexGrid::AlignLeft:
+        return PrintedGrid::Alignment::Left;
+    default:
+        return isNumber ? PrintedGrid::Alignment::Right : PrintedGrid::Alignment::Left;
+    }
+}
+
+} // namespace
+
+ShownGrid::ShownGrid(const VSFlexGrid &grid)
+    : m_grid(grid)
+{
+    readColumns();
+    readRows();
+}
+
+void ShownGrid::readColumns()
+{
+    const std::vector<GridColumn> given = gridColumns(m_grid.FormatString());
+    for (const int number : m_grid.columnOrder()) {
+        if (m_grid.ColHidden(number) || m_grid.ColWidth(number) <= 0)
+            continue;
+        const auto at = static_cast<size_t>(number);
+        const bool isWidthSet = at >= given.size() || given[at].width != m_grid.ColWidth(number);
+        m_gridColumns.push_back(number);
+        m_columns.push_back(column(number, isWidthSet));
+    }
+}
+
+PrintedGrid::Column ShownGrid::column(int gridColumn, bool isWidthSet) const
+{
+    const ColumnType held = m_grid.columnType(gridColumn);
+    const bool isNumber = held == ColumnType::Integer || held == ColumnType::Number;
+    return {m_grid.FixedRows() > 0 ? m_grid.TextMatrix(0, gridColumn).trimmed() : QString(),
+            m_grid.ColWidth(gridColumn), isWidthSet, across(m_grid.ColAlignment(gridColumn), isNumber),
+            across(m_grid.FixedAlignment(gridColumn), false)};
+}
+
+void ShownGrid::readRows()
+{
+    const int count = m_grid.visibleCount();
+    m_rows.reserve(static_cast<size_t>(count));
+    for (int position = 0; position < count; ++position)
+        m_rows.push_back(m_grid.rowInSight(position));
+}
+
+QString ShownGrid::text(int row, int column) const
+{
+    return m_grid.TextMatrix(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
+}
+
+QString ShownGrid::picture(int row, int column) const
+{
+    return m_grid.CellPicture(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
+}
+
+PrintedGrid::CellLook ShownGrid::look(int, int) const
+{
+    return {};
+}
+
+ColumnType ShownGrid::type(int column) const
+{
+    return m_grid.columnType(m_gridColumns[static_cast<size_t>(column)]);
+}
+
+std::string_view ShownGrid::stored(int row, int column) const
+{
+    return m_grid.cell(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
+}
+
+void ShownGrid::keepCaptioned()
+{
+    for (size_t at = m_columns.size(); at-- > 0;) {
+        if (!m_columns[at].caption.isEmpty())
+            continue;
+        m_columns.erase(m_columns.begin() + static_cast<std::ptrdiff_t>(at));
+        m_gridColumns.erase(m_gridColumns.begin() + static_cast<std::ptrdiff_t>(at));
+    }
+}
+
+void ShownGrid::keepRows(int first, int last)
+{
+    const int end = std::clamp(last + 1, 0, rowCount());
+    const int begin = std::clamp(first, 0, end);
+    m_rows = {m_rows.begin() + begin, m_rows.begin() + end};
+}
+
+} // namespace ebtq

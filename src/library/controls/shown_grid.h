@@ -1,0 +1,46 @@
+#pragma once
+
+#include "database/values/row_block.h"
+#include "library/frame/print_contract.h"
+
+#include <string_view>
+
+namespace ebtq {
+
+class VSFlexGrid;
+
+/// What is seen of a grid, for printing, copying and exporting: the columns that are neither hidden nor
+/// without a width, in the order of sight, and the rows in sight when this was made. Keys in hidden columns
+/// never go out. The grid outlives it.
+class ShownGrid : public PrintedGrid
+{
+public:
+    explicit ShownGrid(const VSFlexGrid &grid);
+
+    [[nodiscard]] const std::vector<Column> &columns() const override { return m_columns; }
+    [[nodiscard]] int rowCount() const override { return static_cast<int>(m_rows.size()); }
+    [[nodiscard]] QString text(int row, int column) const override;
+    [[nodiscard]] QString picture(int row, int column) const override;
+    [[nodiscard]] CellLook look(int row, int column) const override;
+
+    /// What the column's cells hold.
+    [[nodiscard]] ColumnType type(int column) const;
+    /// The cell as it was loaded, before any format; valid until the grid changes.
+    [[nodiscard]] std::string_view stored(int row, int column) const;
+    /// Takes the columns without a caption away: they hold icons, which a text cannot tell.
+    void keepCaptioned();
+    /// Takes the rows before `first` and behind `last` away.
+    void keepRows(int first, int last);
+
+private:
+    [[nodiscard]] Column column(int gridColumn, bool isWidthSet) const;
+    void readColumns();
+    void readRows();
+
+    const VSFlexGrid &m_grid;
+    std::vector<Column> m_columns;
+    std::vector<int> m_gridColumns; ///< the number in the grid of each column
+    std::vector<int> m_rows;        ///< the same of each row
+};
+
+} // namespace ebtq

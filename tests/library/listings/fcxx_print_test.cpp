@@ -1,0 +1,122 @@
+#include "library/frame/print_contract.h"
+#include "library/listings/fcxx_fixture.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+namespace ebtq::test {
+
+namespace {
+
+/// Writes down what it is asked to print, the grid's caption line and first column included.
+class WritingPrinter : public QObject, public PrintObject
+{
+    Q_OBJECT
+    Q_INTERFACES(ebtq::PrintObject)
+
+public:
+    QString PrintOut(const Job &job, bool bPrint) override
+    {
+        return note(bPrint ? u"print"_qs : u"preview"_qs, job);
+    }
+    QString SetUp(const Job &job) override { return note(u"setup"_qs, job); }
+
+    QStringList asked;
+    QString subtitle;
+    QStringList captions;
+    QStringList numbers;
+    QString failure;
+
+private:
+    QString note(const QString &operation, const Job &job)
+    {
+        asked.append(operation + u' ' + job.file + u' ' + job.title);
+        subtitle = job.subtitle;
+        captions.clear();
+        for (const PrintedGrid::Column &column : job.VSFlexGrid.columns())
+            captions.append(column.caption);
+        numbers.clear();
+        for (int row = 0; row < job.VSFlexGrid.rowCount(); ++row)
+            numbers.append(job.VSFlexGrid.text(row, 1));
+        return failure;
+    }
+};
+
+} // namespace
+
+class FcxxPrintTest : public FcxxTest
+{
+protected:
+    void SetUp() override
+    {
+        host.printing = {};
+        host.printing.context = &printer;
+        host.printing.folder = folder.path();
+        willLoad({u"A1"_qs, u"A2"_qs, u"A3"_qs});
+        init();
+        refresh();
+        events.clear();
+    }
+    QTemporaryDir folder;
+    WritingPrinter printer;
+};
+
+TEST_F(FcxxPrintTest, SubtitleTellsTheFiltersInUse)
+{
+    const struct
+    {
+        const char16_t *district, *building, *rooms, *subtitle;
+    } cases[] = {
+        {u"", u"", u"", u"\r"},
+        {u"天河区", u"", u"", u"城区：天河区\r"},
+        {u"", u"翠堤雅居", u"", u"     楼盘：翠堤雅居\r"},
+        {u"天河区", u"翠堤雅居", u"3-2-1-1", u"城区：天河区     楼盘：翠堤雅居\t房型：3-2-1-1\r"},
+        {u"", u"", u"3-2-1-1", u"\t房型：3-2-1-1\r"},
+    };
+    for (const auto &given : cases) {
+        list.qzTxt(0).setText(QString::fromUtf16(given.district));
+        list.qzTxt(7).setText(QString::fromUtf16(given.building));
+        list.qzTxt(1).setText(QString::fromUtf16(given.rooms));
+        EXPECT_TRUE(list.SelfPrint(true, false));
+        EXPECT_EQ(printer.subtitle, QString::fromUtf16(given.subtitle));
+    }
+}
+
+TEST_F(FcxxPrintTest, HandsOverWhatIsSeenUnderTheModulesPrintFile)
+{
+    list.VS().setColHidden(2, true);
+    list.VS().setColWidth(3, 0);
+    list.VS().setRowHidden(2, true);
+    host.printing.folder += u'/';
+    EXPECT_TRUE(list.SelfPrint(true, false));
+    EXPECT_TRUE(list.SelfPrint(false, false));
+    EXPECT_TRUE(list.SelfPrint(true, true));
+    const QString rest = u' ' + folder.path() + u"/selfPrn/Rpt101.prn 房源信息列表"_qs;
+    EXPECT_EQ(printer.asked, (QStringList{u"print"_qs + rest, u"preview"_qs + rest, u"setup"_qs + rest}));
+    EXPECT_TRUE(QDir(folder.path() + u"/selfPrn"_qs).exists());
+    EXPECT_EQ(printer.numbers, (QStringList{u"A1"_qs, u"A3"_qs}));
+    EXPECT_EQ(printer.captions.join(u'|'),
+              u"|房源编号|城区|楼盘字典|楼层|附属房|房型|面积|朝向|装修|售总价|租总价|委托日|部门|经纪人"_qs);
+    EXPECT_TRUE(events.isEmpty()) << events.join(u'\n').toStdString();
+}
+
+TEST_F(FcxxPrintTest, FailuresReachTheUserAndTheContractPrintsNothing)
+{
+    printer.failure = u"打印机没有纸！"_qs;
+    EXPECT_FALSE(list.SelfPrint(true, false));
+    host.printing.context = nullptr;
+    EXPECT_FALSE(list.SelfPrint(false, false));
+    host.printing.folder = u"/dev/null"_qs;
+    EXPECT_FALSE(list.SelfPrint(false, true));
+    EXPECT_EQ(events, (QStringList{u"error Fcxx-->SelfPrint::打印机没有纸！|8|EBTQ_S"_qs,
+                                   u"error Fcxx-->SelfPrint::本程序没有打印功能！|8|EBTQ_S"_qs,
+                                   u"error Fcxx-->SelfPrint::无法创建文件夹“/dev/null/selfPrn”，"
+                                   "请检查磁盘空间和权限！|8|EBTQ_S"_qs}));
+    const qsizetype asked = printer.asked.size();
+    EXPECT_FALSE(list.IReportUI_PrintPreview() || list.IReportUI_DoPrint() || list.IReportUI_PrintSetup());
+    EXPECT_EQ(printer.asked.size(), asked);
+}
+
+} // namespace ebtq::test
+
+#include "fcxx_print_test.moc"
