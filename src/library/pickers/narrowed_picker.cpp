@@ -1,0 +1,92 @@
+#include "library/pickers/narrowed_picker.h"
+
+#include "library/frame/conversions.h"
+#include "library/frame/null_conv.h"
+
+namespace ebtq {
+
+namespace {
+
+QString allOwners()
+{
+    return QStringLiteral("全部");
+}
+
+} // namespace
+
+NarrowedPicker::NarrowedPicker(const QString &name, Desktop &desktop, const NarrowedList &list)
+    : Picker(name, desktop, list.grid)
+    , m_list(list)
+    , m_owner(controls().add<XPCombo>(QStringLiteral("Cmb")))
+{
+    m_owner.setCaption(list.caption.toString());
+    connect(&m_owner, &XPCombo::Click, this, &NarrowedPicker::reload);
+}
+
+QStringList NarrowedPicker::columns() const
+{
+    return m_list.columns.toString().split(u',');
+}
+
+QString NarrowedPicker::ownerParameter() const
+{
+    return m_list.parameter.toString();
+}
+
+bool NarrowedPicker::isLocked() const
+{
+    return Val(parameters().text(QStringLiteral("lock"))) != 0;
+}
+
+bool NarrowedPicker::prepareList()
+{
+    if (parameters().Exists(ownerParameter()))
+        m_wanted = parameters().text(ownerParameter());
+    m_owner.setEnabled(!isLocked());
+    if (m_wanted.isEmpty())
+        m_wanted = allOwners();
+    const bool filled = fillOwners();
+    m_owner.setText(m_wanted);
+    return filled;
+}
+
+bool NarrowedPicker::fillOwners()
+{
+    QStringList names{allOwners()};
+    QList<int> keys{XPCombo::noKey};
+    const auto rows = open(m_list.owners.toString());
+    for (; !rows->Eof(); rows->MoveNext()) {
+        names.append(NullConv::ToText(rows->Fields(m_list.ownerName.toString()).Value));
+        keys.append(NullConv::ToLong(rows->Fields(m_list.ownerKey.toString()).Value));
+    }
+    m_owner.setItems(names, keys);
+    m_owner.setListIndex(0);
+    return failure().isEmpty();
+}
+
+/// A name that is none of the combo box's has no key, and no row is found for it.
+SqlText NarrowedPicker::listStatement()
+{
+    SqlText sql(m_list.list.toString());
+    if (m_owner.Text() != allOwners()) {
+        sql += QStringLiteral(" where %1=").arg(m_list.listOwner);
+        sql += QString::number(m_owner.ItemData(m_owner.ListIndex()));
+    }
+    sql += QStringLiteral(" order by %1").arg(m_list.order);
+    return sql;
+}
+
+SqlText NarrowedPicker::checkStatement(const QString &typedText) const
+{
+    SqlText sql(m_list.check.toString());
+    sql += whereAnyEquals(m_list.matches.toString().split(u','), typedText);
+    const QString owner = parameters().text(ownerParameter());
+    if (isLocked() && !owner.isEmpty()) {
+        sql += QStringLiteral(" and %1='").arg(m_list.ownerName);
+        sql += typed(owner);
+        sql += QStringView(u"'");
+    }
+    return sql;
+}
+
+} // namespace ebtq

@@ -1,0 +1,225 @@
+#include "library/pickers/picker.h"
+
+#include "library/controls/grid_helper.h"
+#include "library/frame/conversions.h"
+#include "library/frame/null_conv.h"
+#include "library/frame/wait_cursor.h"
+
+namespace ebtq {
+
+namespace {
+
+constexpr int firstColumn = 1;
+
+void align(VSFlexGrid &grid, std::span<const int> columns, int alignment)
+{
+    for (const int column : columns)
+        grid.setColAlignment(column, alignment);
+}
+
+} // namespace
+
+SqlText whereAnyEquals(const QStringList &columns, const QString &typedText)
+{
+    SqlText where;
+    for (const QString &column : columns) {
+        where += where.isEmpty() ? QStringView(u" Where (") : QStringView(u" OR ");
+        where += column;
+        where += QStringView(u"='");
+        where += typed(typedText);
+        where += QStringView(u"'");
+    }
+    where += QStringView(u")");
+    return where;
+}
+
+Picker::Picker(const QString &name, Desktop &desktop, const PickerGrid &grid)
+    : Module(name, desktop)
+    , m_shape(grid)
+    , m_grid(controls().add<VSFlexGrid>(QStringLiteral("VS")))
+    , m_search(controls(), m_grid)
+{
+    connect(&m_search.text(), &TextBox::ReturnPressed, this, &Picker::confirm);
+    connect(&m_grid, &VSFlexGrid::DblClick, this, [this] {
+        if (choosesByRow())
+            confirm();
+    });
+    connect(&addButton(0, QStringLiteral("确认(&D)")), &Button::Click, this, &Picker::confirm);
+    connect(&addButton(1, QStringLiteral("取消(&C)")), &Button::Click, this, &Picker::DoCancel);
+    connect(&addButton(2, QStringLiteral("刷新(&R)")), &Button::Click, this, &Picker::reload);
+}
+
+Button &Picker::addButton(int number, const QString &caption)
+{
+    auto &button = controls().add<Button>(QStringLiteral("btn"), number);
+    button.setCaption(caption);
+    return button;
+}
+
+Button &Picker::btn(int number)
+{
+    auto *button = qobject_cast<Button *>(controls().find(QStringLiteral("btn"), number));
+    if (!button)
+        throw Failure(QStringLiteral("没有编号为%1的按钮！").arg(number));
+    return *button;
+}
+
+TextBox &Picker::Txt(int number)
+{
+    if (number != 0 && number != 1)
+        throw Failure(QStringLiteral("没有编号为%1的文本框！").arg(number));
+    return number == 0 ? m_search.text() : m_search.columnList();
+}
+
+// Init and Clear
+
+bool Picker::IPickerUI_Init(HostApp &app, int /*unused*/, const QString & /*name*/)
+{
+    setApp(&app);
+    const QString folder = app.Session().AppPath();
+    m_layoutFolder = folder + (folder.endsWith(u'/') ? QStringLiteral("selfbb") : QStringLiteral("/selfbb"));
+    m_row = emptyRow();
+    setUpGrid();
+    m_search.text().setToolTipText(QStringLiteral("提示：按回车键选择完毕！"));
+    m_search.readColumns();
+    return true;
+}
+
+void Picker::setUpGrid()
+{
+    constexpr int fixedColumns = 1;
+    GridHelper().style(m_grid, fixedColumns, m_shape.format.toString());
+    for (int column = 0; column < m_grid.Cols(); ++column)
+        m_grid.setColAlignment(column, VSFlexGrid::AlignLeft);
+    align(m_grid, m_shape.right, VSFlexGrid::AlignRight);
+    align(m_grid, m_shape.centred, VSFlexGrid::AlignCentre);
+    for (const int column : m_shape.hidden)
+        m_grid.setColHidden(column, true);
+    m_grid.setToolTipText(QStringLiteral("提示：双击或按回车键选择完毕！"));
+}
+
+void Picker::IPickerUI_Clear()
+{
+    m_parameters.Clear();
+    m_row.reset();
+    setApp(nullptr);
+}
+
+void Picker::IPickerUI_Parameters(const ParameterList &list)
+{
+    m_parameters = list;
+    m_search.text().setText({});
+    beginUse();
+}
+
+// Load
+
+bool Picker::IPickerUI_Refresh()
+{
+    return released([this] { return prepareList() && load(); });
+}
+
+void Picker::reload()
+{
+    trapped(u"-->RefreshVS::", [this] { return load(); });
+}
+
+bool Picker::load()
+{
+    m_grid.setRows(m_grid.FixedRows());
+    const WaitCursor wait(desktop());
+    const auto rows = open(listStatement());
+    if (!(rows->Bof() && rows->Eof()))
+        m_grid.LoadArray(rows->GetRows(), firstColumn);
+    m_grid.setCol(std::max(m_grid.Col(), firstColumn));
+    m_search.rowsLoaded();
+    m_focus.SetFocus(m_grid);
+    return m_failure.isEmpty();
+}
+
+std::unique_ptr<Recordset> Picker::open(const SqlText &sql)
+{
+    auto rows = app().Db().CreateQuery(sql, 1)->Open();
+    setFailure(app().Db().LastError().Description);
+    return rows;
+}
+
+void Picker::setFailure(const QString &text)
+{
+    if (m_failure == text)
+        return;
+    m_failure = text;
+    Q_EMIT failureChanged();
+}
+
+void Picker::raiseError(const QString &message, int /*level*/, const QString & /*title*/)
+{
+    setFailure(message);
+}
+
+// Choice
+
+void Picker::confirm()
+{
+    trappedWithoutDatabase(u"-->DoSelect::", [this] {
+        takeRow();
+        takeTicked();
+        Q_EMIT DoSelect();
+        return true;
+    });
+}
+
+void Picker::takeRow()
+{
+    setChoice({}, {});
+    m_row.reset();
+    const int row = m_grid.Row();
+    if (!isData(row))
+        return;
+    const QStringList names = columns();
+    const RowReader read = [&](const QString &column) {
+        return m_grid.TextMatrix(row, firstColumn + static_cast<int>(names.indexOf(column)));
+    };
+    m_row = readRow(read);
+    setChoice(NumberText(Val(read(keyColumn()))), read(textColumn()).toString());
+}
+
+void Picker::setChoice(const QVariant &value, const QString &text)
+{
+    m_value = value;
+    m_text = text;
+}
+
+void Picker::askForColumns()
+{
+    m_search.askForColumns(desktop());
+}
+
+// Look-up of a typed text
+
+bool Picker::IPickerUI_Validate(const QString & /*unused*/, const QString &valueField,
+                                const QString &textField, const QString &typedText, QVariant &value,
+                                QString &text)
+{
+    const bool found = released([&] { return lookUp(valueField, textField, typedText); });
+    value = NullConv::ToText(m_value);
+    text = m_text;
+    return found;
+}
+
+bool Picker::lookUp(const QString &valueField, const QString &textField, const QString &typedText)
+{
+    setChoice({}, {});
+    m_row = emptyRow();
+    const auto rows = open(checkStatement(typedText));
+    if (rows->Bof() && rows->Eof())
+        return false;
+    const RowReader read = [&rows](const QString &column) { return rows->Fields(column).Value; };
+    m_row = readRow(read);
+    setChoice(NullConv::ToText(read(valueField.isEmpty() ? keyColumn() : valueField)),
+              NullConv::ToText(read(textField.isEmpty() ? textColumn() : textField)));
+    rows->Close();
+    return true;
+}
+
+} // namespace ebtq

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "library/controls/check_box.h"
+#include "library/controls/control_collection.h"
+#include "library/controls/flex_grid.h"
+#include "library/controls/text_box.h"
+
+#include <QList>
+#include <QObject>
+
+namespace ebtq {
+
+class Desktop;
+
+/// Finds rows in a picker's list, or leaves only those that match in sight, as a person types. It looks into
+/// a list of columns that is kept as text, "1;2;4" to begin with: tick or code, then code or abbreviation,
+/// then key or use. Names are not among them: who wants them searched asks for their column.
+class PickerSearch : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Makes its controls. `grid` outlives the search.
+    PickerSearch(ControlCollection &controls, VSFlexGrid &grid);
+
+    [[nodiscard]] TextBox &text() const { return m_text; }
+    /// Numbers of the searched columns, parted by semicolons.
+    [[nodiscard]] TextBox &columnList() const { return m_columnList; }
+    [[nodiscard]] CheckBox &filters() const { return m_filters; }
+    /// Whole cells when it finds, beginnings of cells when it filters.
+    [[nodiscard]] CheckBox &isStrict() const { return m_isStrict; }
+
+    void readColumns();
+    void askForColumns(Desktop &desktop);
+    /// Other rows are in the list: those that do not match go out of sight again.
+    void rowsLoaded();
+
+private:
+    void apply();
+    void find();
+    void filter();
+    void changeKind();
+    [[nodiscard]] bool matches(int row, const QString &upperText) const;
+
+    VSFlexGrid &m_grid;
+    TextBox &m_text;
+    TextBox &m_columnList;
+    CheckBox &m_filters;
+    CheckBox &m_isStrict;
+    QList<int> m_columns;
+};
+
+} // namespace ebtq

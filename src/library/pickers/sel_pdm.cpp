@@ -1,0 +1,142 @@
+#include "library/pickers/sel_pdm.h"
+
+#include "library/controls/drawn_later.h"
+#include "library/frame/conversions.h"
+#include "library/frame/null_conv.h"
+#include "library/pickers/picked_rows.h"
+
+namespace ebtq {
+
+namespace {
+
+enum Column : int { TickColumn = 1, CodeColumn = 2, NameColumn = 3, KeyColumn = 4 };
+
+constexpr int hiddenColumns[] = {KeyColumn};
+constexpr int centredColumns[] = {TickColumn};
+constexpr PickerGrid grid{.format = u" |选择  |编号      |名称                  |ID",
+                          .hidden = hiddenColumns,
+                          .centred = centredColumns};
+
+QString tick()
+{
+    return QStringLiteral("√");
+}
+
+QString codeParameter()
+{
+    return QStringLiteral("编号");
+}
+
+QString nameParameter()
+{
+    return QStringLiteral("名称");
+}
+
+QString keyParameter()
+{
+    return QStringLiteral("ID");
+}
+
+/// " where " or another word and the parameter; nothing when it is empty.
+QString clause(const QString &word, const QString &parameter)
+{
+    return parameter.isEmpty() ? QString() : word + parameter;
+}
+
+} // namespace
+
+selPdm::selPdm(Desktop &desktop)
+    : Picker(QStringLiteral("selPdm"), desktop, grid)
+{
+    connect(&addButton(3, QStringLiteral("全选")), &Button::Click, this, [this] { tickAll(tick()); });
+    connect(&addButton(4, QStringLiteral("全清")), &Button::Click, this, [this] { tickAll({}); });
+}
+
+QStringList selPdm::columns() const
+{
+    return {QString(), parameters().text(codeParameter()), textColumn(), keyColumn()};
+}
+
+QString selPdm::keyColumn() const
+{
+    return parameters().text(keyParameter());
+}
+
+QString selPdm::textColumn() const
+{
+    return parameters().text(nameParameter());
+}
+
+/// The null fills the column of ticks.
+SqlText selPdm::listStatement()
+{
+    return QStringLiteral("select null,%1,%2,%3 from %4")
+               .arg(parameters().text(codeParameter()), textColumn(), keyColumn(),
+                    parameters().text(QStringLiteral("table"))) +
+           clause(QStringLiteral(" where "), parameters().text(QStringLiteral("where"))) +
+           clause(QStringLiteral(" order by "), parameters().text(QStringLiteral("order")));
+}
+
+SqlText selPdm::checkStatement(const QString &typedText) const
+{
+    const QString code = parameters().text(codeParameter());
+    SqlText sql(QStringLiteral("select %1,%2,%3 from %4")
+                    .arg(code, textColumn(), keyColumn(), parameters().text(QStringLiteral("table"))));
+    sql += whereAnyEquals({code, textColumn()}, typedText);
+    sql += clause(QStringLiteral(" and "), parameters().text(QStringLiteral("where")));
+    return sql;
+}
+
+std::shared_ptr<const PickedRow> selPdm::emptyRow() const
+{
+    return std::make_shared<clsPdm>();
+}
+
+std::shared_ptr<const PickedRow> selPdm::readRow(const RowReader &read) const
+{
+    const auto row = std::make_shared<clsPdm>();
+    row->lID = NullConv::ToLong(read(keyColumn()));
+    row->s编号 = Trim(NullConv::ToText(read(parameters().text(codeParameter()))));
+    row->s名称 = Trim(NullConv::ToText(read(textColumn())));
+    return row;
+}
+
+bool selPdm::choosesByRow() const
+{
+    return VS().ColHidden(TickColumn);
+}
+
+void selPdm::clickRow(int row)
+{
+    if (isData(row) && !VS().ColHidden(TickColumn))
+        VS().setTextMatrix(row, TickColumn, VS().TextMatrix(row, TickColumn).isEmpty() ? tick() : QString());
+}
+
+void selPdm::tickAll(const QString &mark)
+{
+    drawnLater(VS(), [&] {
+        for (int row = VS().FixedRows(); row < VS().Rows(); ++row) {
+            if (!VS().TextMatrix(row, CodeColumn).isEmpty())
+                VS().setTextMatrix(row, TickColumn, mark);
+        }
+        return true;
+    });
+}
+
+/// With nothing ticked nothing is chosen, whatever row is current.
+void selPdm::takeTicked()
+{
+    if (VS().ColHidden(TickColumn))
+        return;
+    QStringList keys;
+    QStringList names;
+    for (int row = VS().FixedRows(); row < VS().Rows(); ++row) {
+        if (VS().TextMatrix(row, TickColumn).isEmpty())
+            continue;
+        keys.append(NumberText(Val(VS().TextMatrix(row, KeyColumn))));
+        names.append(VS().TextMatrix(row, NameColumn));
+    }
+    setChoice(keys.join(u','), names.join(u','));
+}
+
+} // namespace ebtq
