@@ -136,19 +136,23 @@ void ListingDetail::setUpGrids()
 
 void ListingDetail::ShowDetail(const QString &id)
 {
-    switch (m_tabs.ActiveTab()) {
+    const int tab = m_tabs.ActiveTab();
+    const bool done = load(tab, id);
+    Q_EMIT TabShown(tab, done);
+}
+
+bool ListingDetail::load(int tab, const QString &id)
+{
+    switch (tab) {
     case ListingTab:
     case OwnerTab:
-        LoadData(id);
-        break;
+        return LoadData(id);
     case FollowUpsTab:
-        LoadDataGj(id);
-        break;
+        return LoadDataGj(id);
     case CustomersTab:
-        LoadDataMsg(id);
-        break;
+        return LoadDataMsg(id);
     default:
-        break;
+        return true;
     }
 }
 

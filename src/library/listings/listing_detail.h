@@ -41,11 +41,16 @@ public:
     /// The customers that the listing suits.
     [[nodiscard]] VSFlexGrid &VsP() { return m_customers; }
 
+Q_SIGNALS:
+    /// A tab was loaded: `done` when it shows what the database holds for the listing.
+    void TabShown(int tab, bool done);
+
 private:
     template<class T> [[nodiscard]] T &control(const QString &name, int number);
     void makeControls();
     void setPanelVisible(int tab, bool visible);
 
+    bool load(int tab, const QString &id);
     bool LoadData(const QString &id);
     bool LoadDataGj(const QString &id);
     bool LoadDataMsg(const QString &id);

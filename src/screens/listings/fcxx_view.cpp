@@ -9,10 +9,13 @@
 #include "screens/controls/flow_layout.h"
 #include "screens/controls/search_box_view.h"
 #include "screens/controls/tool_bar_view.h"
+#include "screens/listings/listing_detail_view.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace ebtq {
@@ -82,6 +85,7 @@ FcxxView::FcxxView(Fcxx &module, QWidget *parent)
     addToolBar();
     addFilterRow();
     addGrid();
+    addDetail();
     setFocusProxy(m_grid);
     followKind();
     followOutcome();
@@ -166,7 +170,19 @@ void FcxxView::addGrid()
     m_grid->setColumnLook(saleColumn, {&look::Tokens::salePrice, true});
     m_grid->setColumnLook(rentColumn, {&look::Tokens::rent, true});
     m_grid->setMouseWheel([this] { return m_module.mcMouseEvent(); });
-    static_cast<QVBoxLayout *>(layout())->addWidget(m_grid, 1);
+}
+
+void FcxxView::addDetail()
+{
+    m_detail = new ListingDetailView(m_module.detail(), this, this);
+    auto *parts = new QSplitter(Qt::Vertical, this);
+    parts->setObjectName(QStringLiteral("parts"));
+    parts->setChildrenCollapsible(false);
+    parts->setHandleWidth(5);
+    parts->addWidget(m_grid);
+    parts->addWidget(m_detail);
+    parts->setStretchFactor(0, 1);
+    static_cast<QVBoxLayout *>(layout())->addWidget(parts, 1);
 }
 
 /// The pressed button tells which kind the ticks stand for; with both ticked none of the three does.
@@ -187,21 +203,28 @@ void FcxxView::followOutcome()
     connect(&m_module, &Fcxx::ErrMessage, this, [this] { m_grid->setEmptyHint(QString()); });
 }
 
-/// F5 is the program's key for whatever page is open; while the keyboard is in this one it is the tool bar's
-/// command, which checks the field that is being filled in.
+/// F5 and F6 are the program's keys for whatever page is open. While the keyboard is in this one, F5 is the
+/// tool bar's command, which checks the field that is being filled in, and F6 stops at the detail on its way.
+bool FcxxView::isOwnKey(int key) const
+{
+    return key == Qt::Key_F5 || (key == Qt::Key_F6 && !m_detail->isAncestorOf(QApplication::focusWidget()));
+}
+
 bool FcxxView::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent *>(event)->key() == Qt::Key_F5)
+    if (event->type() == QEvent::ShortcutOverride && isOwnKey(static_cast<QKeyEvent *>(event)->key()))
         event->accept();
     return QWidget::event(event);
 }
 
 void FcxxView::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_F5)
+    if (!isOwnKey(event->key()))
+        QWidget::keyPressEvent(event);
+    else if (event->key() == Qt::Key_F5)
         refresh();
     else
-        QWidget::keyPressEvent(event);
+        m_detail->setFocus(Qt::TabFocusReason);
 }
 
 void FcxxView::refresh()

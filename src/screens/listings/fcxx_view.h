@@ -9,11 +9,12 @@ class FieldView;
 class FlexGridView;
 class FlowLayout;
 class Fcxx;
+class ListingDetailView;
 class ToolBarView;
 
-/// The screen of the listing list: tool bar, filter row and the list. A filter that was chosen, ticked or
-/// confirmed with Enter loads the list again through the tool bar's own command, which is all that the rules
-/// know.
+/// The screen of the listing list: tool bar, filter row, the list and below it the detail of the current
+/// listing. A filter that was chosen, ticked or confirmed with Enter loads the list again through the tool
+/// bar's own command, which is all that the rules know.
 class FcxxView : public QWidget
 {
     Q_OBJECT
@@ -33,13 +34,16 @@ private:
     void addKinds(FlowLayout &row, QWidget *parent);
     void addSearch(FlowLayout &row, QWidget *parent);
     void addGrid();
+    void addDetail();
     void followKind();
     void followOutcome();
+    [[nodiscard]] bool isOwnKey(int key) const;
     void refresh();
 
     Fcxx &m_module;
     ToolBarView *m_toolBar = nullptr;
     FlexGridView *m_grid = nullptr;
+    ListingDetailView *m_detail = nullptr;
 };
 
 } // namespace ebtq

@@ -25,6 +25,8 @@ constexpr NamedColour namedColours[] = {
     {u"header", &Tokens::header},
     {u"currentRow", &Tokens::currentRow},
     {u"zebra", &Tokens::zebra},
+    {u"salePrice", &Tokens::salePrice},
+    {u"rent", &Tokens::rent},
     {u"danger", &Tokens::danger},
     {u"navigation", &Tokens::navigation},
     {u"navigationInk", &Tokens::navigationInk},
@@ -40,6 +42,7 @@ const QString sheet = QStringLiteral(R"(
 QMainWindow, QDialog, QWidget[kind="page"] { background: @window; color: @ink; }
 QWidget[kind="status"] { background: @card; border: none; border-top: 1px solid @line; }
 QWidget[kind="bar"] { background: @card; border: none; border-bottom: 1px solid @line; }
+QWidget[kind="tabPanel"] { background: @card; border: none; border-top: 1px solid @line; }
 QWidget[kind="card"], QFrame[kind="card"] { background: @card; border: 1px solid @line; border-radius: 4px; }
 QFrame[kind="panel"] { background: @card; border: 1px solid @brand; }
 QFrame[kind="separator"] { background: @line; border: none; max-width: 1px; min-width: 1px; }
@@ -83,6 +86,10 @@ QLineEdit, QComboBox { padding: 2px 8px; min-height: 21px; }
 QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QComboBox:focus { border-color: @brand; }
 QLineEdit:disabled, QLineEdit:read-only, QPlainTextEdit:disabled, QComboBox:disabled { background: @window;
     color: @ink; }
+QPlainTextEdit[readOnly="true"] { background: @window; padding: 0 4px; }
+QLineEdit:read-only { padding: 2px 6px; }
+QLineEdit[ink="sale"] { color: @salePrice; }
+QLineEdit[ink="rent"] { color: @rent; }
 QLineEdit[state="error"], QComboBox[state="error"] { border-color: @danger; }
 QComboBox QLineEdit { border: none; background: transparent; padding: 0; min-height: 0; }
 QComboBox::drop-down { border: none; width: 22px; subcontrol-origin: padding;
@@ -146,6 +153,7 @@ QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; border: none; 
 QScrollBar::add-page, QScrollBar::sub-page { background: @card; }
 QScrollArea { background: transparent; border: none; }
 QSplitter::handle { background: @line; }
+QSplitter::handle:vertical { background: @window; border-top: 1px solid @line; }
 QProgressBar { background: @window; border: 1px solid @line; border-radius: 4px; text-align: center;
     color: @ink; }
 QProgressBar::chunk { background: @brandSoft; }

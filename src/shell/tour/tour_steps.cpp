@@ -2,6 +2,7 @@
 
 #include "screens/look/look.h"
 #include "shell/message_bar.h"
+#include "shell/tour/detail_steps.h"
 #include "shell/tour/tour.h"
 
 #include <QAbstractItemModel>
@@ -323,9 +324,13 @@ constexpr TourStep steps[] = {
 
 } // namespace
 
-std::span<const TourStep> tourSteps()
+/// The tabs below the list come second: what follows shows the first of them filled.
+std::vector<TourStep> tourSteps()
 {
-    return steps;
+    std::vector<TourStep> result(std::begin(steps), std::end(steps));
+    const std::span<const TourStep> detail = detailSteps();
+    result.insert(result.begin() + 1, detail.begin(), detail.end());
+    return result;
 }
 
 } // namespace ebtq::shell

@@ -2,7 +2,7 @@
 
 #include <QStringView>
 
-#include <span>
+#include <vector>
 
 namespace ebtq::shell {
 
@@ -17,6 +17,6 @@ struct TourStep
     void (*look)(Tour &tour); ///< throws Failure when something else is seen; notes what is seen
 };
 
-[[nodiscard]] std::span<const TourStep> tourSteps();
+[[nodiscard]] std::vector<TourStep> tourSteps();
 
 } // namespace ebtq::shell

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QTabBar>
+
+namespace ebtq {
+
+class qzVSTabCtl;
+
+/// The widget of a tab strip; what the tabs show stands beside it, in panels. Alt with a tab's number chooses
+/// it from anywhere in `keyScope`.
+class TabStripView : public QTabBar
+{
+    Q_OBJECT
+
+public:
+    TabStripView(qzVSTabCtl &strip, QWidget *keyScope, QWidget *parent);
+
+private:
+    void follow();
+    void addShortcut(int tab, QWidget *keyScope);
+
+    qzVSTabCtl &m_strip;
+    bool m_following = false;
+};
+
+} // namespace ebtq
