@@ -97,13 +97,14 @@ std::vector<Quarter> writeDistricts(db::Connection &connection)
     return quarters;
 }
 
+/// A block is named without the word for it, which every screen and paper puts behind the name.
 std::vector<Block> makeBlocks(const Kind &kind, int &lastId, Random &random)
 {
     std::vector<Block> blocks;
     const int count = random.between(1, kind.mostBlocks);
     for (int number = 1; number <= count; ++number)
-        blocks.push_back({++lastId, QStringLiteral("%1栋").arg(number),
-                          random.between(kind.fewestFloors, kind.mostFloors)});
+        blocks.push_back(
+            {++lastId, QString::number(number), random.between(kind.fewestFloors, kind.mostFloors)});
     return blocks;
 }
 
