@@ -15,7 +15,12 @@ struct Options
 int listBenchmark(const Options &options);
 /// The search that hides rows, against one plain pass over the same bytes.
 int searchBenchmark(const Options &options);
+/// Changing the current row with each tab of the detail active, against that tab's bare statements.
+int rowChangeBenchmark(const Options &options);
 /// Translating the list statement, against SQLite preparing the translated text.
 int dialectBenchmark(const Options &options);
+
+/// Exporting the loaded list as CSV, against writing the same bytes from memory; XLSX beside it.
+int exportBenchmark(const Options &options);
 
 } // namespace ebtq::bench

@@ -17,7 +17,9 @@ struct Command
 constexpr Command commands[] = {
     {"list", "open the listing list", ebtq::bench::listBenchmark},
     {"search", "search in the loaded rows", ebtq::bench::searchBenchmark},
+    {"rowchange", "go down the list with each tab of the detail open", ebtq::bench::rowChangeBenchmark},
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
+    {"export", "export the loaded list", ebtq::bench::exportBenchmark},
 };
 
 QString commandHelp()

@@ -25,6 +25,8 @@ public:
 
     /// What the column's cells hold.
     [[nodiscard]] ColumnType type(int column) const;
+    /// The text of a cell in UTF-8; valid until the next call and until the grid changes.
+    [[nodiscard]] std::string_view shown(int row, int column) const { return stored(row, column); }
     /// The cell as it was loaded, before any format; valid until the grid changes.
     [[nodiscard]] std::string_view stored(int row, int column) const;
     /// Takes the columns without a caption away: they hold icons, which a text cannot tell.

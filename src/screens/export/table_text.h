@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace ebtq {
+
+class ShownGrid;
+
+/// Lists as text for other programs. Columns without a caption hold icons, which a text cannot tell; whoever
+/// calls leaves them out by ShownGrid::keepCaptioned.
+
+/// Told now and then how many rows are done; false stops the writing.
+using ExportProgress = std::function<bool(int rowsDone)>;
+
+/// A number as people write it, from a sign or digit to a "%" at its end; "," may part thousands.
+[[nodiscard]] bool looksLikeNumber(std::string_view text);
+
+/// One cell of a CSV file as RFC 4180 says: in quotes when it holds a quote, a comma or a line's end, quotes
+/// doubled.
+///
+/// A spreadsheet takes a cell that begins with = + - @ or their full-width forms, or with a tab or carriage
+/// return, for a formula, and runs it. Such a cell gets an apostrophe in front unless it is a number: "-12.5"
+/// stays, "=1+1" and "-外环" become "'=1+1" and "'-外环".
+void appendCsvCell(std::string_view text, std::string &out);
+
+/// A CSV file of captions and rows: UTF-8 with byte order mark, lines ended by CR LF. The file is there whole
+/// or as it was before; false when `progress` stopped it. Throws Failure when it cannot be written.
+bool writeCsv(const ShownGrid &table, const QString &path, const ExportProgress &progress = {});
+
+/// For the clipboard: captions and rows parted by tabs and line ends, and as an HTML table. In the plain text
+/// a cell with a tab, a line's end or a quote stands in quotes. In the table, texts are marked as such, so
+/// that a spreadsheet neither runs them as formulas nor cuts leading zeros.
+[[nodiscard]] QString tabbedText(const ShownGrid &table);
+[[nodiscard]] QString htmlTable(const ShownGrid &table);
+
+/// Why a file could not be written, for the user.
+[[nodiscard]] QString notWritten(const QString &path, const QString &reason);
+
+} // namespace ebtq
