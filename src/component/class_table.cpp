@@ -1,8 +1,10 @@
 #include "component/class_table.h"
 
 #include "library/listings/fcxx.h"
+#include "library/listings/frm_fx.h"
 #include "screens/frame/view_registry.h"
 #include "screens/listings/fcxx_view.h"
+#include "screens/listings/frm_fx_view.h"
 
 namespace ebtq {
 
@@ -24,6 +26,11 @@ const ComponentClass classes[] = {
 std::span<const ComponentClass> componentClasses()
 {
     return classes;
+}
+
+void addFormViews(ViewRegistry &views)
+{
+    views.add<FrmFx, FrmFxView>();
 }
 
 } // namespace ebtq

@@ -20,5 +20,7 @@ struct ComponentClass
 };
 
 [[nodiscard]] std::span<const ComponentClass> componentClasses();
+/// Screens of the forms that modules open: no host makes those.
+void addFormViews(ViewRegistry &views);
 
 } // namespace ebtq

@@ -13,6 +13,7 @@ LibraryOfClasses::LibraryOfClasses()
 {
     for (const ComponentClass &entry : componentClasses())
         entry.addView(m_views);
+    addFormViews(m_views);
 }
 
 QStringList LibraryOfClasses::classNames() const

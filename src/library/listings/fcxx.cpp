@@ -8,6 +8,7 @@
 #include "library/listings/fcxx_controls.h"
 #include "library/listings/fcxx_filter.h"
 #include "library/listings/fcxx_list.h"
+#include "library/listings/frm_fx.h"
 
 #include <QScopedValueRollback>
 
@@ -102,6 +103,7 @@ void Fcxx::connectGrid()
         if (!m_turning)
             scrolled();
     });
+    connect(&m_grid, &VSFlexGrid::DblClick, this, &Fcxx::viewListing);
     connect(&m_searchBox, &SearchBox::Search, this, &Fcxx::searchAgain);
     connect(&m_searchBox, &SearchBox::Clear, &m_grid, &VSFlexGrid::showAllRows);
     connect(&m_findFilters, &CheckBox::Click, this, [this] {
@@ -129,6 +131,7 @@ bool Fcxx::IReportUI_Init(HostApp &app, int moduleId)
         const double rate =
             Val(this->app().UserParameter(parameterGroup, QStringLiteral("mouseeventscrollrate")).Text);
         m_wheelRate = rate == 0 ? usualWheelRate : rate;
+        makeEditor();
         setUpFilter();
         setUpGrid();
         m_detail.setUpGrids();
@@ -185,6 +188,7 @@ bool Fcxx::IReportUI_Clear()
 {
     m_grid.setRows(0);
     m_place = {};
+    m_editor.reset();
     m_wheel.reset();
     setApp(nullptr);
     m_inited = false;
@@ -351,6 +355,10 @@ void Fcxx::pressed(const QString &key)
         showOnly(true, false);
     } else if (command == u"rent") {
         showOnly(false, true);
+    } else if (command == u"new") {
+        openEditor({}, false);
+    } else if (command == u"edit") {
+        editListing();
     } else if (command == u"refresh") {
         IReportUI_Refresh();
     } else if (command == u"close") {

@@ -16,6 +16,7 @@
 
 namespace ebtq {
 
+class FrmFx;
 struct ListingFilter;
 
 /// The list of listings: filter fields that make one statement, the grid that its rows fill, a search in the
@@ -43,6 +44,8 @@ public:
     [[nodiscard]] ListingDetail &detail() { return m_detail; }
     /// nullptr outside of Init ... Clear.
     [[nodiscard]] MouseWheel *mcMouseEvent() const { return m_wheel.get(); }
+    /// The editor of one listing; nullptr outside of Init ... Clear.
+    [[nodiscard]] FrmFx *mFrmFx() const { return m_editor.get(); }
 
     bool IReportUI_Init(HostApp &app, int moduleId) override;
     bool IReportUI_Clear() override;
@@ -120,6 +123,14 @@ private:
     void pressed(const QString &key);
     void showOnly(bool forSale, bool forRent);
     void clearFields();
+    void makeEditor();
+    [[nodiscard]] QString listingInSight();
+    void openEditor(const QString &listing, bool hideOwner);
+    void editListing();
+    void viewListing();
+    void mFrmFx_ReturnData(const QString &psID, bool pbNew);
+    bool showSavedRow(const QString &listing, int row);
+    void showDetailOfNumber();
     /// What the list is filtered by, as it stands below the title.
     [[nodiscard]] QString printSubtitle();
     void showHelp(int number, int left, int top, QString &text, QVariant &value);
@@ -138,6 +149,7 @@ private:
     VSFlexGrid &m_grid;
     ListingDetail m_detail;
     std::unique_ptr<MouseWheel> m_wheel;
+    std::unique_ptr<FrmFx> m_editor;
     bool m_inited = false;
     int m_moduleId = 0;
     QString m_layoutFile;   ///< where the host keeps the layout of this screen

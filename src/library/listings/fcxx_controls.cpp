@@ -43,9 +43,9 @@ NavToolbar::Item button(QStringView key, QStringView caption, QStringView icon)
     return {key.toString(), caption.toString(), icon.toString()};
 }
 
-/// A command that comes with the editors: a button that does nothing is not shown. Its place is kept, because
-/// the user's rights are asked for by key.
-NavToolbar::Item ofEditors(QStringView key, QStringView caption, QStringView icon)
+/// A command that is still to come: a button that does nothing is not shown. Its place is kept, because the
+/// user's rights are asked for by key.
+NavToolbar::Item toCome(QStringView key, QStringView caption, QStringView icon)
 {
     NavToolbar::Item item = button(key, caption, icon);
     item.visible = false;
@@ -74,12 +74,12 @@ std::vector<NavToolbar::Item> listingCommands()
         button(u"buy", u"出售", u"tag"),
         button(u"rent", u"出租", u""),
         button(u"", u"", u""),
-        ofEditors(u"new", u"新建房源", u"list-add"),
-        ofEditors(u"edit", u"修改房源", u"document-edit"),
-        ofEditors(u"delete", u"删除房源", u"edit-delete"),
-        ofEditors(u"", u"", u""),
-        ofEditors(u"gj", u"写跟进", u"edit-comment"),
-        ofEditors(u"", u"", u""),
+        button(u"new", u"新建房源", u"list-add"),
+        button(u"edit", u"修改房源", u"document-edit"),
+        toCome(u"delete", u"删除房源", u"edit-delete"),
+        button(u"", u"", u""),
+        toCome(u"gj", u"写跟进", u"edit-comment"),
+        toCome(u"", u"", u""),
         button(u"refresh", u"刷新", u"view-refresh"),
         button(u"", u"", u""),
         button(u"close", u"关闭", u"dialog-close"),

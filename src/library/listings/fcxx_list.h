@@ -27,5 +27,7 @@ void setUpListingGrid(VSFlexGrid &grid, int fixedColumns, const QString &format)
 /// The statement that loads the list. All joins are left joins, so that a listing without a department shows;
 /// its user in two departments shows it twice. `where` is a whole where clause or empty.
 [[nodiscard]] SqlText listingStatement(int moduleId, const SqlText &where);
+/// The same for one listing; its columns have names.
+[[nodiscard]] SqlText listingRowStatement(int moduleId, const QString &listing);
 
 } // namespace ebtq

@@ -14,6 +14,8 @@ ButtonView::ButtonView(Button &button, QWidget *parent)
     connect(&button, &Control::stateChanged, this, follow);
     follow();
     connect(this, &QPushButton::clicked, &button, [this, &button] {
+        if (m_guard && !m_guard())
+            return;
         const QPoint corner = mapToGlobal(QPoint());
         button.setPlace(corner.x(), corner.y());
         button.press();

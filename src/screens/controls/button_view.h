@@ -2,6 +2,8 @@
 
 #include <QPushButton>
 
+#include <functional>
+
 namespace ebtq {
 
 class Button;
@@ -13,6 +15,11 @@ class ButtonView : public QPushButton
 
 public:
     ButtonView(Button &button, QWidget *parent);
+    /// Asked on a press; with false nothing happens. None by default.
+    void setGuard(std::function<bool()> guard) { m_guard = std::move(guard); }
+
+private:
+    std::function<bool()> m_guard;
 };
 
 } // namespace ebtq

@@ -1,0 +1,126 @@
+#include "library/frame/conversions.h"
+#include "library/frame/null_conv.h"
+#include "library/listings/fcxx.h"
+#include "library/listings/fcxx_list.h"
+#include "library/listings/frm_fx.h"
+
+namespace ebtq {
+
+namespace {
+
+/// Where the columns of a saved listing's row go. The marker of attachments and their number stay as they
+/// are.
+struct Cell
+{
+    QStringView name;
+    int column;
+};
+constexpr Cell cells[] = {{u"部门", 17},
+                          {u"朝向", 12},
+                          {u"城区", 4},
+                          {u"栋座", ListingBlock},
+                          {u"房号", ListingRoom},
+                          {u"房型", 10},
+                          {u"房源ID", ListingKey},
+                          {u"房源编号", 1},
+                          {u"交易", 2},
+                          {u"楼层1", 8},
+                          {u"楼盘字典", 5},
+                          {u"面积", 11},
+                          {u"售总价", 14},
+                          {u"委托日", 16},
+                          {u"业务员", 18},
+                          {u"租总价", 15},
+                          {u"状态", 3},
+                          {u"附属房", 9},
+                          {u"装修", 13}};
+
+} // namespace
+
+void Fcxx::makeEditor()
+{
+    m_editor = std::make_unique<FrmFx>(desktop());
+    connect(m_editor.get(), &FrmFx::Message, this, &Fcxx::Message);
+    connect(m_editor.get(), &FrmFx::ErrMessage, this, &Fcxx::ErrMessage);
+    connect(m_editor.get(), &FrmFx::ReturnData, this, &Fcxx::mFrmFx_ReturnData);
+}
+
+/// The listing of the current row; empty when there is none. One that the search box has hidden is not
+/// opened: nobody edits what is not seen.
+QString Fcxx::listingInSight()
+{
+    const int row = m_grid.Row();
+    if (row < m_grid.FixedRows() || row >= m_grid.Rows())
+        return {};
+    if (!m_grid.RowHidden(row))
+        return m_grid.TextMatrix(row, ListingKey);
+    Q_EMIT Message(QStringLiteral("当前房源已被过滤隐藏，请先在列表中选择房源！"));
+    return {};
+}
+
+void Fcxx::openEditor(const QString &listing, bool hideOwner)
+{
+    trapped(u"-->OpenFrmFx::", [&] {
+        HostApp &host = app();
+        m_editor->py_Init(host, m_moduleId, listing, hideOwner);
+        return true;
+    });
+}
+
+void Fcxx::editListing()
+{
+    if (const QString listing = listingInSight(); !listing.isEmpty())
+        openEditor(listing, false);
+}
+
+/// Everybody may look at a listing; who may not edit does not see its owner.
+void Fcxx::viewListing()
+{
+    trapped(u"-->VS_DblClick::", [&] {
+        if (const QString listing = listingInSight(); !listing.isEmpty())
+            openEditor(listing, !app().Rights(m_moduleId)->Allowed(RightEdit));
+        return true;
+    });
+}
+
+void Fcxx::mFrmFx_ReturnData(const QString &psID, bool pbNew)
+{
+    trapped(u"-->mFrmFx_ReturnData::", [&] {
+        if (pbNew) {
+            m_grid.insertRow(m_grid.FixedRows());
+            m_grid.setRow(m_grid.FixedRows());
+            setWheelRange();
+        }
+        if (!showSavedRow(psID, m_grid.Row()))
+            return false;
+        showDetailOfNumber();
+        return true;
+    });
+}
+
+/// The key is a GUID and its leading number no listing's key, so the tabs show nothing new until the row
+/// changes. That is as it is to be: what was just saved need not be read again.
+void Fcxx::showDetailOfNumber()
+{
+    const int row = m_grid.Row();
+    if (row < m_grid.FixedRows() || row >= m_grid.Rows())
+        return;
+    if (const QString listing = m_grid.TextMatrix(row, ListingKey); !listing.isEmpty())
+        m_detail.ShowDetail(PlainDecimal(Val(listing)));
+}
+
+bool Fcxx::showSavedRow(const QString &listing, int row)
+{
+    const auto saved = app().Db().CreateQuery(listingRowStatement(m_moduleId, listing), 1)->Open();
+    if (const QString error = app().Db().LastError().Description; !error.isEmpty()) {
+        raiseDatabaseError(error);
+        return false;
+    }
+    if (saved->Eof() && saved->Bof())
+        return true;
+    for (const Cell &cell : cells)
+        m_grid.setTextMatrix(row, cell.column, NullConv::ToText(saved->Fields(cell.name.toString()).Value));
+    return true;
+}
+
+} // namespace ebtq

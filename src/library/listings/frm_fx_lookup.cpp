@@ -1,0 +1,261 @@
+#include "library/frame/conversions.h"
+#include "library/frame/null_conv.h"
+#include "library/listings/frm_fx.h"
+#include "library/listings/frm_fx_fields.h"
+#include "library/pickers/picked_rows.h"
+
+namespace ebtq {
+
+namespace {
+
+enum FieldNumber : int {
+    District = 1,
+    Block = 3,
+    HouseType = 4,
+    Building = 6,
+    Area = 7,
+    Floors = 10,
+    Agent = 13,
+    Deal = 23,
+    SalePrice = 25,
+    SaleUnitPrice = 26,
+    Rent = 29,
+    RentUnitPrice = 30,
+    PropertyRight = 44,
+    Viewing = 48,
+    KeyNumber = 49,
+};
+
+void set(ParameterList &parameters, QStringView name, const QVariant &value)
+{
+    parameters.Item(name.toString()).Value = value;
+}
+
+} // namespace
+
+void FrmFx::connectFields()
+{
+    for (qzTxt_S *field : m_fields) {
+        const int number = field->Index();
+        connect(field, &qzTxt_S::valueChanged, field,
+                [field] { field->setTag(NullConv::ToText(field->Value())); });
+        connect(field, &qzTxt_S::FieldChange, this, [=, this] { fieldChanged(number); });
+        connect(field, &qzTxt_S::FieldHelp, this,
+                [=, this](int left, int top, QString &text, QVariant &value) {
+                    showHelp(number, left, top, text, value);
+                });
+        connect(field, &qzTxt_S::FieldCheck, this,
+                [=, this](const QString &base, const QString &valueField, const QString &textField,
+                          QVariant &value,
+                          QString &text) { checkField(number, base, valueField, textField, value, text); });
+        connect(
+            field, &qzTxt_S::FieldGenericHelp, this,
+            [this](const QString &key, const QVariant &control, const QVariant &left, const QVariant &top) {
+                trapped(u"-->qzFcTxt_FieldGenericHelp::",
+                        [&] { return app().ShowHelp(key, control, left, top); });
+            });
+    }
+    connect(&Cmd(0), &Button::Click, this, &FrmFx::saveAndClose);
+    connect(&Cmd(1), &Button::Click, this, &FrmFx::unloaded);
+    connect(&Cmd(2), &Button::Click, this, [this] { pickRemark(Cmd(2), u"房源备注", Txt(1)); });
+    connect(&Cmd(3), &Button::Click, this, [this] { pickRemark(Cmd(3), u"业主联系备注", Txt(0)); });
+}
+
+void FrmFx::InitFields()
+{
+    for (qzTxt_S *field : m_fields) {
+        const ListingValue &value = editorField(field->Index());
+        const LookUp &source = value.lookUp;
+        field->setAlignment(value.alignment);
+        if (source.kind == LookUp::None)
+            continue;
+        field->set_help_flag(true);
+        field->set_help_menuflag(true);
+        if (source.kind == LookUp::Calendar) {
+            // A date is not checked at its field: the save hands it to the database, which refuses what is
+            // none.
+            field->set_help_type(qzTxt_S::Calendar);
+            field->set_judge_type(qzTxt_S::JudgeDate);
+            continue;
+        }
+        field->set_judge_type(qzTxt_S::JudgeStatement);
+        field->set_judge_time(qzTxt_S::JudgeOnLeaving);
+        field->set_error_message(Trim(field->Caption()) + QStringLiteral("输入有误，请重新输入！"));
+        field->set_help_type(source.kind == LookUp::Picker ? qzTxt_S::Custom : qzTxt_S::HostList);
+        if (source.kind == LookUp::Picker)
+            continue;
+        field->set_text_field_code(source.valueColumn.toString());
+        field->set_text_field_name(source.textColumn.toString());
+        field->set_help_code(source.name.toString());
+        field->set_judge_base(source.check());
+    }
+}
+
+// A changed field
+
+void FrmFx::fieldChanged(int number)
+{
+    if (number == Viewing)
+        followViewing();
+    if (number == Area || number == SalePrice)
+        showUnitPrice(SalePrice, SaleUnitPrice);
+    if (number == Area || number == Rent)
+        showUnitPrice(Rent, RentUnitPrice);
+}
+
+/// A key number belongs to a viewing with a key. One that was typed stays and is saved all the same.
+void FrmFx::followViewing()
+{
+    qzFcTxt(KeyNumber).setEnabled(qzFcTxt(Viewing).Text().contains(u'匙'));
+}
+
+/// The price of a square metre in the unit of the price. Without area or price the last one stays.
+void FrmFx::showUnitPrice(int price, int result)
+{
+    const double area = Val(qzFcTxt(Area).Text());
+    const double whole = Val(qzFcTxt(price).Text());
+    if (area != 0 && whole != 0)
+        qzFcTxt(result).setText(Format(whole / area, u"#0.00"));
+}
+
+// Help and check
+
+/// The picker of a field, ready and with its parameters; nullptr when it cannot be used.
+HostPicker *FrmFx::picker(int number)
+{
+    HostPicker &list = app().Picker(editorField(number).lookUp.name.toString());
+    if (!list.Ready(0))
+        return nullptr;
+    ParameterList &parameters = list.Parameters();
+    if (number == District) {
+        set(parameters, u"pdmsfmx", 1);
+        return &list;
+    }
+    set(parameters, u"lock", 1);
+    if (number == Agent)
+        set(parameters, u"组织类型", 1);
+    else if (number == Building)
+        set(parameters, u"地区", qzFcTxt(District).Text());
+    else
+        set(parameters, u"楼盘", qzFcTxt(Building).Text());
+    return &list;
+}
+
+void FrmFx::showHelp(int number, int left, int top, QString &text, QVariant &value)
+{
+    trapped(u"-->qzFcTxt_FieldHelp::", [&] {
+        HostPicker *list = picker(number);
+        return list && list->Show(left, top, text, value, 0, {});
+    });
+}
+
+void FrmFx::checkField(int number, const QString &base, const QString &valueField, const QString &textField,
+                       QVariant &value, QString &text)
+{
+    trapped(u"-->qzFcTxt_FieldCheck::", [&] {
+        if (!lookUp(number, base, valueField, textField, value, text))
+            return false;
+        // What no list knows is stored as it was typed, with its own text as its key; only the kind of deal
+        // must be a known one, since lists and matching go by it.
+        if (NullConv::ToText(value).isEmpty() && number != Deal) {
+            text = qzFcTxt(number).Text();
+            value = text;
+        }
+        return true;
+    });
+}
+
+/// False when the look-up cannot be made at all.
+bool FrmFx::lookUp(int number, const QString &base, const QString &valueField, const QString &textField,
+                   QVariant &value, QString &text)
+{
+    const QString typedText = qzFcTxt(number).Text();
+    if (editorField(number).lookUp.kind == LookUp::Picker) {
+        HostPicker *list = picker(number);
+        if (!list)
+            return false;
+        list->Validate(base, valueField, textField, typedText, value, text);
+        takePickedRow(number, *list);
+        return true;
+    }
+    app().JudgeText(base, valueField, textField, typedText, value, text);
+    if (number == HouseType)
+        fillFromHouseType(value, text);
+    else if (number == PropertyRight)
+        fillFromPropertyRight(value);
+    return true;
+}
+
+/// What goes with a building or block. After a text that is none the row is empty, and so is what the last
+/// building left here.
+void FrmFx::takePickedRow(int number, const HostPicker &picker)
+{
+    const auto row = picker.Objects();
+    if (number == Building) {
+        if (const auto building = std::dynamic_pointer_cast<const clsLpzd>(row)) {
+            qzFcTxt(20).setText(building->s物业用途);
+            qzFcTxt(21).setText(building->s物业类型);
+            qzFcTxt(22).setText(building->s建房年代);
+            qzFcTxt(37).setText(NumberText(building->d管理费));
+        }
+    } else if (number == Block) {
+        if (const auto block = std::dynamic_pointer_cast<const clsDz>(row))
+            qzFcTxt(Floors).setText(QString::number(block->l总楼层));
+    }
+}
+
+void FrmFx::fillFromHouseType(const QVariant &value, QString &text)
+{
+    SqlText sql(QStringLiteral("select 房间数,客厅数,卫生间数,阳台数 from pdmfx where 房型编号='"));
+    sql += typed(NullConv::ToText(value));
+    sql += QStringView(u"'");
+    const auto rows = rowsOf(sql);
+    if (rows->Eof() && rows->Bof())
+        return;
+    const auto read = [&](QStringView column) {
+        return NullConv::ToText(rows->Fields(column.toString()).Value);
+    };
+    qzFcTxt(HouseType).setText(read(u"房间数"));
+    qzFcTxt(19).setText(read(u"客厅数"));
+    qzFcTxt(18).setText(read(u"卫生间数"));
+    qzFcTxt(16).setText(read(u"阳台数"));
+    text = read(u"房间数"); // the field shows the number of rooms, not the name of the type
+}
+
+void FrmFx::fillFromPropertyRight(const QVariant &value)
+{
+    SqlText sql(QStringLiteral("select 证件名称,付款方式,付佣金方式 from pdmcq where 产权编号='"));
+    sql += typed(NullConv::ToText(value));
+    sql += QStringView(u"'");
+    const auto rows = rowsOf(sql);
+    if (rows->Eof() && rows->Bof())
+        return;
+    const std::pair<int, QStringView> filled[] = {{45, u"证件名称"}, {46, u"付款方式"}, {47, u"付佣金方式"}};
+    for (const auto &[number, column] : filled)
+        qzFcTxt(number).setText(NullConv::ToText(rows->Fields(column.toString()).Value));
+}
+
+// Remarks
+
+void FrmFx::pickRemark(const Button &button, QStringView kind, TextBox &target)
+{
+    trapped(u"-->Cmd_Click::", [&] {
+        HostPicker &list = app().Picker(QStringLiteral("selpdm"));
+        if (!list.Ready(0))
+            return false;
+        ParameterList &parameters = list.Parameters();
+        set(parameters, u"编号", QStringLiteral("代码"));
+        set(parameters, u"名称", QStringLiteral("名称"));
+        set(parameters, u"ID", QStringLiteral("代码"));
+        set(parameters, u"table", QStringLiteral("pdmsjzd"));
+        set(parameters, u"where", QStringLiteral("类型='%1'").arg(kind));
+        set(parameters, u"order", QStringLiteral("代码"));
+        QString text = target.Text();
+        QVariant value;
+        list.Show(button.Left(), button.Top(), text, value, 0, {});
+        target.setText(text);
+        return true;
+    });
+}
+
+} // namespace ebtq

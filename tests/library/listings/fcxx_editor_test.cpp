@@ -1,0 +1,132 @@
+#include "library/listings/fcxx.h"
+#include "library/listings/frm_fx_fixture.h"
+
+using namespace ebtq;
+using ebtq::test::FrmFxTest;
+
+namespace {
+
+/// The list and its editor: what one opens and the other brings back.
+class FcxxEditorTest : public FrmFxTest
+{
+protected:
+    FcxxEditorTest()
+    {
+        for (int number = 0; number < 3; ++number)
+            makeListing();
+        connection->execute(u"update fyxx set 楼盘字典='东湖名苑' where 房源编号='FY2026110002'"_qs);
+        for (const int right : {RightNew, RightEdit})
+            connection->execute(
+                u"insert into host_rights (userID,moduleID,rightID,allowed) values ('U1',101,%1,1)"_qs.arg(
+                    right));
+        QObject::connect(&list, &Fcxx::Message, [this](const QString &text) { message = text; });
+        QObject::connect(&list, &Fcxx::ErrMessage,
+                         [this](const QString &text, int level, const QString &title) {
+                             listEvents += u"%1|%2|%3"_qs.arg(text).arg(level).arg(title);
+                         });
+        EXPECT_TRUE(list.IReportUI_Init(app, host::ListingModule));
+        EXPECT_TRUE(list.IReportUI_Refresh());
+    }
+    [[nodiscard]] FrmFx &editor() const { return *list.mFrmFx(); }
+    void expectEditor(const std::function<void()> &act)
+    {
+        desktop.willShow([act](QObject &) { act(); });
+    }
+    [[nodiscard]] QString cell(int row, int column) { return list.VS().TextMatrix(row, column); }
+
+    Fcxx list{desktop};
+    QString message;
+    QStringList listEvents;
+};
+
+TEST_F(FcxxEditorTest, ANewListingStandsOnTop)
+{
+    list.VS().setRow(3);
+    expectEditor([&] {
+        const std::pair<int, const char16_t *> typed[] = {
+            {1, u"海珠区"}, {6, u"江南里"}, {3, u"B座"}, {23, u"出售"}, {24, u"有效"}, {8, u"1802"},
+            {14, u"18"},    {10, u"33"},    {4, u"3"},   {25, u"586"},  {7, u"128.5"}, {54, u"车位"}};
+        for (const auto &[number, text] : typed)
+            editor().qzFcTxt(number).setText(QString::fromUtf16(text));
+        desktop.willAnswer(Desktop::Answer::No);
+        editor().Cmd(0).press();
+    });
+    list.NavToolbar1().press(u"new"_qs);
+    ASSERT_EQ(list.VS().Rows(), 5);
+    EXPECT_EQ(list.VS().Row(), 1);
+    QStringList row;
+    for (int col = 0; col < 19; ++col)
+        row.append(cell(1, col));
+    EXPECT_EQ(row.join(u'|'),
+              u"|FY2026110004|出售|有效|海珠区|江南里|B座|1802|18/33|车位|3房0厅0卫0阳台|128.5|||"
+              u"586万元|0元/月|2026-11-22|营业一部|");
+    EXPECT_EQ(cell(2, 1), u"FY2026110003");
+    EXPECT_EQ(
+        app.statements.last(),
+        u"select '',房源编号,交易方式  as 交易,交易状态 as 状态,地区 as 城区,楼盘字典,栋座位置 as 栋座,房号,"
+        u"楼层 & '/' & 总楼层 as 楼层1, 附属房,房型_房 & '房' & 房型_厅 & '厅' & 房型_卫 & '卫' & 房型_阳台 "
+        u"&'阳台' as 房型,总面积 as 面积,朝向,装修,售房价格 & '万元' as 售总价,租房价格 & '元/月' as 租总价,"
+        u"委托日期 as 委托日,C.mtname as 部门,D.姓名 as 业务员,房源ID,(select count(rowindex) from pubAttach "
+        u"where isActive=1 and isPicture<>1 and progID=101 and ids=A.房源ID) as 附件 from ((fyxx A left join "
+        u"su_membership B on A.用户ID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID) left join "
+        u"pdmgy D on A.业务员ID=D.雇员ID where 房源ID='"_qs +
+            cell(1, 19) + u'\'');
+}
+
+TEST_F(FcxxEditorTest, AnEditRewritesItsRowAndLeavesTheAttachmentsAlone)
+{
+    list.VS().setRow(2);
+    list.VS().setTextMatrix(2, 20, u"7"_qs);
+    expectEditor([&] {
+        EXPECT_EQ(editor().qzFcTxt(6).Text(), u"东湖名苑");
+        editor().qzFcTxt(6).setText(u"西湖名苑"_qs);
+        editor().Cmd(0).press();
+    });
+    list.NavToolbar1().press(u"edit"_qs);
+    EXPECT_EQ(list.VS().Rows(), 4);
+    EXPECT_EQ(cell(2, 5) + cell(2, 20), u"西湖名苑7");
+    EXPECT_EQ(cell(1, 5) + cell(3, 5), u"翠堤雅居翠堤雅居");
+}
+
+TEST_F(FcxxEditorTest, ADoubleClickHidesTheOwnerFromWhoMayNotEdit)
+{
+    for (const bool allowed : {true, false}) {
+        if (!allowed)
+            connection->execute(u"delete from host_rights where rightID=8"_qs);
+        expectEditor([&] {
+            EXPECT_EQ(editor().qzFcTxt(50).Visible(), allowed);
+            EXPECT_EQ(editor().Cmd(0).Enabled(), allowed);
+        });
+        list.VS().setRow(1);
+        list.VS().reportDoubleClick();
+    }
+}
+
+TEST_F(FcxxEditorTest, WhatIsNotSeenIsNotOpened)
+{
+    list.VS().setRow(2);
+    list.VS().setRowHidden(2, true);
+    list.NavToolbar1().press(u"edit"_qs);
+    list.VS().reportDoubleClick();
+    EXPECT_EQ(message, u"当前房源已被过滤隐藏，请先在列表中选择房源！");
+    list.VS().setRows(1);
+    list.NavToolbar1().press(u"edit"_qs);
+    EXPECT_EQ(listEvents, QStringList());
+    list.IReportUI_Clear();
+    list.NavToolbar1().press(u"new"_qs);
+    EXPECT_EQ(listEvents, QStringList(u"Fcxx-->OpenFrmFx::模块尚未初始化！|8|EBTQ_S"_qs));
+}
+
+TEST_F(FcxxEditorTest, FailuresOfTheEditorComeOutOfTheList)
+{
+    connection->executeNative("drop table su_usertype");
+    list.VS().setRow(1);
+    list.NavToolbar1().press(u"edit"_qs);
+    ASSERT_EQ(listEvents.size(), 1);
+    EXPECT_TRUE(listEvents[0].startsWith(u"FrmFx-->LoadData::") && listEvents[0].endsWith(u"|8|EBTQ_S"));
+    Q_EMIT editor().ReturnData(u"x"_qs, false);
+    ASSERT_EQ(listEvents.size(), 2);
+    EXPECT_TRUE(listEvents[1].contains(u"su_usertype") && !listEvents[1].contains(u"Fcxx"));
+}
+
+} // namespace

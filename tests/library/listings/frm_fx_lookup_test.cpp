@@ -1,0 +1,229 @@
+#include "library/listings/frm_fx_fixture.h"
+#include "library/pickers/picked_rows.h"
+
+using namespace ebtq;
+using ebtq::test::FrmFxTest;
+
+namespace {
+
+class FrmFxLookupTest : public FrmFxTest
+{
+protected:
+    /// Types into a field as a person does and leaves it; false when it is refused.
+    bool enter(int number, const QString &typedText)
+    {
+        form.qzFcTxt(number).type(typedText);
+        return form.qzFcTxt(number).check();
+    }
+    [[nodiscard]] QStringList texts(std::initializer_list<int> numbers) const
+    {
+        QStringList result;
+        for (const int number : numbers)
+            result.append(text(number));
+        return result;
+    }
+};
+
+TEST_F(FrmFxLookupTest, FieldsAreSetUpForTheirLookUp)
+{
+    struct Case
+    {
+        int number;
+        const char16_t *helpCode;
+        const char16_t *kind;
+        const char16_t *errorMessage;
+    };
+    const Case dictionary[] = {
+        {17, u"gy_sjzd_cx", u"房屋朝向", u"㎡ 朝向"},  {20, u"gy_sjzd_yt", u"物业用途", u"用途"},
+        {21, u"gy_sjzd_lx", u"物业类型", u"类型"},     {23, u"gy_sjzd_jy", u"交易类型", u"交易"},
+        {24, u"gy_sjzd_zt", u"交易状态", u"状态"},     {28, u"gy_sjzd_bsf", u"包税费类型", u"包税费"},
+        {34, u"gy_sjzd_wt", u"委托方式", u"委托方式"}, {38, u"gy_sjzd_ly", u"房屋来源", u"来源"},
+        {39, u"gy_sjzd_xz", u"房屋现状", u"现状"},     {40, u"gy_sjzd_zx", u"装修程度", u"装修"},
+        {41, u"gy_sjzd_pt", u"配套设施", u"配套"},     {42, u"gy_sjzd_jj", u"家具配置", u"家具"},
+        {43, u"gy_sjzd_jd", u"家电配置", u"家电"},     {45, u"gy_sjzd_zj", u"证件名称", u"证件"},
+        {46, u"gy_sjzd_fk", u"付款方式", u"付款"},     {47, u"gy_sjzd_fy", u"付佣金方式", u"付佣"},
+        {48, u"gy_sjzd_kf", u"看房方式", u"看房"},     {52, u"gy_sjzd_gj", u"国籍", u"国籍"},
+    };
+    open({}, [&] {
+        QList<int> seen;
+        for (const Case &c : dictionary) {
+            const qzTxt_S &field = form.qzFcTxt(c.number);
+            seen.append(c.number);
+            EXPECT_EQ(field.help_code(), QString::fromUtf16(c.helpCode));
+            EXPECT_EQ(
+                field.judge_base(),
+                u"select 代码,名称 from pdmsjzd where 类型='%1' and (代码='@' or 名称='@')"_qs.arg(c.kind));
+            EXPECT_EQ(field.error_message(),
+                      QString::fromUtf16(c.errorMessage) + u"输入有误，请重新输入！"_qs);
+            EXPECT_EQ(field.text_field_code() + field.text_field_name(), u"代码名称");
+            EXPECT_TRUE(field.help_menuflag() && field.help_type() == qzTxt_S::HostList);
+        }
+        EXPECT_EQ(form.qzFcTxt(4).judge_base(),
+                  u"select 房型编号,房型名称,房间数,客厅数,卫生间数,阳台数 from pdmfx where (房型编号='@' or "
+                  u"房型名称='@')");
+        EXPECT_EQ(form.qzFcTxt(44).judge_base(),
+                  u"select 产权编号,产权名称,证件名称,付款方式,付佣金方式 from "
+                  u"pdmcq where (产权编号='@' or 产权名称='@')");
+        for (int number = 0; number < 55; ++number) {
+            const qzTxt_S &field = form.qzFcTxt(number);
+            const bool isCustom = number == 1 || number == 3 || number == 6 || number == 13;
+            const bool isDate = number == 2 || number == 9 || number == 33 || number == 35;
+            const bool isList = seen.contains(number) || number == 4 || number == 44;
+            EXPECT_EQ(field.help_flag(), isCustom || isDate || isList) << number;
+            EXPECT_EQ(field.judge_time() == qzTxt_S::JudgeOnLeaving, isCustom || isList) << number;
+            EXPECT_EQ(field.help_type() == qzTxt_S::Custom, isCustom) << number;
+            EXPECT_EQ(field.help_type() == qzTxt_S::Calendar && field.judge_type() == qzTxt_S::JudgeDate,
+                      isDate);
+            const bool right = QList<int>{5, 7, 25, 26, 27, 29, 30, 31, 32, 37}.contains(number);
+            const bool centre = QList<int>{4, 8, 10, 14, 16, 18, 19, 49}.contains(number);
+            EXPECT_EQ(field.Alignment(), right    ? qzTxt_S::AlignRight
+                                         : centre ? qzTxt_S::AlignCentre
+                                                  : 0)
+                << number;
+        }
+    });
+}
+
+TEST_F(FrmFxLookupTest, PickersAreAskedWithTheirParameters)
+{
+    struct Case
+    {
+        int number;
+        QString picker;
+        QString parameters;
+    };
+    const Case cases[] = {{1, u"pdmdq"_qs, u" pdmsfmx=1"_qs},
+                          {13, u"pdmgy"_qs, u" lock=1 组织类型=1"_qs},
+                          {6, u"selpdmlpzd"_qs, u" lock=1 地区=天河区"_qs},
+                          {3, u"selpdmdz"_qs, u" lock=1 楼盘=翠堤雅居"_qs}};
+    open({}, [&] {
+        for (const Case &c : cases) {
+            fillRequired();
+            script = {};
+            qzTxt_S &field = form.qzFcTxt(c.number);
+            field.setText(u"旧"_qs);
+            field.setText(c.number == 1 ? u"天河区"_qs : u"旧"_qs);
+            const QString before = field.Text();
+            field.requestHelp(7, 8);
+            EXPECT_EQ(script.asked, QStringList(u"show %1 7 8"_qs.arg(c.picker) + c.parameters));
+            EXPECT_EQ(field.Text(), before) << "a list left without a choice";
+            script = {{}, u"新"_qs, 17, nullptr};
+            field.requestHelp(7, 8);
+            EXPECT_EQ(field.Text() + field.Tag(), u"新17");
+            script = {};
+            EXPECT_TRUE(enter(c.number, u"没有"_qs)) << "what no list knows is taken as it stands";
+            EXPECT_EQ(script.asked, QStringList(u"validate %1 没有"_qs.arg(c.picker) +
+                                                QString(c.parameters).replace(u"天河区"_qs, text(1))));
+            EXPECT_EQ(field.Text() + field.Tag(), u"没有没有");
+            form.qzFcTxt(c.number).type({});
+            EXPECT_TRUE(form.qzFcTxt(c.number).check());
+            EXPECT_EQ(field.Tag(), QString()) << "an emptied field has no key";
+        }
+    });
+    EXPECT_EQ(events, QStringList());
+}
+
+TEST_F(FrmFxLookupTest, ABuildingAndABlockBringTheirDetailsAlong)
+{
+    auto building = std::make_shared<clsLpzd>();
+    building->s物业用途 = u"住宅"_qs;
+    building->s物业类型 = u"高层"_qs;
+    building->s建房年代 = u"2012"_qs;
+    building->d管理费 = 3.25;
+    auto block = std::make_shared<clsDz>();
+    block->l总楼层 = 33;
+    open({}, [&] {
+        form.qzFcTxt(3).setText(u"A3"_qs);
+        script = {{}, u"翠堤雅居"_qs, 31, building};
+        EXPECT_TRUE(enter(6, u"CDYJ"_qs));
+        EXPECT_EQ(texts({6, 20, 21, 22, 37, 3}),
+                  QStringList({u"翠堤雅居"_qs, u"住宅"_qs, u"高层"_qs, u"2012"_qs, u"3.25"_qs, u"A3"_qs}));
+        EXPECT_EQ(form.qzFcTxt(6).Tag(), u"31");
+        script = {{}, u"A栋"_qs, 4, block};
+        EXPECT_TRUE(enter(3, u"A"_qs));
+        EXPECT_EQ(texts({3, 10}), QStringList({u"A栋"_qs, u"33"_qs}));
+    });
+}
+
+TEST_F(FrmFxLookupTest, HouseTypeAndPropertyRightFillTheirFields)
+{
+    open({}, [&] {
+        EXPECT_TRUE(enter(4, u"F1"_qs));
+        EXPECT_EQ(texts({4, 19, 18, 16}), QStringList({u"3"_qs, u"2"_qs, u"2"_qs, u"1"_qs}));
+        EXPECT_TRUE(enter(4, u"5室"_qs));
+        EXPECT_EQ(texts({4, 19, 18, 16}), QStringList({u"5室"_qs, u"2"_qs, u"2"_qs, u"1"_qs}));
+        form.qzFcTxt(46).setText(u"公积金"_qs);
+        EXPECT_TRUE(enter(44, u"商品房"_qs));
+        EXPECT_EQ(texts({44, 45, 46, 47}),
+                  QStringList({u"商品房"_qs, u"房产证"_qs, u"按揭"_qs, u"成交后"_qs}));
+        EXPECT_TRUE(enter(17, u"01"_qs));
+        EXPECT_EQ(text(17), u"南");
+        EXPECT_TRUE(enter(17, u"O'Hara"_qs)) << "the save refuses it";
+        EXPECT_TRUE(enter(23, u"01"_qs));
+        EXPECT_FALSE(enter(23, u"送"_qs)) << "the one field that must be known";
+        EXPECT_EQ(text(23), u"送");
+    });
+    EXPECT_EQ(events, QStringList());
+}
+
+TEST_F(FrmFxLookupTest, UnitPricesFollowAreaAndPrices)
+{
+    struct Case
+    {
+        int number;
+        QString typedText;
+        QString sale;
+        QString rent;
+    };
+    const Case cases[] = {
+        {25, u"586"_qs, {}, {}},
+        {7, u"128.5㎡"_qs, u"4.56"_qs, {}},
+        {29, u"4500"_qs, u"4.56"_qs, u"35.02"_qs},
+        {25, {}, u"4.56"_qs, u"35.02"_qs}, // stays when the price goes
+        {7, u"100"_qs, u"4.56"_qs, u"45.00"_qs},
+        {25, u"-1.005"_qs, u"-0.01"_qs, u"45.00"_qs},
+        {7, u"没有"_qs, u"-0.01"_qs, u"45.00"_qs},
+    };
+    open({}, [&] {
+        for (const Case &c : cases) {
+            form.qzFcTxt(c.number).type(c.typedText);
+            EXPECT_EQ(texts({26, 30}), QStringList({c.sale, c.rent})) << c.typedText.toStdString();
+        }
+    });
+}
+
+TEST_F(FrmFxLookupTest, TheKeyNumberBelongsToAViewingWithAKey)
+{
+    const QString id = makeListing();
+    open(id, [&] {
+        form.qzFcTxt(48).setText(u"有匙"_qs);
+        EXPECT_TRUE(form.qzFcTxt(49).Enabled());
+        form.qzFcTxt(49).setText(u"A-17"_qs);
+        form.qzFcTxt(48).setText(u"预约"_qs);
+        EXPECT_FALSE(form.qzFcTxt(49).Enabled());
+        save();
+    });
+    EXPECT_EQ(rows(u"select 钥匙号 from fyxx"_qs).value(0, 0).toString(), u"A-17");
+}
+
+TEST_F(FrmFxLookupTest, RemarksArePickedAtTheirButton)
+{
+    const QString asks =
+        u"show selpdm 30 40 编号=代码 名称=名称 ID=代码 table=pdmsjzd where=类型='%1' order=代码"_qs;
+    open({}, [&] {
+        const std::tuple<int, int, QString> buttons[] = {{2, 1, u"房源备注"_qs}, {3, 0, u"业主联系备注"_qs}};
+        for (const auto &[button, box, kind] : buttons) {
+            form.Txt(box).setText(u"手写"_qs);
+            form.Cmd(button).setPlace(30, 40);
+            script = {};
+            form.Cmd(button).press();
+            EXPECT_EQ(script.asked, QStringList(asks.arg(kind)));
+            EXPECT_EQ(form.Txt(box).Text(), u"手写") << "left without a choice";
+            script = {{}, u"晚上联系"_qs, 0, nullptr};
+            form.Cmd(button).press();
+            EXPECT_EQ(form.Txt(box).Text(), u"晚上联系");
+        }
+    });
+}
+
+} // namespace
