@@ -34,12 +34,14 @@ public:
     QByteArray newGuidBytes() override { return {}; }
 };
 
-host::DemoOptions demoOptions(int listings)
+host::DemoOptions demoOptions(const Options &options)
 {
-    host::DemoOptions options;
-    options.listings = listings;
-    options.today = QDate(2026, 11, 22);
-    return options;
+    host::DemoOptions demo;
+    demo.listings = options.rows;
+    demo.customers = options.customers;
+    demo.followUps = options.followUps;
+    demo.today = QDate(2026, 11, 22);
+    return demo;
 }
 
 } // namespace
@@ -52,7 +54,7 @@ Agency::Agency(const Options &options)
 {
     if (options.database.isEmpty()) {
         db::install(*m_connection);
-        host::writeDemo(*m_connection, demoOptions(options.rows));
+        host::writeDemo(*m_connection, demoOptions(options));
     }
     const host::User user{QStringLiteral("bench"), QStringLiteral("bench"), {}};
     const host::Settings settings{m_folder.filePath(QStringLiteral("work")), QDate(2026, 11, 22)};

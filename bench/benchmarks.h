@@ -8,6 +8,8 @@ struct Options
 {
     int rows = 100'000;
     int rounds = 5;
+    int customers = 600;
+    int followUps = 3000;
     QString database; ///< an existing one; empty: a temporary one is made
 };
 
@@ -17,6 +19,8 @@ int listBenchmark(const Options &options);
 int searchBenchmark(const Options &options);
 /// Changing the current row with each tab of the detail active, against that tab's bare statements.
 int rowChangeBenchmark(const Options &options);
+/// The customers of listings of several kinds, against the bare statements; with the engine's plan of each.
+int matchBenchmark(const Options &options);
 /// Translating the list statement, against SQLite preparing the translated text.
 int dialectBenchmark(const Options &options);
 

@@ -18,6 +18,7 @@ constexpr Command commands[] = {
     {"list", "open the listing list", ebtq::bench::listBenchmark},
     {"search", "search in the loaded rows", ebtq::bench::searchBenchmark},
     {"rowchange", "go down the list with each tab of the detail open", ebtq::bench::rowChangeBenchmark},
+    {"match", "find the customers whom a listing suits", ebtq::bench::matchBenchmark},
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
     {"export", "export the loaded list", ebtq::bench::exportBenchmark},
 };
@@ -53,15 +54,22 @@ int main(int argc, char **argv)
     const QCommandLineOption rows(QStringLiteral("rows"),
                                   QStringLiteral("listings of the temporary database"), QStringLiteral("n"),
                                   QStringLiteral("100000"));
+    const QCommandLineOption customers(QStringLiteral("customers"),
+                                       QStringLiteral("customers of the temporary database"),
+                                       QStringLiteral("n"), QStringLiteral("600"));
     const QCommandLineOption rounds(QStringLiteral("rounds"), QStringLiteral("measured rounds"),
                                     QStringLiteral("n"), QStringLiteral("5"));
     const QCommandLineOption database(QStringLiteral("db"), QStringLiteral("an existing database instead"),
                                       QStringLiteral("file"));
-    parser.addOptions({rows, rounds, database});
+    parser.addOptions({rows, customers, rounds, database});
     parser.process(application);
-    ebtq::bench::Options options{parser.value(rows).toInt(), parser.value(rounds).toInt(),
-                                 parser.value(database)};
-    if (parser.positionalArguments().size() != 1 || options.rows < 1 || options.rounds < 1)
+    ebtq::bench::Options options;
+    options.rows = parser.value(rows).toInt();
+    options.rounds = parser.value(rounds).toInt();
+    options.database = parser.value(database);
+    options.customers = parser.value(customers).toInt();
+    if (parser.positionalArguments().size() != 1 || options.rows < 1 || options.rounds < 1 ||
+        options.customers < 0)
         parser.showHelp(2);
     try {
         return runCommand(parser.positionalArguments().constFirst(), options);
