@@ -1,0 +1,383 @@
+// The tabs below the list of listings, on a real database: what they show, and what they ask for when.
+
+#include "database/sqlite/sqlite_connection.h"
+#include "host/host_fixture.h"
+#include "library/listings/fcxx.h"
+#include "support/scripted_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <sqlite3.h>
+
+using namespace ebtq;
+
+namespace {
+
+/// Each statement that the engine runs as one letter, by what it reads.
+int noteStatement(unsigned, void *notes, void *, void *sql)
+{
+    const QString text = QString::fromUtf8(static_cast<const char *>(sql));
+    const std::pair<const char16_t *, QChar> kinds[] = {{u"pubAttach", u'L'}, {u"fygj", u'G'},
+                                                        {u"fykh", u'C'},      {u"【", u'M'},
+                                                        {u"部门名称", u'D'},  {u"fyxx", u'D'}};
+    for (const auto &[word, letter] : kinds) {
+        if (!text.contains(QString::fromUtf16(word)))
+            continue;
+        *static_cast<QString *>(notes) += letter;
+        break;
+    }
+    return 0;
+}
+
+class ListingDetailTest : public test::HostTest
+{
+protected:
+    ListingDetailTest()
+    {
+        execute(u"insert into su_membership(userID,UserTypeID,username) values('U1',5,'张敏')");
+        QObject::connect(&list, &Fcxx::ErrMessage,
+                         [this](const QString &text, int level, const QString &title) {
+                             errors += u"%1|%2|%3"_qs.arg(text).arg(level).arg(title);
+                         });
+        auto *handle = static_cast<db::SqliteConnection &>(*m_connection).handle();
+        sqlite3_trace_v2(handle, SQLITE_TRACE_STMT, noteStatement, &statements);
+    }
+    void run(const QString &statement) { m_connection->execute(statement); }
+    void addListing(const QString &number, const QString &columns, const QString &values)
+    {
+        run(u"insert into fyxx(房源ID,房源编号,操作日期,制单日期,用户ID%2) "
+            u"values('ID-%1','%1',#2026-11-20#,#2026-10-18#,'U1'%3)"_qs.arg(number, columns, values));
+    }
+    void addListings(const QString &numbers)
+    {
+        for (const QChar number : numbers)
+            addListing(number, {}, {});
+    }
+    void start(int tab)
+    {
+        detail.qzVSTabCtl1().setActiveTab(tab);
+        ASSERT_TRUE(list.IReportUI_Init(*m_host, 101));
+        ASSERT_TRUE(list.IReportUI_Refresh());
+        statements.clear();
+    }
+    [[nodiscard]] QString field(int number) { return detail.qzFcTxt(number).Text(); }
+    [[nodiscard]] static QString rowsOf(const VSFlexGrid &grid, int column)
+    {
+        QStringList cells;
+        for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+            cells += grid.TextMatrix(row, column);
+        return cells.join(u' ');
+    }
+    [[nodiscard]] static QString rowOf(const VSFlexGrid &grid, int row)
+    {
+        QStringList cells;
+        for (int column = grid.FixedCols(); column < grid.Cols(); ++column)
+            cells += grid.TextMatrix(row, column);
+        return cells.join(u'|');
+    }
+
+    QString statements;
+    QStringList errors;
+    test::ScriptedDesktop desktop;
+    Fcxx list{desktop};
+    ListingDetail &detail = list.detail();
+};
+
+TEST_F(ListingDetailTest, FieldsShowTheListing)
+{
+    addListing(
+        u"B"_qs,
+        u",地区ID,地区,楼盘ID,楼盘字典,栋座位置,房号,楼层,总楼层,房型_房,房型_厅,房型_卫,房型_阳台,用途,"
+        u"总面积,实用面积,朝向,类型,建房年代,交易方式,交易状态,售房价格,售房底价,售房包税费,租房价格,"
+        u"租房底价,租房原购价,委托日期,委托方式,管理费,交房日期,委托编号,来源,现状,装修,配套,家具,家电,"
+        u"产权,证件,付款,付佣,看房,钥匙号,业主,联系人,国籍,手机,联系说明,备注,制单人,附属房"_qs,
+        u",3,'石桥头',31,' 碧棠花园 ',' 5 ',' 1203 ','12','21',3,2,2,1,'住宅',91.5,76.25,'南','高层','2015',"
+        u"'租售','有效',586.5,580,'卖方包税',4500,4300,300,#2026-9-8#,'独家',2.5,#2026-12-1 14:05:00#,'WT1',"
+        u"'上门','空置','精装','水电','全套家具','全套家电','商品房','房产证','按揭','成交后','借匙',"
+        u"'A-17','王先生','李小姐','中国','138****0001',' 下班后 ','两行',' 陈晓雯 ','车位'"_qs);
+    addListing(u"A"_qs, u",总面积,售房价格,租房价格,看房,房型_房"_qs, u",0,100,200,'预约',2"_qs);
+    detail.qzFcTxt(43).setText(u"as it was"_qs);
+    start(1);
+    const std::pair<int, const char16_t *> shown[] = {
+        {0, u"B"},
+        {1, u"石桥头"},
+        {2, u"碧棠花园5栋1203室(12/21)"},
+        {3, u"3房2厅2卫1阳台"},
+        {4, u"住宅"},
+        {5, u"76.25"},
+        {6, u"2026-11-20"},
+        {7, u"91.5"},
+        {8, u"车位"},
+        {9, u"2026-10-18"},
+        {11, u"2026-9-8"},
+        {12, u" 陈晓雯 "},
+        {13, u"2026-12-1 14:05:00"},
+        {14, u"WT1"},
+        {15, u"上门"},
+        {17, u"南"},
+        {21, u"高层"},
+        {22, u"2015"},
+        {23, u"租售"},
+        {24, u"有效"},
+        {25, u"586.5"},
+        {26, u"6.41"},
+        {27, u"580"},
+        {28, u"卖方包税"},
+        {29, u"4500"},
+        {30, u"49.18"},
+        {31, u"4300"},
+        {32, u"300"},
+        {34, u"独家"},
+        {37, u"2.5"},
+        {39, u"空置"},
+        {40, u"精装"},
+        {41, u"水电"},
+        {42, u"全套家电"},
+        {43, u"as it was"},
+        {44, u"商品房"},
+        {45, u"房产证"},
+        {46, u"按揭"},
+        {47, u"成交后"},
+        {48, u"借匙 钥匙号:A-17"},
+        {50, u"王先生"},
+        {51, u"李小姐"},
+        {52, u"中国"},
+        {53, u"138****0001"},
+    };
+    for (const auto &[number, text] : shown)
+        EXPECT_EQ(field(number), QString::fromUtf16(text)) << number;
+    EXPECT_EQ(detail.qzFcTxt(1).Value(), QVariant(3));
+    EXPECT_EQ(detail.qzFcTxt(2).Value(), QVariant(31));
+    EXPECT_EQ(detail.Txt(0).Text(), u" 下班后 "_qs);
+    EXPECT_EQ(detail.Txt(1).Text(), u"两行"_qs);
+
+    list.VS().setRow(2);
+    EXPECT_EQ(field(0), u"A"_qs);
+    EXPECT_EQ(field(25), u"100"_qs);
+    EXPECT_EQ(field(26) + u' ' + field(30), u"6.41 49.18"_qs) << "without an area the figures before stay";
+    EXPECT_EQ(field(2), u"栋室(/)"_qs);
+    EXPECT_EQ(field(3), u"2房厅卫阳台"_qs);
+    EXPECT_EQ(field(48), u"预约"_qs);
+    EXPECT_EQ(detail.Txt(1).Text(), QString());
+    EXPECT_THROW((void)detail.qzFcTxt(10), Failure);
+    EXPECT_EQ(errors, QStringList());
+}
+
+TEST_F(ListingDetailTest, OnlyTheActiveTabAsks)
+{
+    addListings(u"ABC"_qs);
+    statements.clear();
+    detail.qzVSTabCtl1().setActiveTab(3);
+    detail.qzVSTabCtl1().setActiveTab(9);
+    EXPECT_EQ(statements, QString()) << "before its start";
+    const std::pair<int, QString> tabs[] = {
+        {1, u"D"_qs}, {2, u"D"_qs}, {3, u"G"_qs}, {4, u"MC"_qs}, {5, QString()}};
+    for (const auto &[tab, asked] : tabs) {
+        start(tab);
+        QStringList seen;
+        const auto doing = [&](const std::function<void()> &act) {
+            statements.clear();
+            act();
+            seen += statements;
+        };
+        doing([&] { list.VS().setRow(3); });
+        doing([&] { list.VS().setCol(5); });
+        doing([&] { list.VS().setRow(3); });
+        doing([&] { list.IReportUI_Refresh(); }); // returns to the row
+        doing([&] {
+            list.VS().setRow(1);
+            list.SearchBox1().setText(u"B"_qs);
+            list.IReportUI_Refresh(); // the search moves to another row
+        });
+        doing([&] { list.SearchBox1().setText({}); });
+        doing([&] { detail.qzVSTabCtl1().setActiveTab(tab); });
+        doing([&] { detail.qzVSTabCtl1().setActiveTab(tab == 5 ? 1 : 5); });
+        doing([&] { detail.qzVSTabCtl1().setActiveTab(tab); });
+        EXPECT_EQ(seen, QStringList({asked,
+                                     {},
+                                     {},
+                                     u"L"_qs + asked,
+                                     asked + u'L' + asked,
+                                     {},
+                                     {},
+                                     tab == 5 ? u"D"_qs : QString(),
+                                     asked}))
+            << tab;
+        for (int other = 1; other <= 5; ++other)
+            EXPECT_EQ(detail.pnlTab(other - 1).Visible(), other == tab) << other << " while at " << tab;
+        EXPECT_TRUE(list.IReportUI_Clear());
+    }
+    EXPECT_EQ(errors, QStringList());
+}
+
+TEST_F(ListingDetailTest, AnEmptyListKeepsWhatWasShown)
+{
+    addListings(u"A"_qs);
+    start(1);
+    run(u"delete from fyxx"_qs);
+    statements.clear();
+    EXPECT_TRUE(list.IReportUI_Refresh());
+    EXPECT_EQ(statements, u"L"_qs);
+    detail.qzVSTabCtl1().setActiveTab(2);
+    EXPECT_EQ(statements, u"LD"_qs) << "asks for the listing that the header names, and finds none";
+    EXPECT_EQ(field(0), u"A"_qs);
+    EXPECT_EQ(errors, QStringList());
+}
+
+TEST_F(ListingDetailTest, FollowUpsShowNewestFirst)
+{
+    addListings(u"BA"_qs);
+    const char16_t *const rows[] = {
+        u"'1',#2026-11-1#,'最早','ID-B',1,#2026-11-5#,1,'回访','已联系',#2026-11-6#",
+        u"'2',#2026-11-9 8:30:00#,'最新','ID-B',0,null,null,'','',null",
+        u"'3',#2026-11-3#,'之间','ID-B',2,null,0,null,null,null",
+        u"'4',#2026-11-2#,'之前','ID-B',1,null,7,'','',null",
+        u"'5',#2026-11-2#,'别的','ID-C',1,null,2,'','',null"};
+    for (const char16_t *row : rows)
+        run(u"insert into "
+            u"fygj(跟进ID,操作日期,跟进内容,房源ID,下次提醒,提醒日期,提醒范围,提醒内容,处理结果,处理日期,"
+            u"用户ID)"
+            u" values(%1,'U1')"_qs.arg(row));
+    start(3);
+    const VSFlexGrid &grid = detail.VsGj();
+    EXPECT_EQ(rowsOf(grid, 2), u"最新 之间 之前 最早"_qs);
+    EXPECT_EQ(rowOf(grid, 4), u"2026-11-1|最早|营业一部|张敏|是|2026-11-5|本部|回访|已联系|2026-11-6|1"_qs);
+    EXPECT_EQ(rowsOf(grid, 5), u"否 否 是 是"_qs);
+    EXPECT_EQ(rowsOf(grid, 7), u"本人 本人 全部 本部"_qs);
+    EXPECT_EQ(grid.TextMatrix(1, 1), u"2026-11-9 8:30:00"_qs);
+    EXPECT_TRUE(grid.ColHidden(0) && grid.ColHidden(11) && !grid.ColHidden(1));
+    EXPECT_EQ(grid.ToolTipText(), u"提示：双击进入原始单据查询"_qs);
+    EXPECT_EQ(
+        rowOf(grid, 0),
+        u"跟进时间|跟进内容|部门|经纪人|下次提醒|提醒时间|提醒范围|提醒内容|处理内容|处理时间|跟进ID"_qs);
+    list.VS().setRow(2);
+    EXPECT_EQ(grid.Rows(), 1);
+}
+
+TEST_F(ListingDetailTest, CustomersWhoseRangesHoldEveryMeasure)
+{
+    struct Customer
+    {
+        const char16_t *number;
+        const char16_t *bounds; ///< of floor, area, purchase and rent, lower and upper
+    };
+    const Customer customers[] = {
+        {u"a", u"1,20, 50,100, 100,200, 0,0"},
+        {u"b", u"12,12, 90,90, 150,150, 0,0"},
+        {u"c", u"1,20, 50,100, 100,200, 3000,5000"},
+        {u"d", u"5,0, 50,0, 100,0, 3000,0"}, // lower bounds only
+        {u"e", u"0,99, 0,999, 0,999, 0,9999"},
+        {u"f", u"null,20, 50,null, 100,200, 0,9999"},
+        {u"g", u"0,0, 0,0, 0,0, 0,0"},
+        {u"h", u"1,2, 10,20, 1,2, 1,2"},
+    };
+    for (const auto &[number, bounds] : customers)
+        run(u"insert into "
+            u"fykh(客源ID,客源编号,客户名称,楼层1,楼层2,面积1,面积2,求购价格1,求购价格2,求租价格1,求租价格2,"
+            u"方式,状态,用户ID,"
+            u"地区,需求户型,委托日期) values('%1','%1','客%1',%2,3,1,'U1','海珠区','3房2厅',#2026-9-8#)"_qs
+                .arg(number, bounds));
+    struct Case
+    {
+        const char *why;
+        const char16_t *measures; ///< floor, area, sale, rent
+        QString found;
+    };
+    const Case cases[] = {
+        {"a listing without measures suits everybody", u"'',0,0,0", u"a b c d e f g h"_qs},
+        {"measures that are Null", u"null,null,null,null", u"a b c d e f g h"_qs},
+        {"a floor without a number", u"'顶层',0,0,0", u"a b c d e f g h"_qs},
+        {"a floor by its leading number; Null and an open bound hold nothing", u"'12A',0,0,0", u"a b c e"_qs},
+        {"a floor in the ground", u"'-1',0,0,0", u"a b c d e f g h"_qs},
+        {"bounds are within", u"'12',90,150,0", u"a b c e"_qs},
+        {"a hundredth outside", u"'12',90.01,150,0", u"a c e"_qs},
+        {"area alone", u"'',15.5,0,0", u"e h"_qs},
+        {"sale and rent must both fit", u"'',0,150,4000", u"c e f"_qs},
+        {"rent alone", u"'',0,0,1.5", u"e f h"_qs},
+        {"more than anybody pays", u"'',0,100000,0", QString()},
+        {"a number of many digits", u"'1',50.0000001,123456789012345,0", QString()},
+    };
+    QString number = u"A"_qs;
+    for (const Case &c : cases) {
+        addListing(number, u",楼层,总面积,售房价格,租房价格"_qs, u',' + QString::fromUtf16(c.measures));
+        number[0] = QChar(number[0].unicode() + 1);
+    }
+    start(4);
+    for (int row = 1; row < list.VS().Rows(); ++row) {
+        list.VS().setRow(row);
+        const Case &c = cases[std::size(cases) - static_cast<size_t>(row)];
+        EXPECT_EQ(rowsOf(detail.VsP(), 3), c.found) << c.why;
+    }
+    EXPECT_EQ(errors, QStringList());
+    EXPECT_TRUE(detail.VsP().ColHidden(0));
+    constexpr int areaAlone = 7;
+    list.VS().setRow(static_cast<int>(std::size(cases)) - areaAlone);
+    EXPECT_EQ(rowOf(detail.VsP(), 1),
+              u"购租|失效|e|客e|海珠区|0-99|0-999|0-999|0-9999|3房2厅|2026-9-8|营业一部|张敏"_qs);
+}
+
+TEST_F(ListingDetailTest, ABrokenListingTellsAndKeepsWhatIsFilled)
+{
+    addListing(u"B"_qs, u",用途,附属房"_qs, u",'住宅','车库'"_qs);
+    addListing(u"A"_qs, u",用途,附属房"_qs, u",'商铺','阁楼'"_qs);
+    const std::pair<QString, int> dates[] = {{u"操作日期"_qs, 6}, {u"制单日期"_qs, 9}};
+    for (const auto &[column, number] : dates) {
+        start(1);
+        list.VS().setRow(1);
+        run(u"update fyxx set %1=null where 房源编号='A'"_qs.arg(column));
+        errors.clear();
+        list.VS().setRow(2);
+        EXPECT_EQ(errors,
+                  QStringList(u"Fcxx-->LoadData::房源的%1是空值，无法显示！|8|EBTQ_S"_qs.arg(column)));
+        EXPECT_EQ(field(4), u"商铺"_qs) << "filled before";
+        EXPECT_EQ(field(number), number == 6 ? u"2026-11-20"_qs : u"2026-10-18"_qs) << "as it was";
+        EXPECT_EQ(field(8), number == 6 ? u"车库"_qs : u"阁楼"_qs);
+        run(u"update fyxx set 操作日期=#2026-11-20# where 房源编号='A'"_qs);
+    }
+}
+
+TEST_F(ListingDetailTest, FailuresEndInAMessage)
+{
+    addListings(u"BA"_qs);
+    run(u"insert into fygj(跟进ID,房源ID,操作日期) values('1','ID-B',#2026-11-1#)"_qs);
+    run(u"insert into fykh(客源ID,客源编号) values('1','k')"_qs);
+    run(u"update fyxx set 房源ID='ID-''A' where 房源编号='A'"_qs);
+    struct Case
+    {
+        int tab;
+        const char *table;
+        int rowsLeft; ///< in the tab's grid after the failure
+    };
+    const Case cases[] = {{1, "su_membership", 0}, {3, "fygj", 0}, {4, "fykh", 0}};
+    for (const Case &c : cases) {
+        start(c.tab);
+        const VSFlexGrid &grid = c.tab == 3 ? detail.VsGj() : detail.VsP();
+        list.VS().setRow(1);
+        EXPECT_EQ(grid.Rows() - 1, c.tab == 1 ? 0 : 1);
+        list.VS().setRow(2);
+        ASSERT_EQ(errors.size(), 1);
+        EXPECT_TRUE(errors[0].contains(u"单引号") && errors[0].endsWith(u"|8|EBTQ_S"))
+            << errors[0].toStdString();
+        EXPECT_EQ(field(0), u"B"_qs);
+        errors.clear();
+        EXPECT_EQ(m_host->Db().LastError().Description.isEmpty(), false);
+        m_connection->executeNative(QByteArray("alter table ") + c.table + " rename to gone");
+        list.VS().setRow(1);
+        ASSERT_EQ(errors.size(), 1);
+        EXPECT_TRUE(errors[0].contains(QLatin1String(c.table)) && !errors[0].contains(u"Fcxx"))
+            << errors[0].toStdString();
+        EXPECT_EQ(grid.Rows() - 1, c.rowsLeft);
+        EXPECT_TRUE(grid.Redraw());
+        m_connection->executeNative(QByteArray("alter table gone rename to ") + c.table);
+        errors.clear();
+        EXPECT_TRUE(list.IReportUI_Clear());
+    }
+    start(4);
+    list.VS().setRow(1);
+    run(u"delete from fyxx where 房源编号='B'"_qs);
+    detail.ShowDetail(u"ID-B"_qs);
+    EXPECT_EQ(detail.VsP().Rows(), 2) << "a listing that is gone leaves the customers before";
+    EXPECT_EQ(errors, QStringList());
+}
+
+} // namespace
