@@ -6,15 +6,19 @@
 #include "shell/guarded_application.h"
 #include "shell/main_window.h"
 #include "shell/panels/widget_panel_presenter.h"
+#include "shell/print/print_engine.h"
+#include "shell/print/qt_print_desk.h"
 #include "shell/sign_in.h"
 #include "shell/tour/tour.h"
 
 #include <QDate>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <iostream>
 
@@ -33,6 +37,14 @@ void tellStartFailure(const QString &text, const Options &options)
     box.setTextFormat(Qt::PlainText);
     box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
     box.exec();
+}
+
+/// Qt's own dialogs, such as the one that chooses a printer, speak Chinese too.
+void translateQt(QApplication &application)
+{
+    auto *translator = new QTranslator(&application);
+    if (translator->load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(translator);
 }
 
 void showWindow(MainWindow &window)
@@ -54,6 +66,9 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
         options.library.isEmpty() ? componentLibraryPlaces() : QStringList(options.library));
     WidgetPanelPresenter presenter;
     host::Application app(connection, user, {.appPath = appPath, .loginDate = today}, presenter);
+    QtPrintDesk printDesk;
+    PrintEngine printEngine(printDesk);
+    app.setPrintContext(&printEngine);
     MainWindow window(library, app, {user.name, user.department, today, databasePlace(connection)});
     const auto report = [&window](const QString &text) { window.showFailure(text); };
     app.setFailureReport(report);
@@ -68,6 +83,7 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
 int runProgram(GuardedApplication &application, const Options &options)
 {
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    translateQt(application);
     look::apply(application, options.dark ? look::Scheme::Dark : look::Scheme::Light);
     QApplication::setWindowIcon(look::icon(QStringLiteral("go-home"), &look::Tokens::brand));
     try {

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "library/frame/print_contract.h"
+#include "shell/print/print_settings.h"
+#include "shell/print/printout.h"
+
+#include <memory>
+
+class QPagedPaintDevice;
+class QPrinter;
+
+namespace ebtq::shell {
+
+class PrintDesk;
+
+/// One list on its way to paper, with the settings of its print file. Operations throw Failure with a text
+/// for the user; being left by the person is none.
+class PrintRun
+{
+public:
+    /// The job's grid and the desk outlive the run.
+    PrintRun(PrintObject::Job job, PrintDesk &desk);
+
+    /// False when the person stopped it.
+    bool layOut();
+    /// nullptr before it was laid out.
+    [[nodiscard]] std::shared_ptr<const Printout> printout() const { return m_printout; }
+    [[nodiscard]] QString title() const;
+    /// On a printer of the person's choice, or as a PDF file, which is all there is without a printer.
+    void print();
+    void savePdf();
+    /// Asks for other settings, keeps them in the print file and lays out by them when it was laid out
+    /// before. False when nothing changed.
+    bool setUp();
+    /// Writes the whole list; the file is there whole or as it was before. False when it was stopped.
+    bool writePdf(const QString &path);
+
+private:
+    /// nullptr when it was stopped.
+    [[nodiscard]] std::shared_ptr<const Printout> laidOutOn(const QPageLayout &paper);
+    bool printOn(QPrinter &printer);
+    bool paintPages(const Printout &printout, QPagedPaintDevice &device, int first, int last,
+                    const QString &name);
+
+    PrintObject::Job m_job;
+    PrintDesk &m_desk;
+    PrintSettings m_settings;
+    std::shared_ptr<const Printout> m_printout;
+};
+
+} // namespace ebtq::shell

@@ -1,0 +1,75 @@
+#include "shell/print/qt_print_desk.h"
+
+#include "shell/print/preview_dialog.h"
+#include "shell/print/setup_dialog.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QPrintDialog>
+#include <QPrinterInfo>
+
+namespace ebtq::shell {
+
+namespace {
+
+constexpr int patience = 200; // milliseconds without a sign
+
+} // namespace
+
+bool QtPrintDesk::hasPrinter() const
+{
+    return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+bool QtPrintDesk::choosePrinter(QPrinter &printer)
+{
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setWindowTitle(QStringLiteral("打印"));
+    return dialog.exec() == QDialog::Accepted;
+}
+
+QString QtPrintDesk::choosePdfFile(const QString &proposedPath)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("存为 PDF"),
+                       QFileInfo(proposedPath).path(), QStringLiteral("PDF 文件 (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(QFileInfo(proposedPath).fileName());
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+bool QtPrintDesk::editSettings(PrintSettings &settings)
+{
+    SetupDialog dialog(settings, QApplication::activeWindow());
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    settings = dialog.settings();
+    return true;
+}
+
+void QtPrintDesk::preview(PrintRun &run)
+{
+    PreviewDialog(run, QApplication::activeWindow()).run();
+}
+
+bool QtPrintDesk::goOn(const QString &what, int done, int total)
+{
+    if (done == total) {
+        m_progress.reset();
+        return true;
+    }
+    if (!m_progress) {
+        m_progress = std::make_unique<QProgressDialog>(what, QStringLiteral("取消(&C)"), 0, total,
+                                                       QApplication::activeWindow());
+        m_progress->setWindowModality(Qt::ApplicationModal);
+        m_progress->setWindowTitle(QStringLiteral("打印"));
+        m_progress->setMinimumDuration(patience);
+    }
+    m_progress->setValue(done);
+    if (!m_progress->wasCanceled())
+        return true;
+    m_progress.reset();
+    return false;
+}
+
+} // namespace ebtq::shell

@@ -1,0 +1,285 @@
+#include "library/frame/host_contracts.h"
+#include "screens/look/look.h"
+#include "screens/support/screen.h"
+#include "shell/print/page_view.h"
+#include "shell/print/preview_dialog.h"
+#include "shell/print/print_desk.h"
+#include "shell/print/print_engine.h"
+#include "shell/print/print_run.h"
+#include "shell/print/setup_dialog.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPainter>
+#include <QPrinter>
+#include <QProcess>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace ebtq::shell {
+namespace {
+
+/// Without blanks, and with one letter for each shape: a reader of PDF files gets shapes, and some of them
+/// stand for a radical that looks like the letter.
+QString plain(QString text)
+{
+    return text.replace(u'⻚', u'页').remove(u' ').normalized(QString::NormalizationForm_KC);
+}
+
+class TextGrid : public PrintedGrid
+{
+public:
+    [[nodiscard]] const std::vector<Column> &columns() const override { return shown; }
+    [[nodiscard]] int rowCount() const override { return static_cast<int>(rows.size()); }
+    [[nodiscard]] QString text(int row, int column) const override { return rows[row].value(column); }
+    [[nodiscard]] QString picture(int row, int column) const override
+    {
+        return row == 0 && column == 0 ? QStringLiteral("mail-attachment") : QString();
+    }
+    [[nodiscard]] CellLook look(int row, int) const override
+    {
+        return row == subtotal ? CellLook{0x80FFFF, 0x0000FF, true} : CellLook{};
+    }
+
+    void addColumn(const QString &caption, int width, Alignment alignment = Alignment::Left)
+    {
+        shown.push_back({caption, width, true, alignment, Alignment::Centre});
+    }
+    std::vector<Column> shown;
+    std::vector<QStringList> rows;
+    int subtotal = -1;
+};
+
+/// Answers what was scripted and writes down what it was asked.
+class ScriptedDesk : public PrintDesk
+{
+public:
+    [[nodiscard]] bool hasPrinter() const override { return withPrinter; }
+    bool choosePrinter(QPrinter &printer) override
+    {
+        asked.append(QStringLiteral("printer ×%1").arg(printer.copyCount()));
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(pdf);
+        return !pdf.isEmpty();
+    }
+    QString choosePdfFile(const QString &proposedPath) override
+    {
+        asked.append(QStringLiteral("pdf ") + proposedPath.section(u'/', -1));
+        return pdf;
+    }
+    bool editSettings(PrintSettings &settings) override
+    {
+        asked.append(QStringLiteral("setup"));
+        if (edit)
+            edit(settings);
+        return static_cast<bool>(edit);
+    }
+    void preview(PrintRun &run) override
+    {
+        asked.append(QStringLiteral("preview %1").arg(run.printout()->pageCount()));
+        if (inPreview)
+            inPreview(run);
+    }
+    bool goOn(const QString &, int done, int total) override
+    {
+        isCounting = done != total;
+        return !isCounting || done < stopAt;
+    }
+    [[nodiscard]] QDate today() const override { return {2026, 11, 22}; }
+
+    bool withPrinter = false;
+    QString pdf;
+    std::function<void(PrintSettings &)> edit;
+    std::function<void(PrintRun &)> inPreview;
+    int stopAt = INT_MAX;
+    bool isCounting = false;
+    QStringList asked;
+};
+
+class PrintEngineTest : public testing::Test
+{
+protected:
+    PrintEngineTest()
+    {
+        grid.addColumn(QStringLiteral("编号"), 90);
+        grid.addColumn(QStringLiteral("楼盘"), 200);
+        grid.addColumn(QStringLiteral("面积"), 80, PrintedGrid::Alignment::Right);
+        addRows(60);
+        desk.pdf = folder.filePath(QStringLiteral("list.pdf"));
+    }
+    ~PrintEngineTest() override { EXPECT_FALSE(desk.isCounting) << "the progress was left open"; }
+    void addRows(int count)
+    {
+        for (int row = 0; row < count; ++row)
+            grid.rows.push_back(
+                {QStringLiteral("FY%1").arg(row), QStringLiteral("翠堤雅居"), QString::number(row)});
+    }
+    [[nodiscard]] PrintObject::Job job() const
+    {
+        return {file, QStringLiteral("房源信息列表\r"), QStringLiteral("城区：天河区     楼盘：\t房型：3\r"),
+                grid};
+    }
+    /// The text of each page, as another program reads it out of the PDF file.
+    [[nodiscard]] QStringList pagesOfPdf() const
+    {
+        QProcess reader;
+        reader.start(QStringLiteral(PDFTOTEXT), {QStringLiteral("-layout"), desk.pdf, QStringLiteral("-")});
+        EXPECT_TRUE(reader.waitForFinished());
+        QStringList pages = plain(QString::fromUtf8(reader.readAllStandardOutput())).split(u'\f');
+        pages.removeLast();
+        return pages;
+    }
+    [[nodiscard]] QImage pictureOf(int page)
+    {
+        PrintRun run(job(), desk);
+        EXPECT_TRUE(run.layOut());
+        const QSizeF paper = run.printout()->paperSize();
+        QImage image(paper.toSize() / 12, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.scale(1 / 12.0, 1 / 12.0);
+        run.printout()->paint(painter, page);
+        return image;
+    }
+
+    QTemporaryDir folder;
+    QString file = folder.filePath(QStringLiteral("Rpt101.prn"));
+    TextGrid grid;
+    ScriptedDesk desk;
+    PrintEngine engine{desk};
+};
+
+TEST_F(PrintEngineTest, EveryPageTellsWhatItIs)
+{
+    EXPECT_EQ(engine.PrintOut(job(), true), QString());
+    EXPECT_EQ(desk.asked, QStringList{QStringLiteral("pdf 房源信息列表.pdf")}) << "there is no printer";
+    const QStringList pages = pagesOfPdf();
+    ASSERT_GT(pages.size(), 1);
+    for (qsizetype page = 0; page < pages.size(); ++page) {
+        for (const QString &part :
+             {QStringLiteral("房源信息列表"), QStringLiteral("城区：天河区"), QStringLiteral("房型：3"),
+              QStringLiteral("编号"), QStringLiteral("打印日期：2026-11-22"),
+              QStringLiteral("第 %1 页 共 %2 页").arg(page + 1).arg(pages.size())})
+            EXPECT_TRUE(pages[page].contains(plain(part))) << part.toStdString();
+    }
+    for (int row = 0; row < 60; ++row)
+        EXPECT_EQ(pages.join(u' ').count(QStringLiteral("FY%1翠").arg(row)), 1) << row;
+    EXPECT_TRUE(pages.last().contains(QStringLiteral("FY59翠")));
+}
+
+TEST_F(PrintEngineTest, WideListsGoOnSideBySideAndLongCellsWrap)
+{
+    for (int column = 0; column < 20; ++column)
+        grid.addColumn(QStringLiteral("栏%1").arg(column), 300);
+    grid.rows.resize(3);
+    grid.rows[1][1] = QStringLiteral("宽大的内容").repeated(1000);
+    engine.PrintOut(job(), true);
+    const QStringList pages = pagesOfPdf();
+    EXPECT_GT(pages.size(), 3);
+    EXPECT_TRUE(pages[0].contains(QStringLiteral("FY2")) && !pages[1].contains(QStringLiteral("FY2")));
+    EXPECT_TRUE(pages.last().contains(QStringLiteral("栏19")));
+    EXPECT_TRUE(pages[0].contains(QStringLiteral("..."))) << "a cell never fills a page";
+    EXPECT_GT(pages[0].count(QStringLiteral("宽大")), 5);
+}
+
+TEST_F(PrintEngineTest, SubtotalsKeepTheirColoursOnWhitePaper)
+{
+    grid.subtotal = 1;
+    look::apply(*qApp, look::Scheme::Dark);
+    const QImage page = pictureOf(0);
+    look::apply(*qApp, look::Scheme::Light);
+    int coloured = 0;
+    int dark = 0;
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            coloured += page.pixelColor(x, y) == QColor(0xFF, 0xFF, 0x80);
+            dark += page.pixelColor(x, y).lightness() < 100;
+        }
+    }
+    EXPECT_EQ(page.pixelColor(2, 2), QColor(Qt::white));
+    EXPECT_GT(coloured, page.width() * 10) << "one row across the page";
+    EXPECT_LT(dark, page.width() * page.height() / 10);
+}
+
+TEST_F(PrintEngineTest, SetUpIsKeptInThePrintFileAndUsed)
+{
+    EXPECT_EQ(engine.SetUp(job()), QString());
+    EXPECT_FALSE(QFile::exists(file)) << "the person left the dialog";
+    desk.edit = [](PrintSettings &settings) {
+        settings.paper = QPageSize::A5;
+        settings.isLandscape = false;
+        settings.copies = 2;
+    };
+    EXPECT_EQ(engine.SetUp(job()), QString());
+    EXPECT_EQ(readPrintSettings(file).paper, QPageSize::A5);
+    desk.withPrinter = true;
+    EXPECT_EQ(engine.PrintOut(job(), true), QString());
+    EXPECT_EQ(desk.asked.last(), QStringLiteral("printer ×2"));
+    EXPECT_GT(pagesOfPdf().size(), 1);
+    const PrintObject::Job nowhere{folder.filePath(QStringLiteral("none/Rpt.prn")), {}, {}, grid};
+    EXPECT_TRUE(engine.SetUp(nowhere).startsWith(QStringLiteral("无法保存页面设置")));
+}
+
+TEST_F(PrintEngineTest, StoppedAndFailedRunsLeaveNoFile)
+{
+    grid.rows.clear();
+    addRows(2000);
+    for (const int stopAt : {0, 3, 300}) {
+        desk.stopAt = stopAt;
+        EXPECT_EQ(engine.PrintOut(job(), true), QString());
+        EXPECT_FALSE(QFile::exists(desk.pdf)) << stopAt;
+    }
+    desk.stopAt = INT_MAX;
+    desk.pdf = folder.filePath(QStringLiteral("none/list.pdf"));
+    EXPECT_TRUE(engine.PrintOut(job(), true).startsWith(QStringLiteral("无法写入文件")));
+    desk.pdf.clear();
+    EXPECT_EQ(engine.PrintOut(job(), true), QString()) << "leaving the dialog is no failure";
+    grid.rows.clear();
+    grid.shown.clear();
+    EXPECT_EQ(engine.PrintOut(job(), false), QString());
+    EXPECT_EQ(desk.asked.last(), QStringLiteral("preview 1"));
+}
+
+TEST_F(PrintEngineTest, PreviewShowsEachPageAndItsSetUp)
+{
+    PrintRun run(job(), desk);
+    ASSERT_TRUE(run.layOut());
+    desk.edit = [](PrintSettings &settings) { settings.paper = QPageSize::A5; };
+    const int before = run.printout()->pageCount();
+    const test::WhenModal answer([&](QWidget &window) {
+        auto &pages = *window.findChild<PageView *>();
+        auto &page = *window.findChild<QSpinBox *>(QStringLiteral("Page"));
+        EXPECT_EQ(page.maximum(), before);
+        page.setValue(before);
+        EXPECT_EQ(pages.currentPage(), before - 1);
+        const double fitting = pages.zoom();
+        QTest::mouseClick(window.findChild<QPushButton *>(QStringLiteral("ZoomIn")), Qt::LeftButton);
+        EXPECT_GT(pages.zoom(), fitting);
+        EXPECT_EQ(pages.currentPage(), before - 1);
+        QTest::mouseClick(window.findChild<QPushButton *>(QStringLiteral("PageSetup")), Qt::LeftButton);
+        EXPECT_GT(page.maximum(), before) << "smaller paper, more pages";
+        window.grab();
+        desk.pdf = QStringLiteral("/dev/null/x.pdf");
+        QTest::mouseClick(window.findChild<QPushButton *>(QStringLiteral("SavePdf")), Qt::LeftButton);
+    });
+    EXPECT_THROW(PreviewDialog(run, nullptr).run(), Failure);
+}
+
+TEST(SetupDialogTest, GivesBackWhatItShowsAndWhatIsChosen)
+{
+    const PrintSettings given{QPageSize::JisB5, false, {1, 2, 3.5, 60}, false, 20, 7};
+    SetupDialog dialog(given, nullptr);
+    EXPECT_EQ(dialog.settings(), given);
+    dialog.findChild<QComboBox *>(QStringLiteral("Orientation"))->setCurrentIndex(1);
+    dialog.findChild<QDoubleSpinBox *>(QStringLiteral("MarginRight"))->setValue(999);
+    EXPECT_TRUE(dialog.settings().isLandscape);
+    EXPECT_EQ(dialog.settings().margins.right(), widestMargin);
+}
+
+} // namespace
+} // namespace ebtq::shell
