@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/controls/field_control.h"
+#include "library/frame/look_up.h"
 
 #include <QString>
 #include <QStringView>
@@ -27,22 +28,6 @@ enum class Saved {
 
 /// How a value comes out of a row.
 enum class Loaded { Not, Trimmed, Number, AsItComes };
-
-/// From where a field takes its values.
-struct LookUp
-{
-    enum Kind { None, HostList, Picker, Calendar };
-
-    Kind kind = None;
-    QStringView name = {}; ///< help code of the host's list, or the picker's name
-    QStringView valueColumn = {};
-    QStringView textColumn = {};
-    QStringView statement = {};  ///< that checks a typed text; "@" stands for the text
-    QStringView dictionary = {}; ///< kind of the data dictionary's entries, in place of a statement
-
-    /// The statement, whichever way it is given.
-    [[nodiscard]] QString check() const;
-};
 
 /// One value of a listing: a control of the form and its column.
 struct ListingValue

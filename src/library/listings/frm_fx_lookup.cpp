@@ -35,60 +35,16 @@ void set(ParameterList &parameters, QStringView name, const QVariant &value)
 
 void FrmFx::connectFields()
 {
-    for (qzTxt_S *field : m_fields) {
-        const int number = field->Index();
-        connect(field, &qzTxt_S::valueChanged, field,
-                [field] { field->setTag(NullConv::ToText(field->Value())); });
-        connect(field, &qzTxt_S::FieldChange, this, [=, this] { fieldChanged(number); });
-        connect(field, &qzTxt_S::FieldHelp, this,
-                [=, this](int left, int top, QString &text, QVariant &value) {
-                    showHelp(number, left, top, text, value);
-                });
-        connect(field, &qzTxt_S::FieldCheck, this,
-                [=, this](const QString &base, const QString &valueField, const QString &textField,
-                          QVariant &value,
-                          QString &text) { checkField(number, base, valueField, textField, value, text); });
-        connect(
-            field, &qzTxt_S::FieldGenericHelp, this,
-            [this](const QString &key, const QVariant &control, const QVariant &left, const QVariant &top) {
-                trapped(u"-->qzFcTxt_FieldGenericHelp::",
-                        [&] { return app().ShowHelp(key, control, left, top); });
-            });
-    }
-    connect(&Cmd(0), &Button::Click, this, &FrmFx::saveAndClose);
-    connect(&Cmd(1), &Button::Click, this, &FrmFx::unloaded);
+    for (const qzTxt_S *field : fields())
+        connect(field, &qzTxt_S::FieldChange, this,
+                [this, number = field->Index()] { fieldChanged(number); });
     connect(&Cmd(2), &Button::Click, this, [this] { pickRemark(Cmd(2), u"房源备注", Txt(1)); });
     connect(&Cmd(3), &Button::Click, this, [this] { pickRemark(Cmd(3), u"业主联系备注", Txt(0)); });
 }
 
-void FrmFx::InitFields()
+const LookUp &FrmFx::lookUpOf(int number) const
 {
-    for (qzTxt_S *field : m_fields) {
-        const ListingValue &value = editorField(field->Index());
-        const LookUp &source = value.lookUp;
-        field->setAlignment(value.alignment);
-        if (source.kind == LookUp::None)
-            continue;
-        field->set_help_flag(true);
-        field->set_help_menuflag(true);
-        if (source.kind == LookUp::Calendar) {
-            // A date is not checked at its field: the save hands it to the database, which refuses what is
-            // none.
-            field->set_help_type(qzTxt_S::Calendar);
-            field->set_judge_type(qzTxt_S::JudgeDate);
-            continue;
-        }
-        field->set_judge_type(qzTxt_S::JudgeStatement);
-        field->set_judge_time(qzTxt_S::JudgeOnLeaving);
-        field->set_error_message(Trim(field->Caption()) + QStringLiteral("输入有误，请重新输入！"));
-        field->set_help_type(source.kind == LookUp::Picker ? qzTxt_S::Custom : qzTxt_S::HostList);
-        if (source.kind == LookUp::Picker)
-            continue;
-        field->set_text_field_code(source.valueColumn.toString());
-        field->set_text_field_name(source.textColumn.toString());
-        field->set_help_code(source.name.toString());
-        field->set_judge_base(source.check());
-    }
+    return editorField(number).lookUp;
 }
 
 // A changed field
@@ -120,16 +76,11 @@ void FrmFx::showUnitPrice(int price, int result)
 
 // Help and check
 
-/// The picker of a field, ready and with its parameters; nullptr when it cannot be used.
-HostPicker *FrmFx::picker(int number)
+void FrmFx::setParameters(int number, ParameterList &parameters)
 {
-    HostPicker &list = app().Picker(editorField(number).lookUp.name.toString());
-    if (!list.Ready(0))
-        return nullptr;
-    ParameterList &parameters = list.Parameters();
     if (number == District) {
         set(parameters, u"pdmsfmx", 1);
-        return &list;
+        return;
     }
     set(parameters, u"lock", 1);
     if (number == Agent)
@@ -138,57 +89,28 @@ HostPicker *FrmFx::picker(int number)
         set(parameters, u"地区", qzFcTxt(District).Text());
     else
         set(parameters, u"楼盘", qzFcTxt(Building).Text());
-    return &list;
 }
 
-void FrmFx::showHelp(int number, int left, int top, QString &text, QVariant &value)
+/// What no list knows is stored as it was typed, with its own text as its key; only the kind of deal must be
+/// a known one, since lists and matching go by it.
+bool FrmFx::check(int number, const Check &check)
 {
-    trapped(u"-->qzFcTxt_FieldHelp::", [&] {
-        HostPicker *list = picker(number);
-        return list && list->Show(left, top, text, value, 0, {});
-    });
-}
-
-void FrmFx::checkField(int number, const QString &base, const QString &valueField, const QString &textField,
-                       QVariant &value, QString &text)
-{
-    trapped(u"-->qzFcTxt_FieldCheck::", [&] {
-        if (!lookUp(number, base, valueField, textField, value, text))
-            return false;
-        // What no list knows is stored as it was typed, with its own text as its key; only the kind of deal
-        // must be a known one, since lists and matching go by it.
-        if (NullConv::ToText(value).isEmpty() && number != Deal) {
-            text = qzFcTxt(number).Text();
-            value = text;
-        }
-        return true;
-    });
-}
-
-/// False when the look-up cannot be made at all.
-bool FrmFx::lookUp(int number, const QString &base, const QString &valueField, const QString &textField,
-                   QVariant &value, QString &text)
-{
-    const QString typedText = qzFcTxt(number).Text();
-    if (editorField(number).lookUp.kind == LookUp::Picker) {
-        HostPicker *list = picker(number);
-        if (!list)
-            return false;
-        list->Validate(base, valueField, textField, typedText, value, text);
-        takePickedRow(number, *list);
-        return true;
-    }
-    app().JudgeText(base, valueField, textField, typedText, value, text);
+    if (!EditorForm::check(number, check))
+        return false;
     if (number == HouseType)
-        fillFromHouseType(value, text);
+        fillFromHouseType(check.value, check.text);
     else if (number == PropertyRight)
-        fillFromPropertyRight(value);
+        fillFromPropertyRight(check.value);
+    if (NullConv::ToText(check.value).isEmpty() && number != Deal) {
+        check.text = qzFcTxt(number).Text();
+        check.value = check.text;
+    }
     return true;
 }
 
 /// What goes with a building or block. After a text that is none the row is empty, and so is what the last
 /// building left here.
-void FrmFx::takePickedRow(int number, const HostPicker &picker)
+void FrmFx::picked(int number, const HostPicker &picker)
 {
     const auto row = picker.Objects();
     if (number == Building) {

@@ -20,18 +20,7 @@ constexpr RequiredField requiredFields[] = {
     {23, u"交易不能为空，请输入"}, {24, u"状态不能为空，请输入"},
 };
 
-QString formTitle()
-{
-    return QStringLiteral("提示:");
-}
-
 } // namespace
-
-void FrmFx::saveAndClose()
-{
-    if (DoSave())
-        Q_EMIT unloaded();
-}
 
 bool FrmFx::DoCheck()
 {
@@ -39,7 +28,7 @@ bool FrmFx::DoCheck()
         qzTxt_S &field = qzFcTxt(required.number);
         if (!Trim(field.Text()).isEmpty())
             continue;
-        desktop().messageBox(required.message.toString(), formTitle(), Desktop::Icon::Information,
+        desktop().messageBox(required.message.toString(), messageTitle(), Desktop::Icon::Information,
                              Desktop::Buttons::Ok);
         field.SetFocus();
         return false;
@@ -47,7 +36,6 @@ bool FrmFx::DoCheck()
     return true;
 }
 
-/// True when the form may close.
 bool FrmFx::DoSave()
 {
     return trapped(u"-->DoSave::", [this] { return DoCheck() && save(); });
@@ -60,16 +48,15 @@ bool FrmFx::save()
         return false;
     const bool isNew = m_id.isEmpty();
     const QString id = isNew ? NewGuidText(desktop()) : m_id;
+    if (id.isEmpty())
+        return false; // no key could be made, which is told by then
     const SqlText sql = isNew ? insertStatement(id, *number) : updateStatement(*number);
-    app().Db().CreateQuery(sql, 1)->Execute();
-    if (const QString error = app().Db().LastError().Description; !error.isEmpty()) {
-        refuse(error);
+    if (!execute(sql))
         return false;
-    }
     Q_EMIT ReturnData(id, isNew);
     if (!isNew)
         return true;
-    const auto goOn = desktop().messageBox(QStringLiteral("是否继续新建?"), formTitle(),
+    const auto goOn = desktop().messageBox(QStringLiteral("是否继续新建?"), messageTitle(),
                                            Desktop::Icon::Information, Desktop::Buttons::YesNo);
     if (goOn != Desktop::Answer::Yes)
         return true;
@@ -93,11 +80,6 @@ std::optional<QString> FrmFx::billNumber()
                          Desktop::Icon::Critical, Desktop::Buttons::Ok);
     qzFcTxt(0).SetFocus();
     return std::nullopt;
-}
-
-void FrmFx::refuse(const QString &message)
-{
-    desktop().messageBox(message, formTitle(), Desktop::Icon::Critical, Desktop::Buttons::Ok);
 }
 
 QString FrmFx::held(const ListingValue &value) const
