@@ -4,7 +4,6 @@
 
 #include <sqlite3.h>
 
-#include <memory>
 #include <stdexcept>
 
 namespace ebtq::bench {
@@ -19,7 +18,7 @@ int keepText(unsigned, void *texts, void *statement, void *)
     return 0;
 }
 
-using Prepared = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
+using Prepared = std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt *)>;
 
 Prepared prepared(sqlite3 *handle, const QByteArray &text)
 {
@@ -28,6 +27,19 @@ Prepared prepared(sqlite3 *handle, const QByteArray &text)
         SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(handle));
     return {statement, sqlite3_finalize};
+}
+
+void stepThrough(sqlite3_stmt *statement)
+{
+    const int columns = sqlite3_column_count(statement);
+    size_t bytes = 0;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        for (int column = 0; column < columns; ++column) {
+            keep(reinterpret_cast<size_t>(sqlite3_column_text(statement, column)));
+            bytes += static_cast<size_t>(sqlite3_column_bytes(statement, column));
+        }
+    }
+    keep(bytes);
 }
 
 } // namespace
@@ -43,16 +55,21 @@ std::vector<QByteArray> statementsOf(sqlite3 *handle, const std::function<void()
 
 void runBare(sqlite3 *handle, const QByteArray &text)
 {
-    const Prepared statement = prepared(handle, text);
-    const int columns = sqlite3_column_count(statement.get());
-    size_t bytes = 0;
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) {
-        for (int column = 0; column < columns; ++column) {
-            keep(reinterpret_cast<size_t>(sqlite3_column_text(statement.get(), column)));
-            bytes += static_cast<size_t>(sqlite3_column_bytes(statement.get(), column));
-        }
+    stepThrough(prepared(handle, text).get());
+}
+
+PreparedStatements::PreparedStatements(sqlite3 *handle, const std::vector<QByteArray> &texts)
+{
+    for (const QByteArray &text : texts)
+        m_statements.push_back(prepared(handle, text));
+}
+
+void PreparedStatements::run() const
+{
+    for (const Prepared &statement : m_statements) {
+        stepThrough(statement.get());
+        sqlite3_reset(statement.get());
     }
-    keep(bytes);
 }
 
 QByteArray planOf(sqlite3 *handle, const QByteArray &text)

@@ -135,32 +135,44 @@ void SqliteConnection::configure(Missing missing)
 template<class Run> auto SqliteConnection::runTranslated(const SqlText &statement, Run run)
 {
     try {
-        return run(translated(statement));
+        return runPrepared(statement, run);
     } catch (const DatabaseError &) {
         if (!refreshCatalog())
             throw;
     }
     m_statements->clear();
-    return run(translated(statement));
+    return runPrepared(statement, run);
+}
+
+template<class Run> auto SqliteConnection::runPrepared(const SqlText &statement, Run run)
+{
+    const Catalog &tables = catalog();
+    const auto shape = StatementShape::of(statement);
+    const Translation *known = shape ? m_translations.find(*shape, dialect(), tables) : nullptr;
+    if (!known) {
+        const Translation own = translated(statement);
+        return run(own, m_statements->prepare(own.sql).get());
+    }
+    const CachedStatement prepared = m_statements->prepare(known->sql);
+    bindValues(prepared.get(), shape->values());
+    return run(*known, prepared.get());
 }
 
 RowBlock SqliteConnection::query(const SqlText &statement)
 {
-    return runTranslated(statement, [this](const Translation &translation) {
+    return runTranslated(statement, [this](const Translation &translation, sqlite3_stmt *prepared) {
         if (translation.kind != StatementKind::Select)
             throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
-        const CachedStatement prepared = m_statements->prepare(translation.sql);
-        return readRows(m_handle.get(), prepared.get(), translation.columns);
+        return readRows(m_handle.get(), prepared, translation.columns);
     });
 }
 
 qint64 SqliteConnection::execute(const SqlText &statement)
 {
-    return runTranslated(statement, [this](const Translation &translation) -> qint64 {
-        const CachedStatement prepared = m_statements->prepare(translation.sql);
-        int result = sqlite3_step(prepared.get());
+    return runTranslated(statement, [this](const Translation &translation, sqlite3_stmt *prepared) -> qint64 {
+        int result = sqlite3_step(prepared);
         while (result == SQLITE_ROW)
-            result = sqlite3_step(prepared.get());
+            result = sqlite3_step(prepared);
         if (result != SQLITE_DONE)
             fail();
         return translation.kind == StatementKind::Select ? 0 : sqlite3_changes64(m_handle.get());
@@ -256,6 +268,7 @@ bool SqliteConnection::refreshCatalog()
     const int cookie = schemaCookie();
     if (cookie == m_catalogCookie)
         return false;
+    m_translations.clear();
     m_catalog = readCatalog(*this);
     m_catalogCookie = cookie;
     return true;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "database/connection.h"
-#include "database/dialect/translator.h"
+#include "database/dialect/translation_cache.h"
 #include "database/sqlite/statement_cache.h"
 
 #include <memory>
@@ -50,6 +50,8 @@ private:
     void open(const QString &location, Missing missing);
     void configure(Missing missing);
     template<class Run> auto runTranslated(const SqlText &statement, Run run);
+    /// Prepares the statement, by its shape where it has one, and hands it to `run` with its values bound.
+    template<class Run> auto runPrepared(const SqlText &statement, Run run);
     [[nodiscard]] Translation translated(const SqlText &statement);
     /// False when the schema is still the one that the catalog was read from.
     bool refreshCatalog();
@@ -60,6 +62,7 @@ private:
     QString m_location;
     std::unique_ptr<sqlite3, Closer> m_handle;
     std::unique_ptr<StatementCache> m_statements;
+    TranslationCache m_translations; ///< by the catalog as it was read
     Catalog m_catalog;
     int m_catalogCookie = -1; ///< the schema's number when the catalog was read; -1 before
 };

@@ -98,4 +98,25 @@ void bindRow(sqlite3_stmt *statement, const RowBlock &rows, qsizetype row)
     }
 }
 
+void bindValues(sqlite3_stmt *statement, const std::vector<StatementShape::Value> &values)
+{
+    int parameter = 0;
+    for (const StatementShape::Value &value : values) {
+        ++parameter;
+        const QByteArray text = value.text.toLatin1();
+        switch (value.kind) {
+        case StatementShape::Kind::Key:
+            sqlite3_bind_text(statement, parameter, text.constData(), static_cast<int>(text.size()),
+                              SQLITE_TRANSIENT);
+            break;
+        case StatementShape::Kind::Whole:
+            sqlite3_bind_int64(statement, parameter, text.toLongLong());
+            break;
+        case StatementShape::Kind::Decimal:
+            sqlite3_bind_double(statement, parameter, text.toDouble());
+            break;
+        }
+    }
+}
+
 } // namespace ebtq::db

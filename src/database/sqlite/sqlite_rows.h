@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/dialect/statement_shape.h"
 #include "database/values/row_block.h"
 
 struct sqlite3;
@@ -13,5 +14,8 @@ namespace ebtq::db {
 /// Binds the cells of one row to the statement's parameters, by the columns' types. The texts must outlive
 /// the next step.
 void bindRow(sqlite3_stmt *statement, const RowBlock &rows, qsizetype row);
+
+/// Binds the values that were cut out of a statement.
+void bindValues(sqlite3_stmt *statement, const std::vector<StatementShape::Value> &values);
 
 } // namespace ebtq::db

@@ -1,0 +1,157 @@
+#include "database/dialect/statement_shape.h"
+
+#include <algorithm>
+
+namespace ebtq::db {
+
+namespace {
+
+constexpr qsizetype longestText = 8 * 1024;
+constexpr size_t mostValues = 9;
+/// Signs of the kinds in a shape's text: private characters, which no statement of a module has.
+constexpr char16_t firstSign = 0xE000;
+
+bool isDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
+bool isHexLetter(QChar c)
+{
+    return (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
+}
+
+/// Eight, four, four, four and twelve hexadecimal digits.
+bool isKey(QStringView text)
+{
+    constexpr qsizetype length = 36;
+    if (text.size() != length || std::none_of(text.begin(), text.end(), isHexLetter))
+        return false;
+    for (qsizetype at = 0; at < length; ++at) {
+        const bool isDash = at == 8 || at == 13 || at == 18 || at == 23;
+        if (isDash ? text[at] != u'-' : !isDigit(text[at]) && !isHexLetter(text[at]))
+            return false;
+    }
+    return true;
+}
+
+/// At most nine digits without a leading zero.
+bool isWhole(QStringView text)
+{
+    constexpr qsizetype mostDigits = 9;
+    return !text.isEmpty() && text.size() <= mostDigits && text.front() != u'0' &&
+           std::all_of(text.begin(), text.end(), isDigit);
+}
+
+/// The same with up to four decimals, of which the last is not zero.
+bool isDecimal(QStringView text)
+{
+    constexpr qsizetype mostDecimals = 4;
+    const qsizetype point = text.indexOf(u'.');
+    const QStringView decimals = point < 0 ? QStringView() : text.sliced(point + 1);
+    return isWhole(text.first(std::max<qsizetype>(point, 0))) && !decimals.isEmpty() &&
+           decimals.size() <= mostDecimals && decimals.back() != u'0' &&
+           std::all_of(decimals.begin(), decimals.end(), isDigit);
+}
+
+/// What stands in front of a span and behind it decides whether the value is the whole literal.
+std::optional<StatementShape::Kind> kindOf(QStringView text, const SqlText::Span &span)
+{
+    using enum StatementShape::Kind;
+    const QStringView value = text.sliced(span.begin, span.length);
+    const QChar before = span.begin > 0 ? text[span.begin - 1] : QChar();
+    const QChar behind = span.end() < text.size() ? text[span.end()] : QChar(u' ');
+    if (before == u'\'' && behind == u'\'' && isKey(value))
+        return Key;
+    const bool isCompared = before == u'=' || before == u'<' || before == u'>';
+    if (!isCompared || (behind != u' ' && behind != u')'))
+        return std::nullopt;
+    return isWhole(value) ? std::optional(Whole) : isDecimal(value) ? std::optional(Decimal) : std::nullopt;
+}
+
+bool isPrivate(QChar c)
+{
+    return c >= QChar(firstSign) && c <= QChar(char16_t(0xF8FF));
+}
+
+bool continuesLiteral(char c)
+{
+    return (c >= '0' && c <= '9') || c == '.' || c == '\'' || c == '_' || (c >= 'A' && c <= 'Z') ||
+           (c >= 'a' && c <= 'z');
+}
+
+} // namespace
+
+std::optional<StatementShape> StatementShape::of(const SqlText &statement)
+{
+    const QString &text = statement.text();
+    if (text.size() > longestText || static_cast<size_t>(statement.typedSpans().size()) > mostValues ||
+        std::any_of(text.begin(), text.end(), isPrivate))
+        return std::nullopt;
+    StatementShape shape;
+    shape.m_text.reserve(text.size());
+    qsizetype copied = 0;
+    for (const SqlText::Span &span : statement.typedSpans()) {
+        const auto kind = kindOf(text, span);
+        if (!kind)
+            return std::nullopt;
+        shape.m_text += QStringView(text).sliced(copied, span.begin - copied);
+        shape.m_text += QChar(static_cast<char16_t>(firstSign + static_cast<int>(*kind)));
+        shape.m_values.push_back({*kind, QStringView(text).sliced(span.begin, span.length)});
+        copied = span.end();
+    }
+    shape.m_text += QStringView(text).sliced(copied);
+    return shape;
+}
+
+QString StatementShape::sampleValue(size_t number) const
+{
+    const QString digit = QString::number(number);
+    switch (m_values[number].kind) {
+    case Kind::Key:
+        return QStringLiteral("ABCDEF00-0000-4000-8000-0000FEDCBA0") + digit;
+    case Kind::Whole:
+        return QStringLiteral("91827364") + digit;
+    default:
+        return QStringLiteral("91827364") + digit + QStringLiteral(".5");
+    }
+}
+
+SqlText StatementShape::sample() const
+{
+    SqlText result;
+    qsizetype copied = 0;
+    for (size_t number = 0; number < m_values.size(); ++number) {
+        const auto sign = std::find_if(m_text.begin() + copied, m_text.end(), isPrivate) - m_text.begin();
+        result += QStringView(m_text).sliced(copied, sign - copied);
+        result += typed(sampleValue(number));
+        copied = sign + 1;
+    }
+    result += QStringView(m_text).sliced(copied);
+    return result;
+}
+
+std::optional<QByteArray> StatementShape::withParameters(QByteArray sql) const
+{
+    for (size_t number = 0; number < m_values.size(); ++number) {
+        QByteArray literal = sampleValue(number).toLatin1();
+        // Also when the statement has it of its own: then its shape is left alone.
+        if (m_text.contains(QLatin1String(literal)))
+            return std::nullopt;
+        if (m_values[number].kind == Kind::Key)
+            literal = '\'' + literal + '\'';
+        const QByteArray parameter = '?' + QByteArray::number(static_cast<int>(number) + 1);
+        qsizetype at = sql.indexOf(literal);
+        if (at < 0)
+            return std::nullopt;
+        for (; at >= 0; at = sql.indexOf(literal, at + parameter.size())) {
+            const qsizetype end = at + literal.size();
+            if ((at > 0 && continuesLiteral(sql[at - 1])) || (end < sql.size() && continuesLiteral(sql[end])))
+                return std::nullopt;
+            sql.replace(at, literal.size(), parameter);
+        }
+    }
+    return sql;
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "database/values/sql_text.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace ebtq::db {
+
+/// A statement with its typed values cut out. Statements of one shape translate alike and can be prepared
+/// once, with the values as parameters: the detail of a listing is read by the same statement for each row
+/// that the user passes.
+///
+/// Only values of which the translation looks at nothing but the kind have a place in a shape: record keys,
+/// which are GUIDs with a letter in them, and plain positive numbers beside a comparison. What any other text
+/// looks like - a date, a number, a pattern, without letters - may change the statement that comes out.
+class StatementShape
+{
+public:
+    enum class Kind : quint8 { Key, Whole, Decimal };
+    struct Value
+    {
+        Kind kind;
+        QStringView text; ///< of the statement, which must outlive it
+    };
+
+    /// Nothing for a statement with a typed value that has no place in a shape.
+    [[nodiscard]] static std::optional<StatementShape> of(const SqlText &statement);
+
+    /// The statement's text with a sign for the kind in each value's place: the same for all of one shape.
+    [[nodiscard]] const QString &text() const { return m_text; }
+    [[nodiscard]] const std::vector<Value> &values() const { return m_values; }
+
+    /// A statement of this shape whose values are easily told from everything else.
+    [[nodiscard]] SqlText sample() const;
+    /// Puts ?1, ?2, ... into the translated sample in the places of its values. Nothing when one of them is
+    /// not found as a whole literal.
+    [[nodiscard]] std::optional<QByteArray> withParameters(QByteArray translatedSample) const;
+
+private:
+    [[nodiscard]] QString sampleValue(size_t number) const;
+
+    QString m_text;
+    std::vector<Value> m_values;
+};
+
+} // namespace ebtq::db

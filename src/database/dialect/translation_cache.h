@@ -1,0 +1,30 @@
+#pragma once
+
+#include "database/dialect/statement_shape.h"
+#include "database/dialect/translator.h"
+
+#include <list>
+
+namespace ebtq::db {
+
+/// The translations of the shapes used last. To be cleared whenever the catalog is another.
+class TranslationCache
+{
+public:
+    /// The translation for all statements of that shape, with parameters in the values' places; good until
+    /// the next call. nullptr for a shape that has none: such a statement is translated by itself, which
+    /// tells why when it is refused.
+    [[nodiscard]] const Translation *find(const StatementShape &shape, const Dialect &dialect,
+                                          const Catalog &catalog);
+    void clear() { m_entries.clear(); }
+
+private:
+    struct Entry
+    {
+        QString shape;
+        std::optional<Translation> translation;
+    };
+    std::list<Entry> m_entries; ///< used last in front
+};
+
+} // namespace ebtq::db

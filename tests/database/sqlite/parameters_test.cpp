@@ -1,0 +1,146 @@
+// Statements whose values are handed to the engine as parameters: which they are, and that nothing else
+// changes.
+
+#include "database/dialect/statement_shape.h"
+#include "database/sqlite/sqlite_connection.h"
+
+#include <gtest/gtest.h>
+
+using namespace ebtq;
+using namespace ebtq::db;
+
+namespace {
+
+const QString keyA = QStringLiteral("0A1B2C3D-0000-4000-8000-0123456789AB");
+const QString keyB = QStringLiteral("ffffffff-eeee-dddd-cccc-bbbbbbbbbbbb");
+
+/// `text` with its "@" typed.
+SqlText withTyped(const char16_t *text, const QString &value)
+{
+    return SqlText::filledIn(QString::fromUtf16(text), u'@', value);
+}
+
+TEST(StatementShapeTest, OnlyKeysAndPlainNumbersHaveAPlace)
+{
+    struct Case
+    {
+        const char16_t *text;
+        QString value;
+        bool hasPlace;
+    };
+    const Case cases[] = {
+        {u"select a from t where k='@'", keyA, true},
+        {u"select a from t where k='@' and k<>'@'", keyB, true},
+        {u"select a from t where n<=@", u"12"_qs, true},
+        {u"select a from t where (n>=@)", u"12.5"_qs, true},
+        {u"select a from t where n=@ order by a", u"999999999"_qs, true},
+        {u"select a from t where k='@'", u"00000000-0000-4000-8000-012345678901"_qs,
+         false}, // without a letter
+        {u"select a from t where k='@'", keyA.chopped(1), false},
+        {u"select a from t where k='@'", u'{' + keyA + u'}', false},
+        {u"select a from t where k='@'", QString(keyA).replace(u'B', u'G'), false},
+        {u"select a from t where k='@'", QString(keyA).replace(u'C', u'\''), false},
+        {u"select a from t where k='@'", u"天河区"_qs, false},
+        {u"select a from t where k='x@'", keyA, false},
+        {u"select a from t where k=@", keyA, false},
+        {u"select a from t where n='@'", u"12"_qs, false},
+        {u"select a from t where n=@", u"0"_qs, false},
+        {u"select a from t where n=@", u"012"_qs, false},
+        {u"select a from t where n=@", u"-5"_qs, false},
+        {u"select a from t where n=@", u"1e5"_qs, false},
+        {u"select a from t where n=@", u"12.50"_qs, false},
+        {u"select a from t where n=@", u"12."_qs, false},
+        {u"select a from t where n=@", u".5"_qs, false},
+        {u"select a from t where n=@", u"1234567890"_qs, false},
+        {u"select a from t where n=@", u"1 or 1"_qs, false},
+        {u"select a from t where n=@+1", u"12"_qs, false},
+        {u"select @ from t", u"12"_qs, false},
+        {u"select a from t where d>#@#", u"2026-11-22"_qs, false},
+        {u"select '\xE000' from t where n=@", u"12"_qs, false},
+        {u"@@@@@@@@@@", u"12"_qs, false},
+    };
+    for (const Case &c : cases) {
+        const SqlText statement = withTyped(c.text, c.value);
+        EXPECT_EQ(StatementShape::of(statement).has_value(), c.hasPlace) << statement.text().toStdString();
+    }
+}
+
+class ParametersTest : public ::testing::Test
+{
+protected:
+    ParametersTest()
+    {
+        connection.executeNative("create table t(k text collate ebtq_nocase, n numeric, d date, x text)");
+        for (const auto &[key, number] :
+             {std::pair(keyA, u"12"_qs), {keyB, u"12.5"_qs}, {u"c"_qs, u"918273640"_qs}})
+            connection.execute(
+                u"insert into t(k,n,d,x) values('%1',%2,#2026-11-22#,'%2')"_qs.arg(key, number));
+    }
+    [[nodiscard]] QString rows(const SqlText &statement)
+    {
+        const RowBlock block = connection.query(statement);
+        QString result;
+        for (qsizetype row = 0; row < block.rowCount(); ++row)
+            for (int column = 0; column < block.columnCount(); ++column)
+                result +=
+                    block.value(row, column).toString() + (column + 1 == block.columnCount() ? u';' : u',');
+        return result;
+    }
+    /// What comes out, or why nothing does.
+    [[nodiscard]] QString outcome(const SqlText &statement)
+    {
+        try {
+            return rows(statement);
+        } catch (const DatabaseError &error) {
+            return u"refused: "_qs + error.message();
+        }
+    }
+    SqliteConnection connection{u":memory:"_qs, Connection::Missing::IsCreated};
+};
+
+TEST_F(ParametersTest, NoValueComesOutOtherwiseThanInTheText)
+{
+    const std::pair<const char16_t *, QStringList> cases[] = {
+        {u"select * from t where k='@'", {keyA, keyB, keyA.toLower(), u"c"_qs}},
+        {u"select x from t where k in('@','c')", {keyA, keyB}},
+        {u"select x,'@' & x from t where k like '@' or k='@'", {keyA, keyB.toUpper()}},
+        {u"select iif(k='@',1,'@'),instr(1,k,'@') from t order by x", {keyA, keyB}},
+        {u"select x from t where n='@'", {keyA}},
+        {u"select x from t where d='@'", {keyA}},
+        {u"select x from t where nowhere='@'", {keyA}},
+        {u"select x from t where n<=@ and n>=@",
+         {u"12"_qs, u"12.5"_qs, u"13"_qs, u"12.4999"_qs, u"918273640"_qs}},
+        {u"select x from t where val(x)<=@ order by n", {u"12"_qs, u"918273640"_qs, u"12.25"_qs}},
+        {u"select x from t where x=@", {u"12"_qs, u"12.5"_qs, u"7"_qs}},
+        {u"select x from t where n=918273640 or n=@", {u"12"_qs, u"5"_qs}},
+        {u"select n/2,n=@ from t order by n", {u"12"_qs, u"12.5"_qs}},
+    };
+    for (const auto &[text, values] : cases) {
+        for (const QString &value : values) {
+            const SqlText statement = withTyped(text, value);
+            EXPECT_EQ(outcome(statement), outcome(statement.text())) << statement.text().toStdString();
+        }
+    }
+    EXPECT_EQ(rows(withTyped(u"select x from t where k='@'", keyB)), u"12.5;"_qs);
+    EXPECT_EQ(connection.execute(withTyped(u"update t set n=@ where x='12'", u"77"_qs)), 1);
+    EXPECT_EQ(connection.execute(withTyped(u"delete from t where k='@'", keyB)), 1);
+    EXPECT_EQ(connection.execute(withTyped(u"insert into t(k) values('@')", keyB)), 1);
+    EXPECT_EQ(rows(u"select k,n from t order by n"_qs), u"%1,;%2,77;c,918273640;"_qs.arg(keyB, keyA));
+}
+
+TEST_F(ParametersTest, AKnownShapeStaysGuardedAndFollowsTheTables)
+{
+    const auto found = [&](const QString &value) {
+        return outcome(withTyped(u"select * from t where k='@'", value));
+    };
+    const QString before = found(keyA);
+    EXPECT_TRUE(found(u"x' or '1'='1"_qs).contains(u"单引号"));
+    EXPECT_TRUE(found(keyA.chopped(1) + u'\'').contains(u"单引号"));
+    EXPECT_EQ(found(keyA), before);
+    connection.executeNative("alter table t add column more text default 'new'");
+    EXPECT_EQ(found(keyA), before.chopped(1) + u",new;"_qs);
+    connection.executeNative("alter table t rename column k to kk");
+    EXPECT_TRUE(found(keyA).startsWith(u"refused: ")) << found(keyA).toStdString();
+}
+
+} // namespace
