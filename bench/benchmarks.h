@@ -21,6 +21,8 @@ int searchBenchmark(const Options &options);
 int rowChangeBenchmark(const Options &options);
 /// The customers of listings of several kinds, against the bare statements; with the engine's plan of each.
 int matchBenchmark(const Options &options);
+/// Opening the editor for a listing, against its bare statements; the building of its widgets beside it.
+int editorBenchmark(const Options &options);
 /// Translating the list statement, against SQLite preparing the translated text.
 int dialectBenchmark(const Options &options);
 

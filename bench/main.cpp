@@ -1,4 +1,5 @@
 #include "benchmarks.h"
+#include "editor_widgets.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -19,6 +20,7 @@ constexpr Command commands[] = {
     {"search", "search in the loaded rows", ebtq::bench::searchBenchmark},
     {"rowchange", "go down the list with each tab of the detail open", ebtq::bench::rowChangeBenchmark},
     {"match", "find the customers whom a listing suits", ebtq::bench::matchBenchmark},
+    {"editor", "open the editor for a listing", ebtq::bench::editorBenchmark},
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
     {"export", "export the loaded list", ebtq::bench::exportBenchmark},
 };
@@ -45,7 +47,7 @@ int runCommand(const QString &name, const ebtq::bench::Options &options)
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
+    const auto application = ebtq::bench::makeApplication(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Figures as ratios against a baseline of the same run; one JSON line."));
@@ -62,7 +64,7 @@ int main(int argc, char **argv)
     const QCommandLineOption database(QStringLiteral("db"), QStringLiteral("an existing database instead"),
                                       QStringLiteral("file"));
     parser.addOptions({rows, customers, rounds, database});
-    parser.process(application);
+    parser.process(*application);
     ebtq::bench::Options options;
     options.rows = parser.value(rows).toInt();
     options.rounds = parser.value(rounds).toInt();

@@ -10,6 +10,7 @@
 #include "shell/print/qt_print_desk.h"
 #include "shell/sign_in.h"
 #include "shell/tour/tour.h"
+#include "shell/tour/tour_database.h"
 
 #include <QDate>
 #include <QLibraryInfo>
@@ -87,7 +88,10 @@ int runProgram(GuardedApplication &application, const Options &options)
     look::apply(application, options.dark ? look::Scheme::Dark : look::Scheme::Light);
     QApplication::setWindowIcon(look::icon(QStringLiteral("go-home"), &look::Tokens::brand));
     try {
-        const std::unique_ptr<db::Connection> connection = openDatabase(options.database);
+        std::unique_ptr<db::Connection> connection = openDatabase(options.database);
+        const QTemporaryDir tourFolder;
+        if (!options.tour.isEmpty())
+            connection = openTourDatabase(*connection, tourFolder.path());
         const std::optional<host::User> user = signInUser(*connection, options);
         return user ? runSession(application, options, *connection, *user) : 0;
     } catch (const std::exception &failure) {

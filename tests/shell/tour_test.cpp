@@ -1,7 +1,9 @@
 #include "shell/tour/tour.h"
 
 #include "library/frame/host_contracts.h"
+#include "shell/tour/tour_database.h"
 
+#include <QDialog>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
@@ -80,6 +82,39 @@ TEST_F(PersonTest, ATourThatSeesSomethingElseFailsAndSaysWhy)
     ASSERT_TRUE(notes.open(QIODevice::ReadOnly));
     EXPECT_TRUE(QString::fromUtf8(notes.readAll()).contains(u"失败："));
     EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("01-failed.png"))));
+}
+
+TEST_F(PersonTest, AnOpenDialogIsAllThatCanBeReachedAndIsClosedWhenSomethingFailsInside)
+{
+    Person person(window);
+    QDialog dialog(&window);
+    QLineEdit inner(&dialog);
+    inner.setObjectName(QStringLiteral("inner"));
+    person.withDialog([&] { dialog.exec(); },
+                      [&] {
+                          person.focus(QStringLiteral("inner"));
+                          person.type(QStringLiteral("梅"));
+                          EXPECT_THROW((void)person.see(QStringLiteral("button")), Failure);
+                          person.press(Qt::Key_Escape);
+                      });
+    EXPECT_EQ(inner.text(), u"梅");
+    EXPECT_THROW(
+        person.withDialog([&] { dialog.exec(); }, [&] { (void)person.see(QStringLiteral("nowhere")); }),
+        Failure);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST(TourDatabaseTest, ATourWritesIntoACopy)
+{
+    const QTemporaryDir folder;
+    const auto original =
+        db::Connection::open(folder.filePath(QStringLiteral("it's.db")), db::Connection::Missing::IsCreated);
+    original->executeNative("create table t (a); insert into t values (1)");
+    const QTemporaryDir tourFolder(folder.filePath(QStringLiteral("it's XXXXXX")));
+    const auto copy = openTourDatabase(*original, tourFolder.path());
+    copy->executeNative("insert into t values (2)");
+    EXPECT_EQ(copy->queryNative("select a from t").rowCount(), 2);
+    EXPECT_EQ(original->queryNative("select a from t").rowCount(), 1);
 }
 
 } // namespace

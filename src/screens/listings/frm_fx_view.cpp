@@ -17,9 +17,11 @@ namespace ebtq {
 
 namespace {
 
-constexpr int fieldCharacters = 9; ///< the least width of a field, in Chinese characters
-constexpr int betweenPairs = 14;
+constexpr int fieldCharacters = 10; ///< the least width of a field, in Chinese characters
+constexpr int beforeField = 8;
+constexpr int betweenPairs = 12;
 constexpr int betweenRows = 6;
+constexpr int textMargin = 6; ///< as the fields of one line have it
 constexpr QChar tickMnemonics[] = {u'J', u'T', u'U'};
 
 int captionColumn(int pair)
@@ -42,6 +44,7 @@ QLabel *captionOf(const EditorCell &cell, QWidget *parent)
     auto *label = new QLabel(text, parent);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setProperty("kind", QStringLiteral("caption"));
+    label->setContentsMargins(0, 0, beforeField, 0);
     return label;
 }
 
@@ -158,6 +161,7 @@ void FrmFxView::addMemo(const EditorCell &cell)
     box->setAccessibleName(cell.caption.toString());
     box->setMinimumHeight(0);
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    box->document()->setDocumentMargin(textMargin);
     QLabel *caption = captionOf(cell, groupOf(cell));
     caption->setBuddy(box);
     auto *pick = new ButtonView(m_form.Cmd(cell.number == 0 ? 3 : 2), groupOf(cell));
@@ -181,7 +185,7 @@ void FrmFxView::lineUp()
         }
         for (QGroupBox *group : m_groups) {
             auto *cells = static_cast<QGridLayout *>(group->layout());
-            cells->setColumnMinimumWidth(captionColumn(pair), widest + 8);
+            cells->setColumnMinimumWidth(captionColumn(pair), widest);
             cells->setColumnMinimumWidth(fieldColumn(pair), fieldWidth);
             cells->setColumnStretch(fieldColumn(pair), 1);
             if (pair + 1 < editorPairs)

@@ -7,8 +7,11 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
+
+#include <exception>
 
 namespace ebtq::shell {
 
@@ -23,10 +26,17 @@ void deliver(QWidget &receiver, QEvent *event)
     QCoreApplication::processEvents();
 }
 
+/// What a person can reach: an open form or message box blocks what lies below.
+QWidget &reachable(QWidget &window)
+{
+    QWidget *dialog = QApplication::activeModalWidget();
+    return dialog ? *dialog : window;
+}
+
 QWidget &keyboardOwner(QWidget &window)
 {
     QWidget *popup = QApplication::activePopupWidget();
-    QWidget *top = popup ? popup : &window;
+    QWidget *top = popup ? popup : &reachable(window);
     if (QWidget *owner = top->focusWidget())
         return *owner;
     return *top;
@@ -43,7 +53,7 @@ Person::Person(QWidget &window)
 
 QWidget &Person::find(const QString &objectName) const
 {
-    for (QWidget *each : m_window.findChildren<QWidget *>(objectName))
+    for (QWidget *each : reachable(m_window).findChildren<QWidget *>(objectName))
         if (each->isVisible())
             return *each;
     throw Failure(QStringLiteral("看不到控件“%1”").arg(objectName));
@@ -86,36 +96,42 @@ void Person::type(const QString &text)
 
 void Person::withPopup(const std::function<void()> &opens, const std::function<void()> &inside)
 {
-    m_popupSeen = false;
-    m_failureInside = nullptr;
+    withOpened(&QApplication::activePopupWidget, QStringLiteral("弹出的窗口"), opens, inside);
+}
+
+void Person::withDialog(const std::function<void()> &opens, const std::function<void()> &inside)
+{
+    withOpened(&QApplication::activeModalWidget, QStringLiteral("打开的窗口"), opens, inside);
+}
+
+void Person::withOpened(Current current, const QString &what, const std::function<void()> &opens,
+                        const std::function<void()> &inside)
+{
+    const QWidget *before = current();
+    bool seen = false;
+    std::exception_ptr failure;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        const QPointer<QWidget> opened = current();
+        if (!opened || opened == before || !opened->isVisible())
+            return;
         watch.stop();
-        watchForPopup(inside);
-        if (!m_popupSeen)
-            watch.start();
+        seen = true;
+        try {
+            inside();
+            waitFor([&] { return !opened || !opened->isVisible(); }, what + QStringLiteral("关闭"));
+        } catch (...) {
+            failure = std::current_exception();
+            if (opened)
+                opened->close();
+        }
     });
     watch.start(glance);
     opens();
-    if (!m_popupSeen)
-        waitFor([this] { return m_popupSeen; }, QStringLiteral("弹出的窗口"));
-    if (m_failureInside)
-        std::rethrow_exception(m_failureInside);
-    waitFor([] { return !QApplication::activePopupWidget(); }, QStringLiteral("弹出的窗口关闭"));
-}
-
-void Person::watchForPopup(const std::function<void()> &inside)
-{
-    QWidget *popup = QApplication::activePopupWidget();
-    if (!popup)
-        return;
-    m_popupSeen = true;
-    try {
-        inside();
-    } catch (...) {
-        m_failureInside = std::current_exception();
-        popup->close();
-    }
+    if (!seen)
+        waitFor([&] { return seen; }, what);
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 void Person::waitFor(const std::function<bool()> &condition, const QString &what)
@@ -133,10 +149,15 @@ void Person::waitFor(const std::function<bool()> &condition, const QString &what
 QPixmap Person::picture() const
 {
     QPixmap result = m_window.grab();
-    if (QWidget *popup = QApplication::activePopupWidget()) {
-        QPainter painter(&result);
-        painter.drawPixmap(m_window.mapFromGlobal(popup->pos()), popup->grab());
-    }
+    QList<QWidget *> above;
+    for (QWidget *each = QApplication::activeModalWidget(); each && each != &m_window;
+         each = each->parentWidget() ? each->parentWidget()->window() : nullptr)
+        above.prepend(each);
+    if (QWidget *popup = QApplication::activePopupWidget())
+        above.append(popup);
+    QPainter painter(&result);
+    for (QWidget *each : above)
+        painter.drawPixmap(m_window.mapFromGlobal(each->pos()), each->grab());
     return result;
 }
 

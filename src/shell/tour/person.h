@@ -3,7 +3,6 @@
 #include <QPixmap>
 #include <QString>
 
-#include <exception>
 #include <functional>
 
 class QWidget;
@@ -11,7 +10,8 @@ class QWidget;
 namespace ebtq::shell {
 
 /// Uses the desktop as a person would, through posted key and mouse events on its real widgets, which are
-/// found by their object names. What cannot be done throws Failure with a text that says why.
+/// found by their object names; in an open form or message box alone, as long as there is one. What cannot be
+/// done throws Failure with a text that says why.
 class Person
 {
 public:
@@ -32,20 +32,22 @@ public:
     void type(const QString &text);
     /// Does `opens`, which pops something up and returns when that closed, and `inside` while it is open.
     void withPopup(const std::function<void()> &opens, const std::function<void()> &inside);
+    /// The same for a form or a message box; one that is still open behind `inside` is closed, as a failure.
+    void withDialog(const std::function<void()> &opens, const std::function<void()> &inside);
     /// Lets the program work until that is so; throws when it does not come to be within seconds.
     void waitFor(const std::function<bool()> &condition, const QString &what);
-    /// The window as it stands on the screen, with a pop-up above it.
+    /// The window as it stands on the screen, with forms, message boxes and a pop-up above it.
     [[nodiscard]] QPixmap picture() const;
     [[nodiscard]] QWidget &window() const { return m_window; }
 
 private:
     [[nodiscard]] QWidget &find(const QString &objectName) const;
     [[noreturn]] static void wrongKind(const QString &objectName);
-    void watchForPopup(const std::function<void()> &inside);
+    using Current = QWidget *(*)();
+    void withOpened(Current current, const QString &what, const std::function<void()> &opens,
+                    const std::function<void()> &inside);
 
     QWidget &m_window;
-    bool m_popupSeen = false;
-    std::exception_ptr m_failureInside;
 };
 
 } // namespace ebtq::shell
