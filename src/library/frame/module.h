@@ -29,6 +29,7 @@ public:
     ~Module() override;
 
     [[nodiscard]] const QString &name() const { return m_name; }
+    [[nodiscard]] Desktop &desktop() const { return m_desktop; }
     /// A colour number, red in its lowest byte; -1 until the designer gives one.
     [[nodiscard]] int BackColor() const { return m_backColor; }
     void setBackColor(int color);
@@ -41,7 +42,6 @@ Q_SIGNALS:
     void backColorChanged();
 
 protected:
-    [[nodiscard]] Desktop &desktop() const { return m_desktop; }
     [[nodiscard]] ControlCollection &controls() { return m_controls; }
     /// Throws Failure outside of Init ... Clear: a call out of order ends in a message.
     [[nodiscard]] HostApp &app() const;

@@ -14,18 +14,20 @@ FlexGridDelegate::FlexGridDelegate(QAbstractItemView &view)
     , m_view(view)
 {}
 
-const QColor &FlexGridDelegate::background(const QModelIndex &index) const
+const QColor &FlexGridDelegate::background(const QModelIndex &index, bool isSelected) const
 {
     const look::Tokens &tokens = look::tokens();
     if (index.row() == m_view.currentIndex().row())
         return tokens.currentRow;
+    if (isSelected)
+        return tokens.brandSoft;
     return m_striped && index.row() % 2 == 1 ? tokens.zebra : tokens.card;
 }
 
 void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                              const QModelIndex &index) const
 {
-    painter->fillRect(option.rect, background(index));
+    painter->fillRect(option.rect, background(index, option.state.testFlag(QStyle::State_Selected)));
     paintPicture(painter, option.rect, index);
     const QString text = index.data().toString();
     if (!text.isEmpty())

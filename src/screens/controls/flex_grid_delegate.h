@@ -37,7 +37,7 @@ public:
     static constexpr int pictureSize = 16;
 
 private:
-    [[nodiscard]] const QColor &background(const QModelIndex &index) const;
+    [[nodiscard]] const QColor &background(const QModelIndex &index, bool isSelected) const;
     void paintPicture(QPainter *painter, const QRect &cell, const QModelIndex &index) const;
     void paintText(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
                    const QString &text) const;

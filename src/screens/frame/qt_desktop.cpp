@@ -93,6 +93,7 @@ QString QtDesktop::saveDialog(const QString &title, const QString &proposedPath,
     const QFileInfo proposed(proposedPath);
     QFileDialog dialog(QApplication::activeWindow(), title, proposed.path(), filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(proposed.suffix());
     dialog.selectFile(proposed.fileName());
     return chooseFile(dialog, QStringLiteral("保存(&S)"));
 }

@@ -7,6 +7,7 @@
 #include "screens/controls/field_view.h"
 #include "screens/controls/flex_grid_view.h"
 #include "screens/controls/flow_layout.h"
+#include "screens/controls/grid_menu.h"
 #include "screens/controls/search_box_view.h"
 #include "screens/controls/tool_bar_view.h"
 #include "screens/listings/listing_detail_view.h"
@@ -85,6 +86,7 @@ FcxxView::FcxxView(Fcxx &module, QWidget *parent)
     addToolBar();
     addFilterRow();
     addGrid();
+    addMenu();
     addDetail();
     setFocusProxy(m_grid);
     followKind();
@@ -170,6 +172,18 @@ void FcxxView::addGrid()
     m_grid->setColumnLook(saleColumn, {&look::Tokens::salePrice, true});
     m_grid->setColumnLook(rentColumn, {&look::Tokens::rent, true});
     m_grid->setMouseWheel([this] { return m_module.mcMouseEvent(); });
+}
+
+/// Printing is the list's own operation; what else the menu does with the rows reports as the list does.
+void FcxxView::addMenu()
+{
+    auto *menu = new GridMenu(*m_grid, m_module.VS(), m_module.NavToolbar1(), *m_toolBar, m_module.desktop());
+    menu->setListName(QStringLiteral("房源信息列表"));
+    menu->setPrint([this](bool bPrint, bool bSetup) { m_module.SelfPrint(bPrint, bSetup); });
+    connect(menu, &GridMenu::message, &m_module, &Fcxx::Message);
+    connect(menu, &GridMenu::failed, &m_module, [this](const QString &text) {
+        Q_EMIT m_module.ErrMessage(text, FailureLevel, applicationTitle());
+    });
 }
 
 void FcxxView::addDetail()

@@ -34,6 +34,7 @@ private:
     void addKinds(FlowLayout &row, QWidget *parent);
     void addSearch(FlowLayout &row, QWidget *parent);
     void addGrid();
+    void addMenu();
     void addDetail();
     void followKind();
     void followOutcome();

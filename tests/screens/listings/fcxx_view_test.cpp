@@ -11,8 +11,10 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTemporaryDir>
@@ -390,6 +392,28 @@ TEST_F(FcxxViewTest, NothingIsCutOrOverlapsAtAnySize)
         EXPECT_FALSE(child<FlexGridView>(QStringLiteral("VS")).horizontalScrollBar()->isVisible() &&
                      size.width() > 1100);
     }
+}
+
+TEST_F(FcxxViewTest, CtrlPPrintsAndWhatTheMenuDoesIsReportedAsTheListDoes)
+{
+    auto &grid = child<FlexGridView>(QStringLiteral("VS"));
+    grid.setFocus();
+    QTest::keyClick(&grid, Qt::Key_P, Qt::ControlModifier);
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_TRUE(errors[0].contains(QStringLiteral("没有打印功能")));
+    QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(message, QStringLiteral("已复制1行"));
+    desktop.willChooseFile(QStringLiteral("/dev/null/list.csv"));
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(&grid, &request);
+    for (QAction *action : grid.findChild<QMenu *>(QStringLiteral("GridMenu"))->actions()) {
+        if (action->text().startsWith(QStringLiteral("导出 CSV")))
+            action->trigger();
+    }
+    QApplication::activePopupWidget()->close();
+    ASSERT_EQ(errors.size(), 2);
+    EXPECT_TRUE(errors[1].startsWith(QStringLiteral("无法写入文件")));
+    EXPECT_TRUE(desktop.asked().last().contains(QStringLiteral("房源信息列表 2026-11-22.csv")));
 }
 
 TEST_F(FcxxViewTest, SurvivesTheEndOfItsModulesWork)

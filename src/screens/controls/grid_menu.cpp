@@ -1,0 +1,218 @@
+#include "screens/controls/grid_menu.h"
+
+#include "library/controls/nav_toolbar.h"
+#include "library/controls/shown_grid.h"
+#include "library/frame/desktop.h"
+#include "library/frame/wait_cursor.h"
+#include "screens/controls/flex_grid_view.h"
+#include "screens/controls/tool_bar_view.h"
+#include "screens/export/table_text.h"
+#include "screens/export/workbook.h"
+#include "screens/look/look.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QItemSelectionModel>
+#include <QMenu>
+#include <QMimeData>
+#include <QProgressDialog>
+#include <QShortcut>
+#include <QStandardPaths>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace ebtq {
+
+/// A kind of file that a list can be exported to.
+struct GridMenu::Format
+{
+    QStringView caption;
+    QStringView ending;
+    QStringView filter;
+    bool (*write)(const ShownGrid &table, const QString &path, const ExportProgress &progress);
+};
+
+namespace {
+
+/// The table beside the text is many times as long; more rows than this nobody pastes for its looks.
+constexpr int mostRowsAsTable = 5000;
+constexpr int patience = 200; // milliseconds without a sign
+
+/// The positions in sight of the chosen rows, which follow one another; the current row when none is chosen.
+std::pair<int, int> chosenRows(const FlexGridView &view)
+{
+    const QModelIndexList rows = view.selectionModel()->selectedRows();
+    if (rows.isEmpty())
+        return {view.currentIndex().row(), view.currentIndex().row()};
+    const auto [first, last] = std::ranges::minmax(rows, {}, &QModelIndex::row);
+    return {first.row(), last.row()};
+}
+
+ShownGrid shownAsText(const VSFlexGrid &grid)
+{
+    ShownGrid table(grid);
+    table.keepCaptioned();
+    return table;
+}
+
+} // namespace
+
+GridMenu::GridMenu(FlexGridView &view, VSFlexGrid &grid, NavToolbar &commands, ToolBarView &toolBar,
+                   Desktop &desktop)
+    : QObject(&view)
+    , m_view(view)
+    , m_grid(grid)
+    , m_commands(commands)
+    , m_toolBar(toolBar)
+    , m_desktop(desktop)
+    , m_listName(QStringLiteral("列表"))
+    , m_folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
+{
+    m_view.setSelectionMode(QAbstractItemView::ContiguousSelection);
+    m_view.installEventFilter(this);
+    m_view.viewport()->installEventFilter(this);
+    addShortcuts();
+}
+
+void GridMenu::addShortcuts()
+{
+    auto *copying = new QShortcut(QKeySequence::Copy, &m_view, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(copying, &QShortcut::activated, this, &GridMenu::copy);
+    auto *printing = new QShortcut(QKeySequence::Print, m_toolBar.parentWidget(), nullptr, nullptr,
+                                   Qt::WidgetWithChildrenShortcut);
+    connect(printing, &QShortcut::activated, this, [this] { print(true, false); });
+}
+
+/// A press of the right button has made its row current before. What comes up from the header with the mouse
+/// is none of this menu's business.
+bool GridMenu::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::ContextMenu)
+        return QObject::eventFilter(watched, event);
+    const auto &request = static_cast<const QContextMenuEvent &>(*event);
+    const bool isByKey = request.reason() == QContextMenuEvent::Keyboard;
+    if (!isByKey && watched != m_view.viewport())
+        return QObject::eventFilter(watched, event);
+    popUp(isByKey ? placeOfCurrentRow() : request.globalPos());
+    event->accept();
+    return true;
+}
+
+QPoint GridMenu::placeOfCurrentRow() const
+{
+    m_view.scrollTo(m_view.currentIndex());
+    const QRect cell = m_view.visualRect(m_view.currentIndex());
+    return m_view.viewport()->mapToGlobal(cell.isValid() ? cell.bottomLeft() : QPoint());
+}
+
+void GridMenu::popUp(const QPoint &place)
+{
+    auto *menu = new QMenu(&m_view);
+    menu->setObjectName(QStringLiteral("GridMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    addCommands(*menu);
+    addExport(*menu);
+    if (m_print)
+        addPrint(*menu);
+    menu->popup(place);
+}
+
+/// A command is given by its button, with everything that the button sees to.
+void GridMenu::addCommands(QMenu &menu)
+{
+    for (const NavToolbar::Item &item : m_commands.items()) {
+        if (item.key.isEmpty()) {
+            menu.addSeparator();
+            continue;
+        }
+        auto *button = m_toolBar.findChild<QToolButton *>(m_commands.Name() + u'_' + item.key);
+        if (!item.visible || !button)
+            continue;
+        QAction *action = menu.addAction(item.icon.isEmpty() ? QIcon() : look::icon(item.icon),
+                                         item.caption + u'\t' + button->shortcut().toString());
+        action->setObjectName(item.key);
+        action->setEnabled(item.enabled && m_commands.Enabled());
+        connect(action, &QAction::triggered, button, &QToolButton::click);
+    }
+}
+
+void GridMenu::addExport(QMenu &menu)
+{
+    static constexpr Format formats[] = {
+        {u"导出 Excel(&L)…", u"xlsx", u"Excel 工作簿 (*.xlsx)", &writeWorkbook},
+        {u"导出 CSV(&S)…", u"csv", u"CSV 文件 (*.csv)", &writeCsv},
+    };
+    menu.addSeparator();
+    QAction *copying = menu.addAction(QStringLiteral("复制(&C)\tCtrl+C"), this, &GridMenu::copy);
+    copying->setEnabled(m_view.currentIndex().isValid());
+    for (const Format &format : formats)
+        menu.addAction(format.caption.toString(), this, [this, &format] { exportAs(format); });
+}
+
+void GridMenu::addPrint(QMenu &menu)
+{
+    menu.addSeparator();
+    menu.addAction(QStringLiteral("打印预览(&V)"), this, [this] { print(false, false); });
+    menu.addAction(look::icon(QStringLiteral("document-print")), QStringLiteral("打印(&P)…\tCtrl+P"), this,
+                   [this] { print(true, false); });
+    menu.addAction(QStringLiteral("页面设置(&U)…"), this, [this] { print(false, true); });
+}
+
+void GridMenu::print(bool bPrint, bool bSetup)
+{
+    if (m_print)
+        m_print(bPrint, bSetup);
+}
+
+void GridMenu::copy()
+{
+    const auto [first, last] = chosenRows(m_view);
+    if (first < 0)
+        return;
+    const WaitCursor wait(m_desktop);
+    ShownGrid table = shownAsText(m_grid);
+    table.keepRows(first, last);
+    auto *contents = new QMimeData;
+    contents->setText(tabbedText(table));
+    if (table.rowCount() <= mostRowsAsTable)
+        contents->setHtml(htmlTable(table));
+    QApplication::clipboard()->setMimeData(contents);
+    Q_EMIT message(QStringLiteral("已复制%1行").arg(table.rowCount()));
+}
+
+void GridMenu::exportAs(const Format &format)
+{
+    const QString name = QStringLiteral("%1 %2.%3")
+                             .arg(m_listName, m_desktop.now().date().toString(Qt::ISODate), format.ending);
+    const QString path = m_desktop.saveDialog(QStringLiteral("导出列表"), QDir(m_folder).filePath(name),
+                                              format.filter.toString());
+    if (path.isEmpty())
+        return;
+    m_folder = QFileInfo(path).absolutePath();
+    try {
+        const ShownGrid table = shownAsText(m_grid);
+        if (write(format, table, path))
+            Q_EMIT message(QStringLiteral("已导出%1行到 %2").arg(QString::number(table.rowCount()), path));
+    } catch (const std::exception &failure) {
+        Q_EMIT failed(QString::fromUtf8(failure.what()));
+    }
+}
+
+bool GridMenu::write(const Format &format, const ShownGrid &table, const QString &path) const
+{
+    QProgressDialog progress(QStringLiteral("正在导出…"), QStringLiteral("取消(&C)"), 0, table.rowCount(),
+                             &m_view);
+    progress.setWindowTitle(QStringLiteral("导出列表"));
+    progress.setWindowModality(Qt::ApplicationModal);
+    progress.setMinimumDuration(patience);
+    return format.write(table, path, [&progress](int rows) {
+        progress.setValue(rows);
+        return !progress.wasCanceled();
+    });
+}
+
+} // namespace ebtq

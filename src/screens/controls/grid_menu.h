@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class QMenu;
+
+namespace ebtq {
+
+class Desktop;
+class FlexGridView;
+class NavToolbar;
+class ShownGrid;
+class ToolBarView;
+class VSFlexGrid;
+
+/// The context menu of a list: the commands of its tool bar, in the state that they have there, and what any
+/// list offers: copying the chosen rows, exporting and printing what is shown. With it, rows that follow one
+/// another can be chosen by Shift; the current row is one of them. The header has a menu of its own.
+class GridMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Everything outlives the menu, which belongs to the view.
+    GridMenu(FlexGridView &view, VSFlexGrid &grid, NavToolbar &commands, ToolBarView &toolBar,
+             Desktop &desktop);
+
+    /// What the list is called: in the names of exported files.
+    void setListName(const QString &name) { m_listName = name; }
+    /// The list's own print operation; without one, printing is not offered.
+    void setPrint(std::function<void(bool bPrint, bool bSetup)> print) { m_print = std::move(print); }
+
+Q_SIGNALS:
+    /// What was done, for the status line.
+    void message(const QString &text);
+    void failed(const QString &text);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void addShortcuts();
+    void popUp(const QPoint &place);
+    void addCommands(QMenu &menu);
+    void addExport(QMenu &menu);
+    void addPrint(QMenu &menu);
+    [[nodiscard]] QPoint placeOfCurrentRow() const;
+    void print(bool bPrint, bool bSetup);
+    void copy();
+    struct Format;
+    void exportAs(const Format &format);
+    [[nodiscard]] bool write(const Format &format, const ShownGrid &table, const QString &path) const;
+
+    FlexGridView &m_view;
+    VSFlexGrid &m_grid;
+    NavToolbar &m_commands;
+    ToolBarView &m_toolBar;
+    Desktop &m_desktop;
+    QString m_listName;
+    QString m_folder; ///< where the last export went
+    std::function<void(bool bPrint, bool bSetup)> m_print;
+};
+
+} // namespace ebtq
