@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace ebtq {
 
@@ -93,10 +94,30 @@ double fromDigits(const std::string &digits)
     return std::min(result, std::numeric_limits<double>::max());
 }
 
+bool isDigit(std::string_view text, size_t at)
+{
+    return at < text.size() && text[at] >= '0' && text[at] <= '9';
+}
+
+/// The usual case, read where it stands: digits up to the end or to a letter of another script, such as the
+/// unit behind a price. Nothing for what needs a closer look.
+std::optional<double> plainNumber(std::string_view text)
+{
+    if (!isDigit(text, text.starts_with('-') ? 1 : 0))
+        return std::nullopt;
+    double result = 0;
+    const char *end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, result, std::chars_format::fixed);
+    const bool isAll = read.ptr == end || static_cast<unsigned char>(*read.ptr) >= 0x80;
+    return read.ec == std::errc() && isAll ? std::optional(result) : std::nullopt;
+}
+
 } // namespace
 
 double leadingNumber(std::string_view text)
 {
+    if (const auto plain = plainNumber(text))
+        return *plain;
     Reader reader(text);
     if (reader.peek() == '&') {
         reader.take();

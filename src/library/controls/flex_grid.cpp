@@ -3,35 +3,16 @@
 #include "library/controls/grid_search.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace ebtq {
 
 VSFlexGrid::VSFlexGrid(const QString &name, int index)
-    : Control(QStringLiteral("VSFlexGrid"), name, index)
+    : VSFlexGrid(QStringLiteral("VSFlexGrid"), name, index)
 {}
 
-template<class Signal, class... Arguments>
-void VSFlexGrid::tell(bool &outdated, Signal signal, Arguments... arguments)
-{
-    if (m_redraw)
-        Q_EMIT(this->*signal)(arguments...);
-    else
-        outdated = true;
-}
-
-/// The views hear of the end on whatever way. No destructor tells them: what they do then may fail.
-template<class Change> void VSFlexGrid::resetRows(Change change)
-{
-    tell(m_rowsOutdated, &VSFlexGrid::rowsAboutToBeReset);
-    try {
-        change();
-    } catch (...) {
-        tell(m_rowsOutdated, &VSFlexGrid::rowsReset);
-        throw;
-    }
-    tell(m_rowsOutdated, &VSFlexGrid::rowsReset);
-}
+VSFlexGrid::VSFlexGrid(const QString &typeName, const QString &name, int index)
+    : Control(typeName, name, index)
+{}
 
 // Shape
 
@@ -42,17 +23,10 @@ void VSFlexGrid::setRows(int rows)
         m_fixedInUse = std::min(rows, m_fixedRows);
         m_rows.resize(rows - m_fixedInUse);
         if (m_rows.count() == 0)
-            m_pictures.clear();
+            forgetRows();
     });
     setTopRow(m_topRow);
     moveCurrent(m_row, m_col);
-}
-
-void VSFlexGrid::setCols(int cols)
-{
-    std::vector<GridColumn> columns = m_columns;
-    columns.resize(static_cast<size_t>(std::max(cols, 0)), emptyGridColumn());
-    replaceColumns(std::move(columns));
 }
 
 void VSFlexGrid::setFixedRows(int rows)
@@ -63,21 +37,6 @@ void VSFlexGrid::setFixedRows(int rows)
     });
     setTopRow(m_topRow);
     moveCurrent(m_row, m_col);
-}
-
-void VSFlexGrid::setFormatString(const QString &format)
-{
-    m_formatString = format;
-    replaceColumns(gridColumns(format));
-}
-
-void VSFlexGrid::replaceColumns(std::vector<GridColumn> columns)
-{
-    m_columns = std::move(columns);
-    m_columnOrder.resize(m_columns.size());
-    std::iota(m_columnOrder.begin(), m_columnOrder.end(), 0);
-    tell(m_columnsOutdated, &VSFlexGrid::columnsChanged);
-    moveCurrent(m_row, m_col < 0 ? m_fixedCols : m_col);
 }
 
 // Cells
@@ -117,11 +76,19 @@ void VSFlexGrid::LoadArray(RowBlock block, int firstCol)
 {
     resetRows([&] {
         m_rows.load(std::move(block), firstCol);
-        m_pictures.clear();
+        forgetRows();
         m_fixedInUse = m_fixedRows;
     });
     setTopRow(m_topRow);
     moveCurrent(isData(m_row) ? m_row : m_fixedInUse, m_col);
+}
+
+/// What was kept beside rows that are gone.
+void VSFlexGrid::forgetRows()
+{
+    m_pictures.clear();
+    m_colors.clear();
+    m_subtotals.forget();
 }
 
 quint32 VSFlexGrid::pictureRow(int row) const
@@ -173,8 +140,10 @@ void VSFlexGrid::RemoveItem(int row)
     const int sight = m_rows.sightBefore(position(row));
     if (seen)
         tell(m_rowsOutdated, &VSFlexGrid::rowAboutToBeRemoved, sight);
-    for (int col = 0; col < Cols(); ++col)
+    for (int col = 0; col < Cols(); ++col) {
         m_pictures.set(pictureRow(row), col, {}, AlignCentre);
+        m_colors.remove(pictureRow(row), col);
+    }
     m_rows.remove(position(row));
     if (m_row > row)
         --m_row;
@@ -195,6 +164,65 @@ void VSFlexGrid::setRowHidden(int row, bool hidden)
     if (!isData(row) || m_rows.isHidden(position(row)) == hidden)
         return;
     resetRows([&] { m_rows.setHidden(position(row), hidden); });
+}
+
+template<class Change> void VSFlexGrid::rearrangeRows(Change change)
+{
+    const int currentData = dataRowNear(m_row);
+    const int topData = dataRowNear(m_topRow);
+    const auto identityAt = [this](int row) { return m_rows.identity(position(row)); };
+    const auto current = currentData < 0 ? 0 : identityAt(currentData);
+    const auto top = topData < 0 ? 0 : identityAt(topData);
+    resetRows(change);
+    int newRow = std::min(m_row, Rows() - 1);
+    int newTop = m_topRow;
+    for (int row = m_fixedInUse; row < Rows(); ++row) {
+        if (currentData >= 0 && identityAt(row) == current)
+            newRow = row;
+        if (topData >= 0 && identityAt(row) == top)
+            newTop = row;
+    }
+    // At the top stays at the top, also when a sum came in above the first row.
+    if (m_topRow > m_fixedRows)
+        setTopRow(newTop);
+    m_row = newRow;
+    tell(m_currentOutdated, &VSFlexGrid::currentChanged);
+}
+
+/// The row itself, or the next one above a subtotal that has data; -1 when there is none.
+int VSFlexGrid::dataRowNear(int row) const
+{
+    while (isData(row) && isSubtotal(row))
+        --row;
+    return isData(row) ? row : -1;
+}
+
+void VSFlexGrid::setSort(int sort)
+{
+    if (sort < static_cast<int>(GridSort::GenericAscending) ||
+        sort > static_cast<int>(GridSort::StringDescending))
+        return;
+    rearrangeRows([&] {
+        m_subtotals.clear(m_rows);
+        sortRows(m_rows, m_col, columnType(m_col), static_cast<GridSort>(sort));
+    });
+}
+
+void VSFlexGrid::addSubtotals(std::span<const Subtotal> wanted)
+{
+    rearrangeRows([&] { m_subtotals.add(m_rows, wanted, m_subtotalPosition, m_fixedCols); });
+}
+
+void VSFlexGrid::clearSubtotals()
+{
+    if (m_subtotals.isEmpty())
+        return;
+    rearrangeRows([this] { m_subtotals.clear(m_rows); });
+}
+
+bool VSFlexGrid::isSubtotal(int row) const
+{
+    return isData(row) && m_rows.isSubtotal(position(row));
 }
 
 void VSFlexGrid::showAllRows()
@@ -227,82 +255,7 @@ int VSFlexGrid::findRow(const QString &text, const QList<int> &columns, int from
     return row;
 }
 
-// Columns
-
-GridColumn *VSFlexGrid::column(int col)
-{
-    return col >= 0 && col < Cols() ? &m_columns[static_cast<size_t>(col)] : nullptr;
-}
-
-const GridColumn *VSFlexGrid::column(int col) const
-{
-    return col >= 0 && col < Cols() ? &m_columns[static_cast<size_t>(col)] : nullptr;
-}
-
-template<class T> void VSFlexGrid::changeColumn(int col, T GridColumn::*member, T value)
-{
-    GridColumn *changed = column(col);
-    if (!changed || changed->*member == value)
-        return;
-    changed->*member = value;
-    tell(m_columnsOutdated, &VSFlexGrid::columnsChanged);
-}
-
-bool VSFlexGrid::ColHidden(int col) const
-{
-    return column(col) && column(col)->hidden;
-}
-
-void VSFlexGrid::setColHidden(int col, bool hidden)
-{
-    changeColumn(col, &GridColumn::hidden, hidden);
-}
-
-int VSFlexGrid::ColWidth(int col) const
-{
-    return column(col) ? column(col)->width : 0;
-}
-
-void VSFlexGrid::setColWidth(int col, int width)
-{
-    changeColumn(col, &GridColumn::width, std::max(width, 0));
-}
-
-int VSFlexGrid::ColAlignment(int col) const
-{
-    return column(col) ? column(col)->alignment : AlignGeneral;
-}
-
-void VSFlexGrid::setColAlignment(int col, int alignment)
-{
-    changeColumn(col, &GridColumn::alignment, alignment);
-}
-
-int VSFlexGrid::FixedAlignment(int col) const
-{
-    return column(col) ? column(col)->fixedAlignment : AlignGeneral;
-}
-
-void VSFlexGrid::setFixedAlignment(int col, int alignment)
-{
-    changeColumn(col, &GridColumn::fixedAlignment, alignment);
-}
-
-ColumnType VSFlexGrid::columnType(int col) const
-{
-    const int blockCol = col - m_rows.firstColumn();
-    const auto &columns = m_rows.block().columns();
-    const bool loaded = blockCol >= 0 && blockCol < m_rows.block().columnCount();
-    return loaded ? columns[static_cast<size_t>(blockCol)].type : ColumnType::Text;
-}
-
-// Look, current cell and scrolling
-
-void VSFlexGrid::setBackColorAlternate(int color)
-{
-    m_backColorAlternate = color;
-    Q_EMIT stateChanged();
-}
+// Current cell and scrolling
 
 void VSFlexGrid::setCurrent(int row, int col)
 {

@@ -2,12 +2,17 @@
 
 #include "database/values/row_block.h"
 #include "library/controls/control.h"
+#include "library/controls/grid_colors.h"
 #include "library/controls/grid_columns.h"
 #include "library/controls/grid_pictures.h"
 #include "library/controls/grid_rows.h"
+#include "library/controls/grid_sort.h"
+#include "library/controls/grid_subtotals.h"
+#include "library/frame/color_parts.h"
 
 #include <QList>
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -30,11 +35,17 @@ class VSFlexGrid : public Control
     Q_PROPERTY(int Col READ Col WRITE setCol)
     Q_PROPERTY(int TopRow READ TopRow WRITE setTopRow)
     Q_PROPERTY(bool Redraw READ Redraw WRITE setRedraw)
+    Q_PROPERTY(int FrozenCols READ FrozenCols WRITE setFrozenCols)
+    Q_PROPERTY(int GridColor READ GridColor WRITE setGridColor)
+    Q_PROPERTY(bool WordWrap READ WordWrap WRITE setWordWrap)
+    Q_PROPERTY(int Version READ Version CONSTANT)
 
 public:
     enum Align : int { AlignLeft = 1, AlignCentre = 4, AlignRight = 7, AlignGeneral = 9 };
 
     explicit VSFlexGrid(const QString &name, int index = -1);
+    /// What formats may expect of the grid.
+    [[nodiscard]] int Version() const { return 700; }
 
     // Shape
     [[nodiscard]] int Rows() const { return m_fixedInUse + m_rows.count(); }
@@ -57,6 +68,8 @@ public:
     void setTextMatrix(int row, int col, const QString &text);
     /// The same without making a QString; valid until the grid changes.
     [[nodiscard]] std::string_view cell(int row, int col) const;
+    /// The text as it is shown: a number in the format of its column.
+    [[nodiscard]] QString displayText(int row, int col) const;
     /// Takes a whole block over as the data rows, into the columns from `firstCol` on; cells to its left are
     /// empty and columns beyond Cols() are not shown. The rows so far and their pictures are gone. The
     /// current row becomes the first data row when it lies beyond the new rows or stands on a fixed one.
@@ -65,6 +78,14 @@ public:
     [[nodiscard]] QString CellPicture(int row, int col) const;
     void setCellPicture(int row, int col, const QString &icon, int alignment = AlignCentre);
     [[nodiscard]] int CellPictureAlignment(int row, int col) const;
+    /// Colours and weight of a cell, its own before those of a subtotal.
+    [[nodiscard]] GridCellLook cellLook(int row, int col) const;
+    /// The colour that all these cells of a row have; 0 when they differ or have none of their own.
+    [[nodiscard]] int CellForeColor(int row, int fromCol, int toCol) const;
+    [[nodiscard]] int CellBackColor(int row, int fromCol, int toCol) const;
+    /// 0 gives the usual colour back.
+    void setCellForeColor(int row, int fromCol, int toCol, int color);
+    void setCellBackColor(int row, int fromCol, int toCol, int color);
 
     // Rows
     /// Puts an empty row at the row number `position`; at the end when it is beyond. The current row stays on
@@ -86,11 +107,38 @@ public:
     [[nodiscard]] int findRow(const QString &text, const QList<int> &columns, int fromRow,
                               Qt::CaseSensitivity sensitivity = Qt::CaseSensitive) const;
 
+    /// Puts the data rows in order by the current column and drops subtotals, which stood for another order.
+    /// The current row goes with its contents, which is no change of row.
+    void setSort(int sort);
+    /// Rows with sums among the data rows; they are rows of the grid until they are cleared or the rows are
+    /// loaded anew. The current row stays on its contents.
+    void addSubtotals(std::span<const Subtotal> wanted);
+    void clearSubtotals();
+    [[nodiscard]] bool isSubtotal(int row) const;
+    /// Where the next sums stand, below their group or above it.
+    [[nodiscard]] SubtotalPosition subtotalPosition() const { return m_subtotalPosition; }
+    void setSubtotalPosition(SubtotalPosition position) { m_subtotalPosition = position; }
+
     // Columns
+    /// Hidden by the screen itself: nobody is to see what stands there.
     [[nodiscard]] bool ColHidden(int col) const;
     void setColHidden(int col, bool hidden);
+    /// 0 for a column that a person or the layout has hidden.
     [[nodiscard]] int ColWidth(int col) const;
     void setColWidth(int col, int width);
+    /// Of a column without a width: the last one that it had.
+    [[nodiscard]] int widthWhenShown(int col) const;
+    /// True for the width that the format string gave.
+    [[nodiscard]] bool isWidthGiven(int col) const;
+    [[nodiscard]] bool isColumnInSight(int col) const { return !ColHidden(col) && ColWidth(col) > 0; }
+    /// Equal neighbours in the column are shown as one cell.
+    [[nodiscard]] bool MergeCol(int col) const;
+    void setMergeCol(int col, bool merged);
+    [[nodiscard]] QString ColFormat(int col) const;
+    void setColFormat(int col, const QString &format);
+    /// The number of a type, 0 for any; kept for the layout, which treats columns of 0 and 5 as numbers.
+    [[nodiscard]] int ColDataType(int col) const;
+    void setColDataType(int col, int type);
     [[nodiscard]] int ColAlignment(int col) const;
     void setColAlignment(int col, int alignment);
     /// Alignment of the column's cells in the fixed rows.
@@ -100,8 +148,24 @@ public:
     [[nodiscard]] ColumnType columnType(int col) const;
     /// The order of sight, by column number; all columns, hidden ones too.
     [[nodiscard]] const std::vector<int> &columnOrder() const { return m_columnOrder; }
+    /// Nothing for what is no order of all columns.
+    void setColumnOrder(const std::vector<int> &order);
+    /// Widths and order of sight as the format string gave them.
+    void resetColumns();
 
     // Look
+    /// Columns behind the fixed ones that stay in sight when the list is scrolled sideways.
+    [[nodiscard]] int FrozenCols() const { return m_frozenCols; }
+    void setFrozenCols(int cols);
+    /// A colour number, also a system one.
+    [[nodiscard]] int GridColor() const { return m_gridColor; }
+    void setGridColor(int color);
+    [[nodiscard]] bool WordWrap() const { return m_wordWrap; }
+    void setWordWrap(bool wraps);
+    /// All data rows have one height and all fixed rows have one; setting that of a row sets its kind's.
+    [[nodiscard]] int RowHeight(int row) const { return row < m_fixedRows ? m_fixedRowHeight : m_rowHeight; }
+    void setRowHeight(int row, int height);
+    static constexpr int usualRowHeight = 28;
     /// Colour number of every second data row, red in its lowest byte; 0 for none.
     [[nodiscard]] int BackColorAlternate() const { return m_backColorAlternate; }
     void setBackColorAlternate(int color);
@@ -138,12 +202,16 @@ public:
     void reportMouseDown(short button, short shift, float x, float y);
     void reportDoubleClick() { Q_EMIT DblClick(); }
     void reportFocus() { Q_EMIT GotFocus(); }
+    /// A person changed widths, order or visibility of columns; the change itself is made before.
+    void reportLayoutChanged() { Q_EMIT layoutChanged(); }
 
 Q_SIGNALS:
     void AfterRowColChange(int oldRow, int oldCol, int newRow, int newCol);
     void MouseDown(short &Button, short &shift, float &X, float &Y);
     void DblClick();
     void GotFocus();
+    /// By a person: worth keeping at once.
+    void layoutChanged();
 
     // For views only. Positions are in sight, rows are row numbers; an inserted row is in sight, and hidden
     // rows are inserted and removed without a signal.
@@ -161,11 +229,15 @@ Q_SIGNALS:
     /// Sent for scrolling by the user too, who reports it here through a view.
     void topRowChanged();
 
+protected:
+    VSFlexGrid(const QString &typeName, const QString &name, int index);
+
 private:
     [[nodiscard]] bool hasCell(int row, int col) const;
     [[nodiscard]] bool isData(int row) const { return row >= m_fixedInUse && row < Rows(); }
     [[nodiscard]] int position(int row) const { return row - m_fixedInUse; }
     [[nodiscard]] quint32 pictureRow(int row) const;
+    void forgetRows();
     [[nodiscard]] GridColumn *column(int col);
     [[nodiscard]] const GridColumn *column(int col) const;
     void replaceColumns(std::vector<GridColumn> columns);
@@ -174,6 +246,11 @@ private:
     template<class Signal, class... Arguments>
     void tell(bool &outdated, Signal signal, Arguments... arguments);
     template<class Change> void resetRows(Change change);
+    /// A change of the rows' order after which current and top row are those with the same contents.
+    template<class Change> void rearrangeRows(Change change);
+    [[nodiscard]] int dataRowNear(int row) const;
+    [[nodiscard]] int commonColor(int row, int fromCol, int toCol, int GridCellLook::*part) const;
+    template<class T> void changeLook(T &member, T value);
     /// False when it stands there already.
     bool moveCurrent(int row, int col);
 
@@ -183,6 +260,9 @@ private:
     GridRows m_rows;
     GridPictures m_pictures;
     GridPictures m_fixedPictures;
+    GridColors m_colors;
+    GridSubtotals m_subtotals;
+    SubtotalPosition m_subtotalPosition = SubtotalPosition::Below;
     int m_fixedRows = 1;
     int m_fixedInUse = 1; ///< fewer than m_fixedRows only after Rows was set below it
     int m_fixedCols = 1;
@@ -190,11 +270,38 @@ private:
     int m_col = -1;
     int m_topRow = 1;
     int m_backColorAlternate = 0;
+    int m_frozenCols = 0;
+    int m_gridColor = systemButtonFace;
+    bool m_wordWrap = false;
+    int m_rowHeight = usualRowHeight;
+    int m_fixedRowHeight = usualRowHeight;
     bool m_redraw = true;
     bool m_rowsOutdated = false;
     bool m_columnsOutdated = false;
     bool m_topRowOutdated = false;
     bool m_currentOutdated = false;
 };
+
+template<class Signal, class... Arguments>
+void VSFlexGrid::tell(bool &outdated, Signal signal, Arguments... arguments)
+{
+    if (m_redraw)
+        Q_EMIT(this->*signal)(arguments...);
+    else
+        outdated = true;
+}
+
+/// The views hear of the end on whatever way. No destructor tells them: what they do then may fail.
+template<class Change> void VSFlexGrid::resetRows(Change change)
+{
+    tell(m_rowsOutdated, &VSFlexGrid::rowsAboutToBeReset);
+    try {
+        change();
+    } catch (...) {
+        tell(m_rowsOutdated, &VSFlexGrid::rowsReset);
+        throw;
+    }
+    tell(m_rowsOutdated, &VSFlexGrid::rowsReset);
+}
 
 } // namespace ebtq

@@ -63,7 +63,12 @@ int gridColumnWidth(QStringView text)
 
 GridColumn emptyGridColumn()
 {
-    return {{}, gridColumnWidth(u"          "), VSFlexGrid::AlignGeneral, VSFlexGrid::AlignGeneral, false};
+    const int width = gridColumnWidth(u"          ");
+    return {.width = width,
+            .alignment = VSFlexGrid::AlignGeneral,
+            .fixedAlignment = VSFlexGrid::AlignGeneral,
+            .givenWidth = width,
+            .shownWidth = width};
 }
 
 std::vector<GridColumn> gridColumns(const QString &format)
@@ -74,6 +79,8 @@ std::vector<GridColumn> gridColumns(const QString &format)
         GridColumn column = emptyGridColumn();
         column.alignment = takeAlignment(caption);
         column.width = gridColumnWidth(caption);
+        column.givenWidth = column.width;
+        column.shownWidth = column.width;
         column.caption = caption.trimmed().toString().toStdString();
         columns.push_back(std::move(column));
     }

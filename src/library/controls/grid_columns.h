@@ -10,11 +10,16 @@ namespace ebtq {
 /// One column of a grid; widths in pixels at 96 dots an inch.
 struct GridColumn
 {
-    std::string caption;
+    std::string caption = {};
     int width = 0;
     int alignment = 0;
     int fixedAlignment = 0;
-    bool hidden = false;
+    bool hidden = false; ///< by the screen itself; a person hides a column by giving it no width
+    int givenWidth = 0;  ///< of the screen as it was built
+    int shownWidth = 0;  ///< the last one above 0
+    bool isMerged = false;
+    int dataType = 0;
+    QString format = {};
 };
 
 /// Columns of a format string: captions parted by "|", each with an optional "<", "^" or ">" in front that

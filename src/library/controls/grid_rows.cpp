@@ -13,6 +13,7 @@ void GridRows::load(RowBlock block, int firstCol)
     m_block = std::move(block);
     m_firstCol = firstCol;
     m_edited.clear();
+    m_levelOfAdded.clear();
     m_inSight.clear();
     m_hiddenCount = 0;
     m_nextIdentity = static_cast<Identity>(m_block.rowCount());
@@ -45,8 +46,13 @@ const GridRows::EditedCell *GridRows::editedCell(Identity row, int col) const
 
 std::string_view GridRows::cell(int position, int col) const
 {
-    const Identity row = identity(position);
-    if (entry(position) & editedMark) {
+    return cellOf(entry(position), col);
+}
+
+std::string_view GridRows::cellOf(Entry entry, int col) const
+{
+    const Identity row = entry & identityMask;
+    if (entry & editedMark) {
         if (const EditedCell *cell = editedCell(row, col))
             return cell->text;
     }
@@ -59,12 +65,48 @@ std::string_view GridRows::cell(int position, int col) const
 void GridRows::setCell(int position, int col, std::string text)
 {
     m_order[static_cast<size_t>(position)] |= editedMark;
-    EditedRow &row = m_edited[identity(position)];
+    setCellOf(entry(position), col, std::move(text));
+}
+
+void GridRows::setCellOf(Entry entry, int col, std::string text)
+{
+    EditedRow &row = m_edited[entry & identityMask];
     const auto cell = std::ranges::find(row, col, &EditedCell::col);
     if (cell != row.end())
         cell->text = std::move(text);
     else
         row.push_back({col, std::move(text)});
+}
+
+GridRows::Entry GridRows::newEntry(int subtotalLevel)
+{
+    m_levelOfAdded.push_back(static_cast<qint16>(subtotalLevel));
+    return m_nextIdentity++ | editedMark;
+}
+
+GridRows::Entry GridRows::addSubtotal(int level, size_t cells)
+{
+    const Entry entry = newEntry(level);
+    m_edited[entry & identityMask].reserve(cells);
+    return entry;
+}
+
+void GridRows::place(std::vector<Entry> entries)
+{
+    m_order = std::move(entries);
+    m_inSight.clear();
+}
+
+void GridRows::removeSubtotals()
+{
+    std::erase_if(m_order, [this](Entry entry) {
+        if (subtotalLevel(entry) < 0)
+            return false;
+        m_hiddenCount -= entry & hiddenMark ? 1 : 0;
+        m_edited.erase(entry & identityMask);
+        return true;
+    });
+    m_inSight.clear();
 }
 
 void GridRows::insert(int position)
@@ -149,7 +191,7 @@ int GridRows::endOfRun(int position) const
 size_t GridRows::byteSize() const
 {
     size_t size = m_block.byteSize() + (m_order.capacity() + m_inSight.capacity()) * sizeof(quint32) +
-                  m_edited.bucket_count() * sizeof(void *);
+                  m_levelOfAdded.capacity() * sizeof(qint16) + m_edited.bucket_count() * sizeof(void *);
     for (const auto &[identity, row] : m_edited) {
         size += sizeof(identity) + sizeof(row) + 2 * sizeof(void *) + row.capacity() * sizeof(EditedCell);
         for (const EditedCell &cell : row)

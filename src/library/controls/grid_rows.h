@@ -17,6 +17,8 @@ class GridRows
 {
 public:
     using Identity = quint32;
+    /// One row in the index: its identity and what is marked about it.
+    using Entry = quint32;
 
     /// The block's first column becomes column `firstCol`. All rows so far are gone.
     void load(RowBlock block, int firstCol);
@@ -43,6 +45,23 @@ public:
     /// How many rows before that position are in sight.
     [[nodiscard]] int sightBefore(int position) const;
 
+    // Subtotals: added rows of a level, which number their maker gives.
+    [[nodiscard]] const std::vector<Entry> &entries() const { return m_order; }
+    [[nodiscard]] std::string_view cellOf(Entry entry, int col) const;
+    void setCellOf(Entry entry, int col, std::string text);
+    /// -1 for a row that is no subtotal.
+    [[nodiscard]] int subtotalLevel(Entry entry) const
+    {
+        const auto added = static_cast<qsizetype>(entry & identityMask) - m_block.rowCount();
+        return added < 0 ? -1 : m_levelOfAdded[static_cast<size_t>(added)];
+    }
+    [[nodiscard]] bool isSubtotal(int position) const { return subtotalLevel(entry(position)) >= 0; }
+    /// A new row, still without a place, with room for that many cells.
+    [[nodiscard]] Entry addSubtotal(int level, size_t cells);
+    /// A new order: all rows that are there now, and new ones.
+    void place(std::vector<Entry> entries);
+    void removeSubtotals();
+
     /// Where the run of rows ends that begins here and lies in the block without a gap and without an edited
     /// cell; `position` itself when that row is edited or added.
     [[nodiscard]] int endOfRun(int position) const;
@@ -61,16 +80,17 @@ private:
     };
     using EditedRow = std::vector<EditedCell>;
 
-    [[nodiscard]] quint32 entry(int position) const { return m_order[static_cast<size_t>(position)]; }
+    [[nodiscard]] Entry entry(int position) const { return m_order[static_cast<size_t>(position)]; }
     [[nodiscard]] const EditedCell *editedCell(Identity row, int col) const;
-    [[nodiscard]] quint32 newEntry() { return m_nextIdentity++ | editedMark; }
+    [[nodiscard]] Entry newEntry(int subtotalLevel = -1);
     [[nodiscard]] const std::vector<quint32> &inSight() const;
 
     RowBlock m_block;
     int m_firstCol = 0;
-    std::vector<quint32> m_order;
+    std::vector<Entry> m_order;
     std::unordered_map<Identity, EditedRow> m_edited;
     Identity m_nextIdentity = 0; ///< of the next added row; those below the block's row count are the block's
+    std::vector<qint16> m_levelOfAdded;
     int m_hiddenCount = 0;
     mutable std::vector<quint32>
         m_inSight; ///< positions, only while something is hidden; empty when outdated

@@ -1,5 +1,6 @@
 #include "library/frame/module.h"
 
+#include "library/frame/form_status.h"
 #include "library/frame/null_conv.h"
 
 namespace ebtq {
@@ -29,6 +30,16 @@ void Module::IDesignUI_Parameters(DesignParameters *parameters)
     const QString key = QStringLiteral("backcolor");
     if (parameters && parameters->Exists(key))
         setBackColor(NullConv::ToLong(parameters->Item(key).Value));
+}
+
+void Module::sbGetFormStatus(const QString &pFile, bool pbOnlyColWidth)
+{
+    restoreForm(pFile, pbOnlyColWidth, m_controls, app());
+}
+
+bool Module::sbSaveFormStatus(const QString &pFile, bool pbOnlyColWidth) const
+{
+    return saveForm(pFile, pbOnlyColWidth, m_controls);
 }
 
 HostApp &Module::app() const

@@ -34,6 +34,11 @@ public:
     [[nodiscard]] int BackColor() const { return m_backColor; }
     void setBackColor(int color);
 
+    /// The state of all controls from and into a layout file (see form_status.h); false when it could not be
+    /// written.
+    void sbGetFormStatus(const QString &pFile, bool pbOnlyColWidth);
+    bool sbSaveFormStatus(const QString &pFile, bool pbOnlyColWidth) const;
+
     ControlCollection &IDesignUI_Controls() override { return m_controls; }
     QVariant IDesignUI_Parameters() override { return {}; }
     void IDesignUI_Parameters(DesignParameters *parameters) override;
@@ -81,6 +86,7 @@ private:
     Desktop &m_desktop;
     ControlCollection m_controls;
     HostApp *m_app = nullptr;
+    QString m_layoutFile; ///< where the host keeps the layout of this screen; empty until it tells
     int m_backColor = -1;
 };
 

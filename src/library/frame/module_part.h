@@ -19,6 +19,9 @@ protected:
 
     [[nodiscard]] ControlCollection &controls() const { return m_module.controls(); }
     [[nodiscard]] HostApp &app() const { return m_module.app(); }
+    /// Empty until the host tells where it keeps the layout of this screen.
+    [[nodiscard]] const QString &layoutFile() const { return m_module.m_layoutFile; }
+    void setLayoutFile(const QString &file) { m_module.m_layoutFile = file; }
     /// Between the module's Init and its Clear.
     [[nodiscard]] bool isInited() const { return m_module.m_app; }
     void raiseDatabaseError(const QString &description) { m_module.raiseDatabaseError(description); }

@@ -38,6 +38,7 @@ Fcxx::Fcxx(Desktop &desktop)
     , m_findFilters(controls().add<CheckBox>(QStringLiteral("ChkFind")))
     , m_grid(controls().add<VSFlexGrid>(QStringLiteral("VS")))
     , m_detail(*this, m_grid)
+    , m_layout(*this, m_grid)
 {
     makeControls();
     connectFields();
@@ -104,6 +105,9 @@ void Fcxx::connectGrid()
             scrolled();
     });
     connect(&m_grid, &VSFlexGrid::DblClick, this, &Fcxx::viewListing);
+    connect(&m_layout, &ListLayout::notSaved, this, [this](const QString &file) {
+        Q_EMIT Message(QStringLiteral("布局未能保存，下次打开时不会保留：") + file);
+    });
     connect(&m_searchBox, &SearchBox::Search, this, &Fcxx::searchAgain);
     connect(&m_searchBox, &SearchBox::Clear, &m_grid, &VSFlexGrid::showAllRows);
     connect(&m_findFilters, &CheckBox::Click, this, [this] {
@@ -188,11 +192,27 @@ bool Fcxx::IReportUI_Clear()
 {
     m_grid.setRows(0);
     m_place = {};
+    m_layout.clear();
     m_editor.reset();
     m_wheel.reset();
     setApp(nullptr);
     m_inited = false;
     return true;
+}
+
+// In the middle of a load these come too, so they leave the release of the database to it.
+
+void Fcxx::IReportUI_DoGetFormStatus(const QString &file)
+{
+    trappedWithoutDatabase(u"-->IRptUI_DoGetFormStatus::", [&] {
+        m_layout.get(file);
+        return true;
+    });
+}
+
+void Fcxx::IReportUI_DoSaveFormStatus(const QString &file)
+{
+    trappedWithoutDatabase(u"-->IRptUI_DoSaveFormStatus::", [&] { return m_layout.save(file); });
 }
 
 QVariant Fcxx::IReportUI_Attributes(const QVariant &key)
@@ -210,6 +230,7 @@ bool Fcxx::IReportUI_Refresh()
 bool Fcxx::refresh()
 {
     notePlace();
+    m_layout.beginLoad();
     const QScopedValueRollback refreshing(m_refreshing, true);
     m_grid.setRows(m_grid.FixedRows());
     const WaitCursor wait(desktop());

@@ -9,6 +9,7 @@
 #include "library/controls/nav_toolbar.h"
 #include "library/controls/search_box.h"
 #include "library/frame/host_contracts.h"
+#include "library/frame/list_layout.h"
 #include "library/frame/module.h"
 #include "library/listings/listing_detail.h"
 
@@ -62,16 +63,17 @@ public:
     bool IReportUI_PrintSetup() override { return false; }
     bool IReportUI_Help() override { return false; }
     QString IReportUI_ReturnPrintName() override { return {}; }
-    void IReportUI_DoGetFormStatus(const QString &file) override { m_layoutFile = file; }
-    void IReportUI_DoSaveFormStatus(const QString &) override {}
+    void IReportUI_DoGetFormStatus(const QString &file) override;
+    void IReportUI_DoSaveFormStatus(const QString &file) override;
     /// "nomenu" for 99: the module has a tool bar of its own and wants no menu.
     QVariant IReportUI_Attributes(const QVariant &key) override;
     QObject *IReportUI_oTable() override { return &m_grid; }
     QVariant IReportUI_Parameters() override { return {}; }
     void IReportUI_Parameters(const ParameterList *) override {}
 
-    /// Prints (`bPrint` true) or previews the list as it is seen, or with `bSetup` sets its print file up. False
-    /// when that failed. The desktop calls it by itself: the contract's print operations are not for this list.
+    /// Prints (`bPrint` true) or previews the list as it is seen, or with `bSetup` sets its print file up.
+    /// False when that failed. The desktop calls it by itself: the contract's print operations are not for
+    /// this list.
     Q_INVOKABLE bool SelfPrint(bool bPrint, bool bSetup);
 
 Q_SIGNALS:
@@ -148,11 +150,11 @@ private:
     CheckBox &m_findFilters;
     VSFlexGrid &m_grid;
     ListingDetail m_detail;
+    ListLayout m_layout;
     std::unique_ptr<MouseWheel> m_wheel;
     std::unique_ptr<FrmFx> m_editor;
     bool m_inited = false;
     int m_moduleId = 0;
-    QString m_layoutFile;   ///< where the host keeps the layout of this screen
     double m_wheelRate = 5; ///< rows for each step of the wheel
     bool m_turning = false;
     bool m_refreshing = false; ///< from the emptied list to its rows' being in place

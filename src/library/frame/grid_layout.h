@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+namespace ebtq {
+
+class HostApp;
+class IniStore;
+class VSFlexGrid;
+
+/// The shape of a grid in a layout file: widths, hidden columns, order of sight, formats, alignments, row
+/// heights, lines. Group and total columns, sort and decimals are only read: an administrator puts their keys
+/// into the file.
+///
+/// Nothing here fails but the saving: what cannot be read or applied is left as the screen was built.
+
+/// Reads the grid's keys and applies them; with `onlyColWidth` hidden columns and widths alone. Without it
+/// and without a file the present shape is written, so that a first start leaves a file to be edited.
+void GridRestore(const QString &file, VSFlexGrid &grid, bool onlyColWidth, HostApp &app);
+/// False when the file could not be written.
+bool GridSave(const QString &file, const VSFlexGrid &grid, bool onlyColWidth);
+/// The same into a store that the caller saves.
+void saveGrid(IniStore &store, const VSFlexGrid &grid, bool onlyColWidth);
+
+} // namespace ebtq

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <vector>
+
+namespace ebtq {
+
+/// A text file of sections and keys: "[section]", then lines of "key=value", in UTF-8. Names are compared
+/// without regard to case; a value keeps its blanks, and its line ends are written as \n and \r. Comment
+/// lines
+/// (";" or "#") stay where an administrator put them.
+///
+/// Nothing about the file ever fails but save(): one that is missing, cannot be read or is no such text reads
+/// as far as it can be understood.
+class IniStore
+{
+public:
+    /// Reads the file; must come first.
+    void setFileName(const QString &file);
+
+    [[nodiscard]] bool contains(const QString &section, const QString &key) const;
+    /// The last argument of each is the result for a key that is absent.
+    [[nodiscard]] QString GetString(const QString &section, const QString &key,
+                                    const QString &otherwise) const;
+    /// True for every number but 0, and for "true".
+    [[nodiscard]] bool GetBool(const QString &section, const QString &key, bool otherwise) const;
+    /// The leading number of the value, within the range of an int; also put into `out`.
+    int GetInt(const QString &section, const QString &key, int otherwise, int &out) const;
+    [[nodiscard]] int GetInt(const QString &section, const QString &key, int otherwise) const;
+
+    void SetString(const QString &section, const QString &key, const QString &value);
+    void SetBool(const QString &section, const QString &key, bool value);
+    void SetInt(const QString &section, const QString &key, int value);
+    void removeSection(const QString &section);
+
+    /// Writes the file when something was changed, as a whole under another name that then takes its place:
+    /// whatever happens meanwhile leaves the old file or the new one. False when it could not be written.
+    [[nodiscard]] bool save();
+
+private:
+    struct Line
+    {
+        QString key; ///< empty for a comment, which is then the value
+        QString value;
+    };
+    struct Section
+    {
+        QString name;
+        std::vector<Line> lines;
+        QHash<QString, size_t> lineOfKey; ///< by the key without case
+    };
+
+    void read(const QString &text);
+    /// The section to which the next line belongs.
+    Section *readLine(const QString &line, Section *current);
+    [[nodiscard]] Section &sectionNamed(const QString &name);
+    [[nodiscard]] const QString *find(const QString &section, const QString &key) const;
+    [[nodiscard]] QByteArray text() const;
+
+    QString m_file;
+    std::vector<Section> m_sections;
+    QHash<QString, size_t> m_sectionOfName;
+    bool m_isChanged = false;
+};
+
+} // namespace ebtq

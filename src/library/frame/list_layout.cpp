@@ -1,0 +1,50 @@
+#include "library/frame/list_layout.h"
+
+#include "library/controls/flex_grid.h"
+#include "library/frame/form_status.h"
+#include "library/frame/grid_layout.h"
+
+namespace ebtq {
+
+ListLayout::ListLayout(Module &module, VSFlexGrid &list)
+    : ModulePart(module)
+    , m_module(module)
+    , m_list(list)
+{}
+
+void ListLayout::get(const QString &file)
+{
+    setLayoutFile(file);
+    watchColumns();
+    if (m_isFormRestored)
+        return GridRestore(file, m_list, false, app());
+    m_isFormRestored = true;
+    m_module.sbGetFormStatus(file, false);
+}
+
+bool ListLayout::save(const QString &file)
+{
+    return m_module.sbSaveFormStatus(file, false);
+}
+
+void ListLayout::clear()
+{
+    setLayoutFile({});
+    m_isFormRestored = false;
+}
+
+void ListLayout::watchColumns()
+{
+    for (const auto &control : controls()) {
+        if (auto *grid = qobject_cast<VSFlexGrid *>(control.get()))
+            connect(grid, &VSFlexGrid::layoutChanged, this, &ListLayout::saveColumns, Qt::UniqueConnection);
+    }
+}
+
+void ListLayout::saveColumns()
+{
+    if (const QString file = layoutFile(); !file.isEmpty() && !saveGrids(file, controls()))
+        Q_EMIT notSaved(file);
+}
+
+} // namespace ebtq

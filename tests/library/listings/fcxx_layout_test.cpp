@@ -1,0 +1,180 @@
+#include "library/frame/ini_store.h"
+#include "library/frame/layout_file.h"
+#include "library/listings/fcxx_fixture.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace ebtq;
+using namespace ebtq::test;
+
+namespace {
+
+/// The list with a host that answers RefreshGetGridStatus as the desktop does.
+class FcxxLayoutTest : public FcxxTest
+{
+protected:
+    FcxxLayoutTest()
+    {
+        QObject::connect(&list, &Fcxx::RefreshGetGridStatus,
+                         [this] { list.IReportUI_DoGetFormStatus(file); });
+    }
+    void open()
+    {
+        init();
+        list.IReportUI_DoGetFormStatus(file);
+        refresh();
+    }
+    void close()
+    {
+        list.IReportUI_DoSaveFormStatus(file);
+        list.IReportUI_Clear();
+    }
+    void put(const QString &section, const QString &key, const QString &value) const
+    {
+        IniStore store;
+        store.setFileName(file);
+        store.SetString(section, key, value);
+        ASSERT_TRUE(store.save());
+    }
+
+    QTemporaryDir folder;
+    QString file = folder.filePath(u"Fcxx.txt"_qs);
+};
+
+TEST_F(FcxxLayoutTest, AFilterIsBackBeforeTheFirstLoadAndNeverAfter)
+{
+    open();
+    list.qzTxt(0).setText(u"天河区"_qs);
+    list.qzTxt(4).setText(u"一部"_qs);
+    list.qzTxt(4).setValue(12);
+    list.Chk(1).setValue(1);
+    list.XPCmb().setText(u"半年内"_qs);
+    close();
+
+    Fcxx again{desktop};
+    QObject::connect(&again, &Fcxx::RefreshGetGridStatus, [&] { again.IReportUI_DoGetFormStatus(file); });
+    ASSERT_TRUE(again.IReportUI_Init(host, 101));
+    again.IReportUI_DoGetFormStatus(file);
+    EXPECT_EQ(again.qzTxt(0).Text(), u"天河区");
+    EXPECT_EQ(again.XPCmb().Text(), u"半年内");
+    ASSERT_TRUE(again.IReportUI_Refresh());
+    for (const char16_t *part : {u"UserTypeID=12)", u"A.地区='天河区'", u"like '%租%'", u"操作日期>#"})
+        EXPECT_TRUE(lastStatement().contains(QString::fromUtf16(part))) << lastStatement().toStdString();
+
+    again.qzTxt(0).type(u"海珠区"_qs);
+    ASSERT_TRUE(again.IReportUI_Refresh());
+    EXPECT_EQ(again.qzTxt(0).Text(), u"海珠区") << "typed since";
+    for (const char16_t *key : {u"buy", u"rent", u"all"}) {
+        again.NavToolbar1().press(QString::fromUtf16(key));
+        EXPECT_TRUE(again.qzTxt(0).Text().isEmpty() && again.qzTxt(4).Value().isNull()) << "emptied since";
+    }
+    EXPECT_EQ(again.Chk(1).Value(), 0);
+}
+
+TEST_F(FcxxLayoutTest, AHostThatAsksForTheLayoutOnlyAfterALoadGetsTheShapeAlone)
+{
+    put(u"Form"_qs, u"QZTXT_S_qzTxt_0_Text"_qs, u"天河区"_qs);
+    put(u"VsColWidth"_qs, u"VsCol1"_qs, u"66"_qs);
+    init();
+    refresh();
+    EXPECT_EQ(list.qzTxt(0).Text(), QString());
+    EXPECT_EQ(list.VS().ColWidth(1), 66);
+}
+
+TEST_F(FcxxLayoutTest, ColumnsThatAPersonChangedAreKeptAtOnceAndFoundAgain)
+{
+    willLoad({u"3"_qs, u"2"_qs, u"1"_qs});
+    open();
+    list.VS().setColWidth(1, 123);
+    list.VS().setColWidth(2, 0);
+    list.VS().setColumnOrder({4, 0, 1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
+    list.detail().VsGj().setColWidth(2, 321);
+    list.VS().reportLayoutChanged();
+    refresh();
+    EXPECT_EQ(list.VS().ColWidth(1), 123) << "a load brings nothing older back";
+    // No close: the program may end any way.
+    Fcxx again{desktop};
+    ASSERT_TRUE(again.IReportUI_Init(host, 101));
+    again.IReportUI_DoGetFormStatus(file);
+    EXPECT_EQ(again.VS().ColWidth(1), 123);
+    EXPECT_EQ(again.VS().ColWidth(2), 0);
+    EXPECT_EQ(again.VS().columnOrder().front(), 4);
+    EXPECT_EQ(again.detail().VsGj().ColWidth(2), 321);
+    EXPECT_TRUE(again.VS().ColHidden(19)) << "what the screen itself hides stays hidden";
+}
+
+TEST_F(FcxxLayoutTest, SubtotalsComeWithEveryLoad)
+{
+    put(u"VsIsSort"_qs, u"VsCol4"_qs, u"1"_qs);
+    put(u"VsIsGroupOn"_qs, u"VsCol4"_qs, u"1"_qs);
+    put(u"VsIsTotalOn"_qs, u"VsCol20"_qs, u"1"_qs);
+    willLoad({u"4"_qs, u"3"_qs, u"2"_qs, u"1"_qs});
+    for (int load = 0; load < 2; ++load) {
+        load == 0 ? open() : void(refresh());
+        ASSERT_EQ(list.VS().Rows(), 8);
+        EXPECT_EQ(list.VS().TextMatrix(3, 0), u"天河区小计");
+        EXPECT_EQ(list.VS().TextMatrix(7, 0), u"合计");
+        EXPECT_EQ(list.VS().TextMatrix(7, 20), u"4");
+        EXPECT_EQ(list.VS().TextMatrix(list.VS().Row(), 19), u"KEY-4") << "the person stays at the listing";
+        EXPECT_FALSE(list.VS().isSubtotal(list.VS().Row()));
+    }
+}
+
+TEST_F(FcxxLayoutTest, NoLayoutFileStopsTheScreen)
+{
+    willLoad({u"2"_qs, u"1"_qs});
+    const QString readOnly = u"/proc/selfbb/Fcxx.txt"_qs; // not even the one who may do all can write there
+    for (const QString &where :
+         {folder.path(), readOnly, folder.filePath(u"none/below/Fcxx.txt"_qs), QString()}) {
+        SCOPED_TRACE(where.toStdString());
+        file = where;
+        open();
+        EXPECT_EQ(inSight(), QStringList({u"2"_qs, u"1"_qs}));
+        events.clear();
+        list.VS().setColWidth(1, 99);
+        list.VS().reportLayoutChanged();
+        EXPECT_EQ(events, where.isEmpty()
+                              ? QStringList()
+                              : QStringList(u"message 布局未能保存，下次打开时不会保留："_qs + where));
+        close();
+        EXPECT_FALSE(events.join(u' ').contains(u"error"));
+    }
+}
+
+TEST_F(FcxxLayoutTest, AScreenKnowsWhereItsFileLies)
+{
+    class WorkingFolder : public HostSession
+    {
+    public:
+        explicit WorkingFolder(QString path)
+            : m_path(std::move(path))
+        {}
+        [[nodiscard]] QString UserName() const override { return {}; }
+        [[nodiscard]] QString UserID() const override { return {}; }
+        [[nodiscard]] QString AppPath() const override { return m_path; }
+        [[nodiscard]] QDate LoginDate() const override { return {}; }
+
+    private:
+        QString m_path;
+    };
+    class FolderHost : public RecordingHost
+    {
+    public:
+        explicit FolderHost(const QString &path)
+            : session(path)
+        {}
+        HostSession &Session() override { return session; }
+        WorkingFolder session;
+    };
+    for (const QString &ending : {u""_qs, u"/"_qs}) {
+        FolderHost here(folder.path() + ending);
+        EXPECT_EQ(LayoutFile(u"PdmLpzd"_qs, here), folder.path() + u"/selfbb/PdmLpzd.txt"_qs);
+        EXPECT_TRUE(QFile::exists(folder.filePath(u"selfbb"_qs)));
+    }
+    EXPECT_EQ(ControlIndex(list.qzTxt(4)), 4);
+    EXPECT_EQ(ControlIndex(list.VS()), -1);
+    EXPECT_EQ(ControlIndex(QObject()), -1);
+}
+
+} // namespace
