@@ -2,9 +2,13 @@
 
 #include "library/listings/fcxx.h"
 #include "library/listings/frm_fx.h"
+#include "library/pickers/sel_pdm.h"
+#include "library/pickers/sel_pdm_dz.h"
+#include "library/pickers/sel_pdm_lpzd.h"
 #include "screens/frame/view_registry.h"
 #include "screens/listings/fcxx_view.h"
 #include "screens/listings/frm_fx_view.h"
+#include "screens/pickers/picker_view.h"
 
 namespace ebtq {
 
@@ -19,6 +23,9 @@ template<class Module, class View> constexpr ComponentClass componentClass(QLati
 
 const ComponentClass classes[] = {
     componentClass<Fcxx, FcxxView>(QLatin1String("EBTQ_S.Fcxx")),
+    componentClass<selPdm, PickerView>(QLatin1String("EBTQ_S.selPdm")),
+    componentClass<selPdmLpzd, PickerView>(QLatin1String("EBTQ_S.selPdmLpzd")),
+    componentClass<selPdmDz, PickerView>(QLatin1String("EBTQ_S.selPdmDz")),
 };
 
 } // namespace

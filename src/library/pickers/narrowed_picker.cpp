@@ -61,7 +61,7 @@ bool NarrowedPicker::fillOwners()
     }
     m_owner.setItems(names, keys);
     m_owner.setListIndex(0);
-    return failure().isEmpty();
+    return lblFailure().Caption().isEmpty();
 }
 
 /// A name that is none of the combo box's has no key, and no row is found for it.

@@ -38,6 +38,7 @@ Picker::Picker(const QString &name, Desktop &desktop, const PickerGrid &grid)
     , m_shape(grid)
     , m_grid(controls().add<VSFlexGrid>(QStringLiteral("VS")))
     , m_search(controls(), m_grid)
+    , m_failure(controls().add<Label>(QStringLiteral("lblFailure")))
 {
     connect(&m_search.text(), &TextBox::ReturnPressed, this, &Picker::confirm);
     connect(&m_grid, &VSFlexGrid::DblClick, this, [this] {
@@ -134,27 +135,19 @@ bool Picker::load()
     m_grid.setCol(std::max(m_grid.Col(), firstColumn));
     m_search.rowsLoaded();
     m_focus.SetFocus(m_grid);
-    return m_failure.isEmpty();
+    return m_failure.Caption().isEmpty();
 }
 
 std::unique_ptr<Recordset> Picker::open(const SqlText &sql)
 {
     auto rows = app().Db().CreateQuery(sql, 1)->Open();
-    setFailure(app().Db().LastError().Description);
+    m_failure.setCaption(app().Db().LastError().Description);
     return rows;
-}
-
-void Picker::setFailure(const QString &text)
-{
-    if (m_failure == text)
-        return;
-    m_failure = text;
-    Q_EMIT failureChanged();
 }
 
 void Picker::raiseError(const QString &message, int /*level*/, const QString & /*title*/)
 {
-    setFailure(message);
+    m_failure.setCaption(message);
 }
 
 // Choice
@@ -171,7 +164,7 @@ void Picker::confirm()
 
 void Picker::takeRow()
 {
-    setChoice({}, {});
+    setChoice(QString(), QString());
     m_row.reset();
     const int row = m_grid.Row();
     if (!isData(row))
@@ -209,7 +202,7 @@ bool Picker::IPickerUI_Validate(const QString & /*unused*/, const QString &value
 
 bool Picker::lookUp(const QString &valueField, const QString &textField, const QString &typedText)
 {
-    setChoice({}, {});
+    setChoice(QString(), QString());
     m_row = emptyRow();
     const auto rows = open(checkStatement(typedText));
     if (rows->Bof() && rows->Eof())

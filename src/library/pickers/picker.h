@@ -2,6 +2,7 @@
 
 #include "library/controls/button.h"
 #include "library/controls/combo_box.h"
+#include "library/controls/label.h"
 #include "library/frame/focus_helper.h"
 #include "library/frame/module.h"
 #include "library/pickers/picker_search.h"
@@ -46,7 +47,7 @@ public:
     /// nullptr for a picker whose list is not narrowed.
     [[nodiscard]] virtual XPCombo *Cmb() { return nullptr; }
     /// Why the rows could not be loaded; empty when they were.
-    [[nodiscard]] const QString &failure() const { return m_failure; }
+    [[nodiscard]] Label &lblFailure() const { return m_failure; }
     /// The host's folder of layouts; pickers keep none there.
     [[nodiscard]] const QString &layoutFolder() const { return m_layoutFolder; }
 
@@ -79,8 +80,6 @@ public:
 Q_SIGNALS:
     void DoSelect();
     void DoCancel();
-    /// For the view: what is told of the load.
-    void failureChanged();
 
 protected:
     /// Reads a column of one row by its name, from the grid or from a recordset.
@@ -109,7 +108,7 @@ protected:
     [[nodiscard]] bool isData(int row) const { return row >= m_grid.FixedRows() && row < m_grid.Rows(); }
     void setChoice(const QVariant &value, const QString &text);
     Button &addButton(int number, const QString &caption);
-    /// Runs a statement; its failure is what LastError and failure() tell.
+    /// Runs a statement; its failure is what LastError and the label tell.
     [[nodiscard]] std::unique_ptr<Recordset> open(const SqlText &sql);
     /// Loads the rows again, for the person.
     void reload();
@@ -128,17 +127,16 @@ private:
     void confirm();
     void takeRow();
     bool lookUp(const QString &valueField, const QString &textField, const QString &typedText);
-    void setFailure(const QString &text);
 
     PickerGrid m_shape;
     VSFlexGrid &m_grid;
     PickerSearch m_search;
+    Label &m_failure;
     FocusHelper m_focus;
     ParameterList m_parameters;
     std::shared_ptr<const PickedRow> m_row;
     QVariant m_value;
     QString m_text;
-    QString m_failure;
     QString m_layoutFolder;
 };
 

@@ -23,6 +23,7 @@ ComboView::ComboView(XPCombo &combo, QWidget *parent)
     connect(&combo, &XPCombo::Change, this, &ComboView::follow);
     connect(&combo, &Control::stateChanged, this, &ComboView::showText);
     connect(this, &QComboBox::editTextChanged, this, &ComboView::take);
+    connect(this, &QComboBox::currentIndexChanged, this, [this] { take(currentText()); });
     connect(this, &QComboBox::activated, this, [this] {
         if (!m_isStepping)
             confirm();
@@ -33,7 +34,10 @@ ComboView::ComboView(XPCombo &combo, QWidget *parent)
 void ComboView::take(const QString &text)
 {
     const QScopedValueRollback taking(m_isTaking, true);
-    m_combo.setText(text);
+    if (currentIndex() >= 0 && itemText(currentIndex()) == text)
+        m_combo.setListIndex(currentIndex()); // entries of one name are told apart
+    else
+        m_combo.setText(text);
 }
 
 /// A text that code puts in is confirmed as it stands.
@@ -47,6 +51,7 @@ void ComboView::follow()
 void ComboView::confirm()
 {
     m_confirmedText = m_combo.Text();
+    m_combo.reportClick();
     Q_EMIT confirmed();
 }
 
@@ -73,11 +78,12 @@ void ComboView::showText()
 {
     const QSignalBlocker blocker(this);
     const int cursor = lineEdit()->cursorPosition();
-    if (count() != m_combo.items().size()) {
+    if (m_shownItems != m_combo.items()) {
+        m_shownItems = m_combo.items();
         clear();
-        addItems(m_combo.items());
+        addItems(m_shownItems);
     }
-    setCurrentIndex(findText(m_combo.Text(), Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    setCurrentIndex(m_combo.ListIndex());
     if (currentText() != m_combo.Text())
         setEditText(m_combo.Text());
     lineEdit()->setCursorPosition(cursor);

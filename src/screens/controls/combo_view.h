@@ -34,6 +34,7 @@ private:
 
     XPCombo &m_combo;
     QString m_confirmedText;
+    QStringList m_shownItems;
     bool m_isTaking = false;
     bool m_isStepping = false;
 };
