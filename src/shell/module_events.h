@@ -24,6 +24,9 @@ Q_SIGNALS:
     void RefreshGetGridStatus();
     /// Sent from inside the module: it must outlive the call, so whoever closes it does that later.
     void UnLoad(bool &pbReturn);
+    /// A picker's choice is made, or the picker was left without one. Sent from inside the picker.
+    void DoSelect();
+    void DoCancel();
 };
 
 } // namespace ebtq::shell

@@ -5,6 +5,7 @@
 #include "shell/component_loader.h"
 #include "shell/guarded_application.h"
 #include "shell/main_window.h"
+#include "shell/panels/component_picker.h"
 #include "shell/panels/widget_panel_presenter.h"
 #include "shell/print/print_engine.h"
 #include "shell/print/qt_print_desk.h"
@@ -70,13 +71,14 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
     QtPrintDesk printDesk;
     PrintEngine printEngine(printDesk);
     app.setPrintContext(&printEngine);
+    app.setPickerFactory(componentPickers(library, app));
     MainWindow window(library, app, {user.name, user.department, today, databasePlace(connection)});
     const auto report = [&window](const QString &text) { window.showFailure(text); };
     app.setFailureReport(report);
     application.setFailureReport(report);
     const auto endOfReports = qScopeGuard([&application] { application.setFailureReport({}); });
     showWindow(window);
-    return options.tour.isEmpty() ? QApplication::exec() : runTour(window, {options.tour, connection});
+    return options.tour.isEmpty() ? QApplication::exec() : runTour(window, {options.tour, connection, app});
 }
 
 } // namespace

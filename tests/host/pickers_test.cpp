@@ -46,9 +46,6 @@ TEST_F(PickersTest, ValidateFindsByEachWayOfTyping)
         {u"pdmgy", QStringLiteral("amy lee"), QStringLiteral("12"), QStringLiteral("Amy Lee")},
         {u"pdmgy", QStringLiteral(" 7 "), QStringLiteral("7"), QStringLiteral("陈晓雯")},
         {u"pdmgy", QStringLiteral("陈"), {}, {}},
-        {u"selpdmlpzd", QStringLiteral("lp1"), QStringLiteral("31"), QStringLiteral("碧棠花园")},
-        {u"selpdmlpzd", QStringLiteral("YJY"), QStringLiteral("32"), QStringLiteral("云锦苑")},
-        {u"selpdmlpzd", QStringLiteral("云锦苑"), QStringLiteral("32"), QStringLiteral("云锦苑")},
         {u"gy_fx", QStringLiteral("三房"), QStringLiteral("02"), QStringLiteral("三房")},
         {u"gy_fxrpt", QStringLiteral("2-1-1-1"), QStringLiteral("01"), QStringLiteral("2-1-1-1")},
         {u"sy_usertype", QStringLiteral("营业二部"), QStringLiteral("6"), QStringLiteral("营业二部")},
@@ -85,28 +82,6 @@ TEST_F(PickersTest, OnlyDetailDistrictsCountWhenAskedFor)
 
     EXPECT_TRUE(show(districts, QStringLiteral("0101")));
     EXPECT_EQ(m_panels.choosableColumn(), -1);
-}
-
-TEST_F(PickersTest, ALockCountsForOneUse)
-{
-    HostPicker &buildings = picker(u"selpdmlpzd");
-    const auto lockTo = [&](const QString &district) {
-        set(buildings, u"lock", 1);
-        set(buildings, u"地区", district);
-    };
-    lockTo(QStringLiteral("清水湾"));
-    EXPECT_FALSE(validate(buildings, QStringLiteral("碧棠花园")));
-    EXPECT_TRUE(validate(buildings, QStringLiteral("碧棠花园")))
-        << "the lock of an earlier use is still there";
-    lockTo(QStringLiteral("清水湾"));
-    EXPECT_FALSE(show(buildings, QString()));
-    EXPECT_EQ(m_panels.shownRows(), QStringList{QStringLiteral("LP2")});
-    lockTo(QString());
-    EXPECT_FALSE(show(buildings, QString()));
-    EXPECT_EQ(m_panels.shownRows().size(), 2);
-    set(buildings, u"地区", QStringLiteral("清水湾"));
-    EXPECT_TRUE(validate(buildings, QStringLiteral("碧棠花园")))
-        << "a district without a lock restricts nothing";
 }
 
 TEST_F(PickersTest, LeavingThePanelLeavesTheValues)

@@ -1,6 +1,8 @@
 #include "shell/tour/tour.h"
 
+#include "host/application.h"
 #include "library/frame/host_contracts.h"
+#include "shell/panels/widget_panel_presenter.h"
 #include "shell/tour/tour_database.h"
 
 #include <QDialog>
@@ -75,8 +77,10 @@ TEST_F(PersonTest, ATourThatSeesSomethingElseFailsAndSaysWhy)
 {
     const QTemporaryDir folder;
     const auto connection = db::Connection::open(QStringLiteral(":memory:"));
+    WidgetPanelPresenter presenter;
+    host::Application app(*connection, {}, {.appPath = folder.path(), .loginDate = {}}, presenter);
     ::testing::internal::CaptureStderr();
-    EXPECT_EQ(runTour(window, {folder.path(), *connection}), 1);
+    EXPECT_EQ(runTour(window, {folder.path(), *connection, app}), 1);
     EXPECT_FALSE(::testing::internal::GetCapturedStderr().empty());
     QFile notes(folder.filePath(QStringLiteral("tour.txt")));
     ASSERT_TRUE(notes.open(QIODevice::ReadOnly));

@@ -55,8 +55,7 @@ bool FieldHelp::showList(const QString &code, QObject &field, const QPoint &corn
     const auto list = listNamed(code);
     if (!list)
         throw Failure(QStringLiteral("没有名为“%1”的帮助列表！").arg(code));
-    const ParameterList none;
-    Panel panel = panelOf(*list, none, m_connection.query(rowsToShow(*list, none)), {});
+    Panel panel = panelOf(*list, ParameterList(), m_connection.query(rowsToShow(*list)), {});
     const int valueColumn = columnFor(panel.rows, propertyText(field, "text_field_code"),
                                       panel.rows.columnNamed(list->valueColumn));
     const int textColumn = columnFor(panel.rows, propertyText(field, "text_field_name"),

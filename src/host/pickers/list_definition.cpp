@@ -71,19 +71,6 @@ constexpr ListDefinition lists[] = {
         .textColumn = u"姓名",
         .shown = u"雇员ID=编号;姓名",
     },
-    // A component library's own building picker is asked for first; this one serves without it.
-    {
-        .name = u"selpdmlpzd",
-        .title = u"楼盘",
-        .select = u"select 楼盘编号,拼音缩写,楼盘名称,物业用途,物业类型,地区,楼盘ID"
-                  u" from pdmlpzd A left join pdmdq B on A.地区ID=B.地区ID",
-        .order = u"楼盘编号",
-        .matches = u"楼盘编号;楼盘名称;拼音缩写",
-        .valueColumn = u"楼盘ID",
-        .textColumn = u"楼盘名称",
-        .shown = u"楼盘编号;拼音缩写;楼盘名称;物业用途;物业类型;地区",
-        .restrictedBy = u"地区",
-    },
 };
 
 /// Kinds of the data dictionary by the help code of the fields that use them.

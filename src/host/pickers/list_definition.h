@@ -24,8 +24,6 @@ struct ListDefinition
     QStringView levelCodeColumn = {}; ///< not empty for a tree
     QStringView detailColumn = {}; ///< only rows with 1 there can be chosen when `detailParameter` is not 0
     QStringView detailParameter = {};
-    QStringView restrictedBy =
-        {}; ///< a parameter and the column it is compared with, heeded when "lock" is not 0
 };
 
 /// Nothing when there is no list of that name; names compare without regard to case.

@@ -16,7 +16,7 @@ ListPicker::ListPicker(db::Connection &connection, PanelPresenter &presenter, co
 bool ListPicker::Show(int left, int top, QString &text, QVariant &value, int /*flag*/,
                       const QString & /*unused*/)
 {
-    Panel panel = panelOf(m_list, m_parameters, m_connection.query(rowsToShow(m_list, m_parameters)), text);
+    Panel panel = panelOf(m_list, m_parameters, m_connection.query(rowsToShow(m_list)), text);
     panel.left = left;
     panel.top = top;
     const auto row = m_presenter.choose(panel);

@@ -6,14 +6,10 @@ namespace ebtq::host {
 
 namespace {
 
-bool isSet(const ParameterList &parameters, QStringView name)
-{
-    return !name.isEmpty() && leadingNumber(parameters.text(name.toString())) != 0;
-}
-
 bool onlyDetails(const ListDefinition &list, const ParameterList &parameters)
 {
-    return isSet(parameters, list.detailParameter);
+    return !list.detailParameter.isEmpty() &&
+           leadingNumber(parameters.text(list.detailParameter.toString())) != 0;
 }
 
 SqlText textEquals(QStringView expression, const QString &value)
@@ -21,17 +17,11 @@ SqlText textEquals(QStringView expression, const QString &value)
     return SqlText(expression.toString()) + QStringLiteral("='") + typed(value) + QStringLiteral("'");
 }
 
-/// The conditions that hold for the list as a whole.
-SqlText conditions(const ListDefinition &list, const ParameterList &parameters)
+/// The condition that holds for the list as a whole.
+QString condition(const ListDefinition &list)
 {
-    SqlText text(QStringLiteral(" where 1=1"));
-    if (!list.kind.isEmpty())
-        text += QStringLiteral(" and 类型='%1'").arg(list.kind);
-    const QString restriction =
-        list.restrictedBy.isEmpty() ? QString() : parameters.text(list.restrictedBy.toString());
-    if (!restriction.isEmpty() && isSet(parameters, u"lock"))
-        text += SqlText(QStringLiteral(" and ")) + textEquals(list.restrictedBy, restriction);
-    return text;
+    const QString all = QStringLiteral(" where 1=1");
+    return list.kind.isEmpty() ? all : all + QStringLiteral(" and 类型='%1'").arg(list.kind);
 }
 
 QString orderOf(const ListDefinition &list)
@@ -85,14 +75,14 @@ bool hasText(const Panel &panel, qsizetype row, const QString &text)
 
 } // namespace
 
-SqlText rowsToShow(const ListDefinition &list, const ParameterList &parameters)
+SqlText rowsToShow(const ListDefinition &list)
 {
-    return SqlText(list.select.toString()) + conditions(list, parameters) + orderOf(list);
+    return list.select.toString() + condition(list) + orderOf(list);
 }
 
 SqlText rowsThatMatch(const ListDefinition &list, const ParameterList &parameters, const QString &typedText)
 {
-    SqlText text = SqlText(list.select.toString()) + conditions(list, parameters) + matching(list, typedText);
+    SqlText text = SqlText(list.select.toString()) + condition(list) + matching(list, typedText);
     if (onlyDetails(list, parameters))
         text += QStringLiteral(" and %1=1").arg(list.detailColumn);
     return text + orderOf(list);

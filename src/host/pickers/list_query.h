@@ -7,9 +7,9 @@
 
 namespace ebtq::host {
 
-/// The rows of a list from which a person chooses. A restriction counts; rows that cannot be chosen are there
-/// too, since a tree needs them.
-[[nodiscard]] SqlText rowsToShow(const ListDefinition &list, const ParameterList &parameters);
+/// The rows of a list from which a person chooses. Rows that cannot be chosen are there too, since a tree
+/// needs them.
+[[nodiscard]] SqlText rowsToShow(const ListDefinition &list);
 /// The rows that a typed text stands for and that may be chosen.
 [[nodiscard]] SqlText rowsThatMatch(const ListDefinition &list, const ParameterList &parameters,
                                     const QString &typedText);

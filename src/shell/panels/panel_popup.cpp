@@ -120,7 +120,7 @@ void PanelPopup::choose(const QModelIndex &index)
 
 bool PanelPopup::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress)
+    if (watched != m_find || event->type() != QEvent::KeyPress)
         return Popup::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent *>(event)->key();
     if (movesThroughRows(key))

@@ -1,7 +1,7 @@
 #include "shell/panels/popup.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QCloseEvent>
 #include <QEventLoop>
 #include <QLayout>
 #include <QScreen>
@@ -18,10 +18,15 @@ int heightOfFieldAt(const QPoint &corner)
     return field && field->mapToGlobal(QPoint(0, field->height())) == corner ? field->height() : 0;
 }
 
-QPoint onScreen(const QPoint &corner, const QSize &size)
+QRect areaAt(const QPoint &corner)
 {
     const QScreen *screen = QGuiApplication::screenAt(corner);
-    const QRect area = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+}
+
+QPoint onScreen(const QPoint &corner, const QSize &size)
+{
+    const QRect area = areaAt(corner);
     QPoint result = corner;
     if (corner.y() + size.height() > area.bottom() + 1)
         result.setY(corner.y() - heightOfFieldAt(corner) - size.height());
@@ -29,24 +34,6 @@ QPoint onScreen(const QPoint &corner, const QSize &size)
     result.setY(std::clamp(result.y(), area.top(), std::max(area.top(), area.bottom() + 1 - size.height())));
     return result;
 }
-
-/// Ends a wait when the watched widget is hidden, however that comes about.
-class HideWatcher : public QObject
-{
-public:
-    explicit HideWatcher(QEventLoop &loop)
-        : m_loop(loop)
-    {}
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Hide)
-            m_loop.quit();
-        return false;
-    }
-
-private:
-    QEventLoop &m_loop;
-};
 
 } // namespace
 
@@ -59,14 +46,47 @@ Popup::Popup()
 void Popup::showAndWait(const QPoint &corner)
 {
     QEventLoop loop;
-    HideWatcher watcher(loop);
-    installEventFilter(&watcher);
+    m_wait = &loop;
+    m_dialogBelow = QApplication::activeModalWidget();
     ensurePolished(); // the style sheet decides on the sizes
     layout()->activate();
-    const QSize size = sizeHint().expandedTo(minimumSizeHint());
+    const QSize size = sizeHint().expandedTo(minimumSizeHint()).boundedTo(areaAt(corner).size());
     setGeometry(QRect(onScreen(corner, size), size));
     show();
     loop.exec();
+    m_wait = nullptr;
+}
+
+void Popup::hideEvent(QHideEvent *event)
+{
+    QFrame::hideEvent(event);
+    if (m_wait && !m_isClosed)
+        m_wait->quit();
+}
+
+/// A press outside closes a popup, and so does any dialog before it comes up; only then is it known which.
+void Popup::closeEvent(QCloseEvent *event)
+{
+    QFrame::closeEvent(event);
+    m_isClosed = true;
+    QMetaObject::invokeMethod(this, &Popup::endUnlessAside, Qt::QueuedConnection);
+}
+
+void Popup::endUnlessAside()
+{
+    m_isClosed = false;
+    QWidget *dialog = QApplication::activeModalWidget();
+    if (dialog && dialog != m_dialogBelow)
+        dialog->installEventFilter(this);
+    else if (m_wait)
+        m_wait->quit();
+}
+
+bool Popup::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_wait && event->type() == QEvent::Hide && static_cast<QWidget *>(watched)->isModal())
+        QMetaObject::invokeMethod(this, &QWidget::show, Qt::QueuedConnection);
+    return QFrame::eventFilter(watched, event);
 }
 
 } // namespace ebtq::shell

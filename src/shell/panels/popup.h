@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QFrame>
+#include <QPointer>
+
+class QEventLoop;
 
 namespace ebtq::shell {
 
 /// A frame that pops up at a place of the screen, is moved so that it stays whole on it, and is waited for.
+/// Hiding it ends the wait; while a dialog asks something above it, it is only out of sight.
 class Popup : public QFrame
 {
     Q_OBJECT
@@ -14,6 +18,18 @@ public:
     /// Shows the frame with its upper left corner there, or above the field when there is no room below it,
     /// and returns when it was hidden again.
     void showAndWait(const QPoint &corner);
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    void hideEvent(QHideEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void endUnlessAside();
+
+    QEventLoop *m_wait = nullptr;
+    QPointer<QWidget> m_dialogBelow; ///< the form whose field it was opened at
+    bool m_isClosed = false;         ///< and not known yet for what
 };
 
 } // namespace ebtq::shell

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/connection.h"
+#include "library/frame/host_contracts.h"
 #include "screens/look/look.h"
 #include "shell/tour/person.h"
 
@@ -13,6 +14,7 @@ struct TourSettings
 {
     QString folder;             ///< made when missing
     db::Connection &connection; ///< asked what must be seen
+    HostApp &app;               ///< whose pickers are shown
 };
 
 /// One tour on its way: what its steps act on and where they put what they saw.
@@ -23,6 +25,7 @@ public:
 
     [[nodiscard]] Person &person() { return m_person; }
     [[nodiscard]] db::Connection &connection() { return m_settings.connection; }
+    [[nodiscard]] HostApp &app() { return m_settings.app; }
     /// Begins a step: its number stands in front of its pictures.
     void begin(const QString &name);
     /// Writes a picture of what is on the screen now.
@@ -35,6 +38,7 @@ public:
 
     /// What a step keeps for a later one.
     QString district;
+    QString building;
     const look::Scheme schemeAtStart = look::scheme();
 
 private:

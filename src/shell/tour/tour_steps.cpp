@@ -3,6 +3,7 @@
 #include "screens/look/look.h"
 #include "shell/message_bar.h"
 #include "shell/tour/detail_steps.h"
+#include "shell/tour/picker_steps.h"
 #include "shell/tour/tour.h"
 
 #include <QAbstractItemModel>
@@ -324,12 +325,14 @@ constexpr TourStep steps[] = {
 
 } // namespace
 
-/// The tabs below the list come second: what follows shows the first of them filled.
+/// The tabs below the list come second: what follows shows the first of them filled. Then what is chosen
+/// from.
 std::vector<TourStep> tourSteps()
 {
     std::vector<TourStep> result(std::begin(steps), std::end(steps));
-    const std::span<const TourStep> detail = detailSteps();
-    result.insert(result.begin() + 1, detail.begin(), detail.end());
+    auto next = result.begin() + 1;
+    for (const std::span<const TourStep> part : {detailSteps(), pickerSteps()})
+        next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
     return result;
 }
 

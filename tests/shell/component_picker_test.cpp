@@ -1,0 +1,244 @@
+// Pickers of the real component library, as modules are given them: popups driven by keys and mouse.
+
+#include "shell/panels/component_picker.h"
+
+#include "database/schema/installer.h"
+#include "shell/component_loader.h"
+#include "shell/panels/picker_popup.h"
+#include "shell/panels/widget_panel_presenter.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QScreen>
+#include <QSizeGrip>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace ebtq::shell {
+namespace {
+
+class ComponentPickerTest : public ::testing::Test
+{
+protected:
+    ComponentPickerTest()
+    {
+        db::install(*connection);
+        for (const char16_t *row : {u"pdmdq(地区ID,编码,地区,级次,是否明细) values(2,'01','清水湾',1,1)",
+                                    u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID) values(31,'LP1','碧棠花园',2)",
+                                    u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID) values(32,'LP2','云锦苑',0)"})
+            connection->execute(QStringLiteral("insert into ") + QString::fromUtf16(row));
+        app.setPickerFactory(componentPickers(library, app));
+        app.setFailureReport([this](const QString &failure) { failures.append(failure); });
+        window.resize(700, 500);
+        window.show();
+        window.activateWindow();
+    }
+    HostPicker &buildings() { return app.Picker(QStringLiteral("SelPdmLpzd")); }
+    /// Shows the buildings and does `act` while they are open.
+    bool show(const std::function<void(PickerPopup &popup)> &act, const QPoint &corner = {20, 30})
+    {
+        bool seen = false;
+        QTimer::singleShot(0, qApp, [&] {
+            auto *popup = qobject_cast<PickerPopup *>(QApplication::activePopupWidget());
+            ASSERT_TRUE(popup);
+            seen = true;
+            act(*popup);
+            if (!QTest::qWaitFor([&] { return !popup->isVisible(); })) {
+                ADD_FAILURE() << "the panel should have closed";
+                popup->hide();
+            }
+        });
+        const bool chosen = buildings().Show(corner.x(), corner.y(), text, value);
+        EXPECT_TRUE(seen);
+        return chosen;
+    }
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWidget *popup = QApplication::activePopupWidget();
+        QTest::keyClick(popup ? popup->focusWidget() : QApplication::focusWidget(), key, modifiers);
+    }
+    static void leave(PickerPopup &) { press(Qt::Key_Escape); }
+
+    ComponentLibrary &library = loadComponentLibrary({QStringLiteral(EBTQ_COMPONENT_LIBRARY)});
+    QTemporaryDir folder;
+    std::unique_ptr<db::Connection> connection =
+        db::Connection::open(QStringLiteral(":memory:"), db::Connection::Missing::IsCreated);
+    WidgetPanelPresenter presenter;
+    host::Application app{*connection,
+                          {QStringLiteral("U1"), QStringLiteral("张敏"), {}},
+                          {folder.path(), QDate(2026, 11, 22)},
+                          presenter};
+    QWidget window;
+    QStringList failures;
+    QString text = QStringLiteral("旧");
+    QVariant value = 9;
+};
+
+TEST_F(ComponentPickerTest, NamesAreThoseOfItsPickersAlone)
+{
+    for (const char *name : {"selpdm", "selpdmlpzd", "SelPdmDz", "pdmdq"})
+        EXPECT_TRUE(app.Picker(QLatin1String(name)).Ready(0)) << name;
+    for (const char *name : {"fcxx", "selpdmxx", ""})
+        EXPECT_FALSE(app.Picker(QLatin1String(name)).Ready(0)) << name;
+    const host::PickerFactory make = componentPickers(library, app);
+    EXPECT_FALSE(make(QStringLiteral("pdmdq"))) << "it is the host's own";
+    EXPECT_FALSE(make(QStringLiteral("fcxx"))) << "it is no picker";
+}
+
+TEST_F(ComponentPickerTest, ThePanelEndsWithAChoiceOrWithout)
+{
+    const struct
+    {
+        const char *what;
+        std::function<void(PickerPopup &popup)> act;
+        QString chosen;
+    } cases[] = {
+        {"Enter", [](PickerPopup &) { press(Qt::Key_Return); }, QStringLiteral("31|碧棠花园")},
+        {"the next row",
+         [](PickerPopup &) {
+             press(Qt::Key_Down);
+             press(Qt::Key_D, Qt::AltModifier);
+         },
+         QStringLiteral("32|云锦苑")},
+        {"Escape", leave, {}},
+        {"the button", [](PickerPopup &) { press(Qt::Key_C, Qt::AltModifier); }, {}},
+        {"a press outside",
+         [](PickerPopup &popup) { QTest::mouseClick(&popup, Qt::LeftButton, {}, QPoint(-20, -20)); },
+         {}},
+    };
+    for (const auto &each : cases) {
+        text = QStringLiteral("旧");
+        value = 9;
+        EXPECT_EQ(show(each.act), !each.chosen.isEmpty()) << each.what;
+        EXPECT_EQ(value.toString() + u'|' + text,
+                  each.chosen.isEmpty() ? QStringLiteral("9|旧") : each.chosen)
+            << each.what;
+    }
+    EXPECT_EQ(failures, QStringList());
+}
+
+TEST_F(ComponentPickerTest, StaysOnTheScreenAndKeepsItsSize)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QSize sized;
+    show(
+        [&](PickerPopup &popup) {
+            EXPECT_TRUE(screen.contains(popup.geometry()));
+            auto *grip = popup.findChild<QSizeGrip *>();
+            const QSize before = popup.size();
+            const QPoint inside = grip->rect().center();
+            QTest::mousePress(grip, Qt::LeftButton, {}, inside);
+            QTest::mouseMove(grip, inside + QPoint(0, -60));
+            QTest::mouseRelease(grip, Qt::LeftButton, {}, inside);
+            sized = popup.size();
+            EXPECT_EQ(sized.height(), before.height() - 60);
+            leave(popup);
+        },
+        screen.bottomRight());
+    show([&](PickerPopup &popup) {
+        EXPECT_EQ(popup.size(), sized);
+        EXPECT_EQ(popup.pos(),
+                  QPoint(20, 30).x() + popup.width() > screen.width() ? popup.pos() : QPoint(20, 30));
+        leave(popup);
+    });
+}
+
+TEST_F(ComponentPickerTest, ADialogAbovePutsThePanelAsideForAWhile)
+{
+    show([&](PickerPopup &popup) {
+        QTimer answer;
+        QObject::connect(&answer, &QTimer::timeout, &answer, [&] {
+            auto *dialog = qobject_cast<QInputDialog *>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isVisible())
+                return;
+            answer.stop();
+            EXPECT_FALSE(popup.isVisible());
+            EXPECT_FALSE(QApplication::activePopupWidget()) << "it would take the dialog's keys";
+            dialog->setTextValue(QStringLiteral("3"));
+            dialog->accept();
+        });
+        answer.start(0);
+        press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return popup.isVisible(); }));
+        press(Qt::Key_B, Qt::ControlModifier);
+        QTest::sendKeyEvent(QTest::Click, popup.focusWidget(), Qt::Key_unknown, QStringLiteral("云锦"), {});
+        press(Qt::Key_Down);
+        press(Qt::Key_Return);
+    });
+    EXPECT_EQ(text, QStringLiteral("云锦苑"));
+}
+
+TEST_F(ComponentPickerTest, LooksUpWithoutAPanelAndKeepsNothingOfAnEarlierUse)
+{
+    const auto validate = [&](const QString &typedText) {
+        return buildings().Validate({}, {}, {}, typedText, value, text);
+    };
+    EXPECT_TRUE(validate(QStringLiteral("lp2")));
+    EXPECT_EQ(value, QVariant(QStringLiteral("32")));
+    EXPECT_TRUE(buildings().Objects());
+    EXPECT_FALSE(validate(QStringLiteral("无")));
+    EXPECT_EQ(failures, QStringList()) << "no match is no failure";
+    EXPECT_FALSE(validate(QStringLiteral("a'b")));
+    EXPECT_EQ(failures.size(), 1);
+
+    int rows = 0;
+    const auto count = [&rows](PickerPopup &popup) {
+        rows = popup.findChild<QTableView *>()->model()->rowCount();
+        leave(popup);
+    };
+    buildings().Parameters().Item(QStringLiteral("地区")).Value = QStringLiteral("清水湾");
+    show(count);
+    EXPECT_EQ(rows, 1);
+    show(count);
+    EXPECT_EQ(rows, 2) << "what one field asked for narrows the next one's list";
+
+    connection->executeNative("drop table pdmlpzd");
+    EXPECT_FALSE(buildings().Show(1, 1, text, value));
+    EXPECT_EQ(failures.size(), 2) << "told, with no panel shown";
+}
+
+TEST_F(ComponentPickerTest, AFieldOfAModuleIsFilledByItAndChecked)
+{
+    const std::unique_ptr<QObject> module = library.create(QStringLiteral("EBTQ_S.Fcxx"));
+    auto *list = qobject_cast<IReportUI *>(module.get());
+    ASSERT_TRUE(list->IReportUI_Init(app, 101));
+    const std::unique_ptr<QWidget> view(library.createView(*module, nullptr));
+    view->resize(1200, 600);
+    view->show();
+    view->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    auto &field = *view->findChild<QLineEdit *>(QStringLiteral("qzTxt_7"));
+    field.setFocus();
+    QTimer::singleShot(0, qApp, [&] {
+        QWidget *popup = QApplication::activePopupWidget();
+        ASSERT_TRUE(popup);
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        const QPoint corner = field.mapToGlobal(QPoint(0, field.height()));
+        EXPECT_EQ(popup->y(), corner.y());
+        EXPECT_EQ(popup->x(), std::min(corner.x(), screen.right() + 1 - popup->width()));
+        press(Qt::Key_Return);
+    });
+    QTest::keyClick(&field, Qt::Key_F4);
+    EXPECT_EQ(field.text(), QStringLiteral("碧棠花园"));
+    view->activateWindow(); // which this platform leaves to the program
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    EXPECT_TRUE(field.hasFocus());
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("lp9"));
+    QTest::keyClick(&field, Qt::Key_Tab);
+    EXPECT_TRUE(field.hasFocus()) << "no building of that number";
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("lp2"));
+    QTest::keyClick(&field, Qt::Key_Tab);
+    EXPECT_FALSE(field.hasFocus());
+    EXPECT_EQ(field.text(), QStringLiteral("云锦苑"));
+    EXPECT_EQ(failures, QStringList());
+}
+
+} // namespace
+} // namespace ebtq::shell
