@@ -5,7 +5,9 @@
 #include "database/values/sql_text.h"
 
 #include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -44,8 +46,22 @@ public:
     /// Runs an insert, update or delete; the number of rows changed. A select runs too and gives 0.
     virtual qint64 execute(const SqlText &statement) = 0;
     /// Puts all rows of a block into a table, by the names of its columns, in one transaction (or the open
-    /// one): for bulk work such as sample data and copies. Numbers and dates are read from the cells' texts.
+    /// one): for bulk work such as sample data and copies. Numbers and dates are read from the cells' texts:
+    /// exactly when the cells come from readTable. A table that numbers its rows by itself goes on behind the
+    /// largest number put in.
     virtual void insertRows(const QString &table, const RowBlock &rows) = 0;
+
+    /// Takes the blocks of a long read, one after another; what it throws ends the read.
+    using BlockTaker = std::function<void(const RowBlock &block)>;
+    /// Reads columns of all rows of a table, in no given order, for copies and comparisons: any number of
+    /// rows in blocks of a few megabytes, or of one row that is larger. One call is one statement, so it sees
+    /// one state of the table: no row is skipped or read twice, however long it takes and whoever writes
+    /// meanwhile. Unlike query it gives values as they are stored: numbers in a text that reads back as the
+    /// same number to the last bit, dates as "YYYY-MM-DD[ HH:MM:SS]". `take` must not use this connection.
+    virtual void readTable(const QString &table, const QStringList &columns, const BlockTaker &take) = 0;
+    /// Begins a transaction that only reads, ended by rollback(): all that is read in it is of one moment,
+    /// that of this call, while others write. Throws when one is open. Statements in it must not write.
+    virtual void beginReading() = 0;
 
     /// Statements of the engine's own language, parted by semicolons, and the rows of one: for the installer
     /// and its checks only.

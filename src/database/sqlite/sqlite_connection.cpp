@@ -199,6 +199,22 @@ void SqliteConnection::insertRows(const QString &table, const RowBlock &rows)
     transaction.commit();
 }
 
+void SqliteConnection::readTable(const QString &table, const QStringList &columns, const BlockTaker &take)
+{
+    const Catalog::Table *known = catalog().table(table);
+    std::vector<Column> described;
+    for (const QString &name : columns) {
+        const Column *column = known ? known->column(name) : nullptr;
+        if (!column)
+            throw DatabaseError(QStringLiteral("列 %1.%2 不存在").arg(table, name));
+        described.push_back(*column);
+    }
+    const QByteArray names = columns.join(QStringLiteral("\",\"")).toUtf8();
+    const CachedStatement prepared =
+        m_statements->prepare("select \"" + names + "\" from \"" + table.toUtf8() + '"');
+    readStoredRows(m_handle.get(), prepared.get(), described, take);
+}
+
 void SqliteConnection::executeNative(const QByteArray &script)
 {
     m_catalogCookie = -1;
@@ -219,6 +235,19 @@ void SqliteConnection::begin()
     if (inTransaction())
         throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
     run("begin immediate");
+}
+
+void SqliteConnection::beginReading()
+{
+    if (inTransaction())
+        throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
+    // The engine looks at the database, and holds on to what it saw, only with the first statement.
+    try {
+        run("begin; select 1 from sqlite_master");
+    } catch (const DatabaseError &) {
+        rollback();
+        throw;
+    }
 }
 
 void SqliteConnection::commit()

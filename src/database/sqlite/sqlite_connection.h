@@ -25,6 +25,8 @@ public:
     [[nodiscard]] RowBlock query(const SqlText &statement) override;
     qint64 execute(const SqlText &statement) override;
     void insertRows(const QString &table, const RowBlock &rows) override;
+    void readTable(const QString &table, const QStringList &columns, const BlockTaker &take) override;
+    void beginReading() override;
     void executeNative(const QByteArray &script) override;
     [[nodiscard]] RowBlock queryNative(const QByteArray &statement) override;
 

@@ -3,10 +3,13 @@
 #include "database/connection.h"
 #include "database/sqlite/sqlite_error.h"
 #include "database/values/date_text.h"
+#include "database/values/number_text.h"
 
 #include <sqlite3.h>
 
 #include <QDateTime>
+
+#include <charconv>
 
 namespace ebtq::db {
 
@@ -45,13 +48,78 @@ void appendCell(RowBlock &block, sqlite3_stmt *statement, int column, bool isDat
     }
 }
 
+void appendStoredCell(RowBlock &block, sqlite3_stmt *statement, int column)
+{
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return block.appendNull();
+    case SQLITE_INTEGER:
+        return block.appendInteger(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT:
+        return block.append(exactNumberText(sqlite3_column_double(statement, column)));
+    default:
+        return block.append(bytesOf(statement, column));
+    }
+}
+
+constexpr qsizetype mostRowsOfBlock = 4096;
+constexpr size_t fullBlock = size_t(4) << 20;
+
+bool isFull(const RowBlock &block)
+{
+    return block.arena().size() >= fullBlock || block.rowCount() >= mostRowsOfBlock;
+}
+
+/// The engine takes a null pointer for Null, and an empty text of an empty arena has no other.
+const char *notNull(std::string_view text)
+{
+    return text.empty() ? "" : text.data();
+}
+
+void bindText(sqlite3_stmt *statement, int parameter, std::string_view text)
+{
+    sqlite3_bind_text64(statement, parameter, notNull(text), text.size(), SQLITE_STATIC, SQLITE_UTF8);
+}
+
 void bindDate(sqlite3_stmt *statement, int parameter, std::string_view text)
 {
+    if (isStoredDate(text))
+        return bindText(statement, parameter, text);
     const auto date = parseDate(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
     const QByteArray stored =
-        date ? storedDate(*date).toUtf8() : QByteArray(text.data(), static_cast<int>(text.size()));
+        date ? storedDate(*date).toUtf8() : QByteArray(text.data(), static_cast<qsizetype>(text.size()));
     sqlite3_bind_text64(statement, parameter, stored.constData(), static_cast<sqlite3_uint64>(stored.size()),
                         SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+/// The engine's own reading of digits may miss the last bit of a number.
+void bindNumber(sqlite3_stmt *statement, int parameter, std::string_view text)
+{
+    const char *end = text.data() + text.size();
+    qint64 whole = 0;
+    const auto read = std::from_chars(text.data(), end, whole);
+    if (read.ec == std::errc() && read.ptr == end)
+        sqlite3_bind_int64(statement, parameter, whole);
+    else if (const auto number = exactNumber(text))
+        sqlite3_bind_double(statement, parameter, *number);
+    else
+        bindText(statement, parameter, text); // refused by the column
+}
+
+void bindCell(sqlite3_stmt *statement, int parameter, ColumnType type, std::string_view text)
+{
+    switch (type) {
+    case ColumnType::Date:
+        return bindDate(statement, parameter, text);
+    case ColumnType::Integer:
+    case ColumnType::Number:
+        return bindNumber(statement, parameter, text);
+    case ColumnType::Binary:
+        sqlite3_bind_blob64(statement, parameter, notNull(text), text.size(), SQLITE_STATIC);
+        return;
+    case ColumnType::Text:
+        return bindText(statement, parameter, text);
+    }
 }
 
 } // namespace
@@ -74,27 +142,34 @@ RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> 
     return block;
 }
 
+void readStoredRows(sqlite3 *handle, sqlite3_stmt *statement, const std::vector<Column> &columns,
+                    const std::function<void(const RowBlock &block)> &take)
+{
+    RowBlock block(columns);
+    int result = sqlite3_step(statement);
+    for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
+        for (int column = 0; column < block.columnCount(); ++column)
+            appendStoredCell(block, statement, column);
+        if (isFull(block)) {
+            take(block);
+            block = RowBlock(columns);
+        }
+    }
+    if (result != SQLITE_DONE)
+        throw DatabaseError(sqliteErrorText(handle));
+    if (block.rowCount() > 0)
+        take(block);
+}
+
 void bindRow(sqlite3_stmt *statement, const RowBlock &rows, qsizetype row)
 {
     for (int column = 0; column < rows.columnCount(); ++column) {
         const int parameter = column + 1;
-        if (rows.isNull(row, column)) {
+        if (rows.isNull(row, column))
             sqlite3_bind_null(statement, parameter);
-            continue;
-        }
-        const std::string_view text = rows.cell(row, column);
-        const auto size = static_cast<sqlite3_uint64>(text.size());
-        // Numeric columns have a numeric affinity: the engine reads the digits itself.
-        switch (rows.columns()[static_cast<size_t>(column)].type) {
-        case ColumnType::Date:
-            bindDate(statement, parameter, text);
-            break;
-        case ColumnType::Binary:
-            sqlite3_bind_blob64(statement, parameter, text.data(), size, SQLITE_STATIC);
-            break;
-        default:
-            sqlite3_bind_text64(statement, parameter, text.data(), size, SQLITE_STATIC, SQLITE_UTF8);
-        }
+        else
+            bindCell(statement, parameter, rows.columns()[static_cast<size_t>(column)].type,
+                     rows.cell(row, column));
     }
 }
 

@@ -3,6 +3,8 @@
 #include "database/dialect/statement_shape.h"
 #include "database/values/row_block.h"
 
+#include <functional>
+
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -10,6 +12,11 @@ namespace ebtq::db {
 
 /// Steps a statement to its end into one block; throws DatabaseError when a step fails.
 [[nodiscard]] RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> columns);
+
+/// Steps a statement to its end into blocks of a few megabytes, each cell with the value as it is stored, for
+/// Connection::readTable; throws DatabaseError when a step fails.
+void readStoredRows(sqlite3 *handle, sqlite3_stmt *statement, const std::vector<Column> &columns,
+                    const std::function<void(const RowBlock &block)> &take);
 
 /// Binds the cells of one row to the statement's parameters, by the columns' types. The texts must outlive
 /// the next step.

@@ -84,6 +84,8 @@ bool isDigit(char c)
 
 bool hasPattern(std::string_view text, std::string_view pattern)
 {
+    if (text.size() != pattern.size())
+        return false;
     for (size_t at = 0; at < pattern.size(); ++at) {
         if (pattern[at] == '0' ? !isDigit(text[at]) : text[at] != pattern[at])
             return false;
@@ -91,7 +93,17 @@ bool hasPattern(std::string_view text, std::string_view pattern)
     return true;
 }
 
+bool hasTime(std::string_view text)
+{
+    return hasPattern(text, "0000-00-00 00:00:00");
+}
+
 } // namespace
+
+bool isStoredDate(std::string_view text)
+{
+    return hasPattern(text, "0000-00-00") || hasTime(text);
+}
 
 std::optional<QDateTime> parseDate(QStringView text)
 {
@@ -124,8 +136,7 @@ QString storedDate(const QDateTime &date)
 
 void appendRegionalDate(std::string_view stored, std::string &out)
 {
-    const bool timed = stored.size() == 19 && hasPattern(stored, "0000-00-00 00:00:00");
-    if (!timed && !(stored.size() == 10 && hasPattern(stored, "0000-00-00"))) {
+    if (!isStoredDate(stored)) {
         out += stored;
         return;
     }
@@ -138,7 +149,7 @@ void appendRegionalDate(std::string_view stored, std::string &out)
     part(5);
     out += '-';
     part(8);
-    if (!timed || stored.substr(11) == "00:00:00")
+    if (!hasTime(stored) || stored.substr(11) == "00:00:00")
         return;
     out += ' ';
     part(11);

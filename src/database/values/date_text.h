@@ -25,6 +25,9 @@ namespace ebtq {
 /// The stored form; the time is left out at midnight.
 [[nodiscard]] QString storedDate(const QDateTime &date);
 
+/// Whether a text stands in stored form, digit by digit; whether there is such a day is not looked at.
+[[nodiscard]] bool isStoredDate(std::string_view text);
+
 /// Appends the regional form of a stored date. A text that is no stored date is appended as it stands: a
 /// foreign value is shown rather than lost.
 void appendRegionalDate(std::string_view stored, std::string &out);

@@ -176,4 +176,22 @@ QString numberString(double number)
     return QString::fromStdString(numberText(number));
 }
 
+std::string exactNumberText(double number)
+{
+    constexpr double largestWhole = 9223372036854775808.0; // 2^63
+    char text[40];
+    const bool isWhole = std::abs(number) < largestWhole && number == std::trunc(number);
+    const auto end = isWhole ? std::to_chars(text, text + sizeof text, static_cast<long long>(number)).ptr
+                             : std::to_chars(text, text + sizeof text, number).ptr;
+    return std::string(text, end);
+}
+
+std::optional<double> exactNumber(std::string_view text)
+{
+    double number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isRead = read.ec == std::errc() && read.ptr == text.data() + text.size();
+    return isRead ? std::optional(number) : std::nullopt;
+}
+
 } // namespace ebtq

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,5 +19,11 @@ namespace ebtq {
 /// an exponent as in 1E+15 from 10^15 on and below 0.0001.
 [[nodiscard]] std::string numberText(double number);
 [[nodiscard]] QString numberString(double number);
+
+/// The shortest text that reads back as the same number, for copies and comparisons: whole numbers of up to
+/// 64 bits in full, all others with as many digits as it takes and an exponent where that is shorter.
+[[nodiscard]] std::string exactNumberText(double number);
+/// A text as a number; nothing when it is none from end to end.
+[[nodiscard]] std::optional<double> exactNumber(std::string_view text);
 
 } // namespace ebtq
