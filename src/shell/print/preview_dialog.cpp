@@ -7,13 +7,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QVBoxLayout>
-
-#include <functional>
 
 namespace ebtq::shell {
 
@@ -55,36 +52,30 @@ QWidget *PreviewDialog::makeToolBar()
     bar->setAttribute(Qt::WA_StyledBackground);
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(12, 6, 12, 6);
-    const struct
-    {
-        QString name, caption;
-        std::function<void()> act;
-    } buttons[] = {
-        {QStringLiteral("Print"), QStringLiteral("打印(&P)…"),
-         [this] { attempt([this] { m_run.print(); }); }},
-        {QStringLiteral("SavePdf"), QStringLiteral("存为 PDF(&S)…"),
-         [this] { attempt([this] { m_run.savePdf(); }); }},
-        {QStringLiteral("PageSetup"), QStringLiteral("页面设置(&U)…"), [this] { setUpPage(); }},
-        {QStringLiteral("ZoomOut"), QStringLiteral("缩小(&O)"),
-         [this] { m_pages->setZoom(m_pages->zoom() / zoomStep); }},
-        {QStringLiteral("ZoomIn"), QStringLiteral("放大(&I)"),
-         [this] { m_pages->setZoom(m_pages->zoom() * zoomStep); }},
-        {QStringLiteral("FitWidth"), QStringLiteral("适合宽度(&W)"), [this] { m_pages->setZoom(0); }},
-    };
-    for (const auto &[name, caption, act] : buttons) {
-        auto *button = new QPushButton(caption);
-        button->setObjectName(name);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, act);
-        row->addWidget(button);
-    }
+    addButton(*row, QStringLiteral("Print"), QStringLiteral("打印(&P)…"),
+              [this] { attempt([this] { m_run.print(); }); });
+    addButton(*row, QStringLiteral("SavePdf"), QStringLiteral("存为 PDF(&S)…"),
+              [this] { attempt([this] { m_run.savePdf(); }); });
+    addButton(*row, QStringLiteral("PageSetup"), QStringLiteral("页面设置(&U)…"), [this] { setUpPage(); });
+    addButton(*row, QStringLiteral("ZoomOut"), QStringLiteral("缩小(&O)"),
+              [this] { m_pages->setZoom(m_pages->zoom() / zoomStep); });
+    addButton(*row, QStringLiteral("ZoomIn"), QStringLiteral("放大(&I)"),
+              [this] { m_pages->setZoom(m_pages->zoom() * zoomStep); });
+    addButton(*row, QStringLiteral("FitWidth"), QStringLiteral("适合宽度(&W)"),
+              [this] { m_pages->setZoom(0); });
     addPageBox(*row);
-    auto *close = new QPushButton(QStringLiteral("关闭(&X)"));
-    close->setObjectName(QStringLiteral("ClosePreview"));
-    close->setAutoDefault(false);
-    connect(close, &QPushButton::clicked, this, &QDialog::reject);
-    row->addWidget(close);
+    addButton(*row, QStringLiteral("ClosePreview"), QStringLiteral("关闭(&X)"), [this] { reject(); });
     return bar;
+}
+
+void PreviewDialog::addButton(QHBoxLayout &row, const QString &name, const QString &caption,
+                              std::function<void()> act)
+{
+    auto *button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, std::move(act));
+    row.addWidget(button);
 }
 
 void PreviewDialog::addPageBox(QHBoxLayout &row)

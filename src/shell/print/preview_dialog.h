@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include <exception>
+#include <functional>
 
 class QHBoxLayout;
 class QLabel;
@@ -27,6 +28,7 @@ public:
 
 private:
     [[nodiscard]] QWidget *makeToolBar();
+    void addButton(QHBoxLayout &row, const QString &name, const QString &caption, std::function<void()> act);
     void addPageBox(QHBoxLayout &row);
     template<class Act> void attempt(Act act);
     void setUpPage();

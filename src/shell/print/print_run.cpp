@@ -27,6 +27,20 @@ QString fileNameOf(QString title)
 
 } // namespace
 
+/// Pages of a list, from 0.
+struct PrintRun::Pages
+{
+    int first;
+    int end;
+};
+
+PrintRun::Pages PrintRun::pagesOf(const QPrinter &printer, int count)
+{
+    if (printer.printRange() != QPrinter::PageRange || printer.fromPage() <= 0)
+        return {0, count};
+    return {std::min(printer.fromPage(), count) - 1, std::clamp(printer.toPage(), 1, count)};
+}
+
 PrintRun::PrintRun(PrintObject::Job job, PrintDesk &desk)
     : m_job(std::move(job))
     , m_desk(desk)
@@ -67,23 +81,16 @@ void PrintRun::print()
     printer.setDocName(title());
     if (!m_desk.choosePrinter(printer))
         return;
-    if (printer.outputFormat() == QPrinter::PdfFormat)
-        writePdf(printer.outputFileName());
-    else
-        printOn(printer);
-}
-
-/// The paper may be another than the settings': what lies in the printer counts.
-bool PrintRun::printOn(QPrinter &printer)
-{
+    // The paper may be another than the settings': what lies in the printer counts.
     const QPageLayout &chosen = printer.pageLayout();
     const auto printout = laidOutOn({chosen.pageSize(), chosen.orientation(), QMarginsF()});
     if (!printout)
-        return false;
-    const bool isRange = printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0;
-    const int pages = printout->pageCount();
-    return paintPages(*printout, printer, isRange ? printer.fromPage() - 1 : 0,
-                      isRange ? std::min(printer.toPage(), pages) : pages, printer.printerName());
+        return;
+    const Pages pages = pagesOf(printer, printout->pageCount());
+    if (printer.outputFormat() == QPrinter::PdfFormat)
+        writePdf(*printout, printer.outputFileName(), pages);
+    else if (!paintPages(*printout, printer, pages, printer.printerName()))
+        printer.abort();
 }
 
 void PrintRun::savePdf()
@@ -91,31 +98,28 @@ void PrintRun::savePdf()
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString path =
         m_desk.choosePdfFile(QDir(folder).filePath(fileNameOf(title()) + QStringLiteral(".pdf")));
-    if (!path.isEmpty())
-        writePdf(path);
+    if (!path.isEmpty() && (m_printout || layOut()))
+        writePdf(*m_printout, path, {0, m_printout->pageCount()});
 }
 
-bool PrintRun::writePdf(const QString &path)
+void PrintRun::writePdf(const Printout &printout, const QString &path, const Pages &pages)
 {
-    if (!m_printout && !layOut())
-        return false;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         throw Failure(QStringLiteral("无法写入文件“%1”：%2").arg(path, file.errorString()));
     {
         QPdfWriter writer(&file);
         writer.setResolution(Printout::dotsPerInch);
-        writer.setPageLayout(m_printout->paper());
+        writer.setPageLayout(printout.paper());
         writer.setTitle(title());
-        if (!paintPages(*m_printout, writer, 0, m_printout->pageCount(), path))
-            return false;
+        if (!paintPages(printout, writer, pages, path))
+            return;
     }
     if (!file.commit())
         throw Failure(QStringLiteral("无法写入文件“%1”，请检查磁盘空间：%2").arg(path, file.errorString()));
-    return true;
 }
 
-bool PrintRun::paintPages(const Printout &printout, QPagedPaintDevice &device, int first, int last,
+bool PrintRun::paintPages(const Printout &printout, QPagedPaintDevice &device, const Pages &pages,
                           const QString &name)
 {
     const QString what = QStringLiteral("正在输出…");
@@ -125,10 +129,10 @@ bool PrintRun::paintPages(const Printout &printout, QPagedPaintDevice &device, i
         throw Failure(QStringLiteral("无法输出到“%1”，请检查打印机是否可用！").arg(name));
     const double scale = static_cast<double>(device.logicalDpiX()) / Printout::dotsPerInch;
     painter.scale(scale, scale);
-    for (int page = first; page < last; ++page) {
-        if (!m_desk.goOn(what, page - first, last - first))
+    for (int page = pages.first; page < pages.end; ++page) {
+        if (!m_desk.goOn(what, page - pages.first, pages.end - pages.first))
             return false;
-        if (page > first && !device.newPage())
+        if (page > pages.first && !device.newPage())
             throw Failure(QStringLiteral("输出到“%1”时第 %2 页失败！").arg(name).arg(page + 1));
         printout.paint(painter, page);
     }

@@ -32,14 +32,17 @@ public:
     /// Asks for other settings, keeps them in the print file and lays out by them when it was laid out
     /// before. False when nothing changed.
     bool setUp();
-    /// Writes the whole list; the file is there whole or as it was before. False when it was stopped.
-    bool writePdf(const QString &path);
 
 private:
+    struct Pages;
     /// nullptr when it was stopped.
     [[nodiscard]] std::shared_ptr<const Printout> laidOutOn(const QPageLayout &paper);
-    bool printOn(QPrinter &printer);
-    bool paintPages(const Printout &printout, QPagedPaintDevice &device, int first, int last,
+    /// Of `count` pages those that the person wants.
+    [[nodiscard]] static Pages pagesOf(const QPrinter &printer, int count);
+    /// The file is there whole or as it was before.
+    void writePdf(const Printout &printout, const QString &path, const Pages &pages);
+    /// False when it was stopped.
+    bool paintPages(const Printout &printout, QPagedPaintDevice &device, const Pages &pages,
                     const QString &name);
 
     PrintObject::Job m_job;

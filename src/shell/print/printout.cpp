@@ -26,8 +26,8 @@ constexpr double lineWidth = 6; // dots
 constexpr int measuredRows = 200;
 constexpr double widestFit = 260 * dotsPerPixel;
 
-/// Without shaping: a digit that the font draws in another shape between Latin letters could not be found by a
-/// search in the PDF file.
+/// Without shaping: a digit that the font draws in another shape between Latin letters could not be found by
+/// a search in the PDF file.
 QFont fontOf(double points, bool isBold = false)
 {
     QFont font = QApplication::font();

@@ -65,6 +65,10 @@ public:
         asked.append(QStringLiteral("printer ×%1").arg(printer.copyCount()));
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(pdf);
+        if (page > 0) {
+            printer.setPrintRange(QPrinter::PageRange);
+            printer.setFromTo(page, page);
+        }
         return !pdf.isEmpty();
     }
     QString choosePdfFile(const QString &proposedPath) override
@@ -93,6 +97,7 @@ public:
     [[nodiscard]] QDate today() const override { return {2026, 11, 22}; }
 
     bool withPrinter = false;
+    int page = 0; ///< the only one that the person wants printed
     QString pdf;
     std::function<void(PrintSettings &)> edit;
     std::function<void(PrintRun &)> inPreview;
@@ -220,7 +225,16 @@ TEST_F(PrintEngineTest, SetUpIsKeptInThePrintFileAndUsed)
     desk.withPrinter = true;
     EXPECT_EQ(engine.PrintOut(job(), true), QString());
     EXPECT_EQ(desk.asked.last(), QStringLiteral("printer ×2"));
-    EXPECT_GT(pagesOfPdf().size(), 1);
+    const qsizetype pages = pagesOfPdf().size();
+    EXPECT_GT(pages, 1);
+    for (const int wanted : {2, 99}) {
+        desk.page = wanted;
+        EXPECT_EQ(engine.PrintOut(job(), true), QString());
+        ASSERT_EQ(pagesOfPdf().size(), 1);
+        const QString foot =
+            QStringLiteral("第%1页共%2页").arg(std::min<qsizetype>(wanted, pages)).arg(pages);
+        EXPECT_TRUE(pagesOfPdf().constFirst().contains(foot)) << foot.toStdString();
+    }
     const PrintObject::Job nowhere{folder.filePath(QStringLiteral("none/Rpt.prn")), {}, {}, grid};
     EXPECT_TRUE(engine.SetUp(nowhere).startsWith(QStringLiteral("无法保存页面设置")));
 }
