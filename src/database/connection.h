@@ -13,6 +13,7 @@
 
 namespace ebtq::db {
 
+struct DdlWords;
 struct Dialect;
 
 /// A failed database operation; what() is a text in Chinese fit to be shown, with the engine's own text
@@ -27,17 +28,25 @@ public:
 };
 
 /// One connection to one database. Statements are in the system's dialect and are translated for the engine.
-/// Every operation throws DatabaseError; a statement that fails changes nothing. For use on one thread.
+/// Every operation throws DatabaseError; a statement that fails changes nothing, and an open transaction goes
+/// on. For use on one thread.
+///
+/// A server may go away: the operation that finds out throws, an open transaction is lost with it
+/// (inTransaction is false afterwards), and the next operation connects again. Nothing that may have been
+/// done is done twice.
 class Connection
 {
 public:
     /// What may be done with a file that is not there.
     enum class Missing { IsAnError, IsCreated };
 
-    /// Opens an embedded database by its file's path (":memory:" for one in memory). Throws for a file that
-    /// is no database. A read-only file opens; statements that write fail.
+    /// Opens a base on a server by its URL ("postgresql://user@host:port/base") or an embedded database by
+    /// its file's path (":memory:" for one in memory). Throws for a file that is no database. A read-only
+    /// file opens; statements that write fail. A base on a server is never made.
     [[nodiscard]] static std::unique_ptr<Connection> open(const QString &location,
                                                           Missing missing = Missing::IsAnError);
+    /// A location as people may see it: a URL without a password. Throws for a URL that cannot be read.
+    [[nodiscard]] static QString shownLocation(const QString &location);
 
     virtual ~Connection() = default;
 
@@ -76,6 +85,10 @@ public:
     [[nodiscard]] virtual bool inTransaction() const = 0;
 
     [[nodiscard]] virtual const Dialect &dialect() const = 0;
+    /// How the engine writes definitions, and native statements that make what the tables rest on where it is
+    /// missing or old (empty: nothing): for the installer and its checks only.
+    [[nodiscard]] virtual const DdlWords &ddlWords() const = 0;
+    [[nodiscard]] virtual QByteArray missingFoundation() = 0;
     /// Read on first use and again after executeNative.
     [[nodiscard]] virtual const Catalog &catalog() = 0;
     /// How long a statement waits for another program's lock, in milliseconds; 5000 unless set.

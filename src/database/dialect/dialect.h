@@ -24,12 +24,28 @@ struct Dialect
     const char *ascendingSuffix;
     const char *descendingSuffix;
 
+    /// Whether a text beside a caseless one takes its caselessness away, so that each side of a comparison
+    /// has to say it for itself, and a grouped expression has to stand alike wherever it is written:
+    /// PostgreSQL.
+    bool eachSideSaysCaseless;
+
     /// Before the quoted form of a date. Empty where dates are stored as text: SQLite.
     const char *datePrefix;
 
-    /// The type names for a cast: a number with a fraction, and a text.
+    /// The type name for a cast to a number with a fraction.
     const char *realType;
+
+    /// The type name for a cast of a whole number to a text. Empty where whole numbers take the way of all
+    /// numbers.
     const char *textType;
+
+    /// Behind a number that has a fraction or 16 digits, where it would otherwise be counted in decimals
+    /// without end. Empty where it is a floating-point number anyway: SQLite.
+    const char *realSuffix;
+
+    /// Whether whole numbers that grow too large are an error. Then sums, products and averages are reckoned
+    /// as numbers with a fraction, which hold whole ones of 15 digits as well. SQLite turns over by itself.
+    bool wholeNumbersOverflow;
 
     /// Behind a condition in brackets, to count it as 1 or 0. Empty where it is a number anyway: SQLite.
     const char *conditionSuffix;

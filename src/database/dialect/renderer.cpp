@@ -156,10 +156,10 @@ void Renderer::statement(const Delete &deletion)
 }
 
 /// A single select stands in place of a value.
-void Renderer::select(const Select &select, bool isDerived, bool isSingle)
+void Renderer::select(const Select &select, bool isDerived, bool isSingle, bool isCompared)
 {
     write(select.isDistinct ? "SELECT DISTINCT " : "SELECT ");
-    items(select, isDerived);
+    items(select, isDerived, isCompared);
     from(select);
     where(select.where);
     groupBy(select);
@@ -172,9 +172,9 @@ void Renderer::select(const Select &select, bool isDerived, bool isSingle)
 }
 
 /// The columns of a derived table are compared further out, and of a distinct select by the engine itself.
-void Renderer::items(const Select &select, bool isDerived)
+void Renderer::items(const Select &select, bool isDerived, bool isCompared)
 {
-    const bool areCompared = isDerived || select.isDistinct;
+    const bool areCompared = isDerived || isCompared || select.isDistinct;
     for (size_t at = 0; at < select.items.size(); ++at) {
         if (at > 0)
             write(',');

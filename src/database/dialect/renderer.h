@@ -34,8 +34,8 @@ private:
     void table(const Source &source);
     void where(const ExpressionPtr &condition);
 
-    void select(const Select &select, bool isDerived = false, bool isSingle = false);
-    void items(const Select &select, bool isDerived);
+    void select(const Select &select, bool isDerived = false, bool isSingle = false, bool isCompared = false);
+    void items(const Select &select, bool isDerived, bool isCompared);
     void from(const Select &select);
     void fromItem(const FromItem &item, const Select &select);
     void joinSide(const FromItem &item, const Select &select);
@@ -49,6 +49,10 @@ private:
     void bracketed(const Expression &expression, void (Renderer::*write)(const Expression &));
     void caseless(const Expression &expression);
     void comparedText(const Expression &left, bool needsNoCase);
+    void otherSide(const Expression &expression);
+    void otherSides(const std::vector<ExpressionPtr> &expressions);
+    [[nodiscard]] bool isGroupedText(const Expression &expression) const;
+    void real(const Expression &expression);
     void list(const std::vector<ExpressionPtr> &expressions, size_t from = 0);
     void beginCall(const char *name);
 

@@ -86,8 +86,11 @@ void Renderer::aggregate(const Call &call, const Expression &self)
     const Pieces pieces(*this, piecesOfCall, self.position);
     write(call.function->name);
     write(call.isDistinct ? "(DISTINCT " : "(");
+    const bool isAveraged = m_dialect.wholeNumbersOverflow && qstrcmp(call.function->name, "avg") == 0;
     if (call.isStar)
         write('*');
+    else if (isAveraged)
+        real(*call.arguments[0]);
     else
         caseless(*call.arguments[0]);
     write(')');
@@ -220,7 +223,7 @@ void Renderer::asText(const Expression &expression)
 {
     const Pieces pieces(*this, piecesOfSingle, expression.position);
     const bool isWhole = expression.type == Type::Integer || expression.type == Type::Condition;
-    if (isWhole) {
+    if (isWhole && m_dialect.textType[0] != '\0') {
         write("CAST(");
         value(expression);
         write(" AS ");

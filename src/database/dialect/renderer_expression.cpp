@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace ebtq::db {
 
@@ -35,6 +36,12 @@ bool isCaselessLiteral(const Expression &expression)
 {
     const auto *text = expression.as<TextLiteral>();
     return text && isCaseless(text->value);
+}
+
+/// A text that no column makes caseless.
+bool isBareText(const Expression &expression)
+{
+    return expression.type == Type::Text && !isColumn(expression);
 }
 
 const char *wordOf(Operator op)
@@ -70,6 +77,12 @@ const char *wordOf(Operator op)
 /// In place of a value a condition counts -1 for true and 0 for false, Null staying Null.
 void Renderer::value(const Expression &expression)
 {
+    if (isGroupedText(expression)) {
+        write('(');
+        std::visit([&](const auto &each) { node(each, expression); }, expression.node);
+        write(')');
+        return write(m_dialect.caselessSuffix);
+    }
     if (expression.type != Type::Condition)
         return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
     const Pieces pieces(*this, piecesOfCondition, expression.position);
@@ -113,8 +126,29 @@ void Renderer::caseless(const Expression &expression)
 void Renderer::comparedText(const Expression &expression, bool needsNoCase)
 {
     operand(expression);
-    if (needsNoCase && expression.type == Type::Text && !isColumn(expression))
+    if (needsNoCase && isBareText(expression) && !isGroupedText(expression))
         write(m_dialect.caselessSuffix);
+}
+
+/// What is compared with a text that is caseless already. A literal takes over what stands beside it.
+void Renderer::otherSide(const Expression &expression)
+{
+    comparedText(expression, m_dialect.eachSideSaysCaseless && !expression.as<TextLiteral>());
+}
+
+/// An expression of group by, where the engine knows it again by its form only.
+bool Renderer::isGroupedText(const Expression &expression) const
+{
+    return m_dialect.eachSideSaysCaseless && expression.isGrouped && isBareText(expression);
+}
+
+void Renderer::real(const Expression &expression)
+{
+    write("CAST(");
+    value(expression);
+    write(" AS ");
+    write(m_dialect.realType);
+    write(')');
 }
 
 void Renderer::list(const std::vector<ExpressionPtr> &expressions, size_t from)
@@ -123,6 +157,18 @@ void Renderer::list(const std::vector<ExpressionPtr> &expressions, size_t from)
         if (at > from)
             write(',');
         value(*expressions[at]);
+    }
+}
+
+void Renderer::otherSides(const std::vector<ExpressionPtr> &expressions)
+{
+    for (size_t at = 0; at < expressions.size(); ++at) {
+        if (at > 0)
+            write(',');
+        if (m_dialect.eachSideSaysCaseless)
+            otherSide(*expressions[at]);
+        else
+            value(*expressions[at]);
     }
 }
 
@@ -157,6 +203,9 @@ void Renderer::node(const NumberLiteral &literal, const Expression &)
     m_out.append(text, end - text);
     if (number < 0)
         write(')');
+    constexpr double sixteenDigits = 1e15;
+    if (!isWhole || std::abs(number) >= sixteenDigits)
+        write(m_dialect.realSuffix);
 }
 
 void Renderer::node(const DateLiteral &literal, const Expression &)
@@ -190,6 +239,11 @@ void Renderer::node(const Comparison &comparison, const Expression &self)
     const Expression &right = *comparison.right;
     const bool isEquality = comparison.op == Operator::Equal || comparison.op == Operator::NotEqual;
     const bool hasNoCase = isEquality && (isCaselessLiteral(left) || isCaselessLiteral(right));
+    if (m_dialect.eachSideSaysCaseless && !hasNoCase) {
+        comparedText(left, !left.as<TextLiteral>() || right.as<TextLiteral>());
+        write(wordOf(comparison.op));
+        return otherSide(right);
+    }
     comparedText(left, !isColumn(right) && !hasNoCase);
     write(wordOf(comparison.op));
     operand(right);
@@ -222,7 +276,7 @@ void Renderer::node(const ListTest &test, const Expression &self)
     const Pieces pieces(*this, piecesOfList, self.position);
     caseless(*test.value);
     write(test.negated ? " NOT IN (" : " IN (");
-    list(test.items);
+    otherSides(test.items);
     write(')');
 }
 
@@ -231,7 +285,7 @@ void Renderer::node(const SelectTest &test, const Expression &self)
     caseless(*test.value);
     const Pieces pieces(*this, piecesOfSelect, self.position);
     write(test.negated ? " NOT IN (" : " IN (");
-    select(*test.select);
+    select(*test.select, false, false, m_dialect.eachSideSaysCaseless);
     write(')');
 }
 
@@ -240,9 +294,9 @@ void Renderer::node(const RangeTest &test, const Expression &self)
     const Pieces pieces(*this, piecesOfRange, self.position);
     caseless(*test.value);
     write(test.negated ? " NOT BETWEEN " : " BETWEEN ");
-    operand(*test.low);
+    otherSide(*test.low);
     write(" AND ");
-    operand(*test.high);
+    otherSide(*test.high);
 }
 
 void Renderer::node(const NullTest &test, const Expression &)
@@ -324,7 +378,11 @@ void Renderer::junction(const Chain &chain, const char *word)
 
 void Renderer::arithmetic(const Chain &chain)
 {
-    operand(*chain.first);
+    const bool isText = chain.links.front().op == Operator::Append;
+    if (m_dialect.wholeNumbersOverflow && !isText)
+        real(*chain.first);
+    else
+        operand(*chain.first);
     for (const Chain::Link &link : chain.links) {
         write(wordOf(link.op));
         operand(*link.operand);
@@ -339,11 +397,7 @@ void Renderer::quotients(const Chain &chain)
     if (!divides)
         return arithmetic(chain);
     const Pieces pieces(*this, piecesOfOperator, chain.first->position);
-    write("CAST(");
-    value(*chain.first);
-    write(" AS ");
-    write(m_dialect.realType);
-    write(')');
+    real(*chain.first);
     for (const Chain::Link &link : chain.links) {
         write(wordOf(link.op));
         const bool isGuarded = m_dialect.zeroDivisionFails && link.op == Operator::Divide;

@@ -212,30 +212,31 @@ void Resolver::checkDistinctOrder(const Select &select)
     }
 }
 
-void Resolver::checkGroups(const Select &select)
+void Resolver::checkGroups(Select &select)
 {
-    for (const SelectItem &item : select.items)
+    for (SelectItem &item : select.items)
         checkGrouped(*item.expression, select);
     if (select.having)
         checkGrouped(*select.having, select);
-    for (const OrderItem &item : select.orderBy) {
+    for (OrderItem &item : select.orderBy) {
         if (!item.resultColumn)
             checkGrouped(*item.expression, select);
     }
 }
 
-void Resolver::checkGrouped(const Expression &expression, const Select &select)
+void Resolver::checkGrouped(Expression &expression, const Select &select)
 {
     const auto *call = expression.as<Call>();
     if (call && call->function->isAggregate())
         return;
-    if (std::ranges::any_of(select.groupBy,
-                            [&](const ExpressionPtr &each) { return isSame(*each, expression); }))
+    expression.isGrouped = std::ranges::any_of(
+        select.groupBy, [&](const ExpressionPtr &each) { return isSame(*each, expression); });
+    if (expression.isGrouped)
         return;
     const auto *reference = expression.as<ColumnReference>();
     if (reference && isOwn(*reference, select))
         fail(expression.position, u"列 %1 既不在 group by 里，也不在汇总函数里"_qs.arg(reference->name));
-    forEachChild(expression, [&](const Expression &child) { checkGrouped(child, select); });
+    forEachChild(expression, [&](Expression &child) { checkGrouped(child, select); });
 }
 
 /// The same column, or the same words.

@@ -37,8 +37,8 @@ private:
     void orderBy(Select &select, Scope &scope);
     bool orderByResult(OrderItem &item, const Select &select);
     void checkDistinctOrder(const Select &select);
-    void checkGroups(const Select &select);
-    void checkGrouped(const Expression &expression, const Select &select);
+    void checkGroups(Select &select);
+    void checkGrouped(Expression &expression, const Select &select);
     void table(Source &source);
     void insert(Insert &insert);
     void insertSelect(Insert &insert, const std::vector<const Column *> &columns);

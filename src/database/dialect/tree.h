@@ -150,7 +150,8 @@ struct Expression
     qsizetype position; ///< where it begins, for messages
     qsizetype end;
     Type type = Type::Null;
-    int height = 1; ///< of the tree below as an engine counts it, with room for what rendering adds
+    int height = 1;         ///< of the tree below as an engine counts it, with room for what rendering adds
+    bool isGrouped = false; ///< is an expression of group by, or reads like one; set by the resolver
 
     template<class T> [[nodiscard]] const T *as() const { return std::get_if<T>(&node); }
     template<class T> [[nodiscard]] T *as() { return std::get_if<T>(&node); }

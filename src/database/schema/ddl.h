@@ -16,13 +16,27 @@ struct DdlWords
     const char *binary;  ///< bytes
     const char *autoKey; ///< type and key of a column that numbers itself
     bool checkTypes;     ///< SQLite takes any value in any column unless it is told to look
+
+    /// Behind an indexed column, so that an index gives the dialect's order, Null first; and for one
+    /// downwards.
+    const char *ascending;
+    const char *descending;
+
+    /// What guards a column that numbers itself; %1 is the table, %2 the column. Empty: nothing.
+    const char *autoKeyGuard;
+
+    /// A row when there is an index of the name %1; a row for each damage, in words, or "ok".
+    const char *findIndex;
+    const char *findDamage;
 };
 
 [[nodiscard]] const DdlWords &sqliteWords();
+[[nodiscard]] const DdlWords &postgresWords();
 
 [[nodiscard]] QByteArray createTable(const TableDefinition &table, const DdlWords &words);
 [[nodiscard]] QByteArray addColumn(const TableDefinition &table, const ColumnDefinition &column,
                                    const DdlWords &words);
-[[nodiscard]] QByteArray createIndex(const TableDefinition &table, const IndexDefinition &index);
+[[nodiscard]] QByteArray createIndex(const TableDefinition &table, const IndexDefinition &index,
+                                     const DdlWords &words);
 
 } // namespace ebtq::db

@@ -18,9 +18,9 @@ int installedVersion(Connection &connection)
 
 bool hasIndex(Connection &connection, const IndexDefinition &index)
 {
-    const QByteArray name = QString::fromUtf16(index.name).toUtf8();
-    return connection.queryNative("select 1 from sqlite_master where type='index' and name='" + name + '\'')
-               .rowCount() != 0;
+    const QString statement =
+        QString::fromUtf8(connection.ddlWords().findIndex).arg(QString::fromUtf16(index.name));
+    return connection.queryNative(statement.toUtf8()).rowCount() != 0;
 }
 
 /// One thing of the schema that is not there, and the statement that makes it.
@@ -30,7 +30,8 @@ struct Gap
     QByteArray statement; ///< empty when it cannot be made behind the rows' backs
 };
 
-void findColumnGaps(const TableDefinition &table, const Catalog::Table &present, std::vector<Gap> &gaps)
+void findColumnGaps(const TableDefinition &table, const Catalog::Table &present, const DdlWords &words,
+                    std::vector<Gap> &gaps)
 {
     for (const ColumnDefinition &column : table.columns) {
         if (present.column(column.name))
@@ -38,23 +39,26 @@ void findColumnGaps(const TableDefinition &table, const Catalog::Table &present,
         const bool isKey = column.rule == ColumnDefinition::Key || column.rule == ColumnDefinition::AutoKey;
         gaps.push_back(
             {QStringLiteral("列 %1.%2").arg(QString::fromUtf16(table.name), QString::fromUtf16(column.name)),
-             isKey ? QByteArray() : addColumn(table, column, sqliteWords())});
+             isKey ? QByteArray() : addColumn(table, column, words)});
     }
 }
 
 std::vector<Gap> findGaps(Connection &connection)
 {
     std::vector<Gap> gaps;
+    const DdlWords &words = connection.ddlWords();
+    if (const QByteArray foundation = connection.missingFoundation(); !foundation.isEmpty())
+        gaps.push_back({QStringLiteral("函数"), foundation});
     for (const TableDefinition &table : schemaTables()) {
         if (const Catalog::Table *present = connection.catalog().table(table.name))
-            findColumnGaps(table, *present, gaps);
+            findColumnGaps(table, *present, words, gaps);
         else
-            gaps.push_back({QStringLiteral("表 %1").arg(QString::fromUtf16(table.name)),
-                            createTable(table, sqliteWords())});
+            gaps.push_back(
+                {QStringLiteral("表 %1").arg(QString::fromUtf16(table.name)), createTable(table, words)});
         for (const IndexDefinition &index : table.indexes) {
             if (!hasIndex(connection, index))
                 gaps.push_back({QStringLiteral("索引 %1").arg(QString::fromUtf16(index.name)),
-                                createIndex(table, index)});
+                                createIndex(table, index, words)});
         }
     }
     return gaps;
@@ -78,7 +82,7 @@ void findWrongTypes(const TableDefinition &table, const Catalog::Table &present,
 
 void findDamage(Connection &connection, QStringList &findings)
 {
-    const RowBlock damage = connection.queryNative("pragma integrity_check(20)");
+    const RowBlock damage = connection.queryNative(connection.ddlWords().findDamage);
     for (qsizetype row = 0; row < damage.rowCount(); ++row) {
         const QString text = damage.value(row, 0).toString();
         if (text != u"ok")

@@ -1,6 +1,7 @@
 #include "database/sqlite/sqlite_connection.h"
 
 #include "database/dialect/dialect.h"
+#include "database/schema/ddl.h"
 #include "database/sqlite/functions.h"
 #include "database/sqlite/sqlite_error.h"
 #include "database/sqlite/sqlite_rows.h"
@@ -271,6 +272,11 @@ const Dialect &SqliteConnection::dialect() const
     return sqliteDialect();
 }
 
+const DdlWords &SqliteConnection::ddlWords() const
+{
+    return sqliteWords();
+}
+
 const Catalog &SqliteConnection::catalog()
 {
     if (m_catalogCookie < 0)
@@ -318,13 +324,6 @@ void SqliteConnection::fail()
 {
     throw DatabaseError(m_handle ? sqliteErrorText(m_handle.get())
                                  : QStringLiteral("内存不足，操作未完成！"));
-}
-
-std::unique_ptr<Connection> Connection::open(const QString &location, Missing missing)
-{
-    if (location.startsWith(u"postgresql:") || location.startsWith(u"postgres:"))
-        throw DatabaseError(QStringLiteral("本程序只能打开内嵌数据库文件：%1").arg(location));
-    return std::make_unique<SqliteConnection>(location, missing);
 }
 
 } // namespace ebtq::db

@@ -36,6 +36,9 @@ public:
     [[nodiscard]] bool inTransaction() const override;
 
     [[nodiscard]] const Dialect &dialect() const override;
+    [[nodiscard]] const DdlWords &ddlWords() const override;
+    /// The functions come with the program.
+    [[nodiscard]] QByteArray missingFoundation() override { return {}; }
     [[nodiscard]] const Catalog &catalog() override;
     void setLockTimeout(int milliseconds) override;
     [[nodiscard]] QString location() const override { return m_location; }

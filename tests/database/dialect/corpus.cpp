@@ -51,14 +51,19 @@ const std::vector<CorpusCase> &corpus()
     return cases;
 }
 
+void fillDatabase(Connection &connection)
+{
+    install(connection);
+    for (const QString &line : linesOf("rows.txt")) {
+        if (!line.isEmpty())
+            connection.execute(line);
+    }
+}
+
 std::unique_ptr<Connection> filledDatabase()
 {
     auto connection = Connection::open(QStringLiteral(":memory:"));
-    install(*connection);
-    for (const QString &line : linesOf("rows.txt")) {
-        if (!line.isEmpty())
-            connection->execute(line);
-    }
+    fillDatabase(*connection);
     return connection;
 }
 

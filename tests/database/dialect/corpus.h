@@ -22,7 +22,9 @@ struct CorpusCase
 
 [[nodiscard]] const std::vector<CorpusCase> &corpus();
 
-/// The schema in memory with the rows of rows.txt.
+/// The schema and the rows of rows.txt.
+void fillDatabase(Connection &connection);
+/// The same in memory.
 [[nodiscard]] std::unique_ptr<Connection> filledDatabase();
 
 /// The rows of a result in the form of CorpusCase.

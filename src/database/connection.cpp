@@ -1,0 +1,20 @@
+#include "database/connection.h"
+
+#include "database/postgresql/postgres_connection.h"
+#include "database/sqlite/sqlite_connection.h"
+
+namespace ebtq::db {
+
+std::unique_ptr<Connection> Connection::open(const QString &location, Missing missing)
+{
+    if (PostgresAddress::isUrl(location))
+        return std::make_unique<PostgresConnection>(location);
+    return std::make_unique<SqliteConnection>(location, missing);
+}
+
+QString Connection::shownLocation(const QString &location)
+{
+    return PostgresAddress::isUrl(location) ? PostgresAddress(location).shown() : location;
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,216 @@
+#include "database/postgresql/postgres_connection.h"
+
+#include "database/dialect/dialect.h"
+#include "database/postgresql/foundation.h"
+#include "database/postgresql/postgres_error.h"
+#include "database/postgresql/postgres_rows.h"
+#include "database/schema/ddl.h"
+
+#include <libpq-fe.h>
+
+namespace ebtq::db {
+
+namespace {
+
+ColumnType typeNamed(const QString &name)
+{
+    struct Word
+    {
+        const char16_t *name;
+        ColumnType type;
+    };
+    static constexpr Word words[] = {
+        {u"int2", ColumnType::Integer},   {u"int4", ColumnType::Integer},  {u"int8", ColumnType::Integer},
+        {u"float4", ColumnType::Number},  {u"float8", ColumnType::Number}, {u"numeric", ColumnType::Number},
+        {u"timestamp", ColumnType::Date}, {u"date", ColumnType::Date},     {u"bytea", ColumnType::Binary},
+    };
+    for (const Word &word : words) {
+        if (name == word.name)
+            return word.type;
+    }
+    return ColumnType::Text;
+}
+
+constexpr char catalogStatement[] =
+    "select relname,attname,typname from pg_class join pg_namespace on pg_namespace.oid=relnamespace"
+    " join pg_attribute on attrelid=pg_class.oid join pg_type on pg_type.oid=atttypid"
+    " where nspname='ebtq' and relkind in('r','p','v','m','f') and attnum>0 and not attisdropped"
+    " order by pg_class.oid,attnum";
+
+Catalog catalogOf(const RowBlock &rows)
+{
+    Catalog catalog;
+    Catalog::Table table;
+    for (qsizetype row = 0; row < rows.rowCount(); ++row) {
+        const QString name = rows.value(row, 0).toString();
+        if (name != table.name && !table.columns.empty())
+            catalog.add(std::exchange(table, {}));
+        table.name = name;
+        table.columns.push_back({rows.value(row, 1).toString(), typeNamed(rows.value(row, 2).toString())});
+    }
+    if (!table.columns.empty())
+        catalog.add(std::move(table));
+    return catalog;
+}
+
+QByteArray quoted(const QString &name)
+{
+    return '"' + QString(name).replace(u'"', QStringLiteral("\"\"")).toUtf8() + '"';
+}
+
+} // namespace
+
+PostgresConnection::PostgresConnection(const QString &url)
+    : m_session(PostgresAddress(url))
+{}
+
+PostgresConnection::~PostgresConnection()
+{
+    m_session.rollback();
+}
+
+/// Another program may have upgraded the tables since the catalog was read: what was refused for that is
+/// tried once more when it did. A refused statement has changed nothing.
+template<class Run> auto PostgresConnection::runTranslated(const SqlText &statement, Run run)
+{
+    try {
+        return run(translated(statement));
+    } catch (const DialectError &error) {
+        if (!refreshCatalog())
+            throw DatabaseError(error.message());
+    } catch (const ServerError &error) {
+        if (!error.isAboutTables() || !(refreshCatalog() || error.state() == "0A000"))
+            throw;
+        m_session.forgetStatements();
+    }
+    try {
+        return run(translated(statement));
+    } catch (const DialectError &error) {
+        throw DatabaseError(error.message());
+    }
+}
+
+Translation PostgresConnection::translated(const SqlText &statement)
+{
+    return translate(statement, dialect(), catalog());
+}
+
+RowBlock PostgresConnection::query(const SqlText &statement)
+{
+    return runTranslated(statement, [this](Translation translation) {
+        if (translation.kind != StatementKind::Select)
+            throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
+        return read(translation.sql, std::move(translation.columns));
+    });
+}
+
+qint64 PostgresConnection::execute(const SqlText &statement)
+{
+    return runTranslated(statement,
+                         [this](const Translation &translation) { return m_session.run(translation.sql); });
+}
+
+RowBlock PostgresConnection::read(const QByteArray &statement, std::vector<Column> columns)
+{
+    RowBlock block(std::move(columns));
+    m_session.run(statement, [&](const pg_result *rows) { appendRows(block, rows); });
+    block.finish();
+    return block;
+}
+
+void PostgresConnection::insertRows(const QString &table, const RowBlock &rows)
+{
+    QByteArray names;
+    for (const Column &column : rows.columns())
+        names += (names.isEmpty() ? "" : ",") + quoted(column.name);
+    m_session.copyIn("copy " + quoted(table) + '(' + names + ") from stdin", copyText(rows));
+}
+
+void PostgresConnection::readTable(const QString &table, const QStringList &columns, const BlockTaker &take)
+{
+    const Catalog::Table *known = catalog().table(table);
+    std::vector<Column> described;
+    QByteArray names;
+    for (const QString &name : columns) {
+        const Column *column = known ? known->column(name) : nullptr;
+        if (!column)
+            throw DatabaseError(QStringLiteral("列 %1.%2 不存在").arg(table, name));
+        described.push_back(*column);
+        names += (names.isEmpty() ? "" : ",") + quoted(column->name);
+    }
+    RowBlock block(described);
+    const auto pass = [&](bool isLast) {
+        if (isLast ? block.rowCount() == 0 : !isFull(block))
+            return;
+        take(block);
+        block = RowBlock(described);
+    };
+    const PostgresSession::ExactNumbers exact(m_session);
+    m_session.run("select " + names + " from " + quoted(table), [&](const pg_result *rows) {
+        appendStoredRows(block, rows);
+        pass(false);
+    });
+    pass(true);
+}
+
+void PostgresConnection::executeNative(const QByteArray &script)
+{
+    m_hasCatalog = false;
+    m_session.runScript(script);
+    m_session.forgetStatements();
+}
+
+RowBlock PostgresConnection::queryNative(const QByteArray &statement)
+{
+    std::optional<RowBlock> block;
+    m_session.run(statement, [&](const pg_result *rows) {
+        if (!block) {
+            std::vector<Column> columns;
+            for (int at = 0; at < PQnfields(rows); ++at)
+                columns.push_back({QString::fromUtf8(PQfname(rows, at)), ColumnType::Text});
+            block.emplace(std::move(columns));
+        }
+        appendRows(*block, rows);
+    });
+    if (!block)
+        return {};
+    block->finish();
+    return std::move(*block);
+}
+
+const Dialect &PostgresConnection::dialect() const
+{
+    return postgresDialect();
+}
+
+const DdlWords &PostgresConnection::ddlWords() const
+{
+    return postgresWords();
+}
+
+QByteArray PostgresConnection::missingFoundation()
+{
+    return db::missingFoundation(*this);
+}
+
+const Catalog &PostgresConnection::catalog()
+{
+    if (!m_hasCatalog)
+        refreshCatalog();
+    return m_catalog;
+}
+
+bool PostgresConnection::refreshCatalog()
+{
+    const RowBlock rows = queryNative(catalogStatement);
+    const QByteArray text(rows.arena().data(), static_cast<qsizetype>(rows.arena().size()));
+    const bool isNew = !m_hasCatalog || text != m_catalogText;
+    m_hasCatalog = true;
+    if (isNew) {
+        m_catalog = catalogOf(rows);
+        m_catalogText = text;
+    }
+    return isNew;
+}
+
+} // namespace ebtq::db

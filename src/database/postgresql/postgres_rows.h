@@ -1,0 +1,23 @@
+#pragma once
+
+#include "database/values/row_block.h"
+
+#include <QByteArray>
+
+struct pg_result;
+
+namespace ebtq::db {
+
+/// Appends the rows of a result, which came as text, to a block that has its columns.
+void appendRows(RowBlock &block, const pg_result *rows);
+
+/// Likewise, with the values as they are stored, for Connection::readTable.
+void appendStoredRows(RowBlock &block, const pg_result *rows);
+/// Whether a block of a long read is to be passed on.
+[[nodiscard]] bool isFull(const RowBlock &block);
+
+/// A block in the form in which the server copies rows in. Dates that read as such are written as stored
+/// ones.
+[[nodiscard]] QByteArray copyText(const RowBlock &rows);
+
+} // namespace ebtq::db

@@ -1,0 +1,358 @@
+#include "database/postgresql/postgres_session.h"
+
+#include "database/postgresql/postgres_error.h"
+
+#include <QTimeZone>
+
+#include <libpq-fe.h>
+
+#include <exception>
+#include <optional>
+
+namespace ebtq::db {
+
+namespace {
+
+struct Clear
+{
+    void operator()(PGresult *result) const { PQclear(result); }
+};
+using Result = std::unique_ptr<PGresult, Clear>;
+
+const QString transactionLost =
+    QStringLiteral("与数据库服务器的连接已断开，尚未提交的事务已丢失，数据没有保存，请重试！");
+const QString outcomeUnknown =
+    QStringLiteral("与数据库服务器的连接已断开，不能确定操作是否已完成，请核对后再重试！");
+const QString commitUnknown =
+    QStringLiteral("提交时与数据库服务器的连接断开，不能确定数据是否已保存，请核对后再重试！");
+
+/// Our schema first, then wherever an administrator has put the extension. Numbers come with 15 digits, dates
+/// as they are stored. Compiling a list's plan costs more than it saves.
+constexpr char settings[] =
+    "select set_config('search_path','ebtq'||coalesce((select ','||quote_ident(nspname) from pg_extension"
+    " join pg_namespace on pg_namespace.oid=extnamespace where extname='citext' and "
+    "nspname<>'ebtq'),''),false),"
+    "set_config('extra_float_digits','0',false),set_config('datestyle','ISO, YMD',false),"
+    "set_config('standard_conforming_strings','on',false),set_config('bytea_output','hex',false),"
+    "set_config('default_transaction_isolation','read committed',false),set_config('jit','off',false)";
+
+bool isGood(const PGresult *result)
+{
+    const ExecStatusType status = PQresultStatus(result);
+    return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_COPY_IN;
+}
+
+bool hasRows(const PGresult *result)
+{
+    const ExecStatusType status = PQresultStatus(result);
+    return status == PGRES_TUPLES_OK || status == PGRES_SINGLE_TUPLE;
+}
+
+} // namespace
+
+void PostgresSession::Closer::operator()(pg_conn *handle) const
+{
+    PQfinish(handle);
+}
+
+/// For what is no single statement: undone on the way out unless released. Nothing outside a transaction.
+class PostgresSession::Savepoint
+{
+public:
+    explicit Savepoint(PostgresSession &session)
+        : m_session(session)
+        , m_isOpen(session.inTransaction())
+    {
+        if (m_isOpen)
+            m_session.simple("savepoint ebtq_statement");
+    }
+    Savepoint(const Savepoint &) = delete;
+    Savepoint &operator=(const Savepoint &) = delete;
+    ~Savepoint()
+    {
+        if (m_isOpen)
+            undo(m_session);
+    }
+    void release()
+    {
+        if (m_isOpen)
+            m_session.simple("release savepoint ebtq_statement");
+        m_isOpen = false;
+    }
+    static void undo(PostgresSession &session)
+    {
+        const Result result(PQexec(session.handle(),
+                                   "rollback to savepoint ebtq_statement; release savepoint ebtq_statement"));
+    }
+
+private:
+    PostgresSession &m_session;
+    bool m_isOpen;
+};
+
+PostgresSession::PostgresSession(const PostgresAddress &address)
+    : m_address(address)
+{
+    connect();
+}
+
+PostgresSession::~PostgresSession() = default;
+
+void PostgresSession::connect()
+{
+    m_names.clear();
+    m_handle.reset();
+    std::unique_ptr<pg_conn, Closer> handle(
+        PQconnectdbParams(m_address.keywords().data(), m_address.values().data(), 0));
+    if (PQstatus(handle.get()) != CONNECTION_OK)
+        throw DatabaseError(connectFailureText(handle.get(), m_address.shown()));
+    PQsetNoticeProcessor(
+        handle.get(), [](void *, const char *) {}, nullptr);
+    m_handle = std::move(handle);
+    configure();
+}
+
+/// The day begins when it does for the person, wherever the server stands; a server that does not know the
+/// zone keeps its own.
+void PostgresSession::configure()
+{
+    simple(settings);
+    setLockTimeout(m_lockTimeout);
+    const QByteArray zone = QTimeZone::systemTimeZoneId();
+    const char *value = zone.constData();
+    const Result result(PQexecParams(handle(), "select set_config('timezone',$1,false)", 1, nullptr, &value,
+                                     nullptr, nullptr, 0));
+}
+
+bool PostgresSession::isLost() const
+{
+    return PQstatus(handle()) != CONNECTION_OK;
+}
+
+/// What the server said while nobody was listening is read first: a connection that it has closed is found
+/// before anything is sent.
+void PostgresSession::requireConnection()
+{
+    const bool wasInTransaction = inTransaction();
+    if (!isLost())
+        PQconsumeInput(handle());
+    if (!isLost())
+        return;
+    if (wasInTransaction)
+        throw ConnectionLost(transactionLost);
+    connect();
+}
+
+void PostgresSession::simple(const QByteArray &statement)
+{
+    const QString whenLost = inTransaction() ? transactionLost : outcomeUnknown;
+    const Result result(PQexec(handle(), statement.constData()));
+    if (isGood(result.get()))
+        return;
+    if (isLost())
+        throw ConnectionLost(whenLost);
+    throw serverError(result.get());
+}
+
+void PostgresSession::require(int isSent)
+{
+    if (isSent == 1)
+        return;
+    if (isLost())
+        throw ConnectionLost(outcomeUnknown);
+    throw DatabaseError(
+        QStringLiteral("数据库错误：%1").arg(QString::fromUtf8(PQerrorMessage(handle())).trimmed()));
+}
+
+void PostgresSession::sendAlone(const QByteArray &statement)
+{
+    const StatementNames::Answer answer = m_names.ask(statement);
+    if (!answer.replaced.isEmpty())
+        simple("deallocate " + answer.replaced);
+    if (answer.use == StatementNames::Use::PrepareFirst) {
+        const Result result(PQprepare(handle(), answer.name.constData(), statement.constData(), 0, nullptr));
+        if (!isGood(result.get())) {
+            m_names.clear();
+            if (isLost())
+                throw ConnectionLost(outcomeUnknown);
+            throw serverError(result.get());
+        }
+    }
+    const bool isDirect = answer.use == StatementNames::Use::Directly;
+    require(isDirect
+                ? PQsendQueryParams(handle(), statement.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0)
+                : PQsendQueryPrepared(handle(), answer.name.constData(), 0, nullptr, nullptr, nullptr, 0));
+    PQsetSingleRowMode(handle());
+}
+
+/// All three go in one round trip.
+void PostgresSession::sendWithSavepoint(const QByteArray &statement)
+{
+    require(PQenterPipelineMode(handle()));
+    const QByteArray pieces[] = {"savepoint ebtq_statement", statement, "release savepoint ebtq_statement"};
+    for (const QByteArray &piece : pieces)
+        PQsendQueryParams(handle(), piece.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0);
+    PQpipelineSync(handle());
+}
+
+qint64 PostgresSession::run(const QByteArray &statement, const RowTaker &take)
+{
+    if (statement.contains('\0'))
+        throw DatabaseError(QStringLiteral("内容中有不能保存的字符（NUL），操作未完成！"));
+    requireConnection();
+    const bool isPipeline = inTransaction();
+    if (isPipeline)
+        sendWithSavepoint(statement);
+    else
+        sendAlone(statement);
+    return collect(take, isPipeline);
+}
+
+/// Everything that comes is read to its end, whatever happens on the way: the connection must be free
+/// afterwards.
+qint64 PostgresSession::collect(const RowTaker &take, bool isPipeline)
+{
+    qint64 changed = 0;
+    std::optional<ServerError> refusal;
+    std::exception_ptr failure;
+    for (;;) {
+        const Result result(PQgetResult(handle()));
+        if (!result && (!isPipeline || isLost()))
+            break;
+        if (!result)
+            continue; // the end of one of several statements
+        const ExecStatusType status = PQresultStatus(result.get());
+        if (status == PGRES_PIPELINE_SYNC)
+            break;
+        if (status == PGRES_FATAL_ERROR && !refusal)
+            refusal = serverError(result.get());
+        if (status == PGRES_COMMAND_OK)
+            changed += QByteArray(PQcmdTuples(result.get())).toLongLong();
+        if (!hasRows(result.get()) || !take || failure)
+            continue;
+        try {
+            take(result.get());
+        } catch (...) {
+            failure = std::current_exception();
+            cancel();
+        }
+    }
+    if (isLost())
+        throw ConnectionLost(isPipeline ? transactionLost : outcomeUnknown);
+    if (isPipeline)
+        PQexitPipelineMode(handle());
+    if (PQtransactionStatus(handle()) == PQTRANS_INERROR)
+        Savepoint::undo(*this);
+    if (failure)
+        std::rethrow_exception(failure);
+    if (refusal)
+        throw *refusal;
+    return changed;
+}
+
+void PostgresSession::cancel() noexcept
+{
+    char why[256];
+    PGcancel *request = PQgetCancel(handle());
+    PQcancel(request, why, sizeof why);
+    PQfreeCancel(request);
+}
+
+void PostgresSession::runScript(const QByteArray &script)
+{
+    requireConnection();
+    Savepoint savepoint(*this);
+    simple(script);
+    savepoint.release();
+}
+
+void PostgresSession::copyIn(const QByteArray &command, const QByteArray &data)
+{
+    constexpr qsizetype pieceSize = 1 << 20;
+    requireConnection();
+    Savepoint savepoint(*this);
+    simple(command);
+    for (qsizetype at = 0; at < data.size(); at += pieceSize) {
+        const auto size = static_cast<int>(qMin(pieceSize, data.size() - at));
+        require(PQputCopyData(handle(), data.constData() + at, size));
+    }
+    require(PQputCopyEnd(handle(), nullptr));
+    collect({}, false);
+    savepoint.release();
+}
+
+PostgresSession::ExactNumbers::ExactNumbers(PostgresSession &session)
+    : m_session(session)
+{
+    m_session.requireConnection();
+    m_session.simple("set extra_float_digits=1");
+}
+
+/// A lost connection begins anew with the usual setting.
+PostgresSession::ExactNumbers::~ExactNumbers()
+{
+    const Result result(PQexec(m_session.handle(), "set extra_float_digits=0"));
+}
+
+void PostgresSession::begin()
+{
+    beginWith("begin");
+}
+
+/// The moment is that of the first statement.
+void PostgresSession::beginReading()
+{
+    beginWith("begin isolation level repeatable read, read only; select 1");
+}
+
+void PostgresSession::beginWith(const QByteArray &statement)
+{
+    requireConnection();
+    if (inTransaction())
+        throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
+    simple(statement);
+}
+
+/// The server answers the end of a failed transaction with a rollback and no error.
+void PostgresSession::commit()
+{
+    requireConnection();
+    if (!inTransaction())
+        throw DatabaseError(QStringLiteral("没有可提交的事务，数据没有保存！"));
+    const Result result(PQexec(handle(), "commit"));
+    if (isLost())
+        throw ConnectionLost(commitUnknown);
+    if (!isGood(result.get()))
+        throw serverError(result.get());
+    if (QByteArrayView(PQcmdStatus(result.get())) != "COMMIT")
+        throw DatabaseError(QStringLiteral("事务已被撤销，数据没有保存！"));
+}
+
+void PostgresSession::rollback() noexcept
+{
+    if (inTransaction())
+        PQclear(PQexec(handle(), "rollback"));
+}
+
+bool PostgresSession::inTransaction() const
+{
+    const PGTransactionStatusType status = PQtransactionStatus(handle());
+    return status == PQTRANS_INTRANS || status == PQTRANS_INERROR || status == PQTRANS_ACTIVE;
+}
+
+/// The server takes 0 for endless waiting.
+void PostgresSession::setLockTimeout(int milliseconds)
+{
+    m_lockTimeout = qMax(1, milliseconds);
+    const Result result(
+        PQexec(handle(), ("set lock_timeout=" + QByteArray::number(m_lockTimeout)).constData()));
+}
+
+void PostgresSession::forgetStatements()
+{
+    m_names.clear();
+    if (!isLost() && !inTransaction())
+        simple("deallocate all");
+}
+
+} // namespace ebtq::db

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "database/postgresql/postgres_address.h"
+#include "database/postgresql/statement_names.h"
+
+#include <functional>
+#include <memory>
+
+struct pg_conn;
+struct pg_result;
+
+namespace ebtq::db {
+
+/// One session with a server: sends statements in the server's own language and keeps the rules of a
+/// connection.
+///
+/// Inside a transaction each statement has a savepoint of its own, so that a failed one changes nothing and
+/// the transaction goes on, as with the embedded engine. A lost connection is reported once, by
+/// ConnectionLost, and the next operation connects again; nothing that was sent is ever sent a second time.
+class PostgresSession
+{
+public:
+    /// Gets some of a result's rows, in order.
+    using RowTaker = std::function<void(const pg_result *rows)>;
+
+    /// Connects; throws DatabaseError.
+    explicit PostgresSession(const PostgresAddress &address);
+    PostgresSession(const PostgresSession &) = delete;
+    PostgresSession &operator=(const PostgresSession &) = delete;
+    ~PostgresSession();
+
+    /// Runs one statement, its rows going to `take` as they come; the number of rows changed.
+    qint64 run(const QByteArray &statement, const RowTaker &take = {});
+    /// Runs statements parted by semicolons, all or none of them.
+    void runScript(const QByteArray &script);
+    /// Runs "copy … from stdin" with its data.
+    void copyIn(const QByteArray &command, const QByteArray &data);
+
+    /// While it lives, numbers come with all their digits.
+    class ExactNumbers
+    {
+    public:
+        explicit ExactNumbers(PostgresSession &session);
+        ExactNumbers(const ExactNumbers &) = delete;
+        ExactNumbers &operator=(const ExactNumbers &) = delete;
+        ~ExactNumbers();
+
+    private:
+        PostgresSession &m_session;
+    };
+
+    void begin();
+    void beginReading();
+    void commit();
+    void rollback() noexcept;
+    [[nodiscard]] bool inTransaction() const;
+    void setLockTimeout(int milliseconds);
+    void forgetStatements();
+
+    [[nodiscard]] const PostgresAddress &address() const { return m_address; }
+    /// libpq's own handle, for measuring against it.
+    [[nodiscard]] pg_conn *handle() const { return m_handle.get(); }
+
+private:
+    struct Closer
+    {
+        void operator()(pg_conn *handle) const;
+    };
+    class Savepoint;
+
+    void connect();
+    void configure();
+    void requireConnection();
+    void beginWith(const QByteArray &statement);
+    void simple(const QByteArray &statement);
+    void sendAlone(const QByteArray &statement);
+    void sendWithSavepoint(const QByteArray &statement);
+    void require(int isSent);
+    qint64 collect(const RowTaker &take, bool isPipeline);
+    void cancel() noexcept;
+    [[nodiscard]] bool isLost() const;
+
+    PostgresAddress m_address;
+    std::unique_ptr<pg_conn, Closer> m_handle;
+    StatementNames m_names;
+    int m_lockTimeout = 5000;
+};
+
+} // namespace ebtq::db

@@ -1,0 +1,38 @@
+#include "engine.h"
+
+#include "support/postgres_base.h"
+
+#include <QTemporaryDir>
+
+#include <optional>
+
+namespace ebtq::db::test {
+
+struct EngineDatabase::Place
+{
+    std::optional<QTemporaryDir> folder;
+    std::optional<ebtq::test::PostgresBase> base;
+};
+
+EngineDatabase::EngineDatabase(Engine engine)
+    : m_place(std::make_unique<Place>())
+{
+    if (engine == Engine::Postgres)
+        m_location = m_place->base.emplace().url();
+    else
+        m_location = m_place->folder.emplace().filePath(QStringLiteral("test.db"));
+}
+
+EngineDatabase::~EngineDatabase() = default;
+
+std::unique_ptr<Connection> EngineDatabase::connect() const
+{
+    return Connection::open(m_location, Connection::Missing::IsCreated);
+}
+
+std::string nameOf(Engine engine)
+{
+    return engine == Engine::Postgres ? "PostgreSQL" : "SQLite";
+}
+
+} // namespace ebtq::db::test
