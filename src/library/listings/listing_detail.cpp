@@ -88,10 +88,10 @@ void ListingDetail::makeControls()
         m_fields.push_back(&controls().add<qzTxt_S>(QStringLiteral("qzFcTxt"), field.number));
         m_fields.back()->setCaption(field.caption.toString());
     }
-    for (const DetailBox &box : detailBoxes())
-        controls()
-            .add<TextBox>(QStringLiteral("Txt"), box.number, TextBox::Lines::Many)
-            .setCaption(box.caption.toString());
+    for (const DetailBox &box : detailBoxes()) {
+        m_boxes.push_back(&controls().add<TextBox>(QStringLiteral("Txt"), box.number, TextBox::Lines::Many));
+        m_boxes.back()->setCaption(box.caption.toString());
+    }
 }
 
 template<class T> T &ListingDetail::control(const QString &name, int number)
@@ -187,8 +187,9 @@ void ListingDetail::fill(const ListingRecord &record)
         if (const auto text = field.text(record, field.column))
             shown.setText(*text);
     }
-    for (const DetailBox &box : detailBoxes())
-        Txt(box.number).setText(record.text(box.column));
+    auto box = m_boxes.cbegin();
+    for (const DetailBox &each : detailBoxes())
+        (*box++)->setText(record.text(each.column));
 }
 
 bool ListingDetail::loadInto(VSFlexGrid &grid, const SqlText &sql)

@@ -64,6 +64,7 @@ private:
     VSFlexGrid &m_followUps;
     VSFlexGrid &m_customers;
     std::vector<qzTxt_S *> m_fields; ///< in the order of detailFields()
+    std::vector<TextBox *> m_boxes;  ///< in the order of detailBoxes()
 };
 
 } // namespace ebtq
