@@ -68,6 +68,7 @@ QPushButton[kind="primary"]:disabled { background: @line; color: @muted; border-
 QPushButton[kind="danger"] { color: @danger; border-color: @danger; }
 QPushButton[kind="flat"] { background: transparent; border-color: transparent; color: @brand; padding: 5px 6px; }
 QPushButton[kind="flat"]:focus { border-color: @brand; }
+QPushButton[kind="flat"]:disabled { color: @muted; }
 
 QToolBar { background: @card; border: none; border-bottom: 1px solid @line; spacing: 4px; padding: 4px 8px; }
 QToolBar::separator { background: @line; width: 1px; margin: 6px 6px; }
@@ -108,6 +109,7 @@ QCheckBox::indicator:hover { border-color: @brand; }
 QCheckBox::indicator:checked { background: @navigationCurrent; border-color: @navigationCurrent;
     image: url(:/ebtq/images/tick.svg); }
 QCheckBox::indicator:disabled { background: @window; border-color: @line; }
+QCheckBox::indicator:checked:disabled { background: @muted; border-color: @muted; }
 QRadioButton::indicator { width: 12px; height: 12px; border: 1px solid @muted; border-radius: 7px;
     background: @card; }
 QRadioButton::indicator:checked { border: 4px solid @brand; width: 6px; height: 6px; }

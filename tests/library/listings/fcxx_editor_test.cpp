@@ -43,11 +43,8 @@ TEST_F(FcxxEditorTest, ANewListingStandsOnTop)
 {
     list.VS().setRow(3);
     expectEditor([&] {
-        const std::pair<int, const char16_t *> typed[] = {
-            {1, u"海珠区"}, {6, u"江南里"}, {3, u"B座"}, {23, u"出售"}, {24, u"有效"}, {8, u"1802"},
-            {14, u"18"},    {10, u"33"},    {4, u"3"},   {25, u"586"},  {7, u"128.5"}, {54, u"车位"}};
-        for (const auto &[number, text] : typed)
-            editor().qzFcTxt(number).setText(QString::fromUtf16(text));
+        fill(editor(),
+             u"1 海珠区,6 江南里,3 B座,23 出售,24 有效,8 1802,14 18,10 33,4 3,25 586,7 128.5,54 车位"_qs);
         desktop.willAnswer(Desktop::Answer::No);
         editor().Cmd(0).press();
     });

@@ -22,38 +22,35 @@ public:
     QStringList statements;
 
 private:
-    class WatchedDb : public HostDb
+    struct WatchedDb : HostDb
     {
-    public:
-        explicit WatchedDb(WatchedHost &host)
-            : m_host(host)
+        WatchedDb(HostDb &db, QStringList &texts)
+            : real(db)
+            , statements(texts)
         {}
         std::unique_ptr<HostQuery> CreateQuery(const SqlText &sql, int mode) override
         {
-            m_host.statements.append(sql.text());
-            return real().CreateQuery(sql, mode);
+            statements.append(sql.text());
+            return real.CreateQuery(sql, mode);
         }
-        bool Release() override { return real().Release(); }
-        void BeginTrans() override { real().BeginTrans(); }
-        void CommitTrans() override { real().CommitTrans(); }
-        void RollbackTrans() override { real().RollbackTrans(); }
-        [[nodiscard]] HostDbError LastError() const override { return real().LastError(); }
-
-    private:
-        [[nodiscard]] HostDb &real() const { return m_host.Application::Db(); }
-        WatchedHost &m_host;
+        bool Release() override { return real.Release(); }
+        void BeginTrans() override { real.BeginTrans(); }
+        void CommitTrans() override { real.CommitTrans(); }
+        void RollbackTrans() override { real.RollbackTrans(); }
+        [[nodiscard]] HostDbError LastError() const override { return real.LastError(); }
+        HostDb &real;
+        QStringList &statements;
     };
-    WatchedDb m_db{*this};
+    WatchedDb m_db{Application::Db(), statements};
 };
 
-class NoPanels : public host::PanelPresenter
+struct NoPanels : host::PanelPresenter
 {
-public:
     std::optional<qsizetype> choose(const host::Panel &) override { return std::nullopt; }
     std::optional<QDate> chooseDate(const QDate &, int, int) override { return std::nullopt; }
 };
 
-/// A picker that ends as the test says and writes down what it was asked with.
+/// How all pickers end, and what they were asked with.
 struct PickerScript
 {
     QStringList asked;
@@ -62,45 +59,39 @@ struct PickerScript
     std::shared_ptr<const PickedRow> row;
 };
 
-class ScriptedPicker : public HostPicker
+struct ScriptedPicker : HostPicker
 {
-public:
-    ScriptedPicker(QString name, PickerScript &script)
-        : m_name(std::move(name))
-        , m_script(script)
+    ScriptedPicker(QString pickerName, PickerScript &end)
+        : name(std::move(pickerName))
+        , script(end)
     {}
-    ParameterList &Parameters() override { return m_parameters; }
+    ParameterList &Parameters() override { return parameters; }
     bool Show(int left, int top, QString &text, QVariant &value, int, const QString &) override
     {
-        return end(u"show %1 %2 %3"_qs.arg(m_name).arg(left).arg(top), text, value);
+        return finish(u"show %1 %2 %3"_qs.arg(name).arg(left).arg(top), text, value);
     }
-    [[nodiscard]] std::shared_ptr<const PickedRow> Objects() const override { return m_script.row; }
+    [[nodiscard]] std::shared_ptr<const PickedRow> Objects() const override { return script.row; }
     bool Validate(const QString &, const QString &, const QString &, const QString &typedText,
                   QVariant &value, QString &text) override
     {
-        return end(u"validate %1 %2"_qs.arg(m_name, typedText), text, value);
+        return finish(u"validate %1 %2"_qs.arg(name, typedText), text, value);
     }
     [[nodiscard]] bool Ready(int) const override { return true; }
 
-private:
-    bool end(QString call, QString &text, QVariant &value)
+    bool finish(QString call, QString &text, QVariant &value)
     {
-        for (const char16_t *name : {u"lock", u"pdmsfmx", u"组织类型", u"地区", u"楼盘", u"编号", u"名称",
-                                     u"ID", u"table", u"where", u"order"}) {
-            const QString key = QString::fromUtf16(name);
-            if (m_parameters.Exists(key))
-                call += u' ' + key + u'=' + m_parameters.text(key);
-        }
-        m_script.asked.append(call);
-        if (m_script.value.isValid()) {
-            text = m_script.text;
-            value = m_script.value;
-        }
-        return m_script.value.isValid();
+        for (const QString &key :
+             u"lock,pdmsfmx,组织类型,地区,楼盘,编号,名称,ID,table,where,order"_qs.split(u','))
+            if (parameters.Exists(key))
+                call += u' ' + key + u'=' + parameters.text(key);
+        script.asked.append(call);
+        if (script.value.isValid())
+            std::tie(text, value) = std::tie(script.text, script.value);
+        return script.value.isValid();
     }
-    QString m_name;
-    PickerScript &m_script;
-    ParameterList m_parameters;
+    QString name;
+    PickerScript &script;
+    ParameterList parameters;
 };
 
 /// The editor over a database, with its events written down in order.
@@ -121,61 +112,68 @@ protected:
                                     u"pdmsjzd (类型,代码,名称) values ('交易类型','01','出售')",
                                     u"pdmsjzd (类型,代码,名称) values ('房屋朝向','01','南')"})
             connection->execute(u"insert into "_qs + QString::fromUtf16(row));
-        QObject::connect(&form, &FrmFx::ErrMessage,
-                         [this](const QString &text, int level, const QString &title) {
-                             events += u"error %1|%2|%3"_qs.arg(text).arg(level).arg(title);
-                         });
+        QObject::connect(&form, &FrmFx::ErrMessage, [this](const QString &text) { events += text; });
         QObject::connect(&form, &FrmFx::ReturnData, [this](const QString &id, bool isNew) {
             saved = id;
             events += isNew ? u"new"_qs : u"changed"_qs;
         });
         QObject::connect(&form, &FrmFx::unloaded, [this] { events += u"closed"_qs; });
-        app.setPickerFactory([this](const QString &name) -> std::unique_ptr<HostPicker> {
-            return std::make_unique<ScriptedPicker>(name, script);
-        });
+        app.setPickerFactory(
+            [this](const QString &name) { return std::make_unique<ScriptedPicker>(name, script); });
     }
 
     /// Opens the form and lets the person do `act` while it is shown.
     void open(const QString &listing, const std::function<void()> &act, bool hideOwner = false)
     {
-        desktop.willShow([&](QObject &shown) {
-            EXPECT_EQ(&shown, &form);
-            act();
-        });
+        desktop.willShow([&](QObject &) { act(); });
         app.statements.clear();
         form.py_Init(app, host::ListingModule, listing, hideOwner);
     }
-    void fillRequired()
+    /// `texts` as "number text,number text".
+    static void fill(const FrmFx &editor, const QString &texts)
     {
-        const std::pair<int, const char16_t *> required[] = {
-            {1, u"天河区"}, {6, u"翠堤雅居"}, {3, u"A3"}, {23, u"出售"}, {24, u"有效"}};
-        for (const auto &[number, text] : required)
-            form.qzFcTxt(number).setText(QString::fromUtf16(text));
+        for (const QString &text : texts.split(u','))
+            editor.qzFcTxt(text.section(u' ', 0, 0).toInt()).setText(text.section(u' ', 1));
     }
-    void save() { form.Cmd(0).press(); }
-    /// Saves a new listing with no more than must be filled in.
+    /// Presses the save and answers what it asks or tells.
+    void save(std::optional<Desktop::Answer> answer = std::nullopt)
+    {
+        if (answer)
+            desktop.willAnswer(*answer);
+        form.Cmd(0).press();
+    }
+    /// Saves a new listing with little more than must be filled in.
     QString makeListing()
     {
-        desktop.willAnswer(Desktop::Answer::No);
         open({}, [&] {
-            fillRequired();
+            fill(form, required);
             form.qzFcTxt(50).setText(u"陈先生"_qs);
-            save();
+            save(Desktop::Answer::No);
         });
+        (void)asked();
+        events.clear();
         return saved;
     }
-    [[nodiscard]] RowBlock rows(const QString &sql) const { return connection->query(sql); }
-    [[nodiscard]] qsizetype listings() const { return rows(u"select 房源ID from fyxx"_qs).rowCount(); }
-    [[nodiscard]] QString text(int number) const { return form.qzFcTxt(number).Text(); }
-    /// What was asked since the last call.
-    QStringList asked()
+    /// One value of the only listing that a statement finds.
+    [[nodiscard]] QString stored(const QString &columns) const
     {
-        const QStringList all = desktop.asked();
-        const QStringList fresh = all.mid(m_askedBefore);
-        m_askedBefore = all.size();
+        const RowBlock rows = connection->query(u"select "_qs + columns + u" from fyxx"_qs);
+        return rows.rowCount() == 1 ? rows.value(0, 0).toString() : u"%1 rows"_qs.arg(rows.rowCount());
+    }
+    [[nodiscard]] QString text(int number) const { return form.qzFcTxt(number).Text(); }
+    [[nodiscard]] QString ticks() const
+    {
+        return u"%1%2%3"_qs.arg(form.Chk(0).Value()).arg(form.Chk(1).Value()).arg(form.Chk(2).Value());
+    }
+    /// What was asked since the last call.
+    [[nodiscard]] QStringList asked()
+    {
+        const QStringList fresh = desktop.asked().mid(m_askedBefore);
+        m_askedBefore = desktop.asked().size();
         return fresh.filter(u"|"_qs);
     }
 
+    const QString required = u"1 天河区,6 翠堤雅居,3 A3,23 出售,24 有效"_qs;
     QTemporaryDir folder;
     std::unique_ptr<db::Connection> connection;
     NoPanels panels;

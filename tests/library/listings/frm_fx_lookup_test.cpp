@@ -26,60 +26,45 @@ protected:
 
 TEST_F(FrmFxLookupTest, FieldsAreSetUpForTheirLookUp)
 {
-    struct Case
-    {
-        int number;
-        const char16_t *helpCode;
-        const char16_t *kind;
-        const char16_t *errorMessage;
-    };
-    const Case dictionary[] = {
-        {17, u"gy_sjzd_cx", u"房屋朝向", u"㎡ 朝向"},  {20, u"gy_sjzd_yt", u"物业用途", u"用途"},
-        {21, u"gy_sjzd_lx", u"物业类型", u"类型"},     {23, u"gy_sjzd_jy", u"交易类型", u"交易"},
-        {24, u"gy_sjzd_zt", u"交易状态", u"状态"},     {28, u"gy_sjzd_bsf", u"包税费类型", u"包税费"},
-        {34, u"gy_sjzd_wt", u"委托方式", u"委托方式"}, {38, u"gy_sjzd_ly", u"房屋来源", u"来源"},
-        {39, u"gy_sjzd_xz", u"房屋现状", u"现状"},     {40, u"gy_sjzd_zx", u"装修程度", u"装修"},
-        {41, u"gy_sjzd_pt", u"配套设施", u"配套"},     {42, u"gy_sjzd_jj", u"家具配置", u"家具"},
-        {43, u"gy_sjzd_jd", u"家电配置", u"家电"},     {45, u"gy_sjzd_zj", u"证件名称", u"证件"},
-        {46, u"gy_sjzd_fk", u"付款方式", u"付款"},     {47, u"gy_sjzd_fy", u"付佣金方式", u"付佣"},
-        {48, u"gy_sjzd_kf", u"看房方式", u"看房"},     {52, u"gy_sjzd_gj", u"国籍", u"国籍"},
-    };
+    const QStringList dictionary =
+        u"17 cx 房屋朝向 ㎡_朝向,20 yt 物业用途 用途,21 lx 物业类型 类型,23 jy 交易类型 交易,24 zt 交易状态 "
+        u"状态,"
+        u"28 bsf 包税费类型 包税费,34 wt 委托方式 委托方式,38 ly 房屋来源 来源,39 xz 房屋现状 现状,"
+        u"40 zx 装修程度 装修,41 pt 配套设施 配套,42 jj 家具配置 家具,43 jd 家电配置 家电,45 zj 证件名称 "
+        u"证件,"
+        u"46 fk 付款方式 付款,47 fy 付佣金方式 付佣,48 kf 看房方式 看房,52 gj 国籍 国籍"_qs.split(u',');
+    const QList<int> custom{1, 3, 6, 13};
+    const QList<int> dates{2, 9, 33, 35};
+    const QList<int> right{5, 7, 25, 26, 27, 29, 30, 31, 32, 37};
+    const QList<int> centred{4, 8, 10, 14, 16, 18, 19, 49};
+    QList<int> lists{4, 44};
     open({}, [&] {
-        QList<int> seen;
-        for (const Case &c : dictionary) {
-            const qzTxt_S &field = form.qzFcTxt(c.number);
-            seen.append(c.number);
-            EXPECT_EQ(field.help_code(), QString::fromUtf16(c.helpCode));
-            EXPECT_EQ(
-                field.judge_base(),
-                u"select 代码,名称 from pdmsjzd where 类型='%1' and (代码='@' or 名称='@')"_qs.arg(c.kind));
+        for (const QString &entry : dictionary) {
+            const QStringList expected = entry.split(u' ');
+            lists.append(expected[0].toInt());
+            const qzTxt_S &field = form.qzFcTxt(lists.last());
+            EXPECT_EQ(field.help_code(), u"gy_sjzd_"_qs + expected[1]);
+            EXPECT_EQ(field.judge_base(),
+                      u"select 代码,名称 from pdmsjzd where 类型='%1' and (代码='@' or 名称='@')"_qs.arg(
+                          expected[2]));
             EXPECT_EQ(field.error_message(),
-                      QString::fromUtf16(c.errorMessage) + u"输入有误，请重新输入！"_qs);
+                      QString(expected[3]).replace(u'_', u' ') + u"输入有误，请重新输入！"_qs);
             EXPECT_EQ(field.text_field_code() + field.text_field_name(), u"代码名称");
-            EXPECT_TRUE(field.help_menuflag() && field.help_type() == qzTxt_S::HostList);
         }
         EXPECT_EQ(form.qzFcTxt(4).judge_base(),
-                  u"select 房型编号,房型名称,房间数,客厅数,卫生间数,阳台数 from pdmfx where (房型编号='@' or "
-                  u"房型名称='@')");
+                  u"select 房型编号,房型名称,房间数,客厅数,卫生间数,阳台数 from "
+                  u"pdmfx where (房型编号='@' or 房型名称='@')");
         EXPECT_EQ(form.qzFcTxt(44).judge_base(),
                   u"select 产权编号,产权名称,证件名称,付款方式,付佣金方式 from "
                   u"pdmcq where (产权编号='@' or 产权名称='@')");
         for (int number = 0; number < 55; ++number) {
             const qzTxt_S &field = form.qzFcTxt(number);
-            const bool isCustom = number == 1 || number == 3 || number == 6 || number == 13;
-            const bool isDate = number == 2 || number == 9 || number == 33 || number == 35;
-            const bool isList = seen.contains(number) || number == 4 || number == 44;
-            EXPECT_EQ(field.help_flag(), isCustom || isDate || isList) << number;
-            EXPECT_EQ(field.judge_time() == qzTxt_S::JudgeOnLeaving, isCustom || isList) << number;
-            EXPECT_EQ(field.help_type() == qzTxt_S::Custom, isCustom) << number;
-            EXPECT_EQ(field.help_type() == qzTxt_S::Calendar && field.judge_type() == qzTxt_S::JudgeDate,
-                      isDate);
-            const bool right = QList<int>{5, 7, 25, 26, 27, 29, 30, 31, 32, 37}.contains(number);
-            const bool centre = QList<int>{4, 8, 10, 14, 16, 18, 19, 49}.contains(number);
-            EXPECT_EQ(field.Alignment(), right    ? qzTxt_S::AlignRight
-                                         : centre ? qzTxt_S::AlignCentre
-                                                  : 0)
-                << number;
+            const bool isLookUp = custom.contains(number) || lists.contains(number);
+            EXPECT_EQ(field.help_flag() && field.help_menuflag(), isLookUp || dates.contains(number));
+            EXPECT_EQ(field.judge_time() == qzTxt_S::JudgeOnLeaving, isLookUp) << number;
+            EXPECT_EQ(field.help_type() == qzTxt_S::Custom, custom.contains(number)) << number;
+            EXPECT_EQ(field.judge_type() == qzTxt_S::JudgeDate, dates.contains(number)) << number;
+            EXPECT_EQ(field.Alignment(), right.contains(number) + 2 * centred.contains(number)) << number;
         }
     });
 }
@@ -98,11 +83,9 @@ TEST_F(FrmFxLookupTest, PickersAreAskedWithTheirParameters)
                           {3, u"selpdmdz"_qs, u" lock=1 楼盘=翠堤雅居"_qs}};
     open({}, [&] {
         for (const Case &c : cases) {
-            fillRequired();
+            fill(form, required);
             script = {};
             qzTxt_S &field = form.qzFcTxt(c.number);
-            field.setText(u"旧"_qs);
-            field.setText(c.number == 1 ? u"天河区"_qs : u"旧"_qs);
             const QString before = field.Text();
             field.requestHelp(7, 8);
             EXPECT_EQ(script.asked, QStringList(u"show %1 7 8"_qs.arg(c.picker) + c.parameters));
@@ -168,26 +151,14 @@ TEST_F(FrmFxLookupTest, HouseTypeAndPropertyRightFillTheirFields)
 
 TEST_F(FrmFxLookupTest, UnitPricesFollowAreaAndPrices)
 {
-    struct Case
-    {
-        int number;
-        QString typedText;
-        QString sale;
-        QString rent;
-    };
-    const Case cases[] = {
-        {25, u"586"_qs, {}, {}},
-        {7, u"128.5㎡"_qs, u"4.56"_qs, {}},
-        {29, u"4500"_qs, u"4.56"_qs, u"35.02"_qs},
-        {25, {}, u"4.56"_qs, u"35.02"_qs}, // stays when the price goes
-        {7, u"100"_qs, u"4.56"_qs, u"45.00"_qs},
-        {25, u"-1.005"_qs, u"-0.01"_qs, u"45.00"_qs},
-        {7, u"没有"_qs, u"-0.01"_qs, u"45.00"_qs},
-    };
+    // What is typed where, then both unit prices: they stay when a price or the area goes.
+    const QString cases = u"25 586||,7 128.5㎡|4.56|,29 4500|4.56|35.02,25 |4.56|35.02,7 100|4.56|45.00,"
+                          u"25 -1.005|-0.01|45.00,7 没有|-0.01|45.00"_qs;
     open({}, [&] {
-        for (const Case &c : cases) {
-            form.qzFcTxt(c.number).type(c.typedText);
-            EXPECT_EQ(texts({26, 30}), QStringList({c.sale, c.rent})) << c.typedText.toStdString();
+        for (const QString &c : cases.split(u',')) {
+            const QString entry = c.section(u'|', 0, 0);
+            form.qzFcTxt(entry.section(u' ', 0, 0).toInt()).type(entry.section(u' ', 1));
+            EXPECT_EQ(texts({26, 30}).join(u'|'), c.section(u'|', 1)) << c.toStdString();
         }
     });
 }
@@ -203,7 +174,7 @@ TEST_F(FrmFxLookupTest, TheKeyNumberBelongsToAViewingWithAKey)
         EXPECT_FALSE(form.qzFcTxt(49).Enabled());
         save();
     });
-    EXPECT_EQ(rows(u"select 钥匙号 from fyxx"_qs).value(0, 0).toString(), u"A-17");
+    EXPECT_EQ(stored(u"钥匙号"_qs), u"A-17");
 }
 
 TEST_F(FrmFxLookupTest, RemarksArePickedAtTheirButton)
