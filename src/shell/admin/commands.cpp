@@ -12,6 +12,7 @@
 #include "shell/admin/output.h"
 #include "shell/admin/password.h"
 #include "shell/admin/statements.h"
+#include "shell/admin/transfers.h"
 #include "shell/admin/utf8.h"
 
 #include <cstdio>
@@ -135,6 +136,11 @@ constexpr Command commands[] = {
     {{u"check", u"检查数据库的结构和完整性", u"db=文件", u""}, check},
     {{u"translate", u"显示语句译成的数据库语言（sqlite 或 postgresql）", u"to=语言", u"语句"}, translate},
     {{u"sql", u"执行一条语句，或逐行执行标准输入中的语句（--batch）", u"db=文件 batch", u"语句"}, runSql},
+    {{u"copy", u"把整个数据库复制到空的数据库中并核对", u"from=数据库 to=数据库", u""}, copy},
+    {{u"backup", u"备份数据库文件，可在使用中进行（--replace：覆盖已有的备份）",
+      u"db=文件 to=备份文件 replace", u""},
+     backUp},
+    {{u"restore", u"从备份恢复，原数据库改名保留", u"from=备份文件 db=文件", u""}, restore},
 };
 
 void printHelp(std::FILE *stream)

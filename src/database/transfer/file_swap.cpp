@@ -1,0 +1,109 @@
+#include "database/transfer/file_swap.h"
+
+#include "database/connection.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace ebtq::db {
+
+namespace {
+
+[[noreturn]] void fail(const QString &text, const QString &path)
+{
+    throw DatabaseError(
+        QStringLiteral("%1：%2（%3）").arg(text, path, QString::fromLocal8Bit(std::strerror(errno))));
+}
+
+QString freeName(const QString &name)
+{
+    for (int number = 1;; ++number) {
+        const QString path = QStringLiteral("%1.%2.unfinished").arg(name).arg(number);
+        const int file =
+            ::open(QFile::encodeName(path).constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
+        if (file >= 0) {
+            ::close(file);
+            return path;
+        }
+        if (errno != EEXIST)
+            fail(QStringLiteral("无法创建文件"), path);
+    }
+}
+
+void flush(const QString &path)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    const bool flushed = file >= 0 && ::fsync(file) == 0;
+    const int reason = errno;
+    if (file >= 0)
+        ::close(file);
+    errno = reason;
+    if (!flushed)
+        fail(QStringLiteral("无法写入磁盘"), path);
+}
+
+void flushFolderOf(const QString &path)
+{
+    flush(QFileInfo(path).absolutePath());
+}
+
+int renameFile(const QString &from, const QString &to, bool replacing)
+{
+    const QByteArray source = QFile::encodeName(from);
+    const QByteArray target = QFile::encodeName(to);
+    if (replacing)
+        return std::rename(source.constData(), target.constData());
+    const int result =
+        ::renameat2(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE);
+    // Some memory cards cannot look and rename in one step.
+    if (result == 0 || (errno != EINVAL && errno != ENOSYS) || QFile::exists(to))
+        return result;
+    return std::rename(source.constData(), target.constData());
+}
+
+} // namespace
+
+UnfinishedFile::UnfinishedFile(const QString &name)
+    : m_name(name)
+    , m_path(freeName(name))
+{}
+
+UnfinishedFile::~UnfinishedFile()
+{
+    for (const char *ending : {"", "-journal", "-wal", "-shm"})
+        QFile::remove(m_path + QLatin1String(ending));
+}
+
+void UnfinishedFile::takeName(bool replacing)
+{
+    flush(m_path);
+    if (renameFile(m_path, m_name, replacing) != 0)
+        fail(QStringLiteral("无法写入文件"), m_name);
+    flushFolderOf(m_name);
+}
+
+void keepAside(const QString &name, const QString &aside)
+{
+    for (const char *ending : {"-wal", "-journal"}) {
+        const QString log = name + QLatin1String(ending);
+        if (QFile::exists(log) && renameFile(log, aside + QLatin1String(ending), false) != 0)
+            fail(QStringLiteral("无法保留原数据库的日志"), log);
+    }
+    QFile::remove(name + QStringLiteral("-shm"));
+    if (!QFile::exists(name))
+        return;
+    const bool linked =
+        ::link(QFile::encodeName(name).constData(), QFile::encodeName(aside).constData()) == 0;
+    if (!linked && (errno == EEXIST || renameFile(name, aside, false) != 0))
+        fail(QStringLiteral("无法保留原数据库"), aside);
+    flushFolderOf(aside);
+}
+
+} // namespace ebtq::db
