@@ -3,6 +3,7 @@
 #include "library/frame/host_contracts.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -79,6 +80,13 @@ void Person::focus(const QString &objectName)
 {
     find(objectName).setFocus(Qt::TabFocusReason);
     QCoreApplication::processEvents();
+}
+
+void Person::askForMenu(const QString &objectName)
+{
+    QWidget &widget = find(objectName);
+    deliver(widget, new QContextMenuEvent(QContextMenuEvent::Keyboard, widget.rect().center(),
+                                          widget.mapToGlobal(widget.rect().center())));
 }
 
 void Person::press(Qt::Key key, Qt::KeyboardModifiers modifiers)

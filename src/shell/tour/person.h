@@ -27,6 +27,8 @@ public:
     }
     void click(const QString &objectName);
     void focus(const QString &objectName);
+    /// As by the keyboard's key for it.
+    void askForMenu(const QString &objectName);
     /// Keys go to whatever has the keyboard, a pop-up first.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString &text);

@@ -25,6 +25,11 @@ Tour::Tour(QWidget &window, const TourSettings &settings)
         throw Failure(QStringLiteral("无法建立文件夹：%1").arg(settings.folder));
 }
 
+QString Tour::folder() const
+{
+    return QDir(m_settings.folder).absolutePath();
+}
+
 void Tour::begin(const QString &name)
 {
     ++m_step;

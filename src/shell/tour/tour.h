@@ -25,6 +25,8 @@ public:
 
     [[nodiscard]] Person &person() { return m_person; }
     [[nodiscard]] db::Connection &connection() { return m_settings.connection; }
+    /// Where the pictures go, as a path that does not depend on the working folder.
+    [[nodiscard]] QString folder() const;
     [[nodiscard]] HostApp &app() { return m_settings.app; }
     /// Begins a step: its number stands in front of its pictures.
     void begin(const QString &name);

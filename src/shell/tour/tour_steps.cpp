@@ -3,6 +3,7 @@
 #include "screens/look/look.h"
 #include "shell/message_bar.h"
 #include "shell/tour/detail_steps.h"
+#include "shell/tour/print_steps.h"
 #include "shell/tour/picker_steps.h"
 #include "shell/tour/tour.h"
 
@@ -330,6 +331,8 @@ constexpr TourStep steps[] = {
 std::vector<TourStep> tourSteps()
 {
     std::vector<TourStep> result(std::begin(steps), std::end(steps));
+    const std::span<const TourStep> print = printSteps();
+    result.insert(result.end(), print.begin(), print.end());
     auto next = result.begin() + 1;
     for (const std::span<const TourStep> part : {detailSteps(), pickerSteps()})
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
