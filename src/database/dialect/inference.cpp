@@ -385,7 +385,10 @@ Type Resolver::callType(Call &node, const Expression &self)
         return node.function->result;
     default:
         plainArguments(node);
-        return node.function->result == Type::Null ? node.arguments[0]->type : node.function->result;
+        if (node.function->result != Type::Null)
+            return node.function->result;
+        // Of conditions what it gives is a number: the sum of two that are true is -2.
+        return node.arguments[0]->type == Type::Condition ? Type::Integer : node.arguments[0]->type;
     }
 }
 

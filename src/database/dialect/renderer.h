@@ -50,6 +50,7 @@ private:
     void caseless(const Expression &expression);
     void comparedText(const Expression &left, bool needsNoCase);
     void otherSide(const Expression &expression);
+    void bound(const Expression &expression);
     void otherSides(const std::vector<ExpressionPtr> &expressions);
     [[nodiscard]] bool isGroupedText(const Expression &expression) const;
     void real(const Expression &expression);

@@ -86,10 +86,11 @@ void Renderer::aggregate(const Call &call, const Expression &self)
     const Pieces pieces(*this, piecesOfCall, self.position);
     write(call.function->name);
     write(call.isDistinct ? "(DISTINCT " : "(");
-    const bool isAveraged = m_dialect.wholeNumbersOverflow && qstrcmp(call.function->name, "avg") == 0;
+    const bool isReal = m_dialect.wholeNumbersOverflow && !call.isStar &&
+                        (qstrcmp(call.function->name, "avg") == 0 || call.arguments[0]->type == Type::Null);
     if (call.isStar)
         write('*');
-    else if (isAveraged)
+    else if (isReal)
         real(*call.arguments[0]);
     else
         caseless(*call.arguments[0]);

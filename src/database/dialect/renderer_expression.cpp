@@ -136,6 +136,16 @@ void Renderer::otherSide(const Expression &expression)
     comparedText(expression, m_dialect.eachSideSaysCaseless && !expression.as<TextLiteral>());
 }
 
+/// Between its words a grammar takes a collation in brackets only.
+void Renderer::bound(const Expression &expression)
+{
+    if (!m_dialect.eachSideSaysCaseless)
+        return operand(expression);
+    write('(');
+    otherSide(expression);
+    write(')');
+}
+
 /// An expression of group by, where the engine knows it again by its form only.
 bool Renderer::isGroupedText(const Expression &expression) const
 {
@@ -294,9 +304,9 @@ void Renderer::node(const RangeTest &test, const Expression &self)
     const Pieces pieces(*this, piecesOfRange, self.position);
     caseless(*test.value);
     write(test.negated ? " NOT BETWEEN " : " BETWEEN ");
-    otherSide(*test.low);
+    bound(*test.low);
     write(" AND ");
-    otherSide(*test.high);
+    bound(*test.high);
 }
 
 void Renderer::node(const NullTest &test, const Expression &)

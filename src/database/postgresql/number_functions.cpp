@@ -48,7 +48,7 @@ begin
     if n > 1.7976931348623157e308 then
         return factor * 1.7976931348623157e308;
     end if;
-    return case when n < 4.95e-324 then 0 else factor * n::double precision end;
+    return case when n < 2.48e-324 then 0 else factor * n::double precision end;
 end $$;
 
 create or replace function ebtq.val(t text) returns double precision language plpgsql immutable parallel safe as $$

@@ -5,6 +5,7 @@
 
 #include <libpq-fe.h>
 
+#include <algorithm>
 #include <charconv>
 
 namespace ebtq::db {
@@ -20,9 +21,11 @@ void appendNumber(RowBlock &block, std::string_view text)
     double number = 0;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
     if (read.ec == std::errc())
-        block.appendNumber(number);
-    else
-        block.append(text);
+        return block.appendNumber(number);
+    // Rounded to 15 digits, the largest number is larger than any.
+    std::string unread(text);
+    std::replace(unread.begin(), unread.end(), 'e', 'E');
+    block.append(unread);
 }
 
 void appendBytes(RowBlock &block, std::string_view text)
