@@ -89,7 +89,9 @@ bool Picker::IPickerUI_Init(HostApp &app, int /*unused*/, const QString & /*name
 void Picker::setUpGrid()
 {
     constexpr int fixedColumns = 1;
+    constexpr int frozenColumns = 3;
     GridHelper().style(m_grid, fixedColumns, m_shape.format.toString());
+    m_grid.setFrozenCols(frozenColumns);
     for (int column = 0; column < m_grid.Cols(); ++column)
         m_grid.setColAlignment(column, VSFlexGrid::AlignLeft);
     align(m_grid, m_shape.right, VSFlexGrid::AlignRight);

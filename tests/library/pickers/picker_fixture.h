@@ -12,11 +12,7 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 namespace ebtq::test {
-
-using Parameters = std::map<QString, QVariant>;
 
 /// The reference host's database, with the statements written down that pass through it.
 class WatchedDb : public HostDb
@@ -67,6 +63,9 @@ public:
 class PickerTest : public ::testing::Test
 {
 protected:
+    static inline const QString remarks =
+        u"编号= 代码;名称=名称 ;ID=代码;table=pdmsjzd;order=代码;where=类型='房源备注'"_qs;
+
     PickerTest()
     {
         db::install(*connection);
@@ -91,7 +90,8 @@ protected:
             connection->execute(u"insert into "_qs + QString::fromUtf16(row));
     }
 
-    template<class P> P &made(const Parameters &parameters = {})
+    /// `parameters` as "name=value;name=value", set one by one.
+    template<class P> P &made(const QString &parameters = {})
     {
         auto made = std::make_unique<P>(desktop);
         P &result = *made;
@@ -102,31 +102,19 @@ protected:
         QObject::connect(&result, &Picker::DoCancel, &result, [this] { events += u"cancel"_qs; });
         return result;
     }
-    void make(const char *name, const Parameters &parameters)
+    void make(const QString &name, const QString &parameters = {})
     {
-        switch (*name) {
-        case 'd':
-            return static_cast<void>(made<selPdm>(parameters));
-        case 'b':
-            return static_cast<void>(made<selPdmLpzd>(parameters));
-        default:
-            static_cast<void>(made<selPdmDz>(parameters));
-        }
+        if (name == u"selPdm")
+            made<selPdm>(parameters);
+        else if (name == u"selPdmLpzd")
+            made<selPdmLpzd>(parameters);
+        else
+            made<selPdmDz>(parameters);
     }
-    void set(const Parameters &parameters)
+    void set(const QString &parameters)
     {
-        for (const auto &[name, setting] : parameters)
-            picker->IPickerUI_Parameters().Item(name).Value = setting;
-    }
-    static Parameters remarks(const Parameters &more = {{u"where"_qs, u"类型='房源备注'"_qs}})
-    {
-        Parameters all{{u"编号"_qs, u" 代码"_qs},
-                       {u"名称"_qs, u"名称 "_qs},
-                       {u"ID"_qs, u"代码"_qs},
-                       {u"table"_qs, u"pdmsjzd"_qs},
-                       {u"order"_qs, u"代码"_qs}};
-        all.insert(more.begin(), more.end());
-        return all;
+        for (const QString &entry : parameters.split(u';', Qt::SkipEmptyParts))
+            picker->IPickerUI_Parameters().Item(entry.section(u'=', 0, 0)).Value = entry.section(u'=', 1);
     }
     bool validate(const QString &typedText, const QString &valueField = {}, const QString &textField = {})
     {

@@ -18,7 +18,7 @@ namespace {
 class PickerViewTest : public PickerTest
 {
 protected:
-    template<class P> P &onScreen(const Parameters &parameters = {})
+    template<class P> P &onScreen(const QString &parameters = {})
     {
         view.reset();
         P &result = made<P>(parameters);
@@ -51,7 +51,7 @@ protected:
 
 TEST_F(PickerViewTest, TheKeyboardReachesEverything)
 {
-    auto &list = onScreen<selPdm>(remarks());
+    auto &list = onScreen<selPdm>(remarks);
     EXPECT_EQ(focusName(), u"VS"_qs) << "the list has the keyboard when it opens";
     press(Qt::Key_Space);
     press(Qt::Key_Down);
@@ -96,7 +96,7 @@ TEST_F(PickerViewTest, TheKeyboardReachesEverything)
 
 TEST_F(PickerViewTest, TheMouseTicksOrChooses)
 {
-    (void)onScreen<selPdm>(remarks());
+    (void)onScreen<selPdm>(remarks);
     QTest::mouseClick(rows().viewport(), Qt::LeftButton, {}, placeOf(2, 3));
     QTest::mouseClick(rows().viewport(), Qt::LeftButton, {}, QPoint(20, rows().viewport()->height() - 5));
     EXPECT_EQ(shown(1), QStringList({QString(), QString(), u"√"_qs}));
@@ -127,7 +127,7 @@ TEST_F(PickerViewTest, TheComboBoxTellsDistrictsOfOneNameApart)
     EXPECT_EQ(shown(1), QStringList(u"LP1"_qs));
 
     connection->execute(u"update pdmdq set 地区='青山里' where 地区ID=3"_qs);
-    set({{u"地区"_qs, u"青山里"_qs}, {u"lock"_qs, 1}});
+    set(u"地区=青山里;lock=1"_qs);
     EXPECT_TRUE(list.IPickerUI_Refresh());
     EXPECT_EQ(combo.itemText(2), u"青山里"_qs);
     EXPECT_EQ(combo.currentText(), u"青山里"_qs);
@@ -136,14 +136,14 @@ TEST_F(PickerViewTest, TheComboBoxTellsDistrictsOfOneNameApart)
 
 TEST_F(PickerViewTest, AFailureIsToldOnThePanel)
 {
-    (void)onScreen<selPdm>(remarks());
+    (void)onScreen<selPdm>(remarks);
     const QLabel &failure = child<QLabel>("lblFailure");
     EXPECT_FALSE(failure.isVisible());
-    set({{u"table"_qs, u"无此表"_qs}});
+    set(u"table=无此表"_qs);
     press(Qt::Key_R, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return failure.isVisible(); }));
     EXPECT_TRUE(failure.text().contains(u"无此表")) << failure.text().toStdString();
-    set({{u"table"_qs, u"pdmsjzd"_qs}});
+    set(u"table=pdmsjzd"_qs);
     press(Qt::Key_R, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !failure.isVisible(); }));
 }
