@@ -27,6 +27,22 @@ Qt::Alignment alignmentOf(int alignment)
     }
 }
 
+/// The number of a key that moves between fields; 0 for any other.
+int focusKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return FocusHelper::KeyReturn;
+    case Qt::Key_Up:
+        return FocusHelper::KeyUp;
+    case Qt::Key_Down:
+        return FocusHelper::KeyDown;
+    default:
+        return 0;
+    }
+}
+
 /// A menu, a popup or another window takes the keyboard for a while and gives it back: the field is not left.
 bool isLeft(Qt::FocusReason reason)
 {
@@ -47,6 +63,7 @@ FieldView::FieldView(qzTxt_S &field, QWidget *parent)
     connect(m_help, &QAction::triggered, this, &FieldView::clickArrow, Qt::QueuedConnection);
     connect(&field, &Control::stateChanged, this, &FieldView::follow);
     connect(&field, &qzTxt_S::FieldChange, this, &FieldView::followText);
+    connect(&m_focus, &FocusHelper::moveRequested, this, &FieldView::focusNextPrevChild);
     connect(this, &QLineEdit::textEdited, this, [this](const QString &text) { m_field.type(text); });
     follow();
     followText();
@@ -88,10 +105,8 @@ void FieldView::keyPressEvent(QKeyEvent *event)
                       (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
     if (help)
         askHelp();
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        pressEnter();
-    else if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)
-        focusNextPrevChild(event->key() == Qt::Key_Down);
+    else if (const int key = focusKey(event->key()))
+        moveBy(key);
     else if (event->key() == Qt::Key_Escape && m_field.isTyped())
         takeBack();
     else
@@ -113,10 +128,10 @@ void FieldView::contextMenuEvent(QContextMenuEvent *event)
     menu->popup(event->globalPos());
 }
 
-void FieldView::pressEnter()
+void FieldView::moveBy(int key)
 {
-    if (m_enter == Enter::GoesOn)
-        focusNextPrevChild(true);
+    if (key != FocusHelper::KeyReturn || m_enter == Enter::GoesOn)
+        m_focus.SendKey(FocusHelper::KeyReturn, key);
     else if (check())
         Q_EMIT confirmed();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/frame/focus_helper.h"
 #include "screens/controls/field_error.h"
 
 #include <QLineEdit>
@@ -49,7 +50,7 @@ private:
     void clickArrow();
     void askHelp();
     void takeChoice();
-    void pressEnter();
+    void moveBy(int key);
     void refuse();
     void mark(bool refused);
     void takeBack();
@@ -57,6 +58,7 @@ private:
     void takeFocusBack();
 
     qzTxt_S &m_field;
+    FocusHelper m_focus;
     QAction *m_help;
     Enter m_enter = Enter::GoesOn;
     bool m_checking = false;
