@@ -3,8 +3,9 @@
 #include "screens/look/look.h"
 #include "shell/message_bar.h"
 #include "shell/tour/detail_steps.h"
-#include "shell/tour/print_steps.h"
+#include "shell/tour/editor_steps.h"
 #include "shell/tour/picker_steps.h"
+#include "shell/tour/print_steps.h"
 #include "shell/tour/tour.h"
 
 #include <QAbstractItemModel>
@@ -336,6 +337,8 @@ std::vector<TourStep> tourSteps()
     auto next = result.begin() + 1;
     for (const std::span<const TourStep> part : {detailSteps(), pickerSteps()})
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
+    const std::span<const TourStep> editor = editorSteps();
+    result.insert(result.end(), editor.begin(), editor.end());
     return result;
 }
 
