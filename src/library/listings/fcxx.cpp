@@ -170,6 +170,9 @@ void Fcxx::setUpGrid()
     m_grid.setToolTipText(listingToolTip());
     for (const int column : {ListingKey, ListingAttachments, ListingBlock, ListingRoom})
         m_grid.setColHidden(column, true);
+    // Texts with their unit, but read as the amounts that they are, on the screen as on paper.
+    for (const int column : {ListingSalePrice, ListingRent})
+        m_grid.setColAlignment(column, VSFlexGrid::AlignRight);
     m_grid.setCellPicture(0, ListingMarker, attachmentIcon());
 }
 

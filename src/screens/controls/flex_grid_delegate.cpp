@@ -49,8 +49,7 @@ void FlexGridDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &
 {
     const ColumnLook look = m_columns.value(index.column());
     const bool says = leadingNumber(text) != 0.0;
-    const int across =
-        look.right ? Qt::AlignRight | Qt::AlignVCenter : index.data(Qt::TextAlignmentRole).toInt();
+    const int across = index.data(Qt::TextAlignmentRole).toInt();
     const QRect place = option.rect.adjusted(padding, 0, -padding, 0);
     painter->setFont(option.font);
     painter->setPen(look::tokens().*(says ? look.ink : &look::Tokens::ink));

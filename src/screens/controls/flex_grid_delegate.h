@@ -12,7 +12,6 @@ struct ColumnLook
 {
     /// Colour of the cells that say more than nothing or 0.
     QColor look::Tokens::*ink = &look::Tokens::ink;
-    bool right = false;
 };
 
 /// Paints a cell of a grid: the whole current row in its colour, every second row tinted, no box around the

@@ -1,6 +1,7 @@
 #include "screens/listings/fcxx_view.h"
 
 #include "library/listings/fcxx.h"
+#include "library/listings/fcxx_list.h"
 #include "screens/controls/check_box_view.h"
 #include "screens/controls/combo_view.h"
 #include "screens/controls/control_binding.h"
@@ -24,8 +25,6 @@ namespace ebtq {
 namespace {
 
 const QString refreshKey = QStringLiteral("refresh");
-constexpr int saleColumn = 14;
-constexpr int rentColumn = 15;
 
 /// The filter fields in reading order, with the width of their text in Chinese characters.
 struct FilterField
@@ -169,8 +168,8 @@ void FcxxView::addSearch(FlowLayout &row, QWidget *parent)
 void FcxxView::addGrid()
 {
     m_grid = new FlexGridView(m_module.VS(), this);
-    m_grid->setColumnLook(saleColumn, {&look::Tokens::salePrice, true});
-    m_grid->setColumnLook(rentColumn, {&look::Tokens::rent, true});
+    m_grid->setColumnLook(ListingSalePrice, {&look::Tokens::salePrice});
+    m_grid->setColumnLook(ListingRent, {&look::Tokens::rent});
     m_grid->setMouseWheel([this] { return m_module.mcMouseEvent(); });
 }
 

@@ -424,7 +424,7 @@ TEST_F(FlexGridViewTest, TheWheelGoesToTheBoundWheelInWholeSteps)
 
 TEST_F(FlexGridViewTest, PaintsCurrentRowStripesAndColouredColumns)
 {
-    view.setColumnLook(2, {&look::Tokens::salePrice, true});
+    view.setColumnLook(2, {&look::Tokens::salePrice});
     grid.setCurrent(5, 1);
     const look::Tokens &tokens = look::tokens();
     struct Case
