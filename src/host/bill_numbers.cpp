@@ -35,6 +35,36 @@ int lastNumber(db::Connection &connection, int moduleId, const QDate &date)
     return rows.rowCount() == 0 ? 0 : rows.value(0, 0).toInt();
 }
 
+void insertNumber(db::Connection &connection, int moduleId, const QDate &date, int number)
+{
+    connection.execute(
+        QStringLiteral("insert into host_numbers(moduleID,period,lastNumber) values(%1,'%2',%3)")
+            .arg(moduleId)
+            .arg(period(date))
+            .arg(number));
+}
+
+/// Changes before it is read: on a server whoever asks at the same time waits here, and then counts on from
+/// what this one has taken. False when the month has no row yet.
+bool advance(db::Connection &connection, int moduleId, const QDate &date)
+{
+    return connection.execute(QStringLiteral("update host_numbers set lastNumber=lastNumber+1") +
+                              wherePeriod(moduleId, date)) != 0;
+}
+
+/// Somebody else may be the first of the month at the same moment; then the row is there all the same.
+void beginPeriod(db::Connection &connection, int moduleId, const QDate &date)
+{
+    try {
+        insertNumber(connection, moduleId, date, 0);
+    } catch (const db::DatabaseError &) {
+        if (!connection.inTransaction() ||
+            connection.execute(QStringLiteral("update host_numbers set lastNumber=lastNumber") +
+                               wherePeriod(moduleId, date)) == 0)
+            throw;
+    }
+}
+
 } // namespace
 
 QString billCode(QStringView prefix, const QDate &date, int number)
@@ -51,8 +81,11 @@ QString issueBillCode(db::Connection &connection, int moduleId, const QDate &dat
 {
     const QString prefix = prefixOf(connection, moduleId);
     db::Transaction transaction(connection);
-    const int number = lastNumber(connection, moduleId, date) + 1;
-    setLastBillNumber(connection, moduleId, date, number);
+    if (!advance(connection, moduleId, date)) {
+        beginPeriod(connection, moduleId, date);
+        advance(connection, moduleId, date);
+    }
+    const int number = lastNumber(connection, moduleId, date);
     transaction.commit();
     return billCode(prefix, date, number);
 }
@@ -62,13 +95,8 @@ void setLastBillNumber(db::Connection &connection, int moduleId, const QDate &da
     db::Transaction transaction(connection);
     const qint64 changed = connection.execute(
         QStringLiteral("update host_numbers set lastNumber=%1").arg(number) + wherePeriod(moduleId, date));
-    if (changed == 0) {
-        connection.execute(
-            QStringLiteral("insert into host_numbers(moduleID,period,lastNumber) values(%1,'%2',%3)")
-                .arg(moduleId)
-                .arg(period(date))
-                .arg(number));
-    }
+    if (changed == 0)
+        insertNumber(connection, moduleId, date, number);
     transaction.commit();
 }
 

@@ -29,7 +29,10 @@ public:
 
     void Execute(const QVariant & /*unused*/) override
     {
-        m_database.attempt([this] { m_database.m_connection.execute(m_sql); });
+        m_database.attempt([this] {
+            m_database.requireTransaction();
+            m_database.m_connection.execute(m_sql);
+        });
     }
     QVariant Scalar(const QVariant & /*unused*/) override
     {
@@ -45,7 +48,10 @@ private:
     RowBlock select()
     {
         RowBlock rows;
-        m_database.attempt([&] { rows = m_database.m_connection.query(m_sql); });
+        m_database.attempt([&] {
+            m_database.requireTransaction();
+            rows = m_database.m_connection.query(m_sql);
+        });
         return rows;
     }
 
@@ -56,6 +62,14 @@ private:
 std::unique_ptr<HostQuery> HostDatabase::CreateQuery(const SqlText &sql, int /*mode*/)
 {
     return std::make_unique<Query>(*this, sql);
+}
+
+/// A server that went away took the transaction along. What a module still does before it hears of that must
+/// not be saved piece by piece.
+void HostDatabase::requireTransaction() const
+{
+    if (m_depth > 0 && !m_connection.inTransaction())
+        throw Failure(QStringLiteral("事务已丢失，数据没有保存，请重试！"));
 }
 
 bool HostDatabase::Release()

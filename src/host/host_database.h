@@ -28,6 +28,7 @@ public:
 private:
     class Query;
     template<class Work> bool attempt(Work work);
+    void requireTransaction() const;
 
     db::Connection &m_connection;
     HostDbError m_lastError;
