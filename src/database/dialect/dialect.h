@@ -15,9 +15,11 @@ struct Dialect
     /// SQLite, in a schema of their own in PostgreSQL.
     const char *functionPrefix;
 
-    /// What makes a text expression compare without regard to case where no column says so. Columns do by
-    /// their own type or collation. SQLite: a collation behind. PostgreSQL: a type behind.
-    const char *caselessSuffix;
+    /// What makes a text expression compare without regard to case where no column says so, as columns do by
+    /// their own type and collation: a type behind (PostgreSQL), then a collation, which gives the order as
+    /// well.
+    const char *caselessType;
+    const char *caselessCollation;
 
     /// Behind a sorted term, so that Null comes first upwards and last downwards. Empty where the engine does
     /// so by itself, as SQLite does.

@@ -7,7 +7,8 @@ const Dialect &sqliteDialect()
     static constexpr Dialect dialect{
         .name = "SQLite",
         .functionPrefix = "ebtq_",
-        .caselessSuffix = " COLLATE ebtq_nocase",
+        .caselessType = "",
+        .caselessCollation = " COLLATE ebtq_nocase",
         .ascendingSuffix = "",
         .descendingSuffix = " DESC",
         .eachSideSaysCaseless = false,
@@ -31,7 +32,8 @@ const Dialect &postgresDialect()
     static constexpr Dialect dialect{
         .name = "PostgreSQL",
         .functionPrefix = "ebtq.",
-        .caselessSuffix = "::citext COLLATE \"C\"",
+        .caselessType = "::citext",
+        .caselessCollation = " COLLATE \"C\"",
         .ascendingSuffix = " NULLS FIRST",
         .descendingSuffix = " DESC NULLS LAST",
         .eachSideSaysCaseless = true,

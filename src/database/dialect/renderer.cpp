@@ -237,7 +237,10 @@ void Renderer::groupBy(const Select &select)
     const char *before = " GROUP BY ";
     for (const ExpressionPtr &each : select.groupBy) {
         write(before);
-        caseless(*each);
+        if (isGroupedText(*each))
+            value(*each);
+        else
+            caseless(*each);
         before = ",";
     }
 }

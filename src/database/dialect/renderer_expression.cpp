@@ -81,7 +81,7 @@ void Renderer::value(const Expression &expression)
         write('(');
         std::visit([&](const auto &each) { node(each, expression); }, expression.node);
         write(')');
-        return write(m_dialect.caselessSuffix);
+        return write(m_dialect.caselessType);
     }
     if (expression.type != Type::Condition)
         return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
@@ -126,8 +126,11 @@ void Renderer::caseless(const Expression &expression)
 void Renderer::comparedText(const Expression &expression, bool needsNoCase)
 {
     operand(expression);
-    if (needsNoCase && isBareText(expression) && !isGroupedText(expression))
-        write(m_dialect.caselessSuffix);
+    if (!needsNoCase || !isBareText(expression))
+        return;
+    if (!isGroupedText(expression))
+        write(m_dialect.caselessType);
+    write(m_dialect.caselessCollation);
 }
 
 /// What is compared with a text that is caseless already. A literal takes over what stands beside it.

@@ -214,6 +214,8 @@ void Resolver::checkDistinctOrder(const Select &select)
 
 void Resolver::checkGroups(Select &select)
 {
+    for (const ExpressionPtr &each : select.groupBy)
+        each->isGrouped = true;
     for (SelectItem &item : select.items)
         checkGrouped(*item.expression, select);
     if (select.having)
