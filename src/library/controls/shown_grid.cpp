@@ -1,6 +1,7 @@
 #include "library/controls/shown_grid.h"
 
 #include "library/controls/flex_grid.h"
+#include "library/frame/color_parts.h"
 
 #include <algorithm>
 
@@ -33,23 +34,21 @@ ShownGrid::ShownGrid(const VSFlexGrid &grid)
 
 void ShownGrid::readColumns()
 {
-    const std::vector<GridColumn> given = gridColumns(m_grid.FormatString());
     for (const int number : m_grid.columnOrder()) {
-        if (m_grid.ColHidden(number) || m_grid.ColWidth(number) <= 0)
+        if (!m_grid.isColumnInSight(number))
             continue;
-        const auto at = static_cast<size_t>(number);
-        const bool isWidthSet = at >= given.size() || given[at].width != m_grid.ColWidth(number);
         m_gridColumns.push_back(number);
-        m_columns.push_back(column(number, isWidthSet));
+        m_columns.push_back(column(number));
     }
 }
 
-PrintedGrid::Column ShownGrid::column(int gridColumn, bool isWidthSet) const
+PrintedGrid::Column ShownGrid::column(int gridColumn) const
 {
     const ColumnType held = m_grid.columnType(gridColumn);
     const bool isNumber = held == ColumnType::Integer || held == ColumnType::Number;
     return {m_grid.FixedRows() > 0 ? m_grid.TextMatrix(0, gridColumn).trimmed() : QString(),
-            m_grid.ColWidth(gridColumn), isWidthSet, across(m_grid.ColAlignment(gridColumn), isNumber),
+            m_grid.ColWidth(gridColumn), !m_grid.isWidthGiven(gridColumn),
+            across(m_grid.ColAlignment(gridColumn), isNumber),
             across(m_grid.FixedAlignment(gridColumn), false)};
 }
 
@@ -63,7 +62,7 @@ void ShownGrid::readRows()
 
 QString ShownGrid::text(int row, int column) const
 {
-    return m_grid.TextMatrix(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
+    return m_grid.displayText(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
 }
 
 QString ShownGrid::picture(int row, int column) const
@@ -71,9 +70,19 @@ QString ShownGrid::picture(int row, int column) const
     return m_grid.CellPicture(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
 }
 
-PrintedGrid::CellLook ShownGrid::look(int, int) const
+PrintedGrid::CellLook ShownGrid::look(int row, int column) const
 {
-    return {};
+    const GridCellLook look =
+        m_grid.cellLook(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
+    return {plainColor(look.backColor), plainColor(look.foreColor), look.isBold};
+}
+
+std::string_view ShownGrid::shown(int row, int column) const
+{
+    if (m_grid.ColFormat(m_gridColumns[static_cast<size_t>(column)]).isEmpty())
+        return stored(row, column);
+    m_formatted = text(row, column).toStdString();
+    return m_formatted;
 }
 
 ColumnType ShownGrid::type(int column) const

@@ -3,6 +3,7 @@
 #include "database/values/row_block.h"
 #include "library/frame/print_contract.h"
 
+#include <string>
 #include <string_view>
 
 namespace ebtq {
@@ -26,7 +27,7 @@ public:
     /// What the column's cells hold.
     [[nodiscard]] ColumnType type(int column) const;
     /// The text of a cell in UTF-8; valid until the next call and until the grid changes.
-    [[nodiscard]] std::string_view shown(int row, int column) const { return stored(row, column); }
+    [[nodiscard]] std::string_view shown(int row, int column) const;
     /// The cell as it was loaded, before any format; valid until the grid changes.
     [[nodiscard]] std::string_view stored(int row, int column) const;
     /// Takes the columns without a caption away: they hold icons, which a text cannot tell.
@@ -35,14 +36,15 @@ public:
     void keepRows(int first, int last);
 
 private:
-    [[nodiscard]] Column column(int gridColumn, bool isWidthSet) const;
+    [[nodiscard]] Column column(int gridColumn) const;
     void readColumns();
     void readRows();
 
     const VSFlexGrid &m_grid;
     std::vector<Column> m_columns;
-    std::vector<int> m_gridColumns; ///< the number in the grid of each column
-    std::vector<int> m_rows;        ///< the same of each row
+    std::vector<int> m_gridColumns;  ///< the number in the grid of each column
+    std::vector<int> m_rows;         ///< the same of each row
+    mutable std::string m_formatted; ///< the last cell that was not shown as it is stored
 };
 
 } // namespace ebtq

@@ -164,6 +164,21 @@ TEST_F(ExportTest, FilesHoldWhatIsSeenAndNothingElse)
     EXPECT_FALSE(html.contains(u"KEY"_qs) || html.contains(u"隐"_qs));
 }
 
+TEST_F(ExportTest, SubtotalsAndFormatsGoOutAsTheyAreSeen)
+{
+    load({{"A1", "1088.5", "", ""}, {"A2", "1", "", ""}});
+    grid.setColFormat(2, u"#,##0.00"_qs);
+    const Subtotal total{.totalColumn = 2, .backColor = 0xFFFF80, .foreColor = 0x80, .caption = u"合计"_qs};
+    grid.addSubtotals({&total, 1});
+    EXPECT_EQ(csv(), QByteArray("\xEF\xBB\xBF编号,面积,委托日,备注\r\n"
+                                "A1,\"1,088.50\",,\r\nA2,1.00,,\r\n合计,\"1,089.50\",,\r\n"));
+    EXPECT_TRUE(sheet().contains(u"number:1089.5"_qs));
+    QFile styles(path(u"xl/styles.xml"_qs));
+    ASSERT_TRUE(styles.open(QFile::ReadOnly));
+    const QByteArray text = styles.readAll();
+    EXPECT_TRUE(text.contains("FF80FFFF") && text.contains("FF800000")) << "red stands first there";
+}
+
 TEST_F(ExportTest, OddCellsSurvive)
 {
     load({{"12345678901234567", "1234567890123456", "1899-12-30", "<b>&\"tab\there\""},
