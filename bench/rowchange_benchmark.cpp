@@ -63,6 +63,7 @@ int rowChangeBenchmark(const Options &options)
     QObject::connect(&list, &Fcxx::ErrMessage, &list,
                      [](const QString &text) { std::cerr << qPrintable(text) << '\n'; });
     list.IReportUI_Init(agency.app(), host::ListingModule);
+    list.IReportUI_DoGetFormStatus(agency.app().Session().AppPath() + QStringLiteral("/Fcxx.txt"));
     if (!list.IReportUI_Refresh())
         return 1;
     QJsonObject figures{{QStringLiteral("benchmark"), QStringLiteral("rowchange")},

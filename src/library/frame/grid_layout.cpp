@@ -404,4 +404,19 @@ void GridRestore(const QString &file, VSFlexGrid &grid, bool onlyColWidth, HostA
         GridSave(file, grid, false);
 }
 
+bool isLayoutByRows(const QString &file, const VSFlexGrid &grid)
+{
+    constexpr QStringView sections[] = {u"VsIsSort", u"VsIsGroupOn", u"VsIsTotalOn", u"VsColValDataType"};
+    IniStore store;
+    store.setFileName(file);
+    const QString suffix = suffixOf(grid);
+    for (int column = 0; column < grid.Cols(); ++column) {
+        for (const QStringView section : sections) {
+            if (store.contains(section.toString() + suffix, columnKey(column)))
+                return true;
+        }
+    }
+    return store.contains(QStringLiteral("Vs") + suffix, QStringLiteral("VsTotalSave"));
+}
+
 } // namespace ebtq

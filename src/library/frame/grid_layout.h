@@ -17,6 +17,9 @@ class VSFlexGrid;
 /// Reads the grid's keys and applies them; with `onlyColWidth` hidden columns and widths alone. Without it
 /// and without a file the present shape is written, so that a first start leaves a file to be edited.
 void GridRestore(const QString &file, VSFlexGrid &grid, bool onlyColWidth, HostApp &app);
+/// Whether the file sorts the grid, totals it or asks the agency for decimals: then it is to be restored for
+/// each load, else a grid keeps its shape by itself.
+[[nodiscard]] bool isLayoutByRows(const QString &file, const VSFlexGrid &grid);
 /// False when the file could not be written.
 bool GridSave(const QString &file, const VSFlexGrid &grid, bool onlyColWidth);
 /// The same into a store that the caller saves.

@@ -124,6 +124,7 @@ void ListingDetail::setPanelVisible(int tab, bool visible)
 
 void ListingDetail::setUpGrids()
 {
+    m_followUpsLayout.forget();
     setUpListingGrid(m_followUps, fixedColumns, followUpsFormat());
     m_followUps.setToolTipText(listingToolTip());
     for (const int column : hiddenFollowUpColumns)
@@ -192,20 +193,24 @@ void ListingDetail::fill(const ListingRecord &record)
         (*box++)->setText(record.text(each.column));
 }
 
-bool ListingDetail::loadInto(VSFlexGrid &grid, const SqlText &sql)
+bool ListingDetail::loadInto(VSFlexGrid &grid, const SqlText &sql, KeptLayout *layout)
 {
     return drawnLater(grid, [&] {
         grid.setRows(grid.FixedRows());
         const auto rows = open(sql);
-        if (rows && !isEmpty(*rows))
-            grid.LoadArray(rows->GetRows(), fixedColumns);
-        return rows != nullptr;
+        if (!rows || isEmpty(*rows))
+            return rows != nullptr;
+        grid.LoadArray(rows->GetRows(), fixedColumns);
+        if (layout)
+            layout->restore(layoutFile(), grid, app());
+        return true;
     });
 }
 
 bool ListingDetail::LoadDataGj(const QString &id)
 {
-    return trapped(u"-->LoadDataGj::", [&] { return loadInto(m_followUps, followUpsStatement(id)); });
+    return trapped(u"-->LoadDataGj::",
+                   [&] { return loadInto(m_followUps, followUpsStatement(id), &m_followUpsLayout); });
 }
 
 bool ListingDetail::LoadDataMsg(const QString &id)
@@ -214,7 +219,7 @@ bool ListingDetail::LoadDataMsg(const QString &id)
         const auto listing = open(measuresStatement(id));
         if (!listing || isEmpty(*listing))
             return false;
-        return loadInto(m_customers, matchingCustomersStatement(listing->GetRows()));
+        return loadInto(m_customers, matchingCustomersStatement(listing->GetRows()), nullptr);
     });
 }
 

@@ -5,6 +5,7 @@
 #include "library/controls/panel.h"
 #include "library/controls/tab_strip.h"
 #include "library/controls/text_box.h"
+#include "library/frame/kept_layout.h"
 #include "library/frame/module_part.h"
 
 #include <vector>
@@ -57,12 +58,14 @@ private:
     /// nullptr for a statement that failed, which is raised by then.
     [[nodiscard]] std::unique_ptr<Recordset> open(const SqlText &sql);
     void fill(const ListingRecord &record);
-    [[nodiscard]] bool loadInto(VSFlexGrid &grid, const SqlText &sql);
+    /// `layout` is the grid's, restored after the load; nullptr for a grid that stays as it was built.
+    [[nodiscard]] bool loadInto(VSFlexGrid &grid, const SqlText &sql, KeptLayout *layout);
 
     const VSFlexGrid &m_list;
     qzVSTabCtl &m_tabs;
     VSFlexGrid &m_followUps;
     VSFlexGrid &m_customers;
+    KeptLayout m_followUpsLayout;
     std::vector<qzTxt_S *> m_fields; ///< in the order of detailFields()
     std::vector<TextBox *> m_boxes;  ///< in the order of detailBoxes()
 };

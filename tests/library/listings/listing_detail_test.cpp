@@ -5,6 +5,8 @@
 #include "library/listings/fcxx.h"
 #include "support/scripted_desktop.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 #include <sqlite3.h>
@@ -202,6 +204,18 @@ TEST_F(ListingDetailTest, FollowUpsShowNewestFirst)
         u"跟进时间|跟进内容|部门|经纪人|下次提醒|提醒时间|提醒范围|提醒内容|处理内容|处理时间|跟进ID"_qs);
     list.VS().setRow(2);
     EXPECT_EQ(grid.Rows(), 1);
+
+    const QString file = m_folder.filePath(u"Fcxx.txt"_qs);
+    list.IReportUI_DoGetFormStatus(file);
+    for (const int width : {77, 177}) {
+        QFile layout(file);
+        ASSERT_TRUE(layout.open(QIODevice::WriteOnly));
+        layout.write("[VsColWidth_VsGj]\nVsCol2=" + QByteArray::number(width) + '\n');
+        layout.close();
+        list.VS().setRow(1);
+        EXPECT_EQ(grid.ColWidth(2), width) << "a load restores the layout";
+        list.VS().setRow(2);
+    }
 }
 
 TEST_F(ListingDetailTest, CustomersWhoseRangesHoldEveryMeasure)
