@@ -109,7 +109,9 @@ std::optional<double> plainNumber(std::string_view text)
     const char *end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, result, std::chars_format::fixed);
     const bool isAll = read.ptr == end || static_cast<unsigned char>(*read.ptr) >= 0x80;
-    return read.ec == std::errc() && isAll ? std::optional(result) : std::nullopt;
+    if (read.ec != std::errc() || !isAll)
+        return std::nullopt;
+    return result == 0 ? 0 : result; // never -0, which would show its sign
 }
 
 } // namespace
