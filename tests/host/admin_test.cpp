@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -290,6 +291,55 @@ TEST_F(AdminTest, CheckCountsOrphansAndFailsOnAnOldSchema)
     const Outcome old = run({QStringLiteral("check"), dbOption, m_file});
     EXPECT_EQ(old.status, 1);
     EXPECT_TRUE(old.output.contains(u"版本")) << old.output.toStdString();
+}
+
+TEST_F(AdminTest, CopiesBacksUpAndRestores)
+{
+    initialise();
+    struct
+    {
+        QString call; ///< %1 the database, %2 another
+        int status;
+        QString says;
+    } const steps[] = {
+        {QStringLiteral("copy --from %1 --to %2"), 0, QStringLiteral("host_users 1/1\n")},
+        {QStringLiteral("copy --from %1 --to %2"), 1, QStringLiteral("已有数据")},
+        {QStringLiteral("backup --db %1 --to %2.bak"), 0, QStringLiteral("核对无误")},
+        {QStringLiteral("backup --db %1 --to %2.bak"), 1, QStringLiteral("--replace")},
+        {QStringLiteral("backup --db %1 --to %2.bak --replace"), 0, QStringLiteral("核对无误")},
+        {QStringLiteral("backup --db postgresql://h/b --to %2"), 1, QStringLiteral("docs/backup.md")},
+        {QStringLiteral("restore --from %2.bak --db postgresql://h/b"), 1, QStringLiteral("docs/backup.md")},
+        {QStringLiteral("restore --from %2.bak --db %2"), 0, QStringLiteral("原数据库保留为")},
+        {QStringLiteral("restore --from %2 --db %1"), 0, QStringLiteral("只核对了结构")},
+    };
+    const QString other = m_folder.filePath(QStringLiteral("other"));
+    for (const auto &[call, status, says] : steps) {
+        QString told = call;
+        told.replace(QStringLiteral("%1"), m_file).replace(QStringLiteral("%2"), other);
+        const Outcome outcome = run(told.split(u' '));
+        EXPECT_EQ(outcome.status, status) << call.toStdString();
+        EXPECT_TRUE((outcome.output + outcome.errors).contains(says)) << outcome.errors.toStdString();
+    }
+    EXPECT_EQ(sql(QStringLiteral("select username from host_users")).output, QStringLiteral("甲\n"));
+}
+
+/// The limit on a file's size stands for a full disk: writing fails in the middle.
+TEST_F(AdminTest, ADiskThatFillsLeavesNoFileBehind)
+{
+    initialise();
+    const QStringList before = QDir(m_folder.path()).entryList(QDir::Files);
+    for (const QString &call :
+         {QStringLiteral("copy --from %1 --to %2"), QStringLiteral("backup --db %1 --to %2")}) {
+        QProcess shell;
+        const QString command = call.arg(m_file, m_folder.filePath(QStringLiteral("new")));
+        shell.start(QStringLiteral("/bin/sh"),
+                    {QStringLiteral("-c"), QStringLiteral("trap '' XFSZ; ulimit -f 64; exec %1 %2")
+                                               .arg(QString::fromUtf8(EBTQ_ADMIN_PROGRAM), command)});
+        ASSERT_TRUE(shell.waitForFinished());
+        EXPECT_EQ(shell.exitCode(), 1) << command.toStdString();
+        EXPECT_TRUE(isChinese(QString::fromUtf8(shell.readAllStandardError())));
+        EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), before) << command.toStdString();
+    }
 }
 
 } // namespace ebtq::test

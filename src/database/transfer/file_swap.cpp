@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace ebtq::db {
@@ -54,6 +55,20 @@ void flushFolderOf(const QString &path)
     flush(QFileInfo(path).absolutePath());
 }
 
+/// Whoever could use the old file can use the new one, also when somebody else restores it. Another owner is
+/// for root to give, so that may fail.
+void takeOverAccess(const QString &from, const QString &to)
+{
+    struct stat old = {};
+    const QByteArray target = QFile::encodeName(to);
+    if (::stat(QFile::encodeName(from).constData(), &old) != 0)
+        return;
+    if (::chown(target.constData(), old.st_uid, old.st_gid) != 0 && errno != EPERM)
+        fail(QStringLiteral("无法设置文件的属主"), to);
+    if (::chmod(target.constData(), old.st_mode & 07777) != 0)
+        fail(QStringLiteral("无法设置文件的权限"), to);
+}
+
 int renameFile(const QString &from, const QString &to, bool replacing)
 {
     const QByteArray source = QFile::encodeName(from);
@@ -83,6 +98,8 @@ UnfinishedFile::~UnfinishedFile()
 
 void UnfinishedFile::takeName(bool replacing)
 {
+    if (replacing)
+        takeOverAccess(m_name, m_path);
     flush(m_path);
     if (renameFile(m_path, m_name, replacing) != 0)
         fail(QStringLiteral("无法写入文件"), m_name);

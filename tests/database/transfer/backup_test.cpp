@@ -1,0 +1,140 @@
+#include "database/transfer/backup.h"
+
+#include "database/schema/installer.h"
+#include "database/transfer/transfer_fixture.h"
+
+#include <QFile>
+
+#include <gmock/gmock.h>
+
+namespace ebtq::db {
+
+namespace {
+
+using ::testing::HasSubstr;
+
+class BackupTest : public TransferTest
+{
+protected:
+    [[nodiscard]] std::string contents(const char *name) const { return literals(*make(path(name))); }
+    [[nodiscard]] QByteArray bytes(const char *name) const
+    {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QFile::ReadOnly)) << name;
+        return file.readAll();
+    }
+    void write(const char *name, const QByteArray &bytes) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write(bytes);
+    }
+};
+
+QByteArray flipped(QByteArray bytes, qsizetype at)
+{
+    return bytes.replace(at, 1, QByteArray(1, static_cast<char>(bytes[at] ^ 1)));
+}
+
+} // namespace
+
+TEST_F(BackupTest, TakesOneMomentWhileTheDatabaseIsWrittenAndComesBack)
+{
+    const std::string before = contents("a.db");
+    const auto writer = make(path("a.db"));
+    int steps = 0;
+    backUp(path("a.db"), path("a.bak"), false, [&](int done, int total) {
+        EXPECT_LE(done, total);
+        writer->execute(QStringLiteral("insert into fyxx(房源ID) values('new%1')").arg(++steps));
+        writer->execute(QStringLiteral("delete from fykh"));
+    });
+    EXPECT_GT(steps, 3) << "small steps";
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("a.bak"), QStringLiteral("a.db"),
+                                    QStringLiteral("a.db-shm"), QStringLiteral("a.db-wal")}));
+
+    EXPECT_THAT(refusal([&] { restore(path("a.bak"), path("a.db")); }), HasSubstr("其他程序"));
+    EXPECT_EQ(countOf(*writer, "fykh"), 0);
+    const BackupOutcome fresh = restore(path("a.bak"), path("b.db"));
+    EXPECT_EQ(fresh.keptAside, QString());
+    EXPECT_TRUE(fresh.hasChecksums);
+    EXPECT_TRUE(contents("b.db") == before);
+    EXPECT_EQ(checkSchema(*make(path("b.db"))), QStringList());
+    EXPECT_FALSE(make(path("b.db"))->catalog().table(u"host_backup"));
+}
+
+TEST_F(BackupTest, KeepsWhatARestoreReplaces)
+{
+    backUp(path("a.db"), path("a.bak"), false);
+    const std::string before = contents("a.db");
+    make(path("a.db"))->executeNative("delete from fyxx");
+    const auto mode = QFile::permissions(path("a.db"));
+    const BackupOutcome outcome = restore(path("a.bak"), path("a.db"));
+    EXPECT_TRUE(contents("a.db") == before);
+    EXPECT_EQ(QFile::permissions(path("a.db")), mode);
+    EXPECT_EQ(countOf(*Connection::open(outcome.keptAside), "fyxx"), 0);
+    EXPECT_THAT(outcome.keptAside.toStdString(), ::testing::ContainsRegex("a\\.db\\.20[0-9]{6}-[0-9]{6}$"));
+    EXPECT_FALSE(restore(outcome.keptAside, path("c.db")).hasChecksums);
+
+    // A database that is past reading goes aside with the log that belongs to it.
+    write("b.db", QByteArray(40000, 'x'));
+    write("b.db-wal", "log");
+    const BackupOutcome damaged = restore(path("a.bak"), path("b.db"));
+    EXPECT_TRUE(contents("b.db") == before);
+    EXPECT_TRUE(QFile::exists(damaged.keptAside + QStringLiteral("-wal")));
+}
+
+TEST_F(BackupTest, ADamagedBackupIsRefusedAndNothingIsTouched)
+{
+    backUp(path("a.db"), path("a.bak"), false);
+    backUp(path("a.db"), path("a.bak"), true);
+    write("b.db", "what stands here");
+    const QByteArray good = bytes("a.bak");
+    const struct
+    {
+        const char *what;
+        QByteArray bytes;
+    } cases[] = {
+        {"no database", QByteArray(20000, 'x')},
+        {"cut in half", good.first(good.size() / 2)},
+        {"cut by a byte", good.chopped(1)},
+        {"header", flipped(good, 3)},
+        {"a listing's text", flipped(good, good.indexOf("{hard-1}") + 3)},
+        {"inside a picture", flipped(good, good.indexOf("照片照片") + 100000)},
+        {"a recorded checksum",
+         flipped(good, good.indexOf("fyxx", good.indexOf("create table host_backup")) + 8)},
+        {"a page of a tree", flipped(good, 16384 * 7)},
+    };
+    const QStringList before = names();
+    for (const auto &[what, bytesOfCase] : cases) {
+        write("a.bak", bytesOfCase);
+        EXPECT_NE(refusal([&] { restore(path("a.bak"), path("b.db")); }), "") << what;
+        EXPECT_EQ(names(), before) << what;
+    }
+    EXPECT_EQ(bytes("b.db"), "what stands here");
+}
+
+TEST_F(BackupTest, RefusesWhatWouldLoseSomething)
+{
+    make(path("other.db"))->executeNative("create table t(x)");
+    write("taken", "mine");
+    struct Case
+    {
+        const char *database;
+        const char *file;
+        bool replaced;
+        const char *message;
+    };
+    const Case cases[] = {
+        {"a.db", "taken", false, "--replace"}, {"a.db", "a.db", true, "同一个文件"},
+        {"none.db", "b", false, "找不到"},     {"other.db", "b", false, "不是本系统"},
+        {"taken", "b", false, "不是数据库"},   {"a.db", "no/folder/b", false, "无法创建"},
+    };
+    const QStringList before = names();
+    for (const auto &[database, file, replaced, message] : cases)
+        EXPECT_THAT(refusal([&] { backUp(path(database), path(file), replaced); }), HasSubstr(message));
+    EXPECT_THAT(refusal([&] { restore(path("a.db"), path("a.db")); }), HasSubstr("同一个文件"));
+    EXPECT_EQ(names(), before);
+    EXPECT_EQ(bytes("taken"), "mine");
+}
+
+} // namespace ebtq::db
