@@ -26,6 +26,8 @@ int editorBenchmark(const Options &options);
 /// Translating the list statement, against SQLite preparing the translated text.
 int dialectBenchmark(const Options &options);
 
+/// Restoring a layout with groups and totals, against a plain sum over a column.
+int layoutBenchmark(const Options &options);
 /// Exporting the loaded list as CSV, against writing the same bytes from memory; XLSX beside it.
 int exportBenchmark(const Options &options);
 

@@ -22,6 +22,7 @@ constexpr Command commands[] = {
     {"match", "find the customers whom a listing suits", ebtq::bench::matchBenchmark},
     {"editor", "open the editor for a listing", ebtq::bench::editorBenchmark},
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
+    {"layout", "restore a layout with sums by two groups", ebtq::bench::layoutBenchmark},
     {"export", "export the loaded list", ebtq::bench::exportBenchmark},
 };
 

@@ -1,37 +1,148 @@
 #include "screens/controls/flex_grid_delegate.h"
 
 #include "database/values/number_text.h"
+#include "screens/controls/flex_grid_model.h"
 
-#include <QAbstractItemView>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTableView>
 #include <QToolTip>
+
+#include <cmath>
 
 namespace ebtq {
 
-FlexGridDelegate::FlexGridDelegate(QAbstractItemView &view)
+namespace {
+
+QString textOf(const QModelIndex &index)
+{
+    return index.data().toString();
+}
+
+/// The next column of the row in the order of sight; invalid at the end.
+QModelIndex neighbour(const QModelIndex &index, const QTableView &view, int step)
+{
+    const QHeaderView &header = *view.horizontalHeader();
+    int place = header.visualIndex(index.column()) + step;
+    while (place >= 0 && place < header.count() && view.isColumnHidden(header.logicalIndex(place)))
+        place += step;
+    return place < 0 ? QModelIndex() : index.siblingAtColumn(header.logicalIndex(place));
+}
+
+int across(const QModelIndex &index)
+{
+    return index.data(Qt::TextAlignmentRole).toInt();
+}
+
+bool isEmpty(const QModelIndex &index)
+{
+    return textOf(index).isEmpty() && !index.data(Qt::DecorationRole).isValid();
+}
+
+/// A given colour, moved towards the usual one while it cannot be told from its ground.
+QColor readable(const QColor &color, const QColor &ground)
+{
+    constexpr double fewest = 0.3;
+    if (std::abs(color.lightnessF() - ground.lightnessF()) >= fewest)
+        return color;
+    return ground.lightnessF() < 0.5 ? color.lighter(250) : color.darker(250);
+}
+
+} // namespace
+
+FlexGridDelegate::FlexGridDelegate(QTableView &view)
     : QStyledItemDelegate(&view)
     , m_view(view)
 {}
 
-const QColor &FlexGridDelegate::background(const QModelIndex &index, bool isSelected) const
+QColor FlexGridDelegate::background(const QModelIndex &index, bool isSelected) const
 {
     const look::Tokens &tokens = look::tokens();
     if (index.row() == m_view.currentIndex().row())
         return tokens.currentRow;
     if (isSelected)
         return tokens.brandSoft;
+    if (const QVariant given = index.data(Qt::BackgroundRole); given.isValid())
+        return given.value<QColor>();
     return m_striped && index.row() % 2 == 1 ? tokens.zebra : tokens.card;
+}
+
+/// A ground that was given is light, whatever the scheme.
+QColor FlexGridDelegate::ink(const QModelIndex &index, const QString &text, const QColor &ground) const
+{
+    if (const QVariant given = index.data(Qt::ForegroundRole); given.isValid())
+        return readable(given.value<QColor>(), ground);
+    const bool says = leadingNumber(text) != 0.0;
+    return readable(look::tokens().*(says ? m_columns.value(index.column()).ink : &look::Tokens::ink),
+                    ground);
 }
 
 void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                              const QModelIndex &index) const
 {
+    const auto *view = qobject_cast<const QTableView *>(option.widget);
+    if (!view)
+        return;
+    painter->save();
+    painter->setClipRect(option.rect, Qt::IntersectClip);
     painter->fillRect(option.rect, background(index, option.state.testFlag(QStyle::State_Selected)));
+    paintLines(painter, option.rect, index, *view);
     paintPicture(painter, option.rect, index);
-    const QString text = index.data().toString();
-    if (!text.isEmpty())
-        paintText(painter, option, index, text);
+    if (index.data(FlexGridModel::IsSubtotal).toBool() &&
+        !(across(index) & Qt::AlignRight && !isEmpty(index)))
+        paintLabel(painter, option, index, *view);
+    else if (const QString text = textOf(index); !text.isEmpty())
+        paintText(painter, option, index, text, mergedPlace(option.rect, index, *view));
+    painter->restore();
+}
+
+/// In a row with sums a line would go through the label that runs on.
+void FlexGridDelegate::paintLines(QPainter *painter, const QRect &cell, const QModelIndex &index,
+                                  const QTableView &view) const
+{
+    painter->setPen(m_lineColor.isValid() ? m_lineColor : look::tokens().line);
+    const QModelIndex next = neighbour(index, view, 1);
+    if (!(index.data(FlexGridModel::IsSubtotal).toBool() && next.isValid() && isEmpty(next)))
+        painter->drawLine(cell.topRight(), cell.bottomRight());
+    if (!isMergedWith(index, index.row() + 1))
+        painter->drawLine(cell.bottomLeft(), cell.bottomRight());
+}
+
+bool FlexGridDelegate::isMergedWith(const QModelIndex &index, int row) const
+{
+    if (!m_merged.contains(index.column()) || row < 0 || row >= index.model()->rowCount())
+        return false;
+    const QString text = textOf(index);
+    return !text.isEmpty() && textOf(index.siblingAtRow(row)) == text;
+}
+
+QRect FlexGridDelegate::mergedPlace(const QRect &cell, const QModelIndex &index, const QTableView &view) const
+{
+    QRect place = cell;
+    for (int row = index.row(); isMergedWith(index, row - 1) && place.top() > 0; --row)
+        place.setTop(place.top() - view.rowHeight(row - 1));
+    for (int row = index.row(); isMergedWith(index, row + 1) && place.bottom() < view.viewport()->height();
+         ++row)
+        place.setBottom(place.bottom() + view.rowHeight(row + 1));
+    return place;
+}
+
+/// The text may begin in a cell further left: then this one shows what has come as far as here.
+void FlexGridDelegate::paintLabel(QPainter *painter, const QStyleOptionViewItem &option,
+                                  const QModelIndex &index, const QTableView &view) const
+{
+    QModelIndex label = index;
+    while (label.isValid() && isEmpty(label))
+        label = neighbour(label, view, -1);
+    if (!label.isValid() || (label != index && across(label) & Qt::AlignRight))
+        return;
+    QRect place = option.rect;
+    place.setLeft(view.columnViewportPosition(label.column()));
+    for (QModelIndex next = neighbour(label, view, 1); next.isValid() && isEmpty(next);
+         next = neighbour(next, view, 1))
+        place.setRight(view.columnViewportPosition(next.column()) + view.columnWidth(next.column()) - 1);
+    paintText(painter, option, label, textOf(label), place);
 }
 
 void FlexGridDelegate::paintPicture(QPainter *painter, const QRect &cell, const QModelIndex &index) const
@@ -45,16 +156,16 @@ void FlexGridDelegate::paintPicture(QPainter *painter, const QRect &cell, const 
 }
 
 void FlexGridDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &option,
-                                 const QModelIndex &index, const QString &text) const
+                                 const QModelIndex &index, const QString &text, const QRect &place) const
 {
-    const ColumnLook look = m_columns.value(index.column());
-    const bool says = leadingNumber(text) != 0.0;
-    const int across = index.data(Qt::TextAlignmentRole).toInt();
-    const QRect place = option.rect.adjusted(padding, 0, -padding, 0);
-    painter->setFont(option.font);
-    painter->setPen(look::tokens().*(says ? look.ink : &look::Tokens::ink));
-    painter->drawText(place, across | Qt::TextSingleLine,
-                      option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+    QFont font = option.font;
+    font.setBold(index.data(Qt::FontRole).isValid());
+    const QRect inner = place.adjusted(padding, 0, -padding, -1);
+    const QColor ground = background(index, option.state.testFlag(QStyle::State_Selected));
+    painter->setFont(font);
+    painter->setPen(ink(index, text, ground));
+    painter->drawText(inner, across(index) | (m_wraps ? Qt::TextWordWrap : Qt::TextSingleLine),
+                      m_wraps ? text : QFontMetrics(font).elidedText(text, Qt::ElideRight, inner.width()));
 }
 
 bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,

@@ -3,7 +3,10 @@
 #include "screens/look/look.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStyledItemDelegate>
+
+class QTableView;
 
 namespace ebtq {
 
@@ -14,17 +17,25 @@ struct ColumnLook
     QColor look::Tokens::*ink = &look::Tokens::ink;
 };
 
-/// Paints a cell of a grid: the whole current row in its colour, every second row tinted, no box around the
-/// cell that has the focus.
+/// Paints a cell of a grid and the lines at its right and below: the whole current row in its colour, every
+/// second row tinted, no box around the cell that has the focus.
+///
+/// Each cell is painted by itself, also where it is only a part of what is seen: the label of a sum that runs
+/// on into empty cells to its right, and equal neighbours in a merged column, which look like one cell. So
+/// the order of columns and the scrolling need nothing of their own, and only rows in sight cost anything.
 class FlexGridDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
-    explicit FlexGridDelegate(QAbstractItemView &view);
+    explicit FlexGridDelegate(QTableView &view);
 
     void setColumnLook(int column, const ColumnLook &look) { m_columns.insert(column, look); }
     void setStriped(bool striped) { m_striped = striped; }
+    void setMergedColumns(const QSet<int> &columns) { m_merged = columns; }
+    void setWordWrap(bool wraps) { m_wraps = wraps; }
+    /// Of the lines; an invalid one for the usual colour.
+    void setLineColor(const QColor &color) { m_lineColor = color; }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
@@ -36,14 +47,26 @@ public:
     static constexpr int pictureSize = 16;
 
 private:
-    [[nodiscard]] const QColor &background(const QModelIndex &index, bool isSelected) const;
+    [[nodiscard]] QColor background(const QModelIndex &index, bool isSelected) const;
+    [[nodiscard]] QColor ink(const QModelIndex &index, const QString &text, const QColor &ground) const;
+    void paintLines(QPainter *painter, const QRect &cell, const QModelIndex &index,
+                    const QTableView &view) const;
     void paintPicture(QPainter *painter, const QRect &cell, const QModelIndex &index) const;
     void paintText(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
-                   const QString &text) const;
+                   const QString &text, const QRect &place) const;
+    void paintLabel(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
+                    const QTableView &view) const;
+    [[nodiscard]] bool isMergedWith(const QModelIndex &index, int row) const;
+    /// The place of all neighbours in sight that look like one cell with this one.
+    [[nodiscard]] QRect mergedPlace(const QRect &cell, const QModelIndex &index,
+                                    const QTableView &view) const;
 
-    QAbstractItemView &m_view;
+    QTableView &m_view;
     QHash<int, ColumnLook> m_columns;
+    QSet<int> m_merged;
+    QColor m_lineColor;
     bool m_striped = false;
+    bool m_wraps = false;
 };
 
 } // namespace ebtq

@@ -3,6 +3,9 @@
 #include "library/controls/flex_grid.h"
 #include "screens/look/look.h"
 
+#include <QColor>
+#include <QFont>
+
 namespace ebtq {
 
 namespace {
@@ -23,9 +26,16 @@ Qt::AlignmentFlag across(int alignment, bool isNumber)
     }
 }
 
-QString textOf(std::string_view cell)
+QColor colorOf(int number)
 {
-    return QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
+    return {number & 255, number >> 8 & 255, number >> 16 & 255};
+}
+
+QFont boldFont()
+{
+    QFont font;
+    font.setBold(true);
+    return font;
 }
 
 } // namespace
@@ -97,6 +107,8 @@ void FlexGridModel::columnsChanged()
     if (m_columns == m_grid.Cols()) {
         if (m_columns > 0)
             Q_EMIT headerDataChanged(Qt::Horizontal, 0, m_columns - 1);
+        if (m_columns > 0 && m_rows > 0) // formats
+            Q_EMIT dataChanged(index(0, 0), index(m_rows - 1, m_columns - 1));
         return;
     }
     beginResetModel();
@@ -121,14 +133,27 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const
     const int row = m_grid.rowInSight(index.row());
     switch (role) {
     case Qt::DisplayRole:
-        return textOf(m_grid.cell(row, index.column()));
+        return m_grid.displayText(row, index.column());
     case Qt::TextAlignmentRole:
         return alignment(index.column());
     case Qt::DecorationRole:
         return picture(row, index.column());
+    case IsSubtotal:
+        return m_grid.isSubtotal(row);
     default:
-        return {};
+        return look(row, index.column(), role);
     }
+}
+
+/// Nothing for what looks as usual.
+QVariant FlexGridModel::look(int row, int column, int role) const
+{
+    const GridCellLook look = m_grid.cellLook(row, column);
+    if (role == Qt::BackgroundRole && look.backColor != 0)
+        return colorOf(look.backColor);
+    if (role == Qt::ForegroundRole && look.foreColor != 0)
+        return colorOf(look.foreColor);
+    return role == Qt::FontRole && look.isBold ? QVariant(boldFont()) : QVariant();
 }
 
 QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int role) const

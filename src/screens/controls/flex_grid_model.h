@@ -14,6 +14,9 @@ class FlexGridModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
+    /// True for the cells of a row with sums.
+    static constexpr int IsSubtotal = Qt::UserRole;
+
     explicit FlexGridModel(VSFlexGrid &grid, QObject *parent = nullptr);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -33,6 +36,7 @@ private:
     void rowChanged(int row);
     void columnsChanged();
     [[nodiscard]] QVariant alignment(int column) const;
+    [[nodiscard]] QVariant look(int row, int column, int role) const;
     [[nodiscard]] QVariant picture(int row, int column) const;
 
     VSFlexGrid &m_grid;

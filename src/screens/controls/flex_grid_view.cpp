@@ -2,8 +2,11 @@
 
 #include "library/controls/flex_grid.h"
 #include "library/controls/mouse_wheel.h"
+#include "library/frame/color_parts.h"
 #include "screens/controls/control_binding.h"
+#include "screens/controls/flex_grid_columns.h"
 #include "screens/controls/flex_grid_model.h"
+#include "screens/controls/frozen_columns.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -17,10 +20,7 @@ namespace ebtq {
 
 namespace {
 
-constexpr int usualRowHeight = 28;
 constexpr int spaceAroundText = 9;
-constexpr int measuredRows = 60;
-constexpr int widestFit = 260;
 constexpr int wheelStep = 120;
 
 struct Bit
@@ -49,6 +49,8 @@ FlexGridView::FlexGridView(VSFlexGrid &grid, QWidget *parent)
     setModel(m_model);
     setItemDelegate(m_delegate);
     setUpLook();
+    m_columns = new FlexGridColumns(m_grid, *m_model, *this);
+    m_frozen = new FrozenColumns(*this);
     setUpHeaders();
     follow();
 }
@@ -60,6 +62,7 @@ void FlexGridView::setUpLook()
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
+    setShowGrid(false); // the delegate draws the lines
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setFrameShape(QFrame::NoFrame);
@@ -69,12 +72,9 @@ void FlexGridView::setUpHeaders()
 {
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setMinimumSectionSize(16);
     horizontalHeader()->viewport()->installEventFilter(this);
-    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-            [this](int column, int, int width) { columnResized(column, width); });
+    m_columns->watch(*m_frozen->horizontalHeader());
+    connect(m_columns, &FlexGridColumns::laidOut, m_frozen, &FrozenColumns::follow);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &FlexGridView::reportTopRow);
 }
 
@@ -96,15 +96,35 @@ void FlexGridView::follow()
 void FlexGridView::followLook()
 {
     m_delegate->setStriped(m_grid.BackColorAlternate() != 0);
-    verticalHeader()->setDefaultSectionSize(
-        std::max(qRound(usualRowHeight * scale()), fontMetrics().height() + spaceAroundText));
+    m_delegate->setWordWrap(m_grid.WordWrap());
+    const int line = m_grid.GridColor();
+    m_delegate->setLineColor(plainColor(line) == plainColor(systemButtonFace)
+                                 ? QColor()
+                                 : QColor(line & 255, line >> 8 & 255, line >> 16 & 255));
+    followHeights();
+    m_frozen->setCount(m_grid.FrozenCols() > 0 ? m_grid.FixedCols() + m_grid.FrozenCols() : 0);
     viewport()->update();
+}
+
+/// No row is lower than its text. A header that nobody has set is as high as its style makes it.
+void FlexGridView::followHeights()
+{
+    const int lowest = fontMetrics().height() + spaceAroundText;
+    verticalHeader()->setDefaultSectionSize(
+        std::max(qRound(m_grid.RowHeight(m_grid.FixedRows()) * scale()), lowest));
+    const int header = m_grid.FixedRows() > 0 ? m_grid.RowHeight(0) : VSFlexGrid::usualRowHeight;
+    if (header == VSFlexGrid::usualRowHeight) {
+        horizontalHeader()->setMinimumHeight(0);
+        horizontalHeader()->setMaximumHeight(QWIDGETSIZE_MAX);
+    } else {
+        horizontalHeader()->setFixedHeight(std::max(qRound(header * scale()), lowest));
+    }
 }
 
 /// Rows that come into sight again must not push the row out of it that the user has before the eyes.
 void FlexGridView::followRows()
 {
-    fitColumns();
+    m_columns->fit();
     followColumns();
     followTopRow();
     markCurrent();
@@ -114,107 +134,21 @@ void FlexGridView::followRows()
 
 void FlexGridView::followColumns()
 {
-    const QScopedValueRollback following(m_following, true);
-    if (m_format != m_grid.FormatString()) {
-        m_format = m_grid.FormatString();
-        m_formatWidths.clear();
-        for (int column = 0; column < m_grid.Cols(); ++column)
-            m_formatWidths.push_back(m_grid.ColWidth(column));
-        fitColumns();
+    QSet<int> merged;
+    for (int column = 0; column < m_grid.Cols(); ++column) {
+        if (m_grid.MergeCol(column))
+            merged.insert(column);
     }
-    for (int column = 0; column < m_model->columnCount(); ++column)
-        setColumnHidden(column, m_grid.ColHidden(column));
-    layOutColumns();
-    followColumnOrder();
-}
-
-void FlexGridView::followColumnOrder()
-{
-    const std::vector<int> &order = m_grid.columnOrder();
-    const int count = std::min(static_cast<int>(order.size()), m_model->columnCount());
-    for (int place = 0; place < count; ++place) {
-        const int now = horizontalHeader()->visualIndex(order[static_cast<size_t>(place)]);
-        if (now != place)
-            horizontalHeader()->moveSection(now, place);
-    }
-}
-
-/// What the columns wish beyond the window's width they give up in proportion to what they can spare; what is
-/// left of it they share. While the user draws the edge of one, the others stay under the mouse.
-void FlexGridView::layOutColumns()
-{
-    if (m_resizedByUser)
-        return;
-    const QScopedValueRollback following(m_following, true);
-    std::vector<Width> widths;
-    Width all;
-    for (int column = 0; column < m_model->columnCount(); ++column) {
-        const Width width = isColumnHidden(column) ? Width() : widthOf(column);
-        widths.push_back(width);
-        all = {all.wish + width.wish, all.spare + width.spare, all.grow + width.grow};
-    }
-    const int missing = std::clamp(all.wish - viewport()->width(), 0, all.spare);
-    const int surplus = std::max(viewport()->width() - all.wish, 0);
-    int grown = 0;
-    for (int column = 0; column < m_model->columnCount(); ++column) {
-        const Width width = widths[static_cast<size_t>(column)];
-        const int less = all.spare == 0 ? 0 : (width.spare * missing + all.spare - 1) / all.spare;
-        const int before = all.grow == 0 ? 0 : surplus * grown / all.grow;
-        grown += width.grow;
-        const int more = all.grow == 0 ? 0 : surplus * grown / all.grow - before;
-        if (!isColumnHidden(column))
-            setColumnWidth(column, width.wish - less + more);
-    }
-}
-
-/// A column without a caption holds icons, which need no more room.
-FlexGridView::Width FlexGridView::widthOf(int column) const
-{
-    const auto at = static_cast<size_t>(column);
-    const int given = m_grid.ColWidth(column);
-    const int pixels = qRound(given * scale());
-    const bool untouched = at < m_formatWidths.size() && m_formatWidths[at] == given;
-    if (!untouched || at >= m_neededWidths.size())
-        return {pixels, 0, 0};
-    const bool hasText = !m_model->headerData(column, Qt::Horizontal).toString().isEmpty();
-    return {std::max(pixels, m_neededWidths[at]), std::max(0, pixels - m_neededWidths[at]),
-            hasText ? pixels : 0};
+    m_delegate->setMergedColumns(merged);
+    m_isMerged = !merged.isEmpty();
+    m_columns->follow();
+    viewport()->update();
 }
 
 void FlexGridView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
-    layOutColumns();
-}
-
-/// Looks at the first rows only: the cost must not grow with the list.
-void FlexGridView::fitColumns()
-{
-    m_neededWidths.clear();
-    for (int column = 0; column < m_model->columnCount(); ++column)
-        m_neededWidths.push_back(neededWidth(column));
-}
-
-int FlexGridView::neededWidth(int column) const
-{
-    int width = horizontalHeader()->fontMetrics().horizontalAdvance(
-        m_model->headerData(column, Qt::Horizontal).toString());
-    width += width / 10; // the header is bold
-    if (m_model->headerData(column, Qt::Horizontal, Qt::DecorationRole).isValid())
-        width = std::max(width, FlexGridDelegate::pictureSize);
-    const int rows = std::min(m_model->rowCount(), measuredRows);
-    for (int row = 0; row < rows; ++row)
-        width =
-            std::max(width, fontMetrics().horizontalAdvance(m_model->index(row, column).data().toString()));
-    return std::min(width + 2 * FlexGridDelegate::padding + 2, qRound(widestFit * scale()));
-}
-
-void FlexGridView::columnResized(int column, int width)
-{
-    if (m_following || m_model->isChanging() || width <= 0)
-        return;
-    const QScopedValueRollback resized(m_resizedByUser, true);
-    m_grid.setColWidth(column, std::max(1, qRound(width / scale())));
+    m_columns->layOut();
 }
 
 /// The row under a press of the mouse stays where it is: a double click must meet one row.
@@ -277,10 +211,37 @@ void FlexGridView::followTopRow()
         verticalScrollBar()->setValue(top);
 }
 
+/// The part of a merged cell that is in sight changes with every row that is scrolled.
 void FlexGridView::reportTopRow(int position)
 {
+    if (m_isMerged)
+        viewport()->update();
     if (!m_following && !m_model->isChanging())
         m_grid.setTopRow(m_grid.rowInSight(position));
+}
+
+// Columns that stay in sight
+
+QModelIndex FlexGridView::indexAt(const QPoint &place) const
+{
+    const bool isFrozen = m_frozen->isVisible() && place.x() < m_frozen->width();
+    return isFrozen ? m_frozen->indexAt(place) : QTableView::indexAt(place);
+}
+
+QRect FlexGridView::visualRect(const QModelIndex &index) const
+{
+    const bool isFrozen = m_frozen->isVisible() && !m_frozen->isColumnHidden(index.column());
+    return isFrozen ? m_frozen->visualRect(index) : QTableView::visualRect(index);
+}
+
+/// A cell below the columns that stay is not in sight.
+void FlexGridView::scrollTo(const QModelIndex &index, ScrollHint hint)
+{
+    QTableView::scrollTo(index, hint);
+    const int covered = m_frozen->frozenWidth() - columnViewportPosition(index.column());
+    const bool isFrozen = horizontalHeader()->visualIndex(index.column()) < m_frozen->count();
+    if (covered > 0 && !isFrozen)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
 }
 
 void FlexGridView::setColumnLook(int column, const ColumnLook &look)

@@ -5,18 +5,17 @@
 #include <QTableView>
 
 #include <functional>
-#include <vector>
 
 namespace ebtq {
 
+class FlexGridColumns;
 class FlexGridModel;
+class FrozenColumns;
 class MouseWheel;
 class VSFlexGrid;
 
 /// The widget of a VSFlexGrid: its first fixed row is the header, its current row is marked over the whole
-/// width. Rows all have one height, so a list of any length opens at once. Columns are as wide as the grid
-/// says; one that still has the width of its caption grows to what its first rows need and shares the room
-/// that is left. A width set by the user goes to the grid.
+/// width. Rows all have one height, so a list of any length opens at once.
 class FlexGridView : public QTableView
 {
     Q_OBJECT
@@ -32,6 +31,10 @@ public:
 
     /// Rows are chosen by moving, not by typing their first letters.
     void keyboardSearch(const QString &search) override;
+    [[nodiscard]] QModelIndex indexAt(const QPoint &place) const override;
+    [[nodiscard]] QRect visualRect(const QModelIndex &index) const override;
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    [[nodiscard]] FlexGridColumns &columns() const { return *m_columns; }
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
@@ -50,43 +53,29 @@ private:
     void setUpHeaders();
     void follow();
     void followLook();
+    void followHeights();
     void followRows();
     void followColumns();
-    void followColumnOrder();
-    void layOutColumns();
     void followCurrent();
     void markCurrent();
     void showCurrent();
     [[nodiscard]] bool isCurrentSeen() const;
     void followTopRow();
     void reportTopRow(int position);
-    void columnResized(int column, int width);
     void reportPress(const QMouseEvent &press, QPointF place);
-    void fitColumns();
-    [[nodiscard]] int neededWidth(int column) const;
-    /// How wide a column would be, how much of that it can do without, and its part of the room left over.
-    struct Width
-    {
-        int wish = 0;
-        int spare = 0;
-        int grow = 0;
-    };
-    [[nodiscard]] Width widthOf(int column) const;
     [[nodiscard]] double scale() const { return logicalDpiX() / 96.0; }
 
     VSFlexGrid &m_grid;
     FlexGridModel *m_model;
     FlexGridDelegate *m_delegate;
+    FlexGridColumns *m_columns = nullptr;
+    FrozenColumns *m_frozen = nullptr;
     std::function<MouseWheel *()> m_wheel;
     QString m_emptyHint;
-    /// Widths of the format string, to tell a column that nobody has set.
-    QString m_format;
-    std::vector<int> m_formatWidths;
-    std::vector<int> m_neededWidths;
+    bool m_isMerged = false; ///< some column shows equal neighbours as one cell
     int m_wheelAngle = 0;
     bool m_following = false;
     bool m_movedByUser = false;
-    bool m_resizedByUser = false;
     bool m_currentSeen = false; ///< before the rows are reset
 };
 

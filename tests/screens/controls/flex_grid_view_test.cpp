@@ -2,11 +2,15 @@
 
 #include "library/controls/flex_grid.h"
 #include "library/controls/mouse_wheel.h"
+#include "screens/controls/flex_grid_columns.h"
+#include "screens/controls/frozen_columns.h"
 #include "screens/look/look.h"
 #include "screens/support/screen.h"
 
+#include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -462,6 +466,174 @@ TEST_F(FlexGridViewTest, AMillionRowsKeepTheirHeightAndCanBeReached)
     EXPECT_EQ(grid.Row(), 1'000'000);
     EXPECT_EQ(view.rowHeight(999'999), view.rowHeight(0));
     EXPECT_TRUE(view.viewport()->rect().contains(middleOf(1'000'000, 1)));
+}
+
+// Shape
+
+QRgb rgb(int number)
+{
+    return qRgb(number & 255, number >> 8 & 255, number >> 16 & 255);
+}
+
+TEST_F(FlexGridViewTest, SumsShowTheirColoursFormatsAndWholeLabel)
+{
+    const QAbstractItemModelTester tester(view.model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    grid.setRows(4);
+    grid.setColFormat(1, QStringLiteral("#,##0.0"));
+    const Subtotal wanted[] = {{.totalColumn = 1,
+                                .backColor = 0xFFFF80,
+                                .foreColor = 128,
+                                .caption = QStringLiteral("合计三行房源的编号")}};
+    grid.setFixedCols(0);
+    grid.addSubtotals(wanted);
+    ASSERT_EQ(view.model()->rowCount(), 4);
+    EXPECT_EQ(view.model()->index(3, 1).data().toString(), QStringLiteral("6.0"));
+    EXPECT_EQ(pixel(4, 2, {2, 2}).rgb(), rgb(0xFFFF80));
+    EXPECT_EQ(pixel(3, 2, {2, 2}), look::tokens().card);
+    grid.setTextMatrix(4, 1, QString());
+    EXPECT_TRUE(isPainted(4, 1, QColor(rgb(128)))) << "the narrow first column's label goes on here";
+    grid.setTextMatrix(4, 1, QStringLiteral("6"));
+    EXPECT_TRUE(isPainted(4, 1, QColor(rgb(128))));
+    EXPECT_FALSE(isPainted(4, 2, QColor(rgb(128)))) << "a number ends the label";
+}
+
+TEST_F(FlexGridViewTest, EqualNeighboursOfAMergedColumnLookLikeOneCell)
+{
+    for (const int row : {2, 3, 4})
+        grid.setTextMatrix(row, 1, QStringLiteral("同"));
+    grid.setCurrent(10, 1);
+    const QColor line = look::tokens().line;
+    const auto lineBelow = [&](int row) { return pixel(row, 1, {1, view.rowHeight(row - 1) - 1}); };
+    EXPECT_EQ(lineBelow(2), line);
+    grid.setMergeCol(1, true);
+    EXPECT_NE(lineBelow(2), line);
+    EXPECT_NE(lineBelow(3), line);
+    EXPECT_EQ(lineBelow(4), line);
+    EXPECT_FALSE(isPainted(2, 1, look::tokens().ink)) << "the text stands in the middle of the three";
+    EXPECT_TRUE(isPainted(3, 1, look::tokens().ink));
+    grid.setTopRow(3);
+    EXPECT_TRUE(isPainted(3, 1, look::tokens().ink) || isPainted(4, 1, look::tokens().ink))
+        << "and in sight when it is partly scrolled away";
+}
+
+TEST_F(FlexGridViewTest, HeightsLinesAndWrappingAreThoseOfTheGrid)
+{
+    const int usual = view.rowHeight(0);
+    grid.setRowHeight(1, 60);
+    EXPECT_EQ(view.rowHeight(0), 60);
+    grid.setRowHeight(1, 8);
+    EXPECT_GE(view.rowHeight(0), view.fontMetrics().height()) << "never lower than its text";
+    grid.setRowHeight(0, 50);
+    EXPECT_EQ(view.horizontalHeader()->height(), 50);
+    grid.setRowHeight(0, VSFlexGrid::usualRowHeight);
+    grid.setRowHeight(1, VSFlexGrid::usualRowHeight);
+    EXPECT_EQ(view.rowHeight(0), usual);
+    grid.setGridColor(0x0000FF);
+    EXPECT_EQ(pixel(3, 1, {1, usual - 1}), QColor(255, 0, 0));
+    grid.setGridColor(systemButtonFace);
+    EXPECT_EQ(pixel(3, 1, {1, usual - 1}), look::tokens().line);
+    grid.setColWidth(1, 60);
+    grid.setRowHeight(1, 120);
+    grid.setTextMatrix(3, 1, QStringLiteral("一二三四五六七八九十一二三四五六"));
+    const auto inkAbove = [&] {
+        const QRect cell = view.visualRect(view.model()->index(2, 1));
+        const QImage image = view.viewport()->grab(QRect(cell.topLeft(), QSize(cell.width(), 40))).toImage();
+        for (int at = 0; at < image.width() * image.height(); ++at) {
+            if (image.pixelColor(at % image.width(), at / image.width()) == look::tokens().ink)
+                return true;
+        }
+        return false;
+    };
+    EXPECT_FALSE(inkAbove()) << "one line in the middle";
+    grid.setWordWrap(true);
+    EXPECT_TRUE(inkAbove());
+}
+
+TEST_F(FlexGridViewTest, WhatAPersonDoesToColumnsGoesToTheGridOnce)
+{
+    const QSignalSpy changed(&grid, &VSFlexGrid::layoutChanged);
+    QHeaderView &header = *view.horizontalHeader();
+    const auto headerPoint = [&](int x) { return QPoint(x, header.height() / 2); };
+    const auto drag = [&](int from, int to) {
+        QTest::mousePress(header.viewport(), Qt::LeftButton, {}, headerPoint(from));
+        for (int step = 1; step <= 4; ++step) {
+            const QPoint place = headerPoint(from + (to - from) * step / 4);
+            QMouseEvent move(QEvent::MouseMove, place, header.viewport()->mapToGlobal(place), Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(header.viewport(), &move);
+        }
+        QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, headerPoint(to));
+    };
+    const int edge = view.columnViewportPosition(1) + view.columnWidth(1);
+    const int before = grid.ColWidth(1);
+    drag(edge - 1, edge + 29);
+    EXPECT_GT(grid.ColWidth(1), before);
+    EXPECT_EQ(changed.size(), 1) << "not once for every pixel";
+
+    drag(view.columnViewportPosition(2) + 20, view.columnViewportPosition(1) + 5);
+    EXPECT_EQ(grid.columnOrder(), std::vector<int>({0, 2, 1, 3}));
+    EXPECT_EQ(changed.size(), 2);
+
+    const auto choose = [&](const QString &text) {
+        const auto menu = view.columns().makeMenu();
+        for (QAction *action : menu->actions()) {
+            if (action->text() == text)
+                action->trigger();
+        }
+        QStringList texts;
+        for (const QAction *action : menu->actions())
+            texts.append((action->isChecked() ? QStringLiteral("+") : QString()) + action->text());
+        return texts.join(u' ').simplified();
+    };
+    EXPECT_EQ(choose(QStringLiteral("none")), QStringLiteral("+售总价 +编号 恢复默认布局"))
+        << "in the order of sight, without what the screen hides";
+    const int width = grid.ColWidth(1);
+    choose(QStringLiteral("编号"));
+    EXPECT_TRUE(view.isColumnHidden(1));
+    EXPECT_EQ(grid.ColWidth(1), 0);
+    choose(QStringLiteral("编号"));
+    EXPECT_EQ(grid.ColWidth(1), width);
+    grid.setColWidth(0, 0);
+    choose(QStringLiteral("编号"));
+    choose(QStringLiteral("售总价"));
+    EXPECT_FALSE(view.isColumnHidden(2)) << "the last column stays";
+    choose(QStringLiteral("恢复默认布局"));
+    EXPECT_EQ(grid.ColWidth(1), before);
+    EXPECT_EQ(grid.columnOrder(), std::vector<int>({0, 1, 2, 3}));
+    EXPECT_TRUE(view.isColumnHidden(3));
+    EXPECT_EQ(changed.size(), 6);
+}
+
+TEST_F(FlexGridViewTest, FrozenColumnsStayInSightAndCanBeUsed)
+{
+    grid.setColWidth(1, 150);
+    grid.setColWidth(2, 900);
+    grid.setFrozenCols(1); // behind the one that is fixed
+    auto &frozen = *view.findChild<FrozenColumns *>();
+    EXPECT_FALSE(frozen.isVisible()) << "at the left end the list itself shows them";
+    QApplication::processEvents(); // the scroll bar learns of the new widths
+    view.horizontalScrollBar()->setValue(400);
+    ASSERT_TRUE(frozen.isVisible());
+    EXPECT_EQ(frozen.width(), view.columnWidth(0) + view.columnWidth(1));
+    grid.setTopRow(20);
+    const QPoint inside(frozen.width() - 10, 5);
+    EXPECT_EQ(view.indexAt(inside).column(), 1);
+    EXPECT_EQ(frozen.indexAt(inside), view.indexAt(inside)) << "both stand at the same row";
+    QTest::mouseClick(frozen.viewport(), Qt::LeftButton, {}, inside);
+    EXPECT_EQ(grid.Row(), view.indexAt(inside).row() + 1);
+    EXPECT_EQ(grid.Col(), 1);
+    const QSignalSpy opened(&grid, &VSFlexGrid::DblClick);
+    QTest::mouseDClick(frozen.viewport(), Qt::LeftButton, {}, inside);
+    EXPECT_EQ(opened.size(), 1);
+    frozen.horizontalHeader()->resizeSection(1, 120);
+    EXPECT_EQ(grid.ColWidth(1), 120);
+    EXPECT_EQ(frozen.width(), view.columnWidth(0) + view.columnWidth(1));
+    grid.setCurrent(grid.Row(), 2);
+    EXPECT_GE(view.columnViewportPosition(2), frozen.isVisible() ? frozen.width() : 0);
+    grid.setFrozenCols(0);
+    view.horizontalScrollBar()->setValue(400);
+    EXPECT_FALSE(frozen.isVisible());
 }
 
 } // namespace

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QTableView>
+
+namespace ebtq {
+
+/// The first columns of a list, over the list while it is scrolled sideways. It shows the list's rows in the
+/// list's look and hands what the mouse does on to the list.
+class FrozenColumns : public QTableView
+{
+    Q_OBJECT
+
+public:
+    /// A child of `list`, which has its model by now.
+    explicit FrozenColumns(QTableView &list);
+
+    /// How many columns stay, counted in the order of sight; those out of sight count as well.
+    void setCount(int count);
+    [[nodiscard]] int count() const { return m_count; }
+    /// Takes over the list's columns, place and scrolling.
+    void follow();
+    /// Width of the columns that stay, shown or not.
+    [[nodiscard]] int frozenWidth() const;
+
+protected:
+    bool viewportEvent(QEvent *event) override;
+
+private:
+    void followColumns();
+
+    QTableView &m_list;
+    int m_count = 0;
+    bool m_isFollowing = false;
+};
+
+} // namespace ebtq
