@@ -4,6 +4,7 @@
 #include "shell/message_bar.h"
 #include "shell/tour/detail_steps.h"
 #include "shell/tour/editor_steps.h"
+#include "shell/tour/layout_steps.h"
 #include "shell/tour/picker_steps.h"
 #include "shell/tour/print_steps.h"
 #include "shell/tour/tour.h"
@@ -328,12 +329,14 @@ constexpr TourStep steps[] = {
 } // namespace
 
 /// The tabs below the list come second: what follows shows the first of them filled. Then what is chosen
-/// from.
+/// from. The list is shaped before the window is.
 std::vector<TourStep> tourSteps()
 {
     std::vector<TourStep> result(std::begin(steps), std::end(steps));
     const std::span<const TourStep> print = printSteps();
     result.insert(result.end(), print.begin(), print.end());
+    const std::span<const TourStep> layout = layoutSteps();
+    result.insert(std::ranges::find(result, u"scheme", &TourStep::picture), layout.begin(), layout.end());
     auto next = result.begin() + 1;
     for (const std::span<const TourStep> part : {detailSteps(), pickerSteps()})
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
