@@ -279,6 +279,14 @@ TEST_F(SqliteConnectionTest, PutsBlocksOfRowsIn)
         EXPECT_EQ(back.value(1, column), rows.value(1, column)) << column;
     EXPECT_THAT(messageOf([&] { connection->insertRows(QStringLiteral("t"), rows); }), HasSubstr("重复"));
     EXPECT_EQ(count(*connection), 2) << "all or nothing";
+
+    RowBlock nothing(
+        {{QStringLiteral("名称"), ColumnType::Text}, {QStringLiteral("内容"), ColumnType::Binary}});
+    nothing.append({});
+    nothing.append({});
+    connection->insertRows(QStringLiteral("t"), nothing);
+    EXPECT_EQ(connection->queryNative("select count(*) from t where 名称='' and 内容=x''").cell(0, 0), "1")
+        << "empty is not Null";
 }
 
 TEST_F(SqliteConnectionTest, KeepsTenMegabytesOfText)
