@@ -38,7 +38,8 @@ start() {
     port=$(cat "$folder/port" 2> /dev/null || true)
     until as_user pg_ctl start -w -s -D "$place/data" -l "$place/log" -o "-p ${port:=$((20000 + RANDOM % 12000))}" \
         < /dev/null > /dev/null 2>&1; do
-        tries=$((tries - 1)) port=""
+        tries=$((tries - 1))
+        [ -e "$folder/port" ] || port="" # a server that was there before comes back where it was
         [ $tries -gt 0 ] || { tail -n 20 "$place/log" >&2; return 1; }
     done
     echo "$port" > "$folder/port"
@@ -47,6 +48,16 @@ start() {
     setsid bash -c 'tail --pid="$1" -f /dev/null; exec "$0" stop "$2"' "$0" "$PPID" "$folder" < /dev/null \
         > /dev/null 2>&1 &
     echo $! > "$folder/watcher"
+}
+
+kill_all() {
+    local main all
+    main=$(head -n 1 "$place/data/postmaster.pid")
+    all="$main $(ps -o pid= --ppid "$main" | xargs)"
+    kill -KILL $all 2> /dev/null || true
+    # Until the last of them is gone; one that only waits for its parent to take note is.
+    while ps -o stat= -p "${all// /,}" | grep -qv '^Z'; do sleep 0.05; done
+    rm -f "$place/data/postmaster.pid"
 }
 
 stop() {
@@ -62,6 +73,6 @@ stop() {
 
 case "$action" in
     start) start ;;
-    kill) kill -KILL "$(head -n 1 "$place/data/postmaster.pid")" ;;
+    kill) kill_all ;;
     stop) stop ;;
 esac

@@ -1,0 +1,138 @@
+#include "support/postgres_base.h"
+
+#include "database/schema/installer.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace ebtq::db::test {
+
+namespace {
+
+using ::testing::HasSubstr;
+
+/// A server of its own, to be ended as by a power cut.
+class LossTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        start();
+        QFile file(m_folder.filePath(QStringLiteral("server/url")));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        m_url = QString::fromUtf8(file.readAll()).trimmed();
+        m_connection = Connection::open(m_url);
+        install(*m_connection);
+        execute(u"insert into pdmgy(雇员ID,姓名)values(1,'甲')");
+    }
+    ~LossTest() override { script("stop"); }
+    void start() const { script("start"); }
+    void kill() const { script("kill"); }
+    void restart() const
+    {
+        kill();
+        start();
+    }
+    void execute(const char16_t *statement) { m_connection->execute(QString::fromUtf16(statement)); }
+    [[nodiscard]] int count()
+    {
+        return m_connection->query(QStringLiteral("select count(*) from pdmgy")).value(0, 0).toInt();
+    }
+
+    QTemporaryDir m_folder;
+    QString m_url;
+    std::unique_ptr<Connection> m_connection;
+
+private:
+    void script(const char *action) const
+    {
+        ASSERT_EQ(
+            QProcess::execute(QStringLiteral(EBTQ_POSTGRES_SCRIPT),
+                              {QString::fromLatin1(action), m_folder.filePath(QStringLiteral("server"))}),
+            0);
+    }
+};
+
+std::string messageOf(const std::function<void()> &run)
+{
+    try {
+        run();
+    } catch (const DatabaseError &error) {
+        return error.what();
+    }
+    return {};
+}
+
+} // namespace
+
+TEST_F(LossTest, AServerThatWentAwayIsSaidAndFoundAgain)
+{
+    kill();
+    for (int time = 0; time < 2; ++time) {
+        const std::string message = messageOf([&] { (void)count(); });
+        EXPECT_THAT(message, HasSubstr("无法连接数据库服务器"));
+        EXPECT_THAT(message, HasSubstr("服务器没有运行"));
+        EXPECT_THAT(message, Not(HasSubstr(m_url.section(u':', 2).section(u'@', 0, 0).toStdString())))
+            << "the password was shown";
+    }
+    EXPECT_FALSE(m_connection->inTransaction());
+    start();
+    EXPECT_EQ(count(), 1);
+    restart();
+    execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')");
+    EXPECT_EQ(count(), 2) << "what nobody noticed needs no message";
+}
+
+TEST_F(LossTest, ATransactionIsLostWithItsServer)
+{
+    using Act = std::function<void()>;
+    const Act next[] = {
+        [&] { execute(u"insert into pdmgy(雇员ID,姓名)values(3,'丙')"); },
+        [&] { (void)count(); },
+        [&] { m_connection->commit(); },
+        [&] { m_connection->begin(); },
+        [&] { m_connection->executeNative("select 1"); },
+    };
+    for (const Act &act : next) {
+        m_connection->begin();
+        execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')");
+        restart();
+        EXPECT_TRUE(m_connection->inTransaction()) << "nobody can know yet";
+        EXPECT_THAT(messageOf(act), HasSubstr("事务已丢失"));
+        EXPECT_FALSE(m_connection->inTransaction());
+        EXPECT_THAT(messageOf([&] { m_connection->commit(); }), HasSubstr("没有保存"));
+        EXPECT_EQ(count(), 1);
+    }
+}
+
+/// The server ends while it is at work on a statement, which is not sent again.
+TEST_F(LossTest, WhatMayHaveBeenDoneIsNotDoneAgain)
+{
+    m_connection->executeNative("create function ebtq.end_all() returns integer language sql volatile as"
+                                " $$select 1 from pg_terminate_backend(pg_backend_pid())$$;"
+                                "create function ebtq.on_insert() returns trigger language plpgsql as"
+                                " $$begin perform ebtq.end_all(); return new; end$$;"
+                                "create trigger t before insert on pdmgy for each row execute function"
+                                " ebtq.on_insert()");
+    const auto insert = [&] { execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')"); };
+    EXPECT_THAT(messageOf(insert), HasSubstr("不能确定操作是否已完成"));
+    EXPECT_EQ(count(), 1);
+    m_connection->begin();
+    EXPECT_THAT(messageOf(insert), HasSubstr("事务已丢失"));
+    EXPECT_FALSE(m_connection->inTransaction());
+    m_connection->executeNative("drop trigger t on pdmgy;"
+                                "create constraint trigger t after insert on pdmgy initially deferred"
+                                " for each row execute function ebtq.on_insert()");
+    m_connection->begin();
+    insert();
+    EXPECT_THAT(messageOf([&] { m_connection->commit(); }), HasSubstr("不能确定数据是否已保存"));
+    EXPECT_EQ(count(), 1);
+}
+
+} // namespace ebtq::db::test

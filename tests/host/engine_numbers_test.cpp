@@ -1,0 +1,126 @@
+#include "database/connection.h"
+#include "host/bill_numbers.h"
+#include "host/host_database.h"
+#include "host/setup.h"
+#include "library/frame/id_generator.h"
+#include "support/postgres_base.h"
+
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <set>
+#include <thread>
+
+namespace ebtq::test {
+
+namespace {
+
+const QDate day(2026, 11, 22);
+
+enum class Engine { Sqlite, Postgres };
+
+/// Numbers and keys while many programs ask at once, each over a connection of its own.
+class EngineNumbersTest : public ::testing::TestWithParam<Engine>
+{
+protected:
+    void SetUp() override
+    {
+        m_location = GetParam() == Engine::Postgres ? m_base.emplace().url()
+                                                    : m_folder.filePath(QStringLiteral("numbers.db"));
+        host::prepareDatabase(*connect());
+    }
+    [[nodiscard]] std::unique_ptr<db::Connection> connect() const
+    {
+        auto connection = db::Connection::open(m_location, db::Connection::Missing::IsCreated);
+        connection->setLockTimeout(120000);
+        return connection;
+    }
+
+private:
+    QTemporaryDir m_folder;
+    std::optional<PostgresBase> m_base;
+    QString m_location;
+};
+
+struct Taken
+{
+    std::vector<QString> codes;
+    std::vector<int> keys;
+    QStringList failures;
+};
+
+/// One save: a number and a key in one transaction, as a module takes them. Every third is given up.
+void saveOnce(db::Connection &connection, int round, Taken &taken)
+{
+    host::HostDatabase database(connection);
+    IdGenerator generator;
+    generator.Init(database);
+    database.BeginTrans();
+    const QString code = host::issueBillCode(connection, 101, day);
+    int key = 0;
+    const QString failure = generator.NextID(QStringLiteral("pdmlpzd"), QStringLiteral("楼盘ID"), key);
+    if (!failure.isEmpty())
+        taken.failures << failure;
+    database
+        .CreateQuery(QStringLiteral("insert into pdmlpzd(楼盘ID,楼盘编号)values(%1,'%2')").arg(key).arg(code))
+        ->Execute();
+    taken.failures << database.LastError().Description;
+    if (round % 3 == 2)
+        return database.RollbackTrans();
+    database.CommitTrans();
+    taken.codes.push_back(code);
+    taken.keys.push_back(key);
+}
+
+/// What one program does; it begins together with the others, in a month that has no numbers yet.
+void saveMany(db::Connection &connection, int rounds, Taken &taken)
+{
+    try {
+        for (int round = 0; round < rounds; ++round)
+            saveOnce(connection, round, taken);
+    } catch (const std::exception &failure) {
+        taken.failures << QString::fromUtf8(failure.what());
+    }
+}
+
+} // namespace
+
+TEST_P(EngineNumbersTest, NoNumberAndNoKeyIsGivenTwiceOrLeftOut)
+{
+    constexpr size_t programs = 32;
+    constexpr int rounds = 6;
+    constexpr size_t saved = programs * rounds * 2 / 3;
+    std::vector<std::unique_ptr<db::Connection>> connections;
+    for (size_t at = 0; at < programs; ++at)
+        connections.push_back(connect());
+    std::vector<Taken> taken(programs);
+    std::vector<std::thread> threads;
+    for (size_t at = 0; at < programs; ++at)
+        threads.emplace_back([&, at] { saveMany(*connections[at], rounds, taken[at]); });
+    for (std::thread &thread : threads)
+        thread.join();
+
+    std::set<QString> codes;
+    std::set<int> keys;
+    for (const Taken &each : taken) {
+        EXPECT_EQ(each.failures.join(QString()).toStdString(), "");
+        codes.insert(each.codes.begin(), each.codes.end());
+        keys.insert(each.keys.begin(), each.keys.end());
+    }
+    ASSERT_EQ(codes.size(), saved);
+    ASSERT_EQ(keys.size(), saved);
+    EXPECT_EQ(*codes.begin(), host::billCode(u"FY", day, 1));
+    EXPECT_EQ(*codes.rbegin(), host::billCode(u"FY", day, saved));
+    EXPECT_EQ(*keys.begin(), 1);
+    EXPECT_EQ(*keys.rbegin(), saved);
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, EngineNumbersTest, ::testing::Values(Engine::Sqlite, Engine::Postgres),
+                         [](const auto &engine) {
+                             return std::string(engine.param == Engine::Postgres ? "PostgreSQL" : "SQLite");
+                         });
+
+} // namespace ebtq::test
