@@ -48,11 +48,13 @@ host::DemoOptions demoOptions(const Options &options)
 
 Agency::Agency(const Options &options)
     : m_file(options.database.isEmpty() ? m_folder.filePath(QStringLiteral("agency.db")) : options.database)
-    , m_connection(std::make_unique<db::SqliteConnection>(m_file, db::Connection::Missing::IsCreated))
+    , m_connection(db::Connection::open(m_file, db::Connection::Missing::IsCreated))
     , m_presenter(std::make_unique<NoPanels>())
     , m_desktop(std::make_unique<NoDesktop>())
 {
-    if (options.database.isEmpty()) {
+    const bool isEmptyServer =
+        db::PostgresAddress::isUrl(m_file) && !m_connection->catalog().table(u"host_schema");
+    if (options.database.isEmpty() || isEmptyServer) {
         db::install(*m_connection);
         host::writeDemo(*m_connection, demoOptions(options));
     }
@@ -62,6 +64,22 @@ Agency::Agency(const Options &options)
 }
 
 Agency::~Agency() = default;
+
+db::SqliteConnection &Agency::connection()
+{
+    auto *connection = dynamic_cast<db::SqliteConnection *>(m_connection.get());
+    if (!connection)
+        throw std::runtime_error("this benchmark is for the embedded engine only");
+    return *connection;
+}
+
+db::PostgresConnection &Agency::server()
+{
+    auto *connection = dynamic_cast<db::PostgresConnection *>(m_connection.get());
+    if (!connection)
+        throw std::runtime_error("this benchmark is for a server only");
+    return *connection;
+}
 
 QByteArray handWrittenList(int moduleId)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "benchmarks.h"
+#include "database/postgresql/postgres_connection.h"
 #include "database/sqlite/sqlite_connection.h"
 #include "host/application.h"
 #include "library/frame/desktop.h"
@@ -11,14 +12,18 @@
 
 namespace ebtq::bench {
 
-/// An agency of a given size in a temporary database, with a host over it that nobody sits in front of.
+/// An agency of a given size in a temporary database or an empty base on a server, with a host over it that
+/// nobody sits in front of.
 class Agency
 {
 public:
     explicit Agency(const Options &options);
     ~Agency();
 
-    [[nodiscard]] db::SqliteConnection &connection() { return *m_connection; }
+    /// Throws when the agency lies on a server.
+    [[nodiscard]] db::SqliteConnection &connection();
+    /// Throws when it does not.
+    [[nodiscard]] db::PostgresConnection &server();
     [[nodiscard]] host::Application &app() { return *m_app; }
     [[nodiscard]] Desktop &desktop() { return *m_desktop; }
     [[nodiscard]] QString file() const { return m_file; }
@@ -26,7 +31,7 @@ public:
 private:
     QTemporaryDir m_folder;
     QString m_file;
-    std::unique_ptr<db::SqliteConnection> m_connection;
+    std::unique_ptr<db::Connection> m_connection;
     std::unique_ptr<host::PanelPresenter> m_presenter;
     std::unique_ptr<host::Application> m_app;
     std::unique_ptr<Desktop> m_desktop;

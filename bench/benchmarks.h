@@ -10,11 +10,13 @@ struct Options
     int rounds = 5;
     int customers = 600;
     int followUps = 3000;
-    QString database; ///< an existing one; empty: a temporary one is made
+    QString database; ///< an existing one or a server's URL; empty: a temporary one is made
 };
 
 /// Opening the listing list, against the hand-written statement and against a Qt SQL query model.
 int listBenchmark(const Options &options);
+/// The same on a server, against the hand-written statement fetched through libpq with every value read.
+int serverListBenchmark(const Options &options);
 /// The search that hides rows, against one plain pass over the same bytes.
 int searchBenchmark(const Options &options);
 /// Changing the current row with each tab of the detail active, against that tab's bare statements.

@@ -89,6 +89,8 @@ private:
 
 int listBenchmark(const Options &options)
 {
+    if (db::PostgresAddress::isUrl(options.database))
+        return serverListBenchmark(options);
     Agency agency(options);
     Fcxx list(agency.desktop());
     QObject::connect(&list, &Fcxx::ErrMessage, &list,

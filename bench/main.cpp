@@ -62,8 +62,10 @@ int main(int argc, char **argv)
                                        QStringLiteral("n"), QStringLiteral("600"));
     const QCommandLineOption rounds(QStringLiteral("rounds"), QStringLiteral("measured rounds"),
                                     QStringLiteral("n"), QStringLiteral("5"));
-    const QCommandLineOption database(QStringLiteral("db"), QStringLiteral("an existing database instead"),
-                                      QStringLiteral("file"));
+    const QCommandLineOption database(QStringLiteral("db"),
+                                      QStringLiteral("an existing database, or an empty base on a"
+                                                     " server that is filled, instead"),
+                                      QStringLiteral("file or URL"));
     parser.addOptions({rows, customers, rounds, database});
     parser.process(*application);
     ebtq::bench::Options options;

@@ -56,7 +56,7 @@ kill_all() {
     all="$main $(ps -o pid= --ppid "$main" | xargs)"
     kill -KILL $all 2> /dev/null || true
     # Until the last of them is gone; one that only waits for its parent to take note is.
-    while ps -o stat= -p "${all// /,}" | grep -qv '^Z'; do sleep 0.05; done
+    while [ -n "$(ps -o stat= -p "${all// /,}" | grep -v '^Z')" ]; do sleep 0.05; done
     rm -f "$place/data/postmaster.pid"
 }
 
