@@ -14,7 +14,13 @@ std::unique_ptr<Connection> Connection::open(const QString &location, Missing mi
 
 QString Connection::shownLocation(const QString &location)
 {
-    return PostgresAddress::isUrl(location) ? PostgresAddress(location).shown() : location;
+    if (!PostgresAddress::isUrl(location))
+        return location;
+    try {
+        return PostgresAddress(location).shown();
+    } catch (const DatabaseError &) {
+        return QStringLiteral("postgresql://…");
+    }
 }
 
 } // namespace ebtq::db

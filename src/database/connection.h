@@ -45,7 +45,8 @@ public:
     /// file opens; statements that write fail. A base on a server is never made.
     [[nodiscard]] static std::unique_ptr<Connection> open(const QString &location,
                                                           Missing missing = Missing::IsAnError);
-    /// A location as people may see it: a URL without a password. Throws for a URL that cannot be read.
+    /// A location as people may see it: a URL without a password, and next to nothing of one that cannot be
+    /// read.
     [[nodiscard]] static QString shownLocation(const QString &location);
 
     virtual ~Connection() = default;

@@ -8,7 +8,6 @@
 #include <QScopeGuard>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QUrl>
 
 namespace ebtq::shell {
 
@@ -25,12 +24,6 @@ QSettings settings()
 bool isUrl(const QString &location)
 {
     return location.contains(QStringLiteral("://"));
-}
-
-/// Without the password that a URL may hold.
-QString shown(const QString &location)
-{
-    return isUrl(location) ? QUrl(location).toDisplayString() : location;
 }
 
 std::optional<host::User> askForUser(db::Connection &connection, const QString &name)
@@ -67,10 +60,11 @@ std::unique_ptr<db::Connection> openDatabase(const QString &named)
         if (connection->catalog().table(u"host_users"))
             return connection;
     } catch (const db::DatabaseError &failure) {
-        throw Failure(QStringLiteral("无法打开数据库：%1\n\n%2").arg(shown(location), failure.message()));
+        throw Failure(QStringLiteral("无法打开数据库：%1\n\n%2")
+                          .arg(db::Connection::shownLocation(location), failure.message()));
     }
     throw Failure(QStringLiteral("这不是房源管理的数据库：%1\n\n请用 ebtq-admin init --db 文件 建立数据库。")
-                      .arg(location));
+                      .arg(db::Connection::shownLocation(location)));
 }
 
 QString databasePlace(const db::Connection &connection)

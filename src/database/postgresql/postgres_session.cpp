@@ -9,6 +9,8 @@
 #include <exception>
 #include <optional>
 
+#include <poll.h>
+
 namespace ebtq::db {
 
 namespace {
@@ -40,6 +42,13 @@ bool isGood(const PGresult *result)
 {
     const ExecStatusType status = PQresultStatus(result);
     return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_COPY_IN;
+}
+
+/// Also at the end of what the server has said before it closed the connection.
+bool hasInput(const pg_conn *handle)
+{
+    pollfd socket{PQsocket(handle), POLLIN, 0};
+    return poll(&socket, 1, 0) > 0;
 }
 
 bool hasRows(const PGresult *result)
@@ -134,8 +143,8 @@ bool PostgresSession::isLost() const
 void PostgresSession::requireConnection()
 {
     const bool wasInTransaction = inTransaction();
-    if (!isLost())
-        PQconsumeInput(handle());
+    while (!isLost() && hasInput(handle()) && PQconsumeInput(handle()) == 1)
+        PQisBusy(handle()); // takes in what was read; the end of it comes with the next reading
     if (!isLost())
         return;
     if (wasInTransaction)

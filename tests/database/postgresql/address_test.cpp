@@ -69,6 +69,7 @@ TEST(PostgresAddress, RefusesWhatItCannotReadWithoutQuotingIt)
         const std::string message = refusalOf(QString::fromUtf8(url));
         EXPECT_THAT(message, HasSubstr("数据库地址有误")) << url;
         EXPECT_THAT(message, Not(HasSubstr("s3cret"))) << url;
+        EXPECT_EQ(Connection::shownLocation(QString::fromUtf8(url)), QStringLiteral("postgresql://…"));
     }
 }
 

@@ -1,0 +1,222 @@
+#include "engine.h"
+
+#include "database/schema/installer.h"
+#include "database/schema/tables.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace ebtq::db::test {
+
+namespace {
+
+using ::testing::HasSubstr;
+
+/// What a connection promises, whatever the engine.
+class ConnectionTest : public ::testing::TestWithParam<Engine>
+{
+protected:
+    void SetUp() override
+    {
+        m_connection = m_database.connect();
+        install(*m_connection);
+    }
+    [[nodiscard]] std::unique_ptr<Connection> another() const { return m_database.connect(); }
+    qint64 execute(const char16_t *statement) { return m_connection->execute(QString::fromUtf16(statement)); }
+    [[nodiscard]] std::string cell(const char16_t *statement)
+    {
+        const RowBlock rows = m_connection->query(QString::fromUtf16(statement));
+        return rows.rowCount() == 0 ? "no row" : std::string(rows.cell(0, 0));
+    }
+
+    EngineDatabase m_database{GetParam()};
+    std::unique_ptr<Connection> m_connection;
+};
+
+std::string messageOf(const std::function<void()> &run)
+{
+    try {
+        run();
+    } catch (const DatabaseError &error) {
+        return error.what();
+    }
+    return {};
+}
+
+std::string joined(const QStringList &lines)
+{
+    return lines.join(u'\n').toStdString();
+}
+
+} // namespace
+
+TEST_P(ConnectionTest, AFailedStatementLeavesTheOthersOfItsTransaction)
+{
+    execute(u"insert into pdmgy(雇员ID,姓名)values(1,'甲')");
+    m_connection->begin();
+    execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')");
+    struct Case
+    {
+        const char16_t *statement;
+        const char *message;
+    };
+    const Case cases[] = {
+        {u"insert into pdmgy(雇员ID,姓名)values(1,'again')", "数据重复"},
+        {u"insert into pdmgy(姓名)values('no key')", "数据不符合规定"},
+        {u"update pdmgy set 雇员ID=雇员ID & 'x'", "不是数字"},
+        {u"update pdmgy set 姓名=left('a',-雇员ID)", "left 的长度"},
+        {u"update nothing set a=1", "表 nothing 不存在"},
+        {u"select 无此列 from pdmgy", "列 无此列 不存在"},
+        {u"update pdmgy set", "第"},
+    };
+    for (const Case &each : cases) {
+        EXPECT_THAT(messageOf([&] { execute(each.statement); }), HasSubstr(each.message));
+        EXPECT_TRUE(m_connection->inTransaction());
+        EXPECT_EQ(cell(u"select count(*) from pdmgy"), "2") << each.message;
+    }
+    EXPECT_THAT(messageOf([&] { m_connection->begin(); }), HasSubstr("事务"));
+    m_connection->commit();
+    EXPECT_FALSE(m_connection->inTransaction());
+    EXPECT_EQ(cell(u"select 姓名 from pdmgy where 雇员ID=2"), "乙");
+    EXPECT_FALSE(messageOf([&] { m_connection->commit(); }).empty()) << "nothing was open";
+}
+
+TEST_P(ConnectionTest, ALockIsWaitedForAndThenSaid)
+{
+    execute(u"insert into pdmgy(雇员ID,姓名)values(1,'甲')");
+    const auto second = another();
+    second->setLockTimeout(20);
+    m_connection->begin();
+    execute(u"update pdmgy set 姓名='乙'");
+    const auto update = [&] { second->execute(QStringLiteral("update pdmgy set 姓名='丙'")); };
+    EXPECT_THAT(messageOf(update), HasSubstr("占用"));
+    EXPECT_EQ(second->query(QStringLiteral("select 姓名 from pdmgy")).cell(0, 0), "甲");
+    m_connection->commit();
+    EXPECT_EQ(messageOf(update), "");
+    EXPECT_EQ(cell(u"select 姓名 from pdmgy"), "丙");
+}
+
+TEST_P(ConnectionTest, RowsPutInComeBackAsTheyWere)
+{
+    RowBlock block({{QStringLiteral("rowIndex"), ColumnType::Integer},
+                    {QStringLiteral("IDs"), ColumnType::Text},
+                    {QStringLiteral("filesize"), ColumnType::Number},
+                    {QStringLiteral("modifydate"), ColumnType::Date},
+                    {QStringLiteral("contents"), ColumnType::Binary}});
+    const std::string bytes("\0\\\t\n\r\x1f\xff'\\N", 10);
+    const std::string text = "a\tb\\n\\N\nc\r' \"中文😀 \\.";
+    block.append("70");
+    block.append(text);
+    block.append("0.1000000000000000055511151231257827");
+    block.append("2026-9-8 14:05:09");
+    block.append(bytes);
+    block.append("71");
+    for (int column = 1; column < 5; ++column)
+        block.appendNull();
+    block.append("72");
+    block.append("");
+    block.append("-1.7976931348623157e308");
+    block.append("0100-1-1");
+    block.append("");
+    block.finish();
+    m_connection->insertRows(QStringLiteral("pubAttach"), block);
+    const RowBlock rows = m_connection->query(
+        QStringLiteral("select IDs, filesize, modifydate, contents from pubAttach order by rowIndex"));
+    ASSERT_EQ(rows.rowCount(), 3);
+    EXPECT_EQ(rows.cell(0, 0), text);
+    EXPECT_EQ(rows.cell(0, 1), "0.1");
+    EXPECT_EQ(rows.cell(0, 2), "2026-9-8 14:05:09");
+    EXPECT_EQ(rows.cell(0, 3), bytes);
+    EXPECT_EQ(rows.cell(2, 1), "-1.79769313486232E+308");
+    for (int column = 0; column < 4; ++column) {
+        EXPECT_TRUE(rows.isNull(1, column));
+        EXPECT_FALSE(rows.isNull(2, column));
+    }
+    execute(u"insert into pubAttach(IDs)values('next')");
+    EXPECT_EQ(cell(u"select rowIndex from pubAttach where IDs='next'"), "73") << "a key was given out again";
+    EXPECT_THAT(messageOf([&] { m_connection->insertRows(QStringLiteral("pubAttach"), block); }),
+                HasSubstr("数据重复"));
+    EXPECT_FALSE(m_connection->inTransaction());
+    EXPECT_EQ(cell(u"select count(*) from pubAttach"), "4");
+}
+
+TEST_P(ConnectionTest, AWholeTableIsReadExactlyAndAsOfOneMoment)
+{
+    execute(u"insert into fyxx(房源ID,总面积,售房价格,委托日期,操作日期)values('A',1/3,1e15,#2026-9-8#,"
+            u"#2026-9-8 7:05#)");
+    m_connection->beginReading();
+    another()->execute(QStringLiteral("insert into fyxx(房源ID)values('B')"));
+    std::vector<std::string> cells;
+    m_connection->readTable(QStringLiteral("fyxx"),
+                            {QStringLiteral("房源ID"), QStringLiteral("总面积"), QStringLiteral("售房价格"),
+                             QStringLiteral("委托日期"), QStringLiteral("操作日期"), QStringLiteral("备注")},
+                            [&](const RowBlock &block) {
+                                for (size_t at = 0; at < block.cellCount(); ++at)
+                                    cells.emplace_back(block.cellAt(at));
+                            });
+    EXPECT_THAT(cells, ::testing::ElementsAre("A", "0.3333333333333333", "1000000000000000", "2026-09-08",
+                                              "2026-09-08 07:05:00", ""));
+    EXPECT_THROW(
+        m_connection->readTable(QStringLiteral("fyxx"), {QStringLiteral("无此列")}, [](const RowBlock &) {}),
+        DatabaseError);
+    m_connection->rollback();
+    EXPECT_EQ(cell(u"select count(*) from fyxx"), "2");
+    EXPECT_EQ(cell(u"select 总面积 from fyxx where 房源ID='A'"), "0.333333333333333");
+}
+
+TEST_P(ConnectionTest, AReadThatIsGivenUpLeavesTheConnectionFree)
+{
+    RowBlock block({{QStringLiteral("雇员ID"), ColumnType::Integer}});
+    for (int id = 1; id <= 20000; ++id)
+        block.appendInteger(id);
+    m_connection->insertRows(QStringLiteral("pdmgy"), block);
+    const auto giveUp = [](const RowBlock &) { throw std::length_error("enough"); };
+    for (const bool isInTransaction : {false, true}) {
+        if (isInTransaction)
+            m_connection->begin();
+        EXPECT_THROW(m_connection->readTable(QStringLiteral("pdmgy"), {QStringLiteral("雇员ID")}, giveUp),
+                     std::length_error);
+        EXPECT_EQ(cell(u"select count(*) from pdmgy"), "20000");
+    }
+    EXPECT_EQ(execute(u"delete from pdmgy where 雇员ID>5"), 19995);
+    m_connection->commit();
+    EXPECT_EQ(cell(u"select count(*) from pdmgy"), "5");
+}
+
+TEST_P(ConnectionTest, SeesTablesThatAnotherProgramChanged)
+{
+    const auto all = [&] { return m_connection->query(QStringLiteral("select * from pdmgy")).columnCount(); };
+    for (int time = 0; time < 3; ++time)
+        EXPECT_EQ(all(), 2);
+    const auto other = another();
+    other->executeNative("alter table pdmgy add column 备注 text; create table 新表(x integer)");
+    EXPECT_EQ(cell(u"select 备注 from pdmgy"), "no row");
+    EXPECT_EQ(cell(u"select x from 新表"), "no row");
+    EXPECT_EQ(all(), 3);
+    other->executeNative("alter table pdmgy drop column 备注; drop table 新表");
+    EXPECT_EQ(all(), 2);
+    EXPECT_THAT(messageOf([&] { (void)cell(u"select x from 新表"); }), HasSubstr("不存在"));
+}
+
+TEST_P(ConnectionTest, AnOlderSchemaIsBroughtUpWithItsRows)
+{
+    EXPECT_EQ(joined(checkSchema(*m_connection)), "");
+    EXPECT_TRUE(install(*m_connection).added.isEmpty());
+    execute(u"insert into fyxx(房源ID,房源编号)values('A','FY1')");
+    m_connection->executeNative(
+        "drop index ix_fyxx_district; drop table fygj; alter table fyxx drop column 附属房;"
+        "update host_schema set version=0");
+    const std::string findings = joined(checkSchema(*m_connection));
+    for (const char *gap : {"缺少索引 ix_fyxx_district", "缺少表 fygj", "缺少列 fyxx.附属房", "版本是 0"})
+        EXPECT_THAT(findings, HasSubstr(gap));
+    EXPECT_EQ(install(*m_connection).versionBefore, 0);
+    EXPECT_EQ(joined(checkSchema(*m_connection)), "");
+    EXPECT_EQ(cell(u"select 房源编号 from fyxx where 附属房 is null"), "FY1");
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, ConnectionTest, ::testing::Values(Engine::Sqlite, Engine::Postgres),
+                         [](const auto &engine) { return nameOf(engine.param); });
+
+} // namespace ebtq::db::test
