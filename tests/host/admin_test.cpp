@@ -1,3 +1,5 @@
+#include "support/postgres_base.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -340,6 +342,39 @@ TEST_F(AdminTest, ADiskThatFillsLeavesNoFileBehind)
         EXPECT_TRUE(isChinese(QString::fromUtf8(shell.readAllStandardError())));
         EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), before) << command.toStdString();
     }
+}
+
+TEST_F(AdminTest, WorksOnAServerAlike)
+{
+    const PostgresBase base;
+    const PostgresBase other;
+    const QString secret = postgresServer().section(u':', 2).section(u'@', 0, 0);
+    const QString url = base.url();
+    const QStringList fill{QStringLiteral("demo"), dbOption, m_file, QStringLiteral("--listings"),
+                           QStringLiteral("40")};
+    const QStringList copy{QStringLiteral("copy"), QStringLiteral("--from"), m_file, QStringLiteral("--to"),
+                           url};
+    for (const QStringList &arguments :
+         {fill, copy, {QStringLiteral("check"), dbOption, url}, {QStringLiteral("init"), dbOption, url}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
+        EXPECT_FALSE((outcome.output + outcome.errors).contains(secret)) << outcome.output.toStdString();
+    }
+    const QByteArray lines = "select * from fyxx order by 房源编号\n"
+                             "select * from fygj order by 跟进ID\n"
+                             "select ID,类型,代码,名称 from pdmsjzd order by ID\n"
+                             "insert into pdmsjzd(类型,名称)values('k','n')\n"
+                             "select ID from pdmsjzd where 类型='K'\n"
+                             "update fyxx set 总面积=总面积/3,备注='\\' & 房源编号\n"
+                             "select 总面积,备注 from fyxx order by 总面积 desc,房源编号\n"
+                             "select 1 from nothing\n";
+    const QStringList expected = batch(lines);
+    m_file = url;
+    EXPECT_EQ(batch(lines).join(u'\n').toStdString(), expected.join(u'\n').toStdString());
+    m_file = other.url();
+    EXPECT_FALSE(sql(QStringLiteral("select 1 from fyxx")).errors.contains(secret));
+    initialise();
+    EXPECT_EQ(sql(QStringLiteral("select username from host_users")).output, QStringLiteral("甲\n"));
 }
 
 } // namespace ebtq::test
