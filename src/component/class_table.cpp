@@ -1,10 +1,12 @@
 #include "component/class_table.h"
 
+#include "library/followups/frm_gj.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/frm_fx.h"
 #include "library/pickers/sel_pdm.h"
 #include "library/pickers/sel_pdm_dz.h"
 #include "library/pickers/sel_pdm_lpzd.h"
+#include "screens/followups/frm_gj_view.h"
 #include "screens/frame/view_registry.h"
 #include "screens/listings/fcxx_view.h"
 #include "screens/listings/frm_fx_view.h"
@@ -38,6 +40,7 @@ std::span<const ComponentClass> componentClasses()
 void addFormViews(ViewRegistry &views)
 {
     views.add<FrmFx, FrmFxView>();
+    views.add<FrmGj, FrmGjView>();
 }
 
 } // namespace ebtq

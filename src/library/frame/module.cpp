@@ -54,9 +54,14 @@ void Module::raiseDatabaseError(const QString &description)
     raiseError(description, FailureLevel, applicationTitle());
 }
 
+QString Module::trappedText(QStringView tag, const QString &description) const
+{
+    return m_name + tag.toString() + description;
+}
+
 void Module::reportTrapped(QStringView tag, const std::exception &failure)
 {
-    raiseError(m_name + tag.toString() + QString::fromUtf8(failure.what()), FailureLevel, applicationTitle());
+    raiseError(trappedText(tag, QString::fromUtf8(failure.what())), FailureLevel, applicationTitle());
 }
 
 void Module::releaseDatabase()

@@ -53,6 +53,8 @@ protected:
     void setApp(HostApp *app) { m_app = app; }
     /// Raises the event ErrMessage, which each module declares in its own place among its events.
     virtual void raiseError(const QString &message, int level, const QString &title) = 0;
+    /// How a failure that was trapped is told: the module's name, the operation's tag, the description.
+    [[nodiscard]] virtual QString trappedText(QStringView tag, const QString &description) const;
     /// A statement's failure, as the database told it.
     void raiseDatabaseError(const QString &description);
 

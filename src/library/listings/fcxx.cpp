@@ -2,6 +2,7 @@
 
 #include "database/values/number_text.h"
 #include "library/controls/drawn_later.h"
+#include "library/followups/frm_gj.h"
 #include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
 #include "library/frame/wait_cursor.h"
@@ -135,7 +136,7 @@ bool Fcxx::IReportUI_Init(HostApp &app, int moduleId)
         const double rate =
             Val(this->app().UserParameter(parameterGroup, QStringLiteral("mouseeventscrollrate")).Text);
         m_wheelRate = rate == 0 ? usualWheelRate : rate;
-        makeEditor();
+        makeEditors();
         setUpFilter();
         setUpGrid();
         m_detail.setUpGrids();
@@ -197,6 +198,7 @@ bool Fcxx::IReportUI_Clear()
     m_place = {};
     m_layout.clear();
     m_editor.reset();
+    m_followUpEditor.reset();
     m_wheel.reset();
     setApp(nullptr);
     m_inited = false;
@@ -383,6 +385,10 @@ void Fcxx::pressed(const QString &key)
         openEditor({}, false);
     } else if (command == u"edit") {
         editListing();
+    } else if (command == u"delete") {
+        deleteListing();
+    } else if (command == u"gj") {
+        writeFollowUp();
     } else if (command == u"refresh") {
         IReportUI_Refresh();
     } else if (command == u"close") {

@@ -18,6 +18,7 @@
 namespace ebtq {
 
 class FrmFx;
+class FrmGj;
 struct ListingFilter;
 
 /// The list of listings: filter fields that make one statement, the grid that its rows fill, a search in the
@@ -47,6 +48,8 @@ public:
     [[nodiscard]] MouseWheel *mcMouseEvent() const { return m_wheel.get(); }
     /// The editor of one listing; nullptr outside of Init ... Clear.
     [[nodiscard]] FrmFx *mFrmFx() const { return m_editor.get(); }
+    /// The editor of one follow-up; nullptr outside of Init ... Clear.
+    [[nodiscard]] FrmGj *mFrmGj() const { return m_followUpEditor.get(); }
 
     bool IReportUI_Init(HostApp &app, int moduleId) override;
     bool IReportUI_Clear() override;
@@ -125,12 +128,19 @@ private:
     void pressed(const QString &key);
     void showOnly(bool forSale, bool forRent);
     void clearFields();
-    void makeEditor();
+    void makeEditors();
+    [[nodiscard]] bool isRowValid() const;
+    [[nodiscard]] bool isRowInSight();
     [[nodiscard]] QString listingInSight();
     void openEditor(const QString &listing, bool hideOwner);
     void editListing();
     void viewListing();
     void mFrmFx_ReturnData(const QString &psID, bool pbNew);
+    void writeFollowUp();
+    void mFrmGj_ReturnData(const QString &psID, bool pbNew);
+    void deleteListing();
+    [[nodiscard]] bool isDeletionAgreed();
+    bool executed(const SqlText &sql);
     bool showSavedRow(const QString &listing, int row);
     void showDetailOfNumber();
     /// What the list is filtered by, as it stands below the title.
@@ -153,6 +163,7 @@ private:
     ListLayout m_layout;
     std::unique_ptr<MouseWheel> m_wheel;
     std::unique_ptr<FrmFx> m_editor;
+    std::unique_ptr<FrmGj> m_followUpEditor;
     bool m_inited = false;
     int m_moduleId = 0;
     double m_wheelRate = 5; ///< rows for each step of the wheel

@@ -43,15 +43,6 @@ NavToolbar::Item button(QStringView key, QStringView caption, QStringView icon)
     return {key.toString(), caption.toString(), icon.toString()};
 }
 
-/// A command that is still to come: a button that does nothing is not shown. Its place is kept, because the
-/// user's rights are asked for by key.
-NavToolbar::Item toCome(QStringView key, QStringView caption, QStringView icon)
-{
-    NavToolbar::Item item = button(key, caption, icon);
-    item.visible = false;
-    return item;
-}
-
 } // namespace
 
 std::span<const ListingField> listingFields()
@@ -76,10 +67,10 @@ std::vector<NavToolbar::Item> listingCommands()
         button(u"", u"", u""),
         button(u"new", u"新建房源", u"list-add"),
         button(u"edit", u"修改房源", u"document-edit"),
-        toCome(u"delete", u"删除房源", u"edit-delete"),
+        button(u"delete", u"删除房源", u"edit-delete"),
         button(u"", u"", u""),
-        toCome(u"gj", u"写跟进", u"edit-comment"),
-        toCome(u"", u"", u""),
+        button(u"gj", u"写跟进", u"edit-comment"),
+        button(u"", u"", u""),
         button(u"refresh", u"刷新", u"view-refresh"),
         button(u"", u"", u""),
         button(u"close", u"关闭", u"dialog-close"),

@@ -1,3 +1,4 @@
+#include "library/followups/frm_gj.h"
 #include "library/frame/conversions.h"
 #include "library/frame/null_conv.h"
 #include "library/listings/fcxx.h"
@@ -37,25 +38,36 @@ constexpr Cell cells[] = {{u"部门", 17},
 
 } // namespace
 
-void Fcxx::makeEditor()
+void Fcxx::makeEditors()
 {
     m_editor = std::make_unique<FrmFx>(desktop());
     connect(m_editor.get(), &FrmFx::Message, this, &Fcxx::Message);
     connect(m_editor.get(), &FrmFx::ErrMessage, this, &Fcxx::ErrMessage);
     connect(m_editor.get(), &FrmFx::ReturnData, this, &Fcxx::mFrmFx_ReturnData);
+    m_followUpEditor = std::make_unique<FrmGj>(desktop());
+    connect(m_followUpEditor.get(), &FrmGj::ReturnData, this, &Fcxx::mFrmGj_ReturnData);
 }
 
-/// The listing of the current row; empty when there is none. One that the search box has hidden is not
-/// opened: nobody edits what is not seen.
+bool Fcxx::isRowValid() const
+{
+    return m_grid.Row() >= m_grid.FixedRows() && m_grid.Row() < m_grid.Rows();
+}
+
+/// Nobody edits or deletes what is not seen: a row that the search box has hidden is refused.
+bool Fcxx::isRowInSight()
+{
+    if (!isRowValid())
+        return false;
+    if (!m_grid.RowHidden(m_grid.Row()))
+        return true;
+    Q_EMIT Message(QStringLiteral("当前房源已被过滤隐藏，请先在列表中选择房源！"));
+    return false;
+}
+
+/// The listing of the current row; empty when there is none.
 QString Fcxx::listingInSight()
 {
-    const int row = m_grid.Row();
-    if (row < m_grid.FixedRows() || row >= m_grid.Rows())
-        return {};
-    if (!m_grid.RowHidden(row))
-        return m_grid.TextMatrix(row, ListingKey);
-    Q_EMIT Message(QStringLiteral("当前房源已被过滤隐藏，请先在列表中选择房源！"));
-    return {};
+    return isRowInSight() ? m_grid.TextMatrix(m_grid.Row(), ListingKey) : QString();
 }
 
 void Fcxx::openEditor(const QString &listing, bool hideOwner)
@@ -102,10 +114,9 @@ void Fcxx::mFrmFx_ReturnData(const QString &psID, bool pbNew)
 /// changes. That is as it is to be: what was just saved need not be read again.
 void Fcxx::showDetailOfNumber()
 {
-    const int row = m_grid.Row();
-    if (row < m_grid.FixedRows() || row >= m_grid.Rows())
+    if (!isRowValid())
         return;
-    if (const QString listing = m_grid.TextMatrix(row, ListingKey); !listing.isEmpty())
+    if (const QString listing = m_grid.TextMatrix(m_grid.Row(), ListingKey); !listing.isEmpty())
         m_detail.ShowDetail(PlainDecimal(Val(listing)));
 }
 

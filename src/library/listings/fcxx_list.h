@@ -11,8 +11,9 @@ class VSFlexGrid;
 /// Columns of the grid of listings that are addressed by number.
 enum ListingColumn : int {
     ListingMarker = 0, ///< icon of a listing with attachments
-    ListingBlock = 6,  ///< hidden
-    ListingRoom = 7,   ///< hidden
+    ListingNumber = 1,
+    ListingBlock = 6, ///< hidden
+    ListingRoom = 7,  ///< hidden
     ListingSalePrice = 14,
     ListingRent = 15,
     ListingKey = 19,        ///< hidden

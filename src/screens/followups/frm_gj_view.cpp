@@ -1,0 +1,83 @@
+#include "screens/followups/frm_gj_view.h"
+
+#include "library/followups/frm_gj.h"
+#include "screens/controls/check_box_view.h"
+#include "screens/controls/field_view.h"
+#include "screens/controls/text_box_view.h"
+
+#include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace ebtq {
+
+namespace {
+
+constexpr int pairs = 2;
+constexpr int fieldCharacters = 14;
+constexpr int contentsLines = 6;
+
+enum CardNumber : int { FollowUpCard, ReminderCard };
+
+/// In reading order, which is the order of Tab and Enter; the box of the contents and the tick stand above.
+struct FieldPlace
+{
+    CardNumber card;
+    int row;
+    int pair;
+    int number;
+    int pairs = 1;
+};
+constexpr FieldPlace fieldPlaces[] = {
+    {FollowUpCard, 1, 0, 0}, {FollowUpCard, 1, 1, 2}, {FollowUpCard, 2, 0, 1},    {FollowUpCard, 2, 1, 7},
+    {ReminderCard, 1, 0, 3}, {ReminderCard, 1, 1, 4}, {ReminderCard, 2, 0, 5, 2}, {ReminderCard, 3, 0, 6, 2},
+};
+
+} // namespace
+
+FrmGjView::FrmGjView(FrmGj &form, QWidget *parent)
+    : EditorFormView(form, FrmGj::Caption(), parent)
+    , m_form(form)
+{
+    QGroupBox *followUp = addCard(QStringLiteral("跟进"));
+    addContents(*followUp);
+    static_cast<QVBoxLayout *>(layout())->setStretchFactor(followUp, 1);
+    addTick(*addCard(QStringLiteral("提醒与处理")));
+    addFields();
+    lineUp(pairs, fieldCharacters);
+    addButtons(*addBottomRow());
+    beginWith(form.Txt());
+}
+
+void FrmGjView::addContents(QGroupBox &card)
+{
+    const QString caption = QStringLiteral("跟进内容");
+    TextAreaView *box = makeBox(m_form.Txt(), caption, &card);
+    box->setMinimumHeight(contentsLines * fontMetrics().lineSpacing() + 2 * box->frameWidth());
+    put(card, {0, 0, pairs}, captionFor(caption, Entry::Free, &card), box);
+}
+
+void FrmGjView::addTick(QGroupBox &card)
+{
+    put(card, {0, 0, pairs}, new QLabel(&card), new CheckBoxView(m_form.Chk(), &card, u'T'));
+}
+
+void FrmGjView::addFields()
+{
+    for (const FieldPlace &place : fieldPlaces) {
+        QGroupBox *card = cards()[place.card];
+        qzTxt_S &field = m_form.qzTxt(place.number);
+        QLabel *caption = captionFor(field.Caption().trimmed(), Entry::Free, card);
+        put(*card, {place.row, place.pair, place.pairs}, caption, ofGridsWidth(new FieldView(field, card)));
+    }
+}
+
+bool FrmGjView::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        m_form.activate();
+    return EditorFormView::event(event);
+}
+
+} // namespace ebtq
