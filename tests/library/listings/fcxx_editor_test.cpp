@@ -1,43 +1,9 @@
-#include "library/listings/fcxx.h"
-#include "library/listings/frm_fx_fixture.h"
+#include "library/listings/fcxx_editor_fixture.h"
 
 using namespace ebtq;
-using ebtq::test::FrmFxTest;
+using ebtq::test::FcxxEditorTest;
 
 namespace {
-
-/// The list and its editor: what one opens and the other brings back.
-class FcxxEditorTest : public FrmFxTest
-{
-protected:
-    FcxxEditorTest()
-    {
-        for (int number = 0; number < 3; ++number)
-            makeListing();
-        connection->execute(u"update fyxx set 楼盘字典='东湖名苑' where 房源编号='FY2026110002'"_qs);
-        for (const int right : {RightNew, RightEdit})
-            connection->execute(
-                u"insert into host_rights (userID,moduleID,rightID,allowed) values ('U1',101,%1,1)"_qs.arg(
-                    right));
-        QObject::connect(&list, &Fcxx::Message, [this](const QString &text) { message = text; });
-        QObject::connect(&list, &Fcxx::ErrMessage,
-                         [this](const QString &text, int level, const QString &title) {
-                             listEvents += u"%1|%2|%3"_qs.arg(text).arg(level).arg(title);
-                         });
-        EXPECT_TRUE(list.IReportUI_Init(app, host::ListingModule));
-        EXPECT_TRUE(list.IReportUI_Refresh());
-    }
-    [[nodiscard]] FrmFx &editor() const { return *list.mFrmFx(); }
-    void expectEditor(const std::function<void()> &act)
-    {
-        desktop.willShow([act](QObject &) { act(); });
-    }
-    [[nodiscard]] QString cell(int row, int column) { return list.VS().TextMatrix(row, column); }
-
-    Fcxx list{desktop};
-    QString message;
-    QStringList listEvents;
-};
 
 TEST_F(FcxxEditorTest, ANewListingStandsOnTop)
 {

@@ -20,18 +20,20 @@ public:
     using Application::Application;
     HostDb &Db() override { return m_db; }
     QStringList statements;
+    /// What is run for a statement.
+    std::function<SqlText(const SqlText &)> asRun = [](const SqlText &sql) { return sql; };
 
 private:
     struct WatchedDb : HostDb
     {
-        WatchedDb(HostDb &db, QStringList &texts)
+        WatchedDb(HostDb &db, WatchedHost &watched)
             : real(db)
-            , statements(texts)
+            , host(watched)
         {}
         std::unique_ptr<HostQuery> CreateQuery(const SqlText &sql, int mode) override
         {
-            statements.append(sql.text());
-            return real.CreateQuery(sql, mode);
+            host.statements.append(sql.text());
+            return real.CreateQuery(host.asRun(sql), mode);
         }
         bool Release() override { return real.Release(); }
         void BeginTrans() override { real.BeginTrans(); }
@@ -39,9 +41,9 @@ private:
         void RollbackTrans() override { real.RollbackTrans(); }
         [[nodiscard]] HostDbError LastError() const override { return real.LastError(); }
         HostDb &real;
-        QStringList &statements;
+        WatchedHost &host;
     };
-    WatchedDb m_db{Application::Db(), statements};
+    WatchedDb m_db{Application::Db(), *this};
 };
 
 struct NoPanels : host::PanelPresenter
