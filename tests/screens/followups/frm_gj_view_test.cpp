@@ -1,0 +1,132 @@
+#include "screens/followups/frm_gj_view.h"
+
+#include "library/followups/frm_gj.h"
+#include "library/listings/frm_fx_fixture.h"
+#include "screens/support/screen.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+
+using namespace ebtq;
+using namespace ebtq::test;
+
+namespace {
+
+/// The editor of follow-ups on the screen, over a database.
+class FrmGjViewTest : public FrmFxTest
+{
+protected:
+    void openOnScreen(const std::function<void(QWidget &)> &act, bool disable = false)
+    {
+        desktop.willShow([&](QObject &) {
+            FrmGjView view(gj, nullptr);
+            showActive(view);
+            act(view);
+        });
+        gj.py_Init(app, u"L1"_qs, {}, disable);
+    }
+    static QWidget &child(QWidget &view, const QString &name)
+    {
+        auto *widget = view.findChild<QWidget *>(name);
+        if (!widget)
+            throw std::runtime_error("no widget " + name.toStdString());
+        return *widget;
+    }
+    /// Goes on with Tab, types into each field and gives the names of those passed.
+    static QStringList fillByKeyboard(const QHash<QString, QString> &texts, int steps)
+    {
+        QStringList walked;
+        for (int step = 0; step < steps; ++step) {
+            QWidget *focused = QApplication::focusWidget();
+            walked.append(focused->objectName());
+            if (texts.contains(walked.last())) {
+                QTest::keyClick(focused, Qt::Key_A, Qt::ControlModifier);
+                typeText(*focused, texts.value(walked.last()));
+            }
+            QTest::keyClick(focused, Qt::Key_Tab);
+        }
+        return walked;
+    }
+
+    FrmGj gj{desktop};
+};
+
+TEST_F(FrmGjViewTest, WhatIsTypedIsFoundInEveryColumn)
+{
+    script = {{}, u"李强"_qs, 5, nullptr};
+    openOnScreen([&](QWidget &view) {
+        EXPECT_EQ(view.windowTitle(), u"房源跟进记录");
+        EXPECT_EQ(focusName(), u"Txt");
+        EXPECT_FALSE(child(view, u"qzTxt_3"_qs).isEnabled());
+        EXPECT_EQ(
+            fillByKeyboard({{u"Txt"_qs, u"客户很满意"_qs}}, 6),
+            QStringList({u"Txt"_qs, u"qzTxt_0"_qs, u"qzTxt_2"_qs, u"Chk"_qs, u"Cmd_0"_qs, u"Cmd_1"_qs}));
+        QTest::keyClick(&view, Qt::Key_T, Qt::AltModifier);
+        const QHash<QString, QString> texts{{u"qzTxt_0"_qs, u"2026-1-2"_qs}, {u"qzTxt_2"_qs, u"李"_qs},
+                                            {u"qzTxt_3"_qs, u"2026-1-9"_qs}, {u"qzTxt_4"_qs, u"全部"_qs},
+                                            {u"qzTxt_5"_qs, u"回电"_qs},     {u"qzTxt_6"_qs, u"约好"_qs}};
+        child(view, u"Txt"_qs).setFocus();
+        EXPECT_EQ(fillByKeyboard(texts, 8),
+                  QStringList({u"Txt"_qs, u"qzTxt_0"_qs, u"qzTxt_2"_qs, u"Chk"_qs, u"qzTxt_3"_qs,
+                               u"qzTxt_4"_qs, u"qzTxt_5"_qs, u"qzTxt_6"_qs}));
+        QTest::keyClick(&view, Qt::Key_S, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !view.isVisible(); })) << "closed by the save";
+    });
+    const RowBlock stored =
+        rows(u"select 操作日期,业务员ID,用户ID,跟进内容,房源ID,下次提醒,提醒日期,提醒范围,提醒内容,"
+             u"处理结果 from fygj"_qs);
+    ASSERT_EQ(stored.rowCount(), 1);
+    QStringList cells;
+    for (int at = 0; at < stored.columnCount(); ++at)
+        cells.append(QString::fromUtf8(stored.cell(0, at)));
+    EXPECT_EQ(cells.join(u'|'), u"2026-1-2|5|U1|客户很满意|L1|1|2026-1-9|2|回电|约好");
+}
+
+TEST_F(FrmGjViewTest, ARefusedFieldHoldsTheSaveBackAndCloseLosesNothingButTheForm)
+{
+    openOnScreen([&](QWidget &view) {
+        QWidget &agent = child(view, u"qzTxt_2"_qs);
+        agent.setFocus();
+        typeText(agent, u"没有这人"_qs);
+        QTest::keyClick(&view, Qt::Key_S, Qt::AltModifier);
+        EXPECT_TRUE(view.isVisible());
+        EXPECT_EQ(focusName(), u"qzTxt_2");
+        QTest::mouseClick(&child(view, u"Cmd_1"_qs), Qt::LeftButton);
+        EXPECT_FALSE(view.isVisible());
+    });
+    openOnScreen(
+        [&](QWidget &view) {
+            EXPECT_EQ(focusName(), u"Cmd_1");
+            QTest::mouseClick(&child(view, u"Cmd_0"_qs), Qt::LeftButton);
+            QTest::keyClick(&view, Qt::Key_S, Qt::AltModifier);
+            EXPECT_TRUE(view.isVisible());
+        },
+        true);
+    EXPECT_EQ(rows(u"select 跟进ID from fygj"_qs).rowCount(), 0);
+}
+
+TEST_F(FrmGjViewTest, TheStylerIsGivenTheFormEachTimeItComesToTheFront)
+{
+    int styled = 0;
+    app.setFormStyler([&](QObject &shown) { styled += &shown == &gj ? 1 : 0; });
+    openOnScreen([&](QWidget &view) {
+        EXPECT_EQ(styled, 1);
+        QWidget other;
+        showActive(other);
+        showActive(view);
+        EXPECT_EQ(styled, 2);
+        EXPECT_LE(view.minimumSizeHint().width(), 1240);
+        EXPECT_LE(view.minimumSizeHint().height(), 660);
+        const auto left = [&](int number) {
+            return child(view, u"qzTxt_%1"_qs.arg(number)).mapTo(&view, QPoint()).x();
+        };
+        EXPECT_TRUE(left(0) == left(3) && left(3) == left(5) && left(5) == left(6) && left(2) == left(4));
+    });
+}
+
+} // namespace
