@@ -2,6 +2,7 @@
 
 #include "screens/look/look.h"
 #include "shell/message_bar.h"
+#include "shell/tour/action_steps.h"
 #include "shell/tour/detail_steps.h"
 #include "shell/tour/editor_steps.h"
 #include "shell/tour/layout_steps.h"
@@ -329,7 +330,7 @@ constexpr TourStep steps[] = {
 } // namespace
 
 /// The tabs below the list come second: what follows shows the first of them filled. Then what is chosen
-/// from. The list is shaped before the window is.
+/// from, and what is done to the current listing. The list is shaped before the window is.
 std::vector<TourStep> tourSteps()
 {
     std::vector<TourStep> result(std::begin(steps), std::end(steps));
@@ -338,7 +339,7 @@ std::vector<TourStep> tourSteps()
     const std::span<const TourStep> layout = layoutSteps();
     result.insert(std::ranges::find(result, u"scheme", &TourStep::picture), layout.begin(), layout.end());
     auto next = result.begin() + 1;
-    for (const std::span<const TourStep> part : {detailSteps(), pickerSteps()})
+    for (const std::span<const TourStep> part : {detailSteps(), pickerSteps(), actionSteps()})
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
     const std::span<const TourStep> editor = editorSteps();
     result.insert(result.end(), editor.begin(), editor.end());
