@@ -43,8 +43,9 @@ FrmGjView::FrmGjView(FrmGj &form, QWidget *parent)
     QGroupBox *followUp = addCard(QStringLiteral("跟进"));
     addContents(*followUp);
     static_cast<QVBoxLayout *>(layout())->setStretchFactor(followUp, 1);
+    addFields(FollowUpCard);
     addTick(*addCard(QStringLiteral("提醒与处理")));
-    addFields();
+    addFields(ReminderCard);
     lineUp(pairs, fieldCharacters);
     addButtons(*addBottomRow());
     beginWith(form.Txt());
@@ -55,7 +56,10 @@ void FrmGjView::addContents(QGroupBox &card)
     const QString caption = QStringLiteral("跟进内容");
     TextAreaView *box = makeBox(m_form.Txt(), caption, &card);
     box->setMinimumHeight(contentsLines * fontMetrics().lineSpacing() + 2 * box->frameWidth());
-    put(card, {0, 0, pairs}, captionFor(caption, Entry::Free, &card), box);
+    QLabel *label = captionFor(caption, Entry::Free, &card);
+    label->setAlignment(Qt::AlignRight | Qt::AlignTop); // at the box's first line
+    label->setContentsMargins(0, box->frameWidth() + 6, label->contentsMargins().right(), 0);
+    put(card, {0, 0, pairs}, label, box);
 }
 
 void FrmGjView::addTick(QGroupBox &card)
@@ -63,10 +67,12 @@ void FrmGjView::addTick(QGroupBox &card)
     put(card, {0, 0, pairs}, new QLabel(&card), new CheckBoxView(m_form.Chk(), &card, u'T'));
 }
 
-void FrmGjView::addFields()
+void FrmGjView::addFields(int cardNumber)
 {
     for (const FieldPlace &place : fieldPlaces) {
-        QGroupBox *card = cards()[place.card];
+        if (place.card != cardNumber)
+            continue;
+        QGroupBox *card = cards()[static_cast<size_t>(cardNumber)];
         qzTxt_S &field = m_form.qzTxt(place.number);
         QLabel *caption = captionFor(field.Caption().trimmed(), Entry::Free, card);
         put(*card, {place.row, place.pair, place.pairs}, caption, ofGridsWidth(new FieldView(field, card)));

@@ -20,7 +20,7 @@ protected:
 private:
     void addContents(QGroupBox &card);
     void addTick(QGroupBox &card);
-    void addFields();
+    void addFields(int cardNumber);
 
     FrmGj &m_form;
 };

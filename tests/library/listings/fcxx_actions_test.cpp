@@ -19,7 +19,7 @@ protected:
         listing = cell(2, 19);
         connection->execute(u"insert into fygj (跟进ID,房源ID) values ('G1','%1')"_qs.arg(listing));
         message.clear();
-        asked();
+        (void)asked();
     }
     [[nodiscard]] qsizetype followUps() const { return rows(u"select 跟进ID from fygj"_qs).rowCount(); }
     /// Writes a follow-up with the command; `act` fills it in.

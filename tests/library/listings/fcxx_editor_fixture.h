@@ -26,6 +26,7 @@ protected:
         EXPECT_TRUE(list.IReportUI_Init(app, host::ListingModule));
         EXPECT_TRUE(list.IReportUI_Refresh());
     }
+    [[nodiscard]] qsizetype listings() const { return rows(u"select 房源ID from fyxx"_qs).rowCount(); }
     [[nodiscard]] FrmFx &editor() const { return *list.mFrmFx(); }
     void expectEditor(const std::function<void()> &act)
     {

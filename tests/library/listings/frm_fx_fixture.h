@@ -26,14 +26,14 @@ public:
 private:
     struct WatchedDb : HostDb
     {
-        WatchedDb(HostDb &db, WatchedHost &watched)
+        WatchedDb(HostDb &db, WatchedHost &owner)
             : real(db)
-            , host(watched)
+            , watched(owner)
         {}
         std::unique_ptr<HostQuery> CreateQuery(const SqlText &sql, int mode) override
         {
-            host.statements.append(sql.text());
-            return real.CreateQuery(host.asRun(sql), mode);
+            watched.statements.append(sql.text());
+            return real.CreateQuery(watched.asRun(sql), mode);
         }
         bool Release() override { return real.Release(); }
         void BeginTrans() override { real.BeginTrans(); }
@@ -41,7 +41,7 @@ private:
         void RollbackTrans() override { real.RollbackTrans(); }
         [[nodiscard]] HostDbError LastError() const override { return real.LastError(); }
         HostDb &real;
-        WatchedHost &host;
+        WatchedHost &watched;
     };
     WatchedDb m_db{Application::Db(), *this};
 };
@@ -156,6 +156,7 @@ protected:
         events.clear();
         return saved;
     }
+    [[nodiscard]] RowBlock rows(const QString &sql) const { return connection->query(sql); }
     /// One value of the only listing that a statement finds.
     [[nodiscard]] QString stored(const QString &columns) const
     {
