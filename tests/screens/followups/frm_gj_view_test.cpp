@@ -67,6 +67,7 @@ TEST_F(FrmGjViewTest, WhatIsTypedIsFoundInEveryColumn)
             fillByKeyboard({{u"Txt"_qs, u"客户很满意"_qs}}, 6),
             QStringList({u"Txt"_qs, u"qzTxt_0"_qs, u"qzTxt_2"_qs, u"Chk"_qs, u"Cmd_0"_qs, u"Cmd_1"_qs}));
         QTest::keyClick(&view, Qt::Key_T, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return child(view, u"qzTxt_3"_qs).isEnabled(); }));
         const QHash<QString, QString> texts{{u"qzTxt_0"_qs, u"2026-1-2"_qs}, {u"qzTxt_2"_qs, u"李"_qs},
                                             {u"qzTxt_3"_qs, u"2026-1-9"_qs}, {u"qzTxt_4"_qs, u"全部"_qs},
                                             {u"qzTxt_5"_qs, u"回电"_qs},     {u"qzTxt_6"_qs, u"约好"_qs}};
