@@ -1,16 +1,12 @@
-#include "database/connection.h"
 #include "host/bill_numbers.h"
 #include "host/host_database.h"
 #include "host/setup.h"
 #include "library/frame/id_generator.h"
-#include "support/postgres_base.h"
-
-#include <QTemporaryDir>
+#include "support/engine_database.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <set>
 #include <thread>
 
@@ -20,29 +16,19 @@ namespace {
 
 const QDate day(2026, 11, 22);
 
-enum class Engine { Sqlite, Postgres };
-
 /// Numbers and keys while many programs ask at once, each over a connection of its own.
 class EngineNumbersTest : public ::testing::TestWithParam<Engine>
 {
 protected:
-    void SetUp() override
-    {
-        m_location = GetParam() == Engine::Postgres ? m_base.emplace().url()
-                                                    : m_folder.filePath(QStringLiteral("numbers.db"));
-        host::prepareDatabase(*connect());
-    }
     [[nodiscard]] std::unique_ptr<db::Connection> connect() const
     {
-        auto connection = db::Connection::open(m_location, db::Connection::Missing::IsCreated);
+        auto connection = m_database.connect();
         connection->setLockTimeout(120000);
         return connection;
     }
 
 private:
-    QTemporaryDir m_folder;
-    std::optional<PostgresBase> m_base;
-    QString m_location;
+    EngineDatabase m_database{GetParam()};
 };
 
 struct Taken
@@ -93,6 +79,7 @@ TEST_P(EngineNumbersTest, NoNumberAndNoKeyIsGivenTwiceOrLeftOut)
     constexpr size_t programs = 32;
     constexpr int rounds = 6;
     constexpr size_t saved = programs * rounds * 2 / 3;
+    host::prepareDatabase(*connect());
     std::vector<std::unique_ptr<db::Connection>> connections;
     for (size_t at = 0; at < programs; ++at)
         connections.push_back(connect());
@@ -119,8 +106,6 @@ TEST_P(EngineNumbersTest, NoNumberAndNoKeyIsGivenTwiceOrLeftOut)
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, EngineNumbersTest, ::testing::Values(Engine::Sqlite, Engine::Postgres),
-                         [](const auto &engine) {
-                             return std::string(engine.param == Engine::Postgres ? "PostgreSQL" : "SQLite");
-                         });
+                         [](const auto &engine) { return nameOf(engine.param); });
 
 } // namespace ebtq::test

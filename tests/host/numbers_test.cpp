@@ -5,9 +5,6 @@
 #include "host/setup.h"
 #include "library/frame/id_generator.h"
 
-#include <set>
-#include <thread>
-
 namespace ebtq::test {
 
 class NumbersTest : public HostTest
@@ -115,54 +112,6 @@ TEST_F(NumbersTest, AFailedKeyLeavesNothingForTheCallerToCommit)
     m_host->Db().CommitTrans();
     m_host->Db().Release();
     EXPECT_EQ(value(u"select count(*) from pdmgy").toInt(), 2) << "half of an abandoned save was written";
-}
-
-namespace {
-
-constexpr int rounds = 60;
-
-/// What one program does: takes numbers and keys as fast as it can.
-void takeMany(const QString &file, QStringList &numbers, std::vector<int> &keys)
-{
-    const auto connection = db::Connection::open(file);
-    connection->setLockTimeout(60000);
-    host::HostDatabase database(*connection);
-    IdGenerator generator;
-    generator.Init(database);
-    for (int round = 0; round < rounds; ++round) {
-        numbers << host::issueBillCode(*connection, 101, loginDate);
-        int id = 0;
-        if (generator.NextID(QStringLiteral("pdmlpzd"), QStringLiteral("楼盘ID"), id).isEmpty())
-            keys.push_back(id);
-    }
-}
-
-} // namespace
-
-TEST_F(NumbersTest, ConcurrentProgramsNeverGetTheSame)
-{
-    const QString file = m_folder.filePath(QStringLiteral("shared.db"));
-    host::prepareDatabase(*db::Connection::open(file, db::Connection::Missing::IsCreated));
-    constexpr size_t programs = 4;
-    QStringList numbers[programs];
-    std::vector<int> keys[programs];
-    std::vector<std::thread> threads;
-    for (size_t at = 0; at < programs; ++at)
-        threads.emplace_back([&, at] { takeMany(file, numbers[at], keys[at]); });
-    for (std::thread &thread : threads)
-        thread.join();
-
-    std::set<QString> allNumbers;
-    std::set<int> allKeys;
-    for (size_t at = 0; at < programs; ++at) {
-        allNumbers.insert(numbers[at].begin(), numbers[at].end());
-        allKeys.insert(keys[at].begin(), keys[at].end());
-    }
-    constexpr int taken = rounds * static_cast<int>(programs);
-    EXPECT_EQ(allNumbers.size(), taken);
-    EXPECT_EQ(allKeys.size(), taken);
-    EXPECT_EQ(*allKeys.rbegin(), taken);
-    EXPECT_TRUE(allNumbers.contains(QStringLiteral("FY2026110%1").arg(taken)));
 }
 
 TEST_F(NumbersTest, TwoSessionsOnOneFileTakeTurns)

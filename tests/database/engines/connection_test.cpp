@@ -1,7 +1,6 @@
-#include "engine.h"
-
 #include "database/schema/installer.h"
 #include "database/schema/tables.h"
+#include "support/engine_database.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,6 +11,9 @@ namespace ebtq::db::test {
 
 namespace {
 
+using ebtq::test::Engine;
+using ebtq::test::EngineDatabase;
+using ebtq::test::nameOf;
 using ::testing::HasSubstr;
 
 /// What a connection promises, whatever the engine.

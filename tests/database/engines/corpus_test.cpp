@@ -1,5 +1,6 @@
 #include "corpus.h"
-#include "engine.h"
+
+#include "support/engine_database.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,6 +9,9 @@ namespace ebtq::db::test {
 
 namespace {
 
+using ebtq::test::Engine;
+using ebtq::test::EngineDatabase;
+using ebtq::test::nameOf;
 using ::testing::HasSubstr;
 
 /// The statements of the corpus and what they must give, on every engine.

@@ -51,23 +51,6 @@ TEST(Installer, MakesEveryTableOfTheSchemaWithItsTypes)
     EXPECT_TRUE(again.added.isEmpty());
 }
 
-TEST(Installer, BringsAnOlderSchemaUpWithItsRows)
-{
-    auto connection = installed();
-    connection->execute(QStringLiteral("insert into fyxx(房源ID,房源编号)values('A','FY1')"));
-    connection->executeNative(
-        "drop index ix_fyxx_district; drop table fygj; alter table fyxx drop column 附属房;"
-        "update host_schema set version=0");
-    const std::string findings = joined(checkSchema(*connection));
-    for (const char *gap : {"缺少索引 ix_fyxx_district", "缺少表 fygj", "缺少列 fyxx.附属房", "版本是 0"})
-        EXPECT_THAT(findings, HasSubstr(gap));
-    const InstallReport report = install(*connection);
-    EXPECT_EQ(report.versionBefore, 0);
-    EXPECT_EQ(joined(checkSchema(*connection)), "");
-    EXPECT_EQ(connection->query(QStringLiteral("select 房源编号 from fyxx where 附属房 is null")).cell(0, 0),
-              "FY1");
-}
-
 TEST(Installer, SaysWhatItCannotMend)
 {
     auto connection = installed();

@@ -184,19 +184,6 @@ TEST_F(SqliteConnectionTest, TransactionsEndOneWayOrTheOther)
     connection->rollback();
 }
 
-TEST_F(SqliteConnectionTest, SeesTablesThatAnotherProgramChanged)
-{
-    auto connection = make();
-    EXPECT_EQ(count(*connection), 0);
-    auto other = make();
-    other->executeNative("alter table t add column 备注 text; create table 新表(x integer)");
-    EXPECT_EQ(connection->query(QStringLiteral("select 备注 from t")).rowCount(), 0);
-    EXPECT_EQ(connection->query(QStringLiteral("select x from 新表")).rowCount(), 0);
-    other->executeNative("drop table 新表");
-    EXPECT_THAT(messageOf([&] { (void)connection->query(QStringLiteral("select x from 新表")); }),
-                HasSubstr("不存在"));
-}
-
 TEST_F(SqliteConnectionTest, GoesOnAfterAnotherProgramDroppedAColumn)
 {
     auto connection = make();

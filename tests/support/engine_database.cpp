@@ -1,4 +1,4 @@
-#include "engine.h"
+#include "support/engine_database.h"
 
 #include "support/postgres_base.h"
 
@@ -6,12 +6,12 @@
 
 #include <optional>
 
-namespace ebtq::db::test {
+namespace ebtq::test {
 
 struct EngineDatabase::Place
 {
     std::optional<QTemporaryDir> folder;
-    std::optional<ebtq::test::PostgresBase> base;
+    std::optional<PostgresBase> base;
 };
 
 EngineDatabase::EngineDatabase(Engine engine)
@@ -25,9 +25,9 @@ EngineDatabase::EngineDatabase(Engine engine)
 
 EngineDatabase::~EngineDatabase() = default;
 
-std::unique_ptr<Connection> EngineDatabase::connect() const
+std::unique_ptr<db::Connection> EngineDatabase::connect() const
 {
-    return Connection::open(m_location, Connection::Missing::IsCreated);
+    return db::Connection::open(m_location, db::Connection::Missing::IsCreated);
 }
 
 std::string nameOf(Engine engine)
@@ -35,4 +35,4 @@ std::string nameOf(Engine engine)
     return engine == Engine::Postgres ? "PostgreSQL" : "SQLite";
 }
 
-} // namespace ebtq::db::test
+} // namespace ebtq::test

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace ebtq::db::test {
+namespace ebtq::test {
 
 enum class Engine { Sqlite, Postgres };
 
@@ -16,7 +16,7 @@ public:
     ~EngineDatabase();
     EngineDatabase(const EngineDatabase &) = delete;
     EngineDatabase &operator=(const EngineDatabase &) = delete;
-    [[nodiscard]] std::unique_ptr<Connection> connect() const;
+    [[nodiscard]] std::unique_ptr<db::Connection> connect() const;
     [[nodiscard]] const QString &location() const { return m_location; }
 
 private:
@@ -27,4 +27,4 @@ private:
 
 [[nodiscard]] std::string nameOf(Engine engine);
 
-} // namespace ebtq::db::test
+} // namespace ebtq::test
