@@ -1,6 +1,7 @@
 #include "database/postgresql/postgres_connection.h"
 
 #include "database/dialect/dialect.h"
+#include "database/full_block.h"
 #include "database/postgresql/foundation.h"
 #include "database/postgresql/postgres_error.h"
 #include "database/postgresql/postgres_rows.h"

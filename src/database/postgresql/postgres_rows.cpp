@@ -134,13 +134,6 @@ void appendStoredRows(RowBlock &block, const pg_result *rows)
     forEachCell(block, rows, appendStoredCell);
 }
 
-bool isFull(const RowBlock &block)
-{
-    constexpr qsizetype mostRows = 4096;
-    constexpr size_t fullSize = size_t(4) << 20;
-    return block.arena().size() >= fullSize || block.rowCount() >= mostRows;
-}
-
 QByteArray copyText(const RowBlock &rows)
 {
     QByteArray text;

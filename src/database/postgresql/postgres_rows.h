@@ -13,8 +13,6 @@ void appendRows(RowBlock &block, const pg_result *rows);
 
 /// Likewise, with the values as they are stored, for Connection::readTable.
 void appendStoredRows(RowBlock &block, const pg_result *rows);
-/// Whether a block of a long read is to be passed on.
-[[nodiscard]] bool isFull(const RowBlock &block);
 
 /// A block in the form in which the server copies rows in. Dates that read as such are written as stored
 /// ones.

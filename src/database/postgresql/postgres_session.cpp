@@ -145,21 +145,25 @@ void PostgresSession::requireConnection()
     const bool wasInTransaction = inTransaction();
     while (!isLost() && hasInput(handle()) && PQconsumeInput(handle()) == 1)
         PQisBusy(handle()); // takes in what was read; the end of it comes with the next reading
-    if (!isLost())
-        return;
-    if (wasInTransaction)
-        throw ConnectionLost(transactionLost);
-    connect();
+    m_hadTransaction = wasInTransaction;
+    if (isLost() && wasInTransaction)
+        lose();
+    if (isLost())
+        connect();
+}
+
+void PostgresSession::lose() const
+{
+    throw ConnectionLost(m_hadTransaction ? transactionLost : outcomeUnknown);
 }
 
 void PostgresSession::simple(const QByteArray &statement)
 {
-    const QString whenLost = inTransaction() ? transactionLost : outcomeUnknown;
     const Result result(PQexec(handle(), statement.constData()));
     if (isGood(result.get()))
         return;
     if (isLost())
-        throw ConnectionLost(whenLost);
+        lose();
     throw serverError(result.get());
 }
 
@@ -168,7 +172,7 @@ void PostgresSession::require(int isSent)
     if (isSent == 1)
         return;
     if (isLost())
-        throw ConnectionLost(outcomeUnknown);
+        lose();
     throw DatabaseError(
         QStringLiteral("数据库错误：%1").arg(QString::fromUtf8(PQerrorMessage(handle())).trimmed()));
 }
@@ -183,7 +187,7 @@ void PostgresSession::sendAlone(const QByteArray &statement)
         if (!isGood(result.get())) {
             m_names.clear();
             if (isLost())
-                throw ConnectionLost(outcomeUnknown);
+                lose();
             throw serverError(result.get());
         }
     }
@@ -247,7 +251,7 @@ qint64 PostgresSession::collect(const RowTaker &take, bool isPipeline)
         }
     }
     if (isLost())
-        throw ConnectionLost(isPipeline ? transactionLost : outcomeUnknown);
+        lose();
     if (isPipeline)
         PQexitPipelineMode(handle());
     if (PQtransactionStatus(handle()) == PQTRANS_INERROR)

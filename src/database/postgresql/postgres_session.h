@@ -79,11 +79,13 @@ private:
     qint64 collect(const RowTaker &take, bool isPipeline);
     void cancel() noexcept;
     [[nodiscard]] bool isLost() const;
+    [[noreturn]] void lose() const;
 
     PostgresAddress m_address;
     std::unique_ptr<pg_conn, Closer> m_handle;
     StatementNames m_names;
     int m_lockTimeout = 5000;
+    bool m_hadTransaction = false; ///< when the operation that is at work began
 };
 
 } // namespace ebtq::db

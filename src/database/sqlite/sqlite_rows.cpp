@@ -1,6 +1,7 @@
 #include "database/sqlite/sqlite_rows.h"
 
 #include "database/connection.h"
+#include "database/full_block.h"
 #include "database/sqlite/sqlite_error.h"
 #include "database/values/date_text.h"
 #include "database/values/number_text.h"
@@ -60,14 +61,6 @@ void appendStoredCell(RowBlock &block, sqlite3_stmt *statement, int column)
     default:
         return block.append(bytesOf(statement, column));
     }
-}
-
-constexpr qsizetype mostRowsOfBlock = 4096;
-constexpr size_t fullBlock = size_t(4) << 20;
-
-bool isFull(const RowBlock &block)
-{
-    return block.arena().size() >= fullBlock || block.rowCount() >= mostRowsOfBlock;
 }
 
 /// The engine takes a null pointer for Null, and an empty text of an empty arena has no other.

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "database/values/row_block.h"
+
+namespace ebtq::db {
+
+/// Whether a block of Connection::readTable is to be passed on: a few megabytes, or that many rows of next to
+/// nothing.
+[[nodiscard]] inline bool isFull(const RowBlock &block)
+{
+    constexpr qsizetype mostRows = 4096;
+    constexpr size_t fullSize = size_t(4) << 20;
+    return block.arena().size() >= fullSize || block.rowCount() >= mostRows;
+}
+
+} // namespace ebtq::db
