@@ -50,6 +50,21 @@ void giveFocus(QWidget &page)
     (lastUsed ? lastUsed : &page)->setFocus(Qt::OtherFocusReason);
 }
 
+/// Above what the form shows; nullptr when no form is open.
+MessageBar *barOfModalForm()
+{
+    const QWidget *form = QApplication::activeModalWidget();
+    auto *column = form ? qobject_cast<QVBoxLayout *>(form->layout()) : nullptr;
+    if (!column)
+        return nullptr;
+    auto *bar = form->findChild<MessageBar *>({}, Qt::FindDirectChildrenOnly);
+    if (!bar) {
+        bar = new MessageBar;
+        column->insertWidget(0, bar);
+    }
+    return bar;
+}
+
 QString sessionText(const SessionFacts &facts)
 {
     const QString who = facts.department.isEmpty()
@@ -199,7 +214,7 @@ void MainWindow::openFirstModule()
 void MainWindow::bindPage(ModulePage &page)
 {
     connect(&page, &ModulePage::message, m_status, &QLabel::setText);
-    connect(&page, &ModulePage::errMessage, m_messages, &MessageBar::add);
+    connect(&page, &ModulePage::errMessage, this, &MainWindow::tell);
     connect(&page, &ModulePage::closeRequested, this, [this, &page] { closePage(page); });
 }
 
@@ -289,7 +304,16 @@ void MainWindow::toggleScheme()
 
 void MainWindow::showFailure(const QString &text)
 {
-    m_messages->add(text, FailureLevel, {});
+    tell(text, FailureLevel, {});
+}
+
+/// In the form as well that is shown modally: the window and its bar stand behind it. The window keeps the
+/// message, since a save can end the form just when its failure is told.
+void MainWindow::tell(const QString &text, int level, const QString &title)
+{
+    m_messages->add(text, level, title);
+    if (MessageBar *bar = barOfModalForm())
+        bar->add(text, level, title);
 }
 
 ModulePage *MainWindow::page(int position) const

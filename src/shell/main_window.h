@@ -66,6 +66,7 @@ private:
     void stepTab(int step);
     void switchSide();
     void toggleScheme();
+    void tell(const QString &text, int level, const QString &title);
     [[nodiscard]] ModulePage *page(int position) const;
     [[nodiscard]] ModulePage *currentPage() const;
     [[nodiscard]] int positionOf(const ModulePage &page) const;

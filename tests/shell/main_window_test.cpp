@@ -18,6 +18,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -251,6 +252,28 @@ TEST_F(MainWindowTest, EventsReachStatusLineAndMessageBar)
     EXPECT_EQ(status(), u"共加载3条记录");
     Q_EMIT library.module->ErrMessage(QStringLiteral("记录正在使用"), Refusal, QStringLiteral("楼盘字典"));
     EXPECT_EQ(messages(), QStringList(QStringLiteral("楼盘字典：记录正在使用")));
+}
+
+TEST_F(MainWindowTest, WhatFailsBehindAModalFormIsToldInTheForm)
+{
+    window().openModule(ListingModule);
+    QDialog form(&window());
+    auto *field = new QLineEdit;
+    (new QVBoxLayout(&form))->addWidget(field);
+    form.setModal(true);
+    form.show();
+    form.activateWindow();
+    QApplication::processEvents();
+    window().showFailure(QStringLiteral("数据库正被其他程序占用"));
+    Q_EMIT library.module->ErrMessage(QStringLiteral("读取失败"), FailureLevel, QStringLiteral("EBTQ_S"));
+    const auto *bar = form.findChild<MessageBar *>();
+    ASSERT_TRUE(bar && bar->isVisible());
+    EXPECT_EQ(bar->shownTexts(), messages()) << "the window keeps them for when the form has gone";
+    EXPECT_EQ(messages().size(), 2);
+    EXPECT_LT(bar->y(), field->y());
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(bar->shownTexts(), QStringList(QStringLiteral("数据库正被其他程序占用")));
+    EXPECT_TRUE(form.isVisible()) << "Escape was for the message";
 }
 
 TEST_F(MainWindowTest, AModuleThatUnloadsItselfIsClosedWhenControlIsBack)

@@ -38,7 +38,6 @@ FrmFxView::FrmFxView(FrmFx &form, QWidget *parent)
     for (const EditorCell &cell : editorCells())
         addCell(cell);
     lineUp(editorPairs, fieldCharacters);
-    addFailure();
     QHBoxLayout *bottom = addBottomRow();
     addTicks(*bottom);
     addButtons(*bottom);
@@ -112,23 +111,6 @@ void FrmFxView::addMemo(const EditorCell &cell)
     QLabel *caption = captionFor(captionText(cell), Entry::Free, groupOf(cell));
     put(*groupOf(cell), place, caption, box);
     putBelowCaption(*groupOf(cell), place, pick);
-}
-
-/// A failure that the form reports to its list is told here as well: the list stands behind this window.
-void FrmFxView::addFailure()
-{
-    m_failure = new QLabel(this);
-    m_failure->setObjectName(QStringLiteral("Failure"));
-    m_failure->setProperty("kind", QStringLiteral("error"));
-    m_failure->setTextFormat(Qt::PlainText);
-    m_failure->setWordWrap(true);
-    m_failure->hide();
-    layout()->addWidget(m_failure);
-    connect(&m_form, &FrmFx::ErrMessage, m_failure, [this](const QString &text) {
-        m_failure->setText(text);
-        m_failure->show();
-    });
-    connect(&m_form, &FrmFx::ReturnData, m_failure, &QWidget::hide);
 }
 
 void FrmFxView::addTicks(QHBoxLayout &row)

@@ -24,11 +24,9 @@ private:
     [[nodiscard]] QGroupBox *groupOf(const EditorCell &cell) const;
     [[nodiscard]] FieldView *makeField(const EditorCell &cell, QWidget *parent);
     [[nodiscard]] QWidget *makeRooms(QWidget *parent);
-    void addFailure();
     void addTicks(QHBoxLayout &row);
 
     FrmFx &m_form;
-    QLabel *m_failure = nullptr;
 };
 
 } // namespace ebtq

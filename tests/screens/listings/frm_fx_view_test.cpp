@@ -189,18 +189,6 @@ TEST_F(FrmFxViewTest, WithoutTheOwnerNoWidgetKnowsAnythingOfHim)
     EXPECT_EQ(script.asked, QStringList());
 }
 
-TEST_F(FrmFxViewTest, FailuresOfTheFormAreTold)
-{
-    openOnScreen({}, [&](QWidget &view) {
-        fill(form, required);
-        connection->executeNative("drop table su_usertype");
-        desktop.willAnswer(Desktop::Answer::Yes);
-        click(view, u"Cmd_0");
-        const auto &failure = static_cast<QLabel &>(child(view, u"Failure"_qs));
-        EXPECT_TRUE(failure.isVisible() && failure.text().startsWith(u"FrmFx-->DoSave::"));
-    });
-}
-
 TEST_F(FrmFxViewTest, FieldsLineUpAndNothingIsCut)
 {
     const QString longText = u"一个很长很长很长的楼盘名称，放不进它的输入框里"_qs;
