@@ -202,8 +202,9 @@ bool EditorForm::check(int number, const Check &check)
     HostPicker *list = picker(number);
     if (!list)
         return false;
-    list->Validate(check.base, check.valueField, check.textField, typedText, check.value, check.text);
-    picked(number, *list);
+    if (list->Validate(check.base, check.valueField, check.textField, typedText, check.value, check.text) ||
+        app().Db().LastError().Description.isEmpty())
+        picked(number, *list);
     return true;
 }
 

@@ -53,7 +53,8 @@ protected:
     /// Looks up what was typed into a field: with its picker, else with the host. False when that cannot be
     /// done.
     virtual bool check(int number, const Check &check);
-    /// Told after its picker has looked a field's text up.
+    /// Told after its picker has looked a field's text up, found or not; not when the database failed, since
+    /// what goes with the text is not known then.
     virtual void picked(int, const HostPicker &) {}
     /// True when the form may close.
     virtual bool DoSave() = 0;

@@ -125,6 +125,14 @@ TEST_F(FrmFxLookupTest, ABuildingAndABlockBringTheirDetailsAlong)
         script = {{}, u"A栋"_qs, 4, block};
         EXPECT_TRUE(enter(3, u"A"_qs));
         EXPECT_EQ(texts({3, 10}), QStringList({u"A栋"_qs, u"33"_qs}));
+        script = {{}, {}, {}, std::make_shared<clsLpzd>()};
+        app.Db().CreateQuery(SqlText(u"select"_qs), 1)->Open(); // the database fails
+        EXPECT_TRUE(enter(6, u"云山"_qs));
+        EXPECT_EQ(texts({6, 20, 37}), QStringList({u"云山"_qs, u"住宅"_qs, u"3.25"_qs})) << "is not known";
+        app.Db().CreateQuery(SqlText(u"select 房源ID from fyxx"_qs), 1)->Open();
+        EXPECT_TRUE(enter(6, u"云峰"_qs));
+        EXPECT_EQ(texts({6, 20, 37}), QStringList({u"云峰"_qs, QString(), u"0"_qs}))
+            << "a building not listed";
     });
 }
 
