@@ -81,7 +81,7 @@ QString ScriptedDesktop::makeTempFile(const QString &prefix)
 
 QByteArray ScriptedDesktop::newGuidBytes()
 {
-    return QByteArray(15, '\0') + QByteArray(1, ++m_lastGuid);
+    return m_makesKeys ? QByteArray(15, '\0') + QByteArray(1, ++m_lastGuid) : QByteArray();
 }
 
 } // namespace ebtq::test

@@ -21,6 +21,8 @@ public:
     void willChooseFile(const QString &path) { m_files.append(path); }
     /// Runs while the next form is shown.
     void willShow(std::function<void(QObject &)> act) { m_forms.append(std::move(act)); }
+    /// From now on, as on a machine that is out of order.
+    void willMakeNoKeys() { m_makesKeys = false; }
     void setNow(const QDateTime &now) { m_now = now; }
 
     /// Each question as "title|text", each file request as "title|file", in order.
@@ -55,6 +57,7 @@ private:
     int m_waits = 0;
     int m_waiting = 0;
     char m_lastGuid = 0;
+    bool m_makesKeys = true;
 };
 
 } // namespace ebtq::test

@@ -218,9 +218,8 @@ bool FrmGj::DoSave()
 bool FrmGj::save()
 {
     const bool isNew = m_id.isEmpty();
+    // Empty when no key could be made, which is told by then: what was typed is saved all the same.
     const QString id = isNew ? NewGuidText(desktop()) : m_id;
-    if (id.isEmpty())
-        return false; // no key could be made, which is told by then
     if (!execute(isNew ? insertStatement(id) : updateStatement()))
         return false;
     Q_EMIT ReturnData(id, isNew);

@@ -47,9 +47,8 @@ bool FrmFx::save()
     if (!number)
         return false;
     const bool isNew = m_id.isEmpty();
+    // Empty when no key could be made, which is told by then: what was typed is saved all the same.
     const QString id = isNew ? NewGuidText(desktop()) : m_id;
-    if (id.isEmpty())
-        return false; // no key could be made, which is told by then
     const SqlText sql = isNew ? insertStatement(id, *number) : updateStatement(*number);
     if (!execute(sql))
         return false;

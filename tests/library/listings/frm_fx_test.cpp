@@ -166,6 +166,18 @@ TEST_F(FrmFxSaveTest, YesGoesOnWithAFreshListing)
     EXPECT_EQ(rows.cell(1, 1), "0") << "the agent of the listing before";
 }
 
+TEST_F(FrmFxSaveTest, AListingIsSavedAlsoWhenNoKeyCanBeMade)
+{
+    desktop.willMakeNoKeys();
+    open({}, [&] {
+        fill(form, required);
+        desktop.willAnswer(Ok);
+        save(No);
+    });
+    EXPECT_EQ(asked().first(), u"EBTQ_S|Error While creating GUID!");
+    EXPECT_EQ(stored(u"房源ID & 地区"_qs), u"天河区");
+}
+
 TEST_F(FrmFxSaveTest, NoTextChangesTheStatementAndNothingTypedIsLost)
 {
     const QString id = makeListing();
