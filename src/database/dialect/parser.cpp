@@ -136,8 +136,26 @@ Insert Parser::insert()
     }
     expect(Keyword::Values, u" values 或 select"_qs);
     expect(Symbol::Open, u"“(”"_qs);
-    result.values = expressions();
+    result.values = values(result.columns);
     expect(Symbol::Close, u"“,”或“)”"_qs);
+    return result;
+}
+
+std::vector<ExpressionPtr> Parser::values(const std::vector<Target> &columns)
+{
+    std::vector<ExpressionPtr> result;
+    do
+        result.push_back(result.size() < columns.size() ? valueFor(columns[result.size()]) : expression());
+    while (take(Symbol::Comma));
+    return result;
+}
+
+/// A form writes several dates at once: the message about a wrong one is to name it.
+ExpressionPtr Parser::valueFor(const Target &target)
+{
+    m_written = std::get<ColumnReference>(target.column->node).name;
+    ExpressionPtr result = expression();
+    m_written = {};
     return result;
 }
 
@@ -149,7 +167,7 @@ Update Parser::update()
     do {
         Target target{column(), nullptr};
         expect(Symbol::Equal, u"“=”"_qs);
-        target.value = expression();
+        target.value = valueFor(target);
         result.assignments.push_back(std::move(target));
     } while (take(Symbol::Comma));
     result.where = where();

@@ -42,10 +42,12 @@ private:
     std::optional<JoinKind> joinKind();
     void groupBy(Select &select);
     void orderBy(Select &select);
+    ExpressionPtr valueFor(const Target &target);
     ExpressionPtr where();
     QStringView tableAlias();
     Source table();
     Insert insert();
+    std::vector<ExpressionPtr> values(const std::vector<Target> &columns);
     Update update();
     Delete deletion();
 
@@ -76,6 +78,7 @@ private:
 
     QStringView m_text;
     const std::vector<Token> &m_tokens;
+    QStringView m_written; ///< the column that the value being read is for; empty when for none
     size_t m_at = 0;
     int m_level = 0;
     int m_sources = 0;

@@ -370,8 +370,10 @@ ExpressionPtr Parser::dateLiteral()
 {
     const Token &read = token();
     const auto date = parseDate(textOf(read));
-    if (!date)
-        fail(read.begin, u"日期有误：%1，应如 2026-9-8"_qs.arg(quoted(textOf(read))));
+    if (!date) {
+        const QString whose = m_written.isEmpty() ? QString() : m_written.toString() + u'：';
+        fail(read.begin, u"%1日期有误：%2，应如 2026-9-8"_qs.arg(whose, quoted(textOf(read))));
+    }
     step();
     return make(DateLiteral{storedDate(*date)}, read.begin);
 }

@@ -227,9 +227,9 @@ TEST_F(FrmFxFileTest, FailuresOfASaveAreToldAndTheNextSaveWorks)
         QString told; ///< for an old listing and, behind "DoSave:" perhaps, a new one
     };
     const Case cases[] = {
-        {date(33, {}), date(33, u"2026-1-2"_qs), u"日期有误：“”"_qs},
-        {date(2, u"2026-13-45"_qs), date(2, u"2026-1-2"_qs), u"日期有误：“2026-13-45”"_qs},
-        {date(35, u"明天"_qs), date(35, u"2026-1-2"_qs), u"日期有误：“明天”"_qs},
+        {date(33, {}), date(33, u"2026-1-2"_qs), u"委托日期：日期有误：“”"_qs},
+        {date(2, u"2026-13-45"_qs), date(2, u"2026-1-2"_qs), u"操作日期：日期有误：“2026-13-45”"_qs},
+        {date(35, u"明天"_qs), date(35, u"2026-1-2"_qs), u"交房日期：日期有误：“明天”"_qs},
         {[&] { other->begin(); }, [&] { other->rollback(); }, u"数据库正被其他程序占用"_qs},
         {[&] {
              connection->executeNative("pragma max_page_count=1");
