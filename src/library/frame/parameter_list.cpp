@@ -1,5 +1,6 @@
 #include "library/frame/parameter_list.h"
 
+#include "library/frame/conversions.h"
 #include "library/frame/null_conv.h"
 
 namespace ebtq {
@@ -30,7 +31,7 @@ bool ParameterList::Exists(const QString &name) const
 QString ParameterList::text(const QString &name) const
 {
     const Entry *entry = find(name);
-    return entry ? NullConv::ToText(entry->parameter.Value).trimmed() : QString();
+    return entry ? Trim(NullConv::ToText(entry->parameter.Value)) : QString();
 }
 
 } // namespace ebtq

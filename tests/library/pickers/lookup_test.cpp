@@ -53,8 +53,9 @@ TEST_F(PickerLookUpTest, StatementsAreAsTold)
          u"b,b,b,石桥头"_qs},
         {u"selPdmDz"_qs, u"楼盘=云锦苑"_qs, {}, blocks + u" where 楼盘ID=32 order by 栋座编号"_qs},
         {u"selPdmDz"_qs, u"楼盘=;lock=1"_qs, {}, blocks + u" order by 栋座编号"_qs},
-        {u"selPdmDz"_qs, u"楼盘=云锦苑;lock=1"_qs, u"A"_qs, blockCheck + u" and 楼盘名称='云锦苑'"_qs,
-         u"A,A,云锦苑"_qs},
+        // Blanks are cut off, wide ones are part of the name.
+        {u"selPdmDz"_qs, u"楼盘= 云锦苑　;lock=1"_qs, u"A"_qs, blockCheck + u" and 楼盘名称='云锦苑　'"_qs,
+         u"A,A,云锦苑　"_qs},
     };
     for (const Case &c : cases) {
         make(c.picker, c.parameters);
