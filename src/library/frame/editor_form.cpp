@@ -72,7 +72,11 @@ void EditorForm::connectField(qzTxt_S &field)
     connect(&field, &qzTxt_S::FieldHelp, this, [=, this](int left, int top, QString &text, QVariant &value) {
         trapped(tag(u"FieldHelp"), [&] {
             HostPicker *list = picker(number);
-            return list && list->Show(left, top, text, value, 0, {});
+            if (!list || !list->Show(left, top, text, value, 0, {}))
+                return false;
+            m_chosenField = number;
+            m_chosenRow = list->Objects();
+            return true;
         });
     });
     connect(&field, &qzTxt_S::FieldCheck, this,
@@ -206,6 +210,14 @@ bool EditorForm::check(int number, const Check &check)
         app().Db().LastError().Description.isEmpty())
         picked(number, *list);
     return true;
+}
+
+/// Typing empties a field's value, so one that is there was chosen.
+std::shared_ptr<const PickedRow> EditorForm::rowOf(int number, const HostPicker &picker) const
+{
+    const bool isChosen = m_chosenField == number &&
+                          !NullConv::ToText(m_fields.at(static_cast<size_t>(number))->Value()).isEmpty();
+    return isChosen ? m_chosenRow : picker.Objects();
 }
 
 // Statements

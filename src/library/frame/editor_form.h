@@ -56,6 +56,9 @@ protected:
     /// Told after its picker has looked a field's text up, found or not; not when the database failed, since
     /// what goes with the text is not known then.
     virtual void picked(int, const HostPicker &) {}
+    /// The row that goes with a field when its picker has looked it up: the chosen one while the choice
+    /// stands, since the look-up finds the first of those that have one name.
+    [[nodiscard]] std::shared_ptr<const PickedRow> rowOf(int number, const HostPicker &picker) const;
     /// True when the form may close.
     virtual bool DoSave() = 0;
 
@@ -87,6 +90,8 @@ private:
     QString m_fieldsName;
     std::vector<qzTxt_S *> m_fields;
     std::vector<Button *> m_buttons;
+    int m_chosenField = -1;
+    std::shared_ptr<const PickedRow> m_chosenRow;
 };
 
 } // namespace ebtq

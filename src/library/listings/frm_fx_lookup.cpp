@@ -112,7 +112,7 @@ bool FrmFx::check(int number, const Check &check)
 /// building left here.
 void FrmFx::picked(int number, const HostPicker &picker)
 {
-    const auto row = picker.Objects();
+    const auto row = rowOf(number, picker);
     if (number == Building) {
         if (const auto building = std::dynamic_pointer_cast<const clsLpzd>(row)) {
             qzFcTxt(20).setText(building->s物业用途);

@@ -122,6 +122,15 @@ TEST_F(FrmFxLookupTest, ABuildingAndABlockBringTheirDetailsAlong)
         EXPECT_EQ(texts({6, 20, 21, 22, 37, 3}),
                   QStringList({u"翠堤雅居"_qs, u"住宅"_qs, u"高层"_qs, u"2012"_qs, u"3.25"_qs, u"A3"_qs}));
         EXPECT_EQ(form.qzFcTxt(6).Tag(), u"31");
+        auto namesake = std::make_shared<clsLpzd>(*building);
+        namesake->s物业用途 = u"商铺"_qs;
+        script = {{}, u"翠堤雅居"_qs, 32, namesake};
+        form.qzFcTxt(6).requestHelp(0, 0);
+        script = {{}, u"翠堤雅居"_qs, 31, building};
+        EXPECT_TRUE(form.qzFcTxt(6).check());
+        EXPECT_EQ(form.qzFcTxt(6).Tag() + text(20), u"32商铺") << "what goes with the chosen one";
+        EXPECT_TRUE(enter(6, u"CDYJ"_qs));
+        EXPECT_EQ(form.qzFcTxt(6).Tag() + text(20), u"31住宅");
         script = {{}, u"A栋"_qs, 4, block};
         EXPECT_TRUE(enter(3, u"A"_qs));
         EXPECT_EQ(texts({3, 10}), QStringList({u"A栋"_qs, u"33"_qs}));
