@@ -5,6 +5,8 @@
 #include "library/frame/null_conv.h"
 #include "library/frame/wait_cursor.h"
 
+#include <utility>
+
 namespace ebtq {
 
 namespace {
@@ -129,6 +131,7 @@ void Picker::reload()
 
 bool Picker::load()
 {
+    m_sortedColumn = -1;
     m_grid.setRows(m_grid.FixedRows());
     const WaitCursor wait(desktop());
     const auto rows = open(listStatement());
@@ -150,6 +153,16 @@ std::unique_ptr<Recordset> Picker::open(const SqlText &sql)
 void Picker::raiseError(const QString &message, int /*level*/, const QString & /*title*/)
 {
     m_failure.setCaption(message);
+}
+
+void Picker::sortBy(int column)
+{
+    m_isDescending = std::exchange(m_sortedColumn, column) == column && !m_isDescending;
+    const int current = m_grid.Col();
+    m_grid.setCol(column);
+    m_grid.setSort(
+        static_cast<int>(m_isDescending ? GridSort::GenericDescending : GridSort::GenericAscending));
+    m_grid.setCol(current); // a search of one column goes by it
 }
 
 // Choice

@@ -53,6 +53,9 @@ public:
 
     /// What a view calls for a click on a data row.
     virtual void clickRow(int /*row*/) {}
+    /// What a view calls for a click on a column's caption: puts the rows in its order, and the next click on
+    /// the same one in the opposite order.
+    void sortBy(int column);
     /// What a view calls for Ctrl+B.
     void findByKey() { m_focus.SetFocus(m_search.text()); }
     /// What a view calls for Ctrl+Shift+E.
@@ -138,6 +141,8 @@ private:
     QVariant m_value;
     QString m_text;
     QString m_layoutFolder;
+    int m_sortedColumn = -1;
+    bool m_isDescending = false;
 };
 
 /// " Where (" and each of the columns compared with the typed text, " OR " between them, and ")".

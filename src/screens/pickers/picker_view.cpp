@@ -115,6 +115,9 @@ void PickerView::addGrid(QVBoxLayout &column)
     m_grid->installEventFilter(this);
     connect(m_grid, &QAbstractItemView::clicked, this,
             [this](const QModelIndex &index) { m_picker.clickRow(m_picker.VS().rowInSight(index.row())); });
+    QHeaderView &captions = *m_grid->horizontalHeader();
+    captions.setSectionsClickable(true);
+    connect(&captions, &QHeaderView::sectionClicked, &m_picker, &Picker::sortBy);
     column.addWidget(m_grid, 1);
 }
 
