@@ -72,7 +72,8 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
     PrintEngine printEngine(printDesk);
     app.setPrintContext(&printEngine);
     app.setPickerFactory(componentPickers(library, app));
-    MainWindow window(library, app, {user.name, user.department, today, databasePlace(connection)});
+    const QString place = options.tour.isEmpty() ? databasePlace(connection) : QStringLiteral("演示副本");
+    MainWindow window(library, app, {user.name, user.department, today, place});
     const auto report = [&window](const QString &text) { window.showFailure(text); };
     app.setFailureReport(report);
     application.setFailureReport(report);

@@ -60,7 +60,7 @@ void fillNewListing(Tour &tour)
     const std::pair<int, QString> texts[] = {
         {1, known.value(0, 0).toString()}, {6, known.value(0, 1).toString()},
         {3, known.value(0, 2).toString()}, {8, QStringLiteral("1802")},
-        {14, QStringLiteral("18")},        {19, QStringLiteral("2")},
+        {14, QStringLiteral("18")},        {4, QStringLiteral("02")},
         {7, QStringLiteral("128.5")},      {23, QStringLiteral("出售")},
         {24, QStringLiteral("有效")},      {25, QStringLiteral("586")},
         {48, QStringLiteral("有匙")},      {49, QStringLiteral("A-17")},
