@@ -70,8 +70,10 @@ TEST_F(PickerPanelTest, TickedRowsAreTheChoice)
     }
     list.VS().setTextMatrix(2, 2, QString());
     list.btn(3).press();
+    list.Check().setValue(1);
+    list.Txt(0).setText(u"A1"_qs);
     list.Txt(0).pressReturn();
-    EXPECT_EQ(choice(), u"12,0|急售,学位未用"_qs) << "a row without a code is not ticked";
+    EXPECT_EQ(choice(), u"12,0|急售,学位未用"_qs) << "no row without a code, but those out of sight";
 }
 
 TEST_F(PickerPanelTest, OneRowIsTheChoice)
