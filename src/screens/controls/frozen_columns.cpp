@@ -17,6 +17,7 @@ FrozenColumns::FrozenColumns(QTableView &list)
     setModel(list.model());
     setSelectionModel(list.selectionModel());
     setItemDelegate(list.itemDelegate());
+    setSelectionBehavior(list.selectionBehavior());
     setShowGrid(false);
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
@@ -29,6 +30,8 @@ FrozenColumns::FrozenColumns(QTableView &list)
         if (!m_isFollowing && width > 0)
             m_list.setColumnWidth(column, width);
     });
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, list.horizontalHeader(),
+            &QHeaderView::sectionClicked);
     for (const QScrollBar *bar : {list.horizontalScrollBar(), list.verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &FrozenColumns::follow);
 }
@@ -69,6 +72,7 @@ void FrozenColumns::followColumns()
 {
     const QScopedValueRollback following(m_isFollowing, true);
     const QHeaderView &sections = *m_list.horizontalHeader();
+    horizontalHeader()->setSectionsClickable(sections.sectionsClickable());
     for (int place = 0; place < sections.count(); ++place) {
         const int column = sections.logicalIndex(place);
         horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), place);

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 
@@ -116,6 +117,19 @@ TEST_F(PickerViewTest, TheMouseTicksOrChooses)
     QTest::mouseDClick(rows().viewport(), Qt::LeftButton, {}, placeOf(1, 2));
     EXPECT_EQ(events, QStringList(u"select"_qs));
     EXPECT_EQ(choice(), u"8|一栋"_qs);
+}
+
+TEST_F(PickerViewTest, CaptionsThatStayInSightSortToo)
+{
+    (void)onScreen<selPdmLpzd>();
+    view->resize(420, 400);
+    QCoreApplication::processEvents();
+    rows().horizontalScrollBar()->setValue(60);
+    const QHeaderView &captions = *child<QTableView>("VS_frozen").horizontalHeader();
+    QTest::mouseClick(captions.viewport(), Qt::LeftButton, {},
+                      {captions.sectionViewportPosition(2) + 20, captions.height() / 2});
+    EXPECT_EQ(shown(2).join(u' '), u"BTHY QSJ YJY"_qs);
+    EXPECT_EQ(rows().selectionModel()->selectedRows().size(), 1) << "a caption selects nothing";
 }
 
 TEST_F(PickerViewTest, TheComboBoxTellsDistrictsOfOneNameApart)
