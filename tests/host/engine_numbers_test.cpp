@@ -38,35 +38,35 @@ struct Taken
     QStringList failures;
 };
 
-/// One save: a number and a key in one transaction, as a module takes them. Every third is given up.
-void saveOnce(db::Connection &connection, int round, Taken &taken)
+/// One save, which takes a number or a key, so that neither hides behind the other's lock. Every third is
+/// given up.
+void saveOnce(db::Connection &connection, int round, bool isKey, Taken &taken)
 {
     host::HostDatabase database(connection);
     IdGenerator generator;
     generator.Init(database);
     database.BeginTrans();
-    const QString code = host::issueBillCode(connection, 101, day);
     int key = 0;
-    const QString failure = generator.NextID(QStringLiteral("pdmlpzd"), QStringLiteral("楼盘ID"), key);
-    if (!failure.isEmpty())
-        taken.failures << failure;
-    database
-        .CreateQuery(QStringLiteral("insert into pdmlpzd(楼盘ID,楼盘编号)values(%1,'%2')").arg(key).arg(code))
-        ->Execute();
-    taken.failures << database.LastError().Description;
+    if (isKey)
+        taken.failures << generator.NextID(QStringLiteral("pdmlpzd"), QStringLiteral("楼盘ID"), key);
+    const QString code = isKey ? QString() : host::issueBillCode(connection, 101, day);
     if (round % 3 == 2)
         return database.RollbackTrans();
     database.CommitTrans();
-    taken.codes.push_back(code);
-    taken.keys.push_back(key);
+    if (isKey)
+        taken.keys.push_back(key);
+    else
+        taken.codes.push_back(code);
 }
 
 /// What one program does; it begins together with the others, in a month that has no numbers yet.
 void saveMany(db::Connection &connection, int rounds, Taken &taken)
 {
     try {
-        for (int round = 0; round < rounds; ++round)
-            saveOnce(connection, round, taken);
+        for (const bool isKey : {true, false}) {
+            for (int round = 0; round < rounds; ++round)
+                saveOnce(connection, round, isKey, taken);
+        }
     } catch (const std::exception &failure) {
         taken.failures << QString::fromUtf8(failure.what());
     }

@@ -36,34 +36,29 @@ QString IdGenerator::NextID(const QString &table, const QString &keyColumn, int 
     }
 }
 
-/// The counter is changed before anything is read: on a server whoever asks at the same time waits there, and
-/// then reads what this one has left.
+/// Once there is a counter it is changed before it is read: on a server whoever asks at the same time waits
+/// there, and then counts on from what this one has left.
 int IdGenerator::takeNext(const QString &table, const QString &keyColumn)
 {
     const QString where = whereCounter(table, keyColumn);
-    if (!holdCounter(where)) {
-        // Somebody else may make the counter at the same moment; then it is there all the same.
+    const QString reading = QStringLiteral("select lastID from host_counters") + where;
+    if (!scalar(reading).isValid()) {
+        // Somebody else may make it at the same moment; then it is there all the same.
         m_db->CreateQuery(
                 QStringLiteral("insert into host_counters(tableName,keyColumn,lastID) values('%1','%2',0)")
                     .arg(table, keyColumn))
             ->Execute();
-        const QString failure = m_db->LastError().Description;
-        if (!holdCounter(where))
-            throw Failure(failure);
     }
-    const QVariant last = scalar(QStringLiteral("select lastID from host_counters") + where);
+    execute(QStringLiteral("update host_counters set lastID=lastID+1") + where);
+    const QVariant last = scalar(reading);
+    if (!last.isValid())
+        throw Failure(QStringLiteral("%1 的编号计数器无法建立！").arg(table));
     const QVariant highest = scalar(QStringLiteral("select max(%1) from %2").arg(keyColumn, table));
-    const qlonglong next = qMax(last.toLongLong(), highest.toLongLong()) + 1;
+    const qlonglong next = qMax(last.toLongLong(), highest.toLongLong() + 1);
     if (next > std::numeric_limits<int>::max())
         throw Failure(QStringLiteral("%1 的编号已用完！").arg(table));
     execute(QStringLiteral("update host_counters set lastID=%1").arg(next) + where);
     return static_cast<int>(next);
-}
-
-bool IdGenerator::holdCounter(const QString &where)
-{
-    execute(QStringLiteral("update host_counters set lastID=lastID") + where);
-    return scalar(QStringLiteral("select lastID from host_counters") + where).isValid();
 }
 
 QVariant IdGenerator::scalar(const SqlText &sql)

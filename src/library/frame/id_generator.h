@@ -18,8 +18,6 @@ public:
 
 private:
     int takeNext(const QString &table, const QString &keyColumn);
-    /// Keeps others from the counter until the transaction ends; false when there is none yet.
-    bool holdCounter(const QString &where);
     QVariant scalar(const SqlText &sql);
     void execute(const SqlText &sql);
     void requireSuccess() const;
