@@ -108,8 +108,8 @@ void ModulePage::restoreLayout()
 QString ModulePage::layoutFile() const
 {
     const QString folder = m_app.Session().AppPath() + QStringLiteral("/selfbb");
-    if (!QDir().mkpath(folder))
-        throw Failure(QStringLiteral("无法建立布局文件夹：%1").arg(folder));
+    // Where it cannot be made the module tells once a layout is to be kept, not at each load.
+    QDir().mkpath(folder);
     const QStringView name = m_entry.className.mid(m_entry.className.lastIndexOf(u'.') + 1);
     return QStringLiteral("%1/%2.txt").arg(folder, name);
 }

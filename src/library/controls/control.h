@@ -39,6 +39,11 @@ public:
     [[nodiscard]] const QString &ToolTipText() const { return m_toolTipText; }
     void setToolTipText(const QString &text);
 
+    /// False for a control that shows a row's data: it is no setting of the user, and what it shows, an owner
+    /// among it, does not belong into a layout file.
+    [[nodiscard]] bool isKept() const { return m_isKept; }
+    void setKept(bool kept) { m_isKept = kept; }
+
     /// Asks the view to give this control the keyboard.
     void SetFocus() { Q_EMIT focusRequested(); }
 
@@ -55,6 +60,7 @@ private:
     int m_index;
     bool m_enabled = true;
     bool m_visible = true;
+    bool m_isKept = true;
     QString m_tag;
     QString m_caption;
     QString m_toolTipText;

@@ -93,7 +93,8 @@ void restoreForm(const QString &file, bool onlyColWidth, const ControlCollection
     IniStore store;
     store.setFileName(file);
     for (const auto &control : controls) {
-        restoreProperties(store, *control);
+        if (control->isKept())
+            restoreProperties(store, *control);
         auto *grid = qobject_cast<VSFlexGrid *>(control.get());
         if (grid && isListGrid(*grid))
             GridRestore(file, *grid, onlyColWidth, app);
@@ -107,7 +108,8 @@ bool saveForm(const QString &file, bool onlyColWidth, const ControlCollection &c
     IniStore store;
     store.setFileName(file);
     for (const auto &control : controls) {
-        saveProperties(store, *control);
+        if (control->isKept())
+            saveProperties(store, *control);
         const auto *grid = qobject_cast<const VSFlexGrid *>(control.get());
         if (grid && isListGrid(*grid))
             saveGrid(store, *grid, onlyColWidth);

@@ -87,10 +87,12 @@ void ListingDetail::makeControls()
     for (const DetailField &field : detailFields()) {
         m_fields.push_back(&controls().add<qzTxt_S>(QStringLiteral("qzFcTxt"), field.number));
         m_fields.back()->setCaption(field.caption.toString());
+        m_fields.back()->setKept(false);
     }
     for (const DetailBox &box : detailBoxes()) {
         m_boxes.push_back(&controls().add<TextBox>(QStringLiteral("Txt"), box.number, TextBox::Lines::Many));
         m_boxes.back()->setCaption(box.caption.toString());
+        m_boxes.back()->setKept(false);
     }
 }
 

@@ -104,6 +104,22 @@ TEST_F(FcxxLayoutTest, ColumnsThatAPersonChangedAreKeptAtOnceAndFoundAgain)
     EXPECT_TRUE(again.VS().ColHidden(19)) << "what the screen itself hides stays hidden";
 }
 
+TEST_F(FcxxLayoutTest, WhatTheDetailShowsOfAListingIsNotKept)
+{
+    open();
+    const auto owner = list.IDesignUI_Controls().find(u"qzFcTxt"_qs, 53);
+    const auto remark = list.IDesignUI_Controls().find(u"Txt"_qs, 0);
+    ASSERT_TRUE(owner && remark);
+    owner->setProperty("Text", u"13800005678"_qs);
+    remark->setProperty("Text", u"下午联系业主"_qs);
+    close();
+    QFile kept(file);
+    ASSERT_TRUE(kept.open(QFile::ReadOnly));
+    const QByteArray text = kept.readAll();
+    EXPECT_TRUE(text.contains("QZTXT_S_qzTxt_0_Text"));
+    EXPECT_FALSE(text.contains("13800005678") || text.contains("下午联系业主"));
+}
+
 TEST_F(FcxxLayoutTest, SubtotalsComeWithEveryLoad)
 {
     put(u"VsIsSort"_qs, u"VsCol4"_qs, u"1"_qs);
