@@ -63,7 +63,7 @@ void Fcxx::writeFollowUp()
     trapped(u"-->OpenFrmGj::", [&] {
         HostApp &host = app();
         const int row = m_grid.Row();
-        if (!isRowValid())
+        if (!isRowValid() || m_grid.isSubtotal(row))
             Q_EMIT Message(QStringLiteral("列表中没有当前房源，所写跟进将不属于任何房源！"));
         else if (m_grid.RowHidden(row))
             Q_EMIT Message(QStringLiteral("当前房源 %1 已被过滤隐藏，所写跟进将属于该房源！")

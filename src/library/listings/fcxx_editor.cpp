@@ -53,14 +53,19 @@ bool Fcxx::isRowValid() const
     return m_grid.Row() >= m_grid.FixedRows() && m_grid.Row() < m_grid.Rows();
 }
 
-/// Nobody edits or deletes what is not seen: a row that the search box has hidden is refused.
+/// Nobody edits or deletes what is not seen: a row that the search box has hidden is refused. So is a row of
+/// sums, whose empty key could be that of other rows.
 bool Fcxx::isRowInSight()
 {
     if (!isRowValid())
         return false;
-    if (!m_grid.RowHidden(m_grid.Row()))
+    const bool isSum = m_grid.isSubtotal(m_grid.Row());
+    if (isSum)
+        Q_EMIT Message(QStringLiteral("当前行是小计或合计，请先在列表中选择房源！"));
+    else if (m_grid.RowHidden(m_grid.Row()))
+        Q_EMIT Message(QStringLiteral("当前房源已被过滤隐藏，请先在列表中选择房源！"));
+    else
         return true;
-    Q_EMIT Message(QStringLiteral("当前房源已被过滤隐藏，请先在列表中选择房源！"));
     return false;
 }
 

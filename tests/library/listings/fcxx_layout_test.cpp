@@ -135,6 +135,14 @@ TEST_F(FcxxLayoutTest, SubtotalsComeWithEveryLoad)
         EXPECT_EQ(list.VS().TextMatrix(list.VS().Row(), 19), u"KEY-4") << "the person stays at the listing";
         EXPECT_FALSE(list.VS().isSubtotal(list.VS().Row()));
     }
+    // A sum is no listing: nothing is asked, run or opened.
+    list.VS().setRow(7);
+    const QString before = lastStatement();
+    for (const char16_t *key : {u"edit", u"delete"}) {
+        list.NavToolbar1().press(QString::fromUtf16(key));
+        EXPECT_EQ(events.last(), u"message 当前行是小计或合计，请先在列表中选择房源！");
+        EXPECT_EQ(lastStatement(), before);
+    }
 }
 
 TEST_F(FcxxLayoutTest, NoLayoutFileStopsTheScreen)
