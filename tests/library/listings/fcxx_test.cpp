@@ -303,16 +303,15 @@ TEST_F(FcxxTest, AViewThatFailsEndsInAMessage)
 {
     init();
     willLoad({u"FY1"_qs});
-    bool fails = true;
-    QObject::connect(&list.VS(), &VSFlexGrid::rowsReset, [&] {
-        if (fails && list.VS().Rows() > 1)
+    const auto failing = QObject::connect(&list.VS(), &VSFlexGrid::rowsReset, [this] {
+        if (list.VS().Rows() > 1)
             throw Failure(u"无法绘制"_qs);
     });
     EXPECT_FALSE(refresh());
     EXPECT_EQ(events.last(), u"error Fcxx-->IRptUI_Refresh::无法绘制|8|EBTQ_S"_qs);
     EXPECT_EQ(host.calls(), QStringList({u"open"_qs, u"release"_qs}));
     EXPECT_TRUE(list.VS().Redraw());
-    fails = false;
+    QObject::disconnect(failing);
     EXPECT_TRUE(refresh());
 }
 
