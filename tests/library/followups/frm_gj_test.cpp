@@ -1,5 +1,6 @@
 #include "library/followups/frm_gj.h"
 
+#include "host/setup.h"
 #include "library/listings/frm_fx_fixture.h"
 
 using namespace ebtq;

@@ -1,5 +1,6 @@
 #include "library/frame/grid_layout.h"
 
+#include "host/host_parameters.h"
 #include "library/controls/check_box.h"
 #include "library/controls/combo_box.h"
 #include "library/controls/control_collection.h"
@@ -10,13 +11,10 @@
 #include "library/frame/form_status.h"
 #include "library/frame/ini_store.h"
 #include "library/frame/layout_file.h"
+#include "library/support/agency_test.h"
 #include "library/support/blocks.h"
-#include "library/support/recording_host.h"
 
 #include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <set>
 
@@ -25,32 +23,13 @@ using namespace ebtq::test;
 
 namespace {
 
-/// A host whose parameters of group 12 are "1" to "14" digits for the keys 1 to 14.
-class DecimalsHost : public RecordingHost
-{
-public:
-    HostParameter SystemParameter(int group, const QVariant &key) override
-    {
-        if (group != 12)
-            throw Failure(u"another group"_qs);
-        if (key.toInt() == failingKey)
-            throw Failure(u"数据库已断开"_qs);
-        return {QString::number(key.toInt() - 6)};
-    }
-    int failingKey = 0;
-};
-
-class GridLayoutTest : public testing::Test
+class GridLayoutTest : public AgencyTest
 {
 protected:
     GridLayoutTest()
     {
         grid.setFormatString(u"标记|编号    |城区  |面积"_qs);
         grid.setFixedCols(0);
-        load();
-    }
-    void load()
-    {
         RowBlock block({Column(), Column(), Column(), {u"面积"_qs, ColumnType::Number}});
         for (const char *cell : {"", "2", "天河", "80.5", "", "1", "天河", "19.5", "", "3", "海珠", "7"})
             block.append(cell);
@@ -70,11 +49,9 @@ protected:
         store.setFileName(file);
         return store.GetString(section, key, u"-"_qs);
     }
-    void restore(bool onlyColWidth = false) { GridRestore(file, grid, onlyColWidth, host); }
+    void restore(bool onlyColWidth = false) { GridRestore(file, grid, onlyColWidth, app); }
 
-    QTemporaryDir folder;
     QString file = folder.filePath(u"Fcxx.txt"_qs);
-    DecimalsHost host;
     VSFlexGrid grid{u"VS"_qs};
 };
 
@@ -128,7 +105,7 @@ TEST_F(GridLayoutTest, EveryKeyComesBack)
     VSFlexGrid other(u"Vs"_qs);
     other.setFormatString(grid.FormatString());
     other.LoadArray(blockOf(4, {{u"x"_qs, {}, {}, {}}}));
-    GridRestore(file, other, false, host);
+    GridRestore(file, other, false, app);
     EXPECT_EQ(other.ColWidth(0), 33);
     EXPECT_EQ(other.ColWidth(1), 0);
     EXPECT_TRUE(other.MergeCol(2));
@@ -160,11 +137,11 @@ TEST_F(GridLayoutTest, AShownColumnHasItsFormerWidthAgain)
     EXPECT_EQ(kept(u"VsColWidth"_qs, u"VsCol1"_qs), u"77");
     VSFlexGrid other(u"VS"_qs);
     other.setFormatString(grid.FormatString());
-    GridRestore(file, other, true, host);
+    GridRestore(file, other, true, app);
     EXPECT_EQ(other.ColWidth(1), 0);
     EXPECT_EQ(other.widthWhenShown(1), 77);
     put(u"VsIsHidden"_qs, u"VsCol1"_qs, u"2"_qs);
-    GridRestore(file, other, true, host);
+    GridRestore(file, other, true, app);
     EXPECT_EQ(other.ColWidth(1), 77);
 }
 
@@ -187,7 +164,7 @@ TEST_F(GridLayoutTest, FormatsTakeTheirDigitsFromTheFileOrTheAgency)
         {0, u"0.0"_qs, u"-4"_qs, 0, u"#"_qs},
         {0, u"0.0"_qs, u"99999999999"_qs, 0, u"#.###############"_qs},
         {0, u""_qs, u"3"_qs, 1, u""_qs},
-        // the keys of the parameters are 7 8 9 12 10 13 11 14, and the host has 6 less of each
+        // the keys of the parameters are 7 8 9 12 10 13 11 14, and each has 6 less for its digits
         {0, u"0.0"_qs, {}, 1, u"#.#"_qs},
         {0, u"0.0"_qs, {}, 2, u"#.##"_qs},
         {0, u"0.0"_qs, {}, 3, u"#.###"_qs},
@@ -202,6 +179,8 @@ TEST_F(GridLayoutTest, FormatsTakeTheirDigitsFromTheFileOrTheAgency)
         {8, u"#,###.00"_qs, {}, 0, u""_qs},
         {7, u"yyyy-mm"_qs, {}, 0, u"yyyy-mm"_qs},
     };
+    for (int key = 7; key <= 14; ++key)
+        host::setParameter(*connection, {}, 12, QString::number(key), QString::number(key - 6));
     for (const Case &given : cases) {
         SCOPED_TRACE(testing::Message() << given.format.toStdString() << ' ' << given.kind);
         put(u"VsColDataType"_qs, u"VsCol3"_qs, QString::number(given.type));
@@ -211,7 +190,7 @@ TEST_F(GridLayoutTest, FormatsTakeTheirDigitsFromTheFileOrTheAgency)
         restore();
         EXPECT_EQ(grid.ColFormat(3), given.expected);
     }
-    host.failingKey = 12;
+    connection->executeNative("drop table host_parameters");
     put(u"VsColDataType"_qs, u"VsCol3"_qs, u"0"_qs);
     put(u"VsColFormat"_qs, u"VsCol3"_qs, u"0.0"_qs);
     put(u"VsColValDataType"_qs, u"VsCol3"_qs, u"4"_qs);
@@ -351,11 +330,11 @@ public:
     }
 };
 
-TEST(FormStatus, EachKindOfControlIsKeptUnderItsName)
+using FormStatus = AgencyTest;
+
+TEST_F(FormStatus, EachKindOfControlIsKeptUnderItsName)
 {
-    const QTemporaryDir folder;
     const QString file = folder.filePath(u"form.txt"_qs);
-    RecordingHost host;
     Form form;
     form.field.setText(u"营业\n一部"_qs);
     form.field.setValue(12);
@@ -377,7 +356,7 @@ TEST(FormStatus, EachKindOfControlIsKeptUnderItsName)
     EXPECT_EQ(store.GetString(u"VsColWidth_VsGj"_qs, u"VsCol1"_qs, {}), u"63");
 
     Form other;
-    restoreForm(file, false, other.controls, host);
+    restoreForm(file, false, other.controls, app);
     EXPECT_EQ(other.field.Text(), form.field.Text());
     EXPECT_EQ(other.field.Value().toInt(), 12);
     EXPECT_EQ(other.box.Value(), 1);
@@ -391,12 +370,12 @@ TEST(FormStatus, EachKindOfControlIsKeptUnderItsName)
     store.SetString(u"Form"_qs, u"TREEVIEW_tv"_qs, u"二级"_qs);
     store.SetString(u"Form"_qs, u"CHECKBOX_Chk_0"_qs, u"坏"_qs);
     ASSERT_TRUE(store.save());
-    restoreForm(file, true, other.controls, host);
+    restoreForm(file, true, other.controls, app);
     EXPECT_EQ(other.tree.selected, u"二级");
     EXPECT_EQ(other.box.Value(), 1) << "no number, no change";
     Form untouched;
     untouched.field.setText(u"原样"_qs);
-    restoreForm(folder.filePath(u"none.txt"_qs), true, untouched.controls, host);
+    restoreForm(folder.filePath(u"none.txt"_qs), true, untouched.controls, app);
     EXPECT_EQ(untouched.field.Text(), u"原样");
 }
 

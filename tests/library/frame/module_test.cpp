@@ -2,16 +2,11 @@
 #include "library/controls/label.h"
 #include "library/frame/focus_helper.h"
 #include "library/frame/module.h"
-#include "library/support/recording_host.h"
-#include "support/scripted_desktop.h"
-
-#include <gtest/gtest.h>
+#include "library/support/agency_test.h"
 
 #include <new>
 
 using namespace ebtq;
-using ebtq::test::RecordingHost;
-using ebtq::test::ScriptedDesktop;
 
 namespace {
 
@@ -38,17 +33,15 @@ protected:
     }
 };
 
-class ModuleTest : public ::testing::Test
+class ModuleTest : public test::AgencyTest
 {
 protected:
-    ScriptedDesktop desktop;
-    RecordingHost host;
     SmallModule module{desktop};
 };
 
 TEST_F(ModuleTest, TrapReportsWhateverIsThrownAndAlwaysReleases)
 {
-    module.setApp(&host);
+    module.setApp(&app);
     EXPECT_TRUE(module.trapped(u"-->Good::", [] { return true; }));
     EXPECT_FALSE(module.trapped(u"-->No::", [] { return false; }));
     EXPECT_EQ(module.errors, QStringList());
@@ -57,17 +50,17 @@ TEST_F(ModuleTest, TrapReportsWhateverIsThrownAndAlwaysReleases)
     ASSERT_EQ(module.errors.size(), 2);
     EXPECT_EQ(module.errors[0], u"Small-->Bad::表 fyxx 不存在|8|EBTQ_S"_qs);
     EXPECT_TRUE(module.errors[1].startsWith(u"Small-->Full::")) << module.errors[1].toStdString();
-    EXPECT_EQ(host.releases(), 4);
+    EXPECT_EQ(app.releases, 4);
 }
 
 TEST_F(ModuleTest, WorkOnLoadedRowsIsTrappedAndReleasesNothing)
 {
-    module.setApp(&host);
+    module.setApp(&app);
     EXPECT_TRUE(module.trappedWithoutDatabase(u"-->Good::", [] { return true; }));
     EXPECT_FALSE(
         module.trappedWithoutDatabase(u"-->Bad::", []() -> bool { throw Failure(u"第 3 行不存在"_qs); }));
     EXPECT_EQ(module.errors, QStringList(u"Small-->Bad::第 3 行不存在|8|EBTQ_S"_qs));
-    EXPECT_EQ(host.releases(), 0);
+    EXPECT_EQ(app.releases, 0);
 }
 
 TEST_F(ModuleTest, CallBeforeInitEndsInAMessage)

@@ -14,10 +14,6 @@ protected:
         for (int number = 0; number < 3; ++number)
             makeListing();
         connection->execute(u"update fyxx set 楼盘字典='东湖名苑' where 房源编号='FY2026110002'"_qs);
-        for (const int right : {RightNew, RightEdit, RightDelete})
-            connection->execute(
-                u"insert into host_rights (userID,moduleID,rightID,allowed) values ('U1',101,%1,1)"_qs.arg(
-                    right));
         QObject::connect(&list, &Fcxx::Message, [this](const QString &text) { message = text; });
         QObject::connect(&list, &Fcxx::ErrMessage,
                          [this](const QString &text, int level, const QString &title) {

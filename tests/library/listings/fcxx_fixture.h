@@ -1,16 +1,12 @@
 #pragma once
 
 #include "library/listings/fcxx.h"
-#include "library/support/blocks.h"
-#include "library/support/recording_host.h"
-#include "support/scripted_desktop.h"
-
-#include <gtest/gtest.h>
+#include "library/support/agency_test.h"
 
 namespace ebtq::test {
 
-/// The list of listings on a recording host, with all its events written down in order.
-class FcxxTest : public ::testing::Test
+/// The list of listings over a database, with all its events written down in order.
+class FcxxTest : public AgencyTest
 {
 protected:
     FcxxTest()
@@ -28,33 +24,32 @@ protected:
         });
     }
 
-    /// Rows of the list statement with these numbers of listings; every third has two attachments.
-    [[nodiscard]] static RowBlock listings(const QStringList &numbers)
+    /// Leaves listings with these numbers, from the top of the list; every third has two attachments.
+    void store(const QStringList &numbers)
     {
-        QList<QStringList> rows;
-        for (const QString &number : numbers) {
-            QStringList row(21);
-            row[1] = number;
-            row[4] = rows.size() % 2 == 0 ? u"天河区"_qs : u"海珠区"_qs;
-            row[5] = u"翠堤雅居"_qs;
-            row[6] = u"隐栋"_qs;
-            row[18] = u"张敏"_qs;
-            row[19] = u"KEY-"_qs + number;
-            row[20] = rows.size() % 3 == 0 ? u"2"_qs : u"0"_qs;
-            rows.append(row);
+        connection->execute(u"delete from fyxx"_qs);
+        connection->execute(u"delete from pubAttach"_qs);
+        for (qsizetype at = 0; at < numbers.size(); ++at) {
+            connection->execute(u"insert into fyxx (房源ID,房源编号,地区,楼盘字典,栋座位置) values "
+                                u"('KEY-%1','%1','%2','翠堤雅居','隐栋')"_qs.arg(
+                                    numbers[at], at % 2 == 0 ? u"天河区"_qs : u"海珠区"_qs));
+            for (int attachment = 0; attachment < (at % 3 == 0 ? 2 : 0); ++attachment)
+                connection->execute(u"insert into pubAttach (progID,IDs,filename,isActive,isPicture) values "
+                                    u"(101,'KEY-%1','f',1,0)"_qs.arg(numbers[at]));
         }
-        return blockOf(21, rows);
     }
-    void willLoad(const QStringList &numbers)
-    {
-        host.answer = [numbers](const SqlText &) { return listings(numbers); };
-    }
-    void init() { ASSERT_TRUE(list.IReportUI_Init(host, 101)); }
+    void init() { ASSERT_TRUE(list.IReportUI_Init(app, 101)); }
     bool refresh()
     {
         events.clear();
-        host.forget();
+        app.statements.clear();
+        app.releases = 0;
         return list.IReportUI_Refresh();
+    }
+    /// A statement that fails stands for the next ones of the list.
+    void failWith(const QString &message)
+    {
+        app.asRun = [message](const SqlText &) { return SqlText(u"select 1 as 号 from "_qs + message); };
     }
     [[nodiscard]] QStringList inSight()
     {
@@ -63,11 +58,15 @@ protected:
             numbers.append(list.VS().TextMatrix(list.VS().rowInSight(position), 1));
         return numbers;
     }
-    [[nodiscard]] QString lastStatement() const { return host.statements().last().text(); }
+    [[nodiscard]] QString rowText(int row)
+    {
+        QStringList cells;
+        for (int col = 0; col < list.VS().Cols(); ++col)
+            cells.append(list.VS().TextMatrix(row, col));
+        return cells.join(u'|');
+    }
+    [[nodiscard]] QString lastStatement() const { return app.lastStatement.text(); }
 
-    ScriptedDesktop desktop;
-    RecordingHost host;
-    QStringList events;
     Fcxx list{desktop};
 };
 

@@ -3,7 +3,6 @@
 #include "library/listings/fcxx_fixture.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 
 using namespace ebtq;
 using namespace ebtq::test;
@@ -38,7 +37,6 @@ protected:
         ASSERT_TRUE(store.save());
     }
 
-    QTemporaryDir folder;
     QString file = folder.filePath(u"Fcxx.txt"_qs);
 };
 
@@ -54,7 +52,7 @@ TEST_F(FcxxLayoutTest, AFilterIsBackBeforeTheFirstLoadAndNeverAfter)
 
     Fcxx again{desktop};
     QObject::connect(&again, &Fcxx::RefreshGetGridStatus, [&] { again.IReportUI_DoGetFormStatus(file); });
-    ASSERT_TRUE(again.IReportUI_Init(host, 101));
+    ASSERT_TRUE(again.IReportUI_Init(app, 101));
     again.IReportUI_DoGetFormStatus(file);
     EXPECT_EQ(again.qzTxt(0).Text(), u"天河区");
     EXPECT_EQ(again.XPCmb().Text(), u"半年内");
@@ -84,7 +82,7 @@ TEST_F(FcxxLayoutTest, AHostThatAsksForTheLayoutOnlyAfterALoadGetsTheShapeAlone)
 
 TEST_F(FcxxLayoutTest, ColumnsThatAPersonChangedAreKeptAtOnceAndFoundAgain)
 {
-    willLoad({u"3"_qs, u"2"_qs, u"1"_qs});
+    store({u"3"_qs, u"2"_qs, u"1"_qs});
     open();
     list.VS().setColWidth(1, 123);
     list.VS().setColWidth(2, 0);
@@ -95,7 +93,7 @@ TEST_F(FcxxLayoutTest, ColumnsThatAPersonChangedAreKeptAtOnceAndFoundAgain)
     EXPECT_EQ(list.VS().ColWidth(1), 123) << "a load brings nothing older back";
     // No close: the program may end any way.
     Fcxx again{desktop};
-    ASSERT_TRUE(again.IReportUI_Init(host, 101));
+    ASSERT_TRUE(again.IReportUI_Init(app, 101));
     again.IReportUI_DoGetFormStatus(file);
     EXPECT_EQ(again.VS().ColWidth(1), 123);
     EXPECT_EQ(again.VS().ColWidth(2), 0);
@@ -125,7 +123,7 @@ TEST_F(FcxxLayoutTest, SubtotalsComeWithEveryLoad)
     put(u"VsIsSort"_qs, u"VsCol4"_qs, u"1"_qs);
     put(u"VsIsGroupOn"_qs, u"VsCol4"_qs, u"1"_qs);
     put(u"VsIsTotalOn"_qs, u"VsCol20"_qs, u"1"_qs);
-    willLoad({u"4"_qs, u"3"_qs, u"2"_qs, u"1"_qs});
+    store({u"4"_qs, u"3"_qs, u"2"_qs, u"1"_qs});
     for (int load = 0; load < 2; ++load) {
         load == 0 ? open() : void(refresh());
         ASSERT_EQ(list.VS().Rows(), 8);
@@ -147,7 +145,7 @@ TEST_F(FcxxLayoutTest, SubtotalsComeWithEveryLoad)
 
 TEST_F(FcxxLayoutTest, NoLayoutFileStopsTheScreen)
 {
-    willLoad({u"2"_qs, u"1"_qs});
+    store({u"2"_qs, u"1"_qs});
     const QString readOnly = u"/proc/selfbb/Fcxx.txt"_qs; // not even the one who may do all can write there
     for (const QString &where :
          {folder.path(), readOnly, folder.filePath(u"none/below/Fcxx.txt"_qs), QString()}) {
@@ -168,34 +166,8 @@ TEST_F(FcxxLayoutTest, NoLayoutFileStopsTheScreen)
 
 TEST_F(FcxxLayoutTest, AScreenKnowsWhereItsFileLies)
 {
-    class WorkingFolder : public HostSession
-    {
-    public:
-        explicit WorkingFolder(QString path)
-            : m_path(std::move(path))
-        {}
-        [[nodiscard]] QString UserName() const override { return {}; }
-        [[nodiscard]] QString UserID() const override { return {}; }
-        [[nodiscard]] QString AppPath() const override { return m_path; }
-        [[nodiscard]] QDate LoginDate() const override { return {}; }
-
-    private:
-        QString m_path;
-    };
-    class FolderHost : public RecordingHost
-    {
-    public:
-        explicit FolderHost(const QString &path)
-            : session(path)
-        {}
-        HostSession &Session() override { return session; }
-        WorkingFolder session;
-    };
-    for (const QString &ending : {u""_qs, u"/"_qs}) {
-        FolderHost here(folder.path() + ending);
-        EXPECT_EQ(LayoutFile(u"PdmLpzd"_qs, here), folder.path() + u"/selfbb/PdmLpzd.txt"_qs);
-        EXPECT_TRUE(QFile::exists(folder.filePath(u"selfbb"_qs)));
-    }
+    EXPECT_EQ(LayoutFile(u"PdmLpzd"_qs, app), folder.path() + u"/selfbb/PdmLpzd.txt"_qs);
+    EXPECT_TRUE(QFile::exists(folder.filePath(u"selfbb"_qs)));
     EXPECT_EQ(ControlIndex(list.qzTxt(4)), 4);
     EXPECT_EQ(ControlIndex(list.VS()), -1);
     EXPECT_EQ(ControlIndex(QObject()), -1);

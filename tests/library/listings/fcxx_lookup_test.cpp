@@ -14,15 +14,6 @@ protected:
         QObject::connect(&list.qzTxt(3), &qzTxt_S::checkFailed,
                          [this](const QString &text) { refused = text; });
     }
-    QStringList callsOf(const std::function<void()> &act)
-    {
-        host.forget();
-        act();
-        QStringList calls = host.calls();
-        calls.removeAll(u"release"_qs);
-        return calls;
-    }
-
     QString refused;
 };
 
@@ -85,51 +76,43 @@ TEST_F(FcxxLookupTest, PickersAreAskedWithTheirParameters)
         {7, u"selpdmlpzd"_qs, QString(), QString()}, // the lock of the case above is gone
     };
     for (const Case &c : cases) {
-        auto &picker = host.pickerNamed(c.picker);
         qzTxt_S &field = list.qzTxt(c.number);
         list.qzTxt(0).setText(c.district);
         field.setText(u"旧"_qs);
-        picker.chosenValue = {};
-        EXPECT_EQ(callsOf([&] { field.requestHelp(30, 40); }),
-                  QStringList(u"show %1 30 40 '旧'"_qs.arg(c.picker) + c.parameters));
-        EXPECT_EQ(field.Text(), u"旧"_qs) << "a list left without a choice changes nothing";
-        picker.chosenValue = 17;
-        picker.chosenText = u"新"_qs;
-        callsOf([&] { field.requestHelp(30, 40); });
+        script = {};
+        field.requestHelp(30, 40);
+        EXPECT_EQ(field.Text() + script.textBefore, u"旧旧"_qs) << "left without a choice it changes nothing";
+        script.value = 17;
+        script.text = u"新"_qs;
+        field.requestHelp(30, 40);
+        EXPECT_EQ(script.asked, QStringList(2, u"show %1 30 40"_qs.arg(c.picker) + c.parameters));
         EXPECT_EQ(field.Text(), u"新"_qs);
         EXPECT_EQ(field.Value(), 17);
         list.qzTxt(0).setText(c.number == 0 ? QString() : c.district);
         field.type(u"旧"_qs);
-        EXPECT_EQ(callsOf([&] { EXPECT_TRUE(field.check()); }),
-                  QStringList(u"validate %1 '旧'"_qs.arg(c.picker) + c.parameters));
+        EXPECT_TRUE(field.check());
+        EXPECT_EQ(script.asked.last(), u"validate %1 旧"_qs.arg(c.picker) + c.parameters);
         EXPECT_EQ(field.Text(), u"新"_qs);
-        picker.ready = false;
+        script.ready = false;
         field.type(u"别的"_qs);
-        EXPECT_EQ(callsOf([&] {
-                      field.requestHelp(1, 1);
-                      EXPECT_FALSE(field.check());
-                  }),
-                  QStringList());
-        picker.ready = true;
+        field.requestHelp(1, 1);
+        EXPECT_FALSE(field.check());
+        EXPECT_EQ(script.asked.size(), 3);
     }
     EXPECT_EQ(events, QStringList());
 }
 
 TEST_F(FcxxLookupTest, ListsAreTheHosts)
 {
-    host.judgedValue = u"01"_qs;
-    host.judgedText = u"有效"_qs;
     qzTxt_S &field = list.qzTxt(3);
-    EXPECT_EQ(callsOf([&] { field.requestHelp(5, 6); }), QStringList(u"help gy_sjzd_zt 3 5 6 -1"_qs));
-    EXPECT_EQ(field.Text(), u"有效"_qs);
-    EXPECT_EQ(field.Value(), u"01"_qs);
-    field.type(u"1"_qs);
-    EXPECT_EQ(
-        callsOf([&] { EXPECT_TRUE(field.check()); }),
-        QStringList(
-            u"judge select 代码,名称 from pdmsjzd where 类型='交易状态' and (代码='@' or 名称='@')|代码|名称|1"_qs));
-    EXPECT_EQ(field.Text(), u"有效"_qs);
-    host.judgedValue = {};
+    for (const bool byList : {true, false}) {
+        field.setText({});
+        if (byList)
+            panels.willChoose(u"01"_qs);
+        byList ? field.requestHelp(5, 6) : field.type(u"01"_qs);
+        EXPECT_TRUE(field.check());
+        EXPECT_EQ(field.Text() + field.Value().toString(), u"有效01"_qs);
+    }
     field.type(u"乱"_qs);
     EXPECT_FALSE(field.check());
     EXPECT_EQ(refused, u"状态输入有误，请重新输入！"_qs);
@@ -138,17 +121,19 @@ TEST_F(FcxxLookupTest, ListsAreTheHosts)
 
 TEST_F(FcxxLookupTest, LookUpsReleaseTheDatabaseAndTrapFailures)
 {
-    host.forget();
-    list.qzTxt(0).requestHelp(0, 0);
-    list.qzTxt(3).requestHelp(0, 0);
-    list.qzTxt(3).type(u"x"_qs);
-    EXPECT_FALSE(list.qzTxt(3).check());
-    EXPECT_EQ(host.releases(), 3);
+    const auto lookUp = [this] {
+        list.qzTxt(0).requestHelp(0, 0);
+        list.qzTxt(3).requestHelp(0, 0);
+        list.qzTxt(3).type(u"x"_qs);
+        EXPECT_FALSE(list.qzTxt(3).check());
+    };
+    app.releases = 0;
+    panels.willChoose({});
+    lookUp();
+    EXPECT_EQ(app.releases, 3);
     list.IReportUI_Clear();
     events.clear();
-    list.qzTxt(0).requestHelp(0, 0);
-    list.qzTxt(3).requestHelp(0, 0);
-    EXPECT_FALSE(list.qzTxt(3).check());
+    lookUp();
     EXPECT_EQ(events, QStringList({u"error Fcxx-->qzTxt_FieldHelp::模块尚未初始化！|8|EBTQ_S"_qs,
                                    u"error Fcxx-->qzTxt_FieldGenericHelp::模块尚未初始化！|8|EBTQ_S"_qs,
                                    u"error Fcxx-->qzTxt_FieldCheck::模块尚未初始化！|8|EBTQ_S"_qs}));

@@ -2,7 +2,6 @@
 #include "library/listings/fcxx_fixture.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 
 namespace ebtq::test {
 
@@ -49,15 +48,12 @@ class FcxxPrintTest : public FcxxTest
 protected:
     void SetUp() override
     {
-        host.printing = {};
-        host.printing.context = &printer;
-        host.printing.folder = folder.path();
-        willLoad({u"A1"_qs, u"A2"_qs, u"A3"_qs});
+        app.setPrintContext(&printer);
+        store({u"A3"_qs, u"A2"_qs, u"A1"_qs});
         init();
         refresh();
         events.clear();
     }
-    QTemporaryDir folder;
     WritingPrinter printer;
 };
 
@@ -87,14 +83,13 @@ TEST_F(FcxxPrintTest, HandsOverWhatIsSeenUnderTheModulesPrintFile)
     list.VS().setColHidden(2, true);
     list.VS().setColWidth(3, 0);
     list.VS().setRowHidden(2, true);
-    host.printing.folder += u'/';
     EXPECT_TRUE(list.SelfPrint(true, false));
     EXPECT_TRUE(list.SelfPrint(false, false));
     EXPECT_TRUE(list.SelfPrint(true, true));
     const QString rest = u' ' + folder.path() + u"/selfPrn/Rpt101.prn 房源信息列表"_qs;
     EXPECT_EQ(printer.asked, (QStringList{u"print"_qs + rest, u"preview"_qs + rest, u"setup"_qs + rest}));
     EXPECT_TRUE(QDir(folder.path() + u"/selfPrn"_qs).exists());
-    EXPECT_EQ(printer.numbers, (QStringList{u"A1"_qs, u"A3"_qs}));
+    EXPECT_EQ(printer.numbers, (QStringList{u"A3"_qs, u"A1"_qs}));
     EXPECT_EQ(printer.captions.join(u'|'),
               u"|房源编号|城区|楼盘字典|楼层|附属房|房型|面积|朝向|装修|售总价|租总价|委托日|部门|经纪人"_qs);
     EXPECT_TRUE(events.isEmpty()) << events.join(u'\n').toStdString();
@@ -104,14 +99,18 @@ TEST_F(FcxxPrintTest, FailuresReachTheUserAndTheContractPrintsNothing)
 {
     printer.failure = u"打印机没有纸！"_qs;
     EXPECT_FALSE(list.SelfPrint(true, false));
-    host.printing.context = nullptr;
+    app.setPrintContext(nullptr);
     EXPECT_FALSE(list.SelfPrint(false, false));
-    host.printing.folder = u"/dev/null"_qs;
+    QDir(folder.path()).rmdir(u"selfPrn"_qs);
+    QFile inTheWay(folder.filePath(u"selfPrn"_qs));
+    ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
     EXPECT_FALSE(list.SelfPrint(false, true));
-    EXPECT_EQ(events, (QStringList{u"error Fcxx-->SelfPrint::打印机没有纸！|8|EBTQ_S"_qs,
-                                   u"error Fcxx-->SelfPrint::本程序没有打印功能！|8|EBTQ_S"_qs,
-                                   u"error Fcxx-->SelfPrint::无法创建文件夹“/dev/null/selfPrn”，"
-                                   "请检查磁盘空间和权限！|8|EBTQ_S"_qs}));
+    EXPECT_EQ(
+        events,
+        (QStringList{u"error Fcxx-->SelfPrint::打印机没有纸！|8|EBTQ_S"_qs,
+                     u"error Fcxx-->SelfPrint::本程序没有打印功能！|8|EBTQ_S"_qs,
+                     u"error Fcxx-->SelfPrint::无法创建文件夹“%1”，请检查磁盘空间和权限！|8|EBTQ_S"_qs.arg(
+                         inTheWay.fileName())}));
     const qsizetype asked = printer.asked.size();
     EXPECT_FALSE(list.IReportUI_PrintPreview() || list.IReportUI_DoPrint() || list.IReportUI_PrintSetup());
     EXPECT_EQ(printer.asked.size(), asked);

@@ -1,3 +1,4 @@
+#include "host/host_parameters.h"
 #include "library/listings/fcxx_fixture.h"
 
 #include <QMetaMethod>
@@ -10,8 +11,7 @@ namespace {
 TEST_F(FcxxTest, InitSetsUpTheScreenAndLoadsNothing)
 {
     init();
-    EXPECT_TRUE(host.statements().isEmpty());
-    EXPECT_EQ(events, QStringList());
+    EXPECT_EQ(app.statements + events, QStringList());
     QStringList captions;
     QStringList hidden;
     for (int col = 0; col < list.VS().Cols(); ++col) {
@@ -51,13 +51,7 @@ TEST_F(FcxxTest, EventsAndContractsAreThoseOfTheHost)
         EXPECT_EQ(list.IReportUI_Attributes(other).toString(), QString());
     EXPECT_FALSE(list.IReportUI_Find({}) || list.IReportUI_FindNext() || list.IReportUI_Filter({}) ||
                  list.IReportUI_RecordTop() || list.IReportUI_RecordPrevious() ||
-                 list.IReportUI_RecordNext() || list.IReportUI_RecordBottom() ||
-                 list.IReportUI_PrintPreview() || list.IReportUI_DoPrint() || list.IReportUI_PrintSetup() ||
-                 list.IReportUI_Help());
-}
-
-TEST_F(FcxxTest, ToolbarShowsItsCommandsInTheirPlaces)
-{
+                 list.IReportUI_RecordNext() || list.IReportUI_RecordBottom() || list.IReportUI_Help());
     QString shown;
     for (const NavToolbar::Item &item : list.NavToolbar1().items()) {
         if (item.visible)
@@ -68,29 +62,26 @@ TEST_F(FcxxTest, ToolbarShowsItsCommandsInTheirPlaces)
 
 TEST_F(FcxxTest, RefusedRightsDisableTheirButtons)
 {
-    const QStringList keys{u"new"_qs, u"edit"_qs, u"delete"_qs};
-    const QList<int> rights{RightNew, RightEdit, RightDelete};
-    for (int refused = 0; refused < 8; ++refused) {
-        host.refusedRights.clear();
-        for (int at = 0; at < 3; ++at) {
-            if (refused & (1 << at))
-                host.refusedRights.insert(rights[at]);
-        }
+    const std::pair<QString, int> commands[] = {
+        {u"new"_qs, RightNew}, {u"edit"_qs, RightEdit}, {u"delete"_qs, RightDelete}};
+    for (int allowed = 0; allowed < 8; ++allowed) {
+        for (int at = 0; at < 3; ++at)
+            setRight(commands[at].second, allowed >> at & 1);
         init();
         for (int at = 0; at < 3; ++at)
-            EXPECT_EQ(list.NavToolbar1().isEnabled(keys[at]), !(refused & (1 << at))) << refused;
+            EXPECT_EQ(list.NavToolbar1().isEnabled(commands[at].first), allowed >> at & 1) << allowed;
         EXPECT_TRUE(list.NavToolbar1().isEnabled(u"gj"_qs));
     }
-    EXPECT_TRUE(host.calls().contains(u"rights 101"_qs));
 }
 
 TEST_F(FcxxTest, RefreshLoadsInOneStatementAndTellsInOrder)
 {
     init();
-    willLoad({u"FY3"_qs, u"FY2"_qs, u"FY1"_qs, u"FY0"_qs});
+    store({u"FY3"_qs, u"FY2"_qs, u"FY1"_qs, u"FY0"_qs});
     EXPECT_TRUE(refresh());
     EXPECT_EQ(events, QStringList({u"layout, 4 rows"_qs, u"message 共加载4条记录"_qs}));
-    EXPECT_EQ(host.calls(), QStringList({u"open"_qs, u"release"_qs}));
+    ASSERT_EQ(app.statements.size(), 1);
+    EXPECT_EQ(app.releases, 1);
     EXPECT_TRUE(lastStatement().contains(u"progID=101 and"));
     EXPECT_FALSE(lastStatement().contains(u"where A."));
     EXPECT_EQ(inSight(), QStringList({u"FY3"_qs, u"FY2"_qs, u"FY1"_qs, u"FY0"_qs}));
@@ -101,14 +92,8 @@ TEST_F(FcxxTest, RefreshLoadsInOneStatementAndTellsInOrder)
     EXPECT_EQ(list.VS().Row(), 1);
     EXPECT_TRUE(list.VS().Redraw());
     EXPECT_EQ(desktop.waits(), 1);
-}
 
-TEST_F(FcxxTest, AnEmptyResultCountsNothing)
-{
-    init();
-    willLoad({u"FY1"_qs});
-    EXPECT_TRUE(refresh());
-    host.answer = [](const SqlText &) { return RowBlock(); };
+    store({});
     EXPECT_TRUE(refresh());
     EXPECT_EQ(events, QStringList({u"layout, 0 rows"_qs, u"message 共加载0条记录"_qs}));
     EXPECT_EQ(list.VS().Rows(), 1);
@@ -118,18 +103,18 @@ TEST_F(FcxxTest, AnEmptyResultCountsNothing)
 TEST_F(FcxxTest, AFailedStatementEmptiesTheListAndKeepsTheFilter)
 {
     init();
-    willLoad({u"FY1"_qs, u"FY2"_qs});
+    store({u"FY1"_qs, u"FY2"_qs});
     EXPECT_TRUE(refresh());
     list.qzTxt(0).setText(u"O'Hara"_qs);
     int rowsWhenAsked = -1;
-    host.answer = [&](const SqlText &) -> RowBlock {
+    app.asRun = [&](const SqlText &sql) {
         rowsWhenAsked = list.VS().Rows();
-        throw std::runtime_error("输入的内容含有撇号");
+        return sql;
     };
     EXPECT_FALSE(refresh());
     EXPECT_EQ(rowsWhenAsked, 1) << "emptied before the database is asked";
-    EXPECT_EQ(events, QStringList(u"error 输入的内容含有撇号|8|EBTQ_S"_qs));
-    EXPECT_EQ(host.calls(), QStringList({u"open"_qs, u"release"_qs}));
+    EXPECT_EQ(events, QStringList(u"error %1|8|EBTQ_S"_qs.arg(app.Db().LastError().Description)));
+    EXPECT_EQ(app.releases, 1);
     EXPECT_EQ(list.VS().Rows(), 1);
     EXPECT_TRUE(list.VS().Redraw());
     EXPECT_EQ(list.qzTxt(0).Text(), u"O'Hara"_qs);
@@ -140,11 +125,22 @@ TEST_F(FcxxTest, TrappedErrorsNameModuleAndOperation)
     EXPECT_FALSE(refresh());
     EXPECT_EQ(events, QStringList(u"error Fcxx-->IRptUI_Refresh::模块尚未初始化！|8|EBTQ_S"_qs));
     init();
-    events.clear();
-    host.parametersFail = true;
-    EXPECT_FALSE(list.IReportUI_Init(host, 101));
-    EXPECT_EQ(events,
-              QStringList(u"error Fcxx-->IRptUI_Init::初始化过程发生错误，原因:参数表不可用|8|EBTQ_S"_qs));
+    store({u"FY1"_qs});
+    const auto failing = QObject::connect(&list.VS(), &VSFlexGrid::rowsReset, [this] {
+        if (list.VS().Rows() > 1)
+            throw Failure(u"无法绘制"_qs);
+    });
+    EXPECT_FALSE(refresh());
+    EXPECT_EQ(events.last(), u"error Fcxx-->IRptUI_Refresh::无法绘制|8|EBTQ_S"_qs);
+    EXPECT_EQ(app.releases, 1);
+    EXPECT_TRUE(list.VS().Redraw());
+    QObject::disconnect(failing);
+    EXPECT_TRUE(refresh());
+    connection->executeNative("drop table host_parameters");
+    EXPECT_FALSE(list.IReportUI_Init(app, 101));
+    EXPECT_TRUE(events.last().startsWith(u"error Fcxx-->IRptUI_Init::初始化过程发生错误，原因:") &&
+                events.last().endsWith(u"|8|EBTQ_S"))
+        << events.last().toStdString();
 }
 
 TEST_F(FcxxTest, FilterFieldsMakeTheStatement)
@@ -201,14 +197,14 @@ TEST_F(FcxxTest, CommandsSetTheFilterAndReload)
         EXPECT_TRUE(lastStatement().contains(c.clause)) << lastStatement().toStdString();
     }
     list.qzTxt(3).setText(u"有效"_qs);
-    host.forget();
+    app.statements.clear();
     list.NavToolbar1().press(u"refresh"_qs);
     EXPECT_TRUE(lastStatement().contains(u" where 交易状态='有效' and 操作日期>#2026-11-19# order"));
     events.clear();
     list.NavToolbar1().press(u"close"_qs);
     list.NavToolbar1().press(u"delete"_qs);
     EXPECT_EQ(events, QStringList(u"unload true"_qs));
-    EXPECT_EQ(host.statements().size(), 1);
+    EXPECT_EQ(app.statements.size(), 1);
 }
 
 TEST_F(FcxxTest, WheelTurnsRowsAtTheUsersRate)
@@ -232,9 +228,9 @@ TEST_F(FcxxTest, WheelTurnsRowsAtTheUsersRate)
     QStringList numbers;
     for (int row = 0; row < 21; ++row)
         numbers.append(u"FY%1"_qs.arg(row));
-    willLoad(numbers);
+    store(numbers);
     for (const Case &c : cases) {
-        host.wheelRate = c.rate;
+        host::setParameter(*connection, {}, 12, u"MouseEventScrollRate"_qs, c.rate);
         init();
         EXPECT_TRUE(refresh());
         MouseWheel &wheel = *list.mcMouseEvent();
@@ -267,20 +263,21 @@ TEST_F(FcxxTest, ARefreshReturnsToTheListing)
         return u"%1 from %2"_qs.arg(grid.TextMatrix(grid.Row(), 1)).arg(grid.TopRow());
     };
     init();
-    willLoad(numbers);
+    store(numbers);
     EXPECT_TRUE(refresh());
     EXPECT_EQ(stands(), u"FY99 from 1"_qs);
     grid.setRow(3);
-    willLoad(QStringList(u"NEW"_qs) + numbers);
+    store(QStringList(u"NEW"_qs) + numbers);
     EXPECT_TRUE(refresh());
     EXPECT_EQ(stands(), u"FY97 from 1"_qs) << "a new listing is seen at the top";
 
     grid.setTopRow(40);
     grid.setRow(45);
-    host.answer = [](const SqlText &) -> RowBlock { throw std::runtime_error("断开"); };
+    failWith(u"断开"_qs);
     EXPECT_FALSE(refresh());
     EXPECT_EQ(grid.Rows(), 1);
-    willLoad(numbers);
+    app.asRun = [](const SqlText &sql) { return sql; };
+    store(numbers);
     EXPECT_TRUE(refresh());
     EXPECT_EQ(stands(), u"FY56 from 39"_qs) << "a failure does not lose the place";
 
@@ -289,45 +286,30 @@ TEST_F(FcxxTest, ARefreshReturnsToTheListing)
     EXPECT_EQ(grid.TextMatrix(grid.Row(), 1), u"FY70"_qs) << "the search has the last word";
     list.SearchBox1().setText({});
     numbers.removeOne(u"FY70"_qs);
-    willLoad(numbers);
+    store(numbers);
     EXPECT_TRUE(refresh());
     EXPECT_EQ(stands(), u"FY99 from 1"_qs) << "gone";
     EXPECT_TRUE(list.IReportUI_Clear());
     init();
-    willLoad(QStringList(u"NEW"_qs) + numbers);
+    store(QStringList(u"NEW"_qs) + numbers);
     EXPECT_TRUE(refresh());
     EXPECT_EQ(stands(), u"NEW from 1"_qs) << "another start knows no place";
-}
-
-TEST_F(FcxxTest, AViewThatFailsEndsInAMessage)
-{
-    init();
-    willLoad({u"FY1"_qs});
-    const auto failing = QObject::connect(&list.VS(), &VSFlexGrid::rowsReset, [this] {
-        if (list.VS().Rows() > 1)
-            throw Failure(u"无法绘制"_qs);
-    });
-    EXPECT_FALSE(refresh());
-    EXPECT_EQ(events.last(), u"error Fcxx-->IRptUI_Refresh::无法绘制|8|EBTQ_S"_qs);
-    EXPECT_EQ(host.calls(), QStringList({u"open"_qs, u"release"_qs}));
-    EXPECT_TRUE(list.VS().Redraw());
-    QObject::disconnect(failing);
-    EXPECT_TRUE(refresh());
 }
 
 TEST_F(FcxxTest, ClearEndsTheModule)
 {
     init();
-    willLoad({u"FY1"_qs});
+    store({u"FY1"_qs});
     EXPECT_TRUE(refresh());
-    host.forget();
+    app.statements.clear();
+    app.releases = 0;
     EXPECT_TRUE(list.IReportUI_Clear());
     EXPECT_EQ(list.VS().Rows(), 0);
     EXPECT_EQ(list.mcMouseEvent(), nullptr);
     list.VS().reportFocus();
     list.SearchBox1().searchNow();
     EXPECT_FALSE(list.IReportUI_Refresh());
-    EXPECT_TRUE(host.calls().isEmpty());
+    EXPECT_EQ(app.statements.size() + app.releases, 0);
     init();
     EXPECT_TRUE(refresh());
 }

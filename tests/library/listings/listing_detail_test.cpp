@@ -1,13 +1,9 @@
 // The tabs below the list of listings, on a real database: what they show, and what they ask for when.
 
 #include "database/sqlite/sqlite_connection.h"
-#include "host/host_fixture.h"
-#include "library/listings/fcxx.h"
-#include "support/scripted_desktop.h"
+#include "library/listings/fcxx_fixture.h"
 
 #include <QFile>
-
-#include <gtest/gtest.h>
 
 #include <sqlite3.h>
 
@@ -31,20 +27,19 @@ int noteStatement(unsigned, void *notes, void *, void *sql)
     return 0;
 }
 
-class ListingDetailTest : public test::HostTest
+class ListingDetailTest : public test::FcxxTest
 {
 protected:
     ListingDetailTest()
     {
-        execute(u"insert into su_membership(userID,UserTypeID,username) values('U1',5,'张敏')");
         QObject::connect(&list, &Fcxx::ErrMessage,
                          [this](const QString &text, int level, const QString &title) {
                              errors += u"%1|%2|%3"_qs.arg(text).arg(level).arg(title);
                          });
-        auto *handle = static_cast<db::SqliteConnection &>(*m_connection).handle();
+        auto *handle = static_cast<db::SqliteConnection &>(*connection).handle();
         sqlite3_trace_v2(handle, SQLITE_TRACE_STMT, noteStatement, &statements);
     }
-    void run(const QString &statement) { m_connection->execute(statement); }
+    void run(const QString &statement) { connection->execute(statement); }
     void addListing(const QString &number, const QString &columns, const QString &values)
     {
         run(u"insert into fyxx(房源ID,房源编号,操作日期,制单日期,用户ID%2) "
@@ -58,7 +53,7 @@ protected:
     void start(int tab)
     {
         detail.qzVSTabCtl1().setActiveTab(tab);
-        ASSERT_TRUE(list.IReportUI_Init(*m_host, 101));
+        ASSERT_TRUE(list.IReportUI_Init(app, 101));
         ASSERT_TRUE(list.IReportUI_Refresh());
         statements.clear();
     }
@@ -80,8 +75,6 @@ protected:
 
     QString statements;
     QStringList errors;
-    test::ScriptedDesktop desktop;
-    Fcxx list{desktop};
     ListingDetail &detail = list.detail();
 };
 
@@ -205,7 +198,7 @@ TEST_F(ListingDetailTest, FollowUpsShowNewestFirst)
     list.VS().setRow(2);
     EXPECT_EQ(grid.Rows(), 1);
 
-    const QString file = m_folder.filePath(u"Fcxx.txt"_qs);
+    const QString file = folder.filePath(u"Fcxx.txt"_qs);
     list.IReportUI_DoGetFormStatus(file);
     for (const int width : {77, 177}) {
         QFile layout(file);
@@ -324,15 +317,15 @@ TEST_F(ListingDetailTest, FailuresEndInAMessage)
             << errors[0].toStdString();
         EXPECT_EQ(field(0), u"B"_qs);
         errors.clear();
-        EXPECT_EQ(m_host->Db().LastError().Description.isEmpty(), false);
-        m_connection->executeNative(QByteArray("alter table ") + c.table + " rename to gone");
+        EXPECT_EQ(app.Db().LastError().Description.isEmpty(), false);
+        connection->executeNative(QByteArray("alter table ") + c.table + " rename to gone");
         list.VS().setRow(1);
         ASSERT_EQ(errors.size(), 1);
         EXPECT_TRUE(errors[0].contains(QLatin1String(c.table)) && !errors[0].contains(u"Fcxx"))
             << errors[0].toStdString();
         EXPECT_EQ(grid.Rows() - 1, c.rowsLeft);
         EXPECT_TRUE(grid.Redraw());
-        m_connection->executeNative(QByteArray("alter table gone rename to ") + c.table);
+        connection->executeNative(QByteArray("alter table gone rename to ") + c.table);
         errors.clear();
         EXPECT_TRUE(list.IReportUI_Clear());
     }

@@ -13,7 +13,7 @@ protected:
     [[nodiscard]] QString typedSpans() const
     {
         QStringList spans;
-        const SqlText &sql = app.database.statements.last();
+        const SqlText &sql = app.lastStatement;
         for (const SqlText::Span &span : sql.typedSpans())
             spans.append(sql.text().mid(span.begin, span.length));
         return spans.join(u',');
@@ -59,11 +59,11 @@ TEST_F(PickerLookUpTest, StatementsAreAsTold)
     };
     for (const Case &c : cases) {
         make(c.picker, c.parameters);
-        app.database.releases = 0;
+        app.releases = 0;
         c.typedText.isEmpty() ? picker->IPickerUI_Refresh() : validate(c.typedText);
-        EXPECT_EQ(app.database.statements.last().text(), c.statement);
+        EXPECT_EQ(app.lastStatement.text(), c.statement);
         EXPECT_EQ(typedSpans(), c.typedSpans) << c.statement.toStdString();
-        EXPECT_EQ(app.database.releases, 1);
+        EXPECT_EQ(app.releases, 1);
         EXPECT_EQ(app.Db().LastError().Description, QString());
     }
 }
@@ -110,9 +110,9 @@ TEST_F(PickerLookUpTest, WhatCannotBeLookedUpMatchesNothingAndLeavesTheReason)
     EXPECT_EQ(value.toString() + text, QString());
     EXPECT_EQ(object<clsLpzd>()->l楼盘ID, 0) << "the row of the look-up before is still there";
     EXPECT_TRUE(app.Db().LastError().Description.contains(u"单引号"));
-    app.database.releases = 0;
+    app.releases = 0;
     EXPECT_THROW(validate(u"LP1"_qs, u"无此列"_qs), Failure);
-    EXPECT_EQ(app.database.releases, 1);
+    EXPECT_EQ(app.releases, 1);
     picker->IPickerUI_Clear();
     EXPECT_THROW(picker->IPickerUI_Refresh(), Failure);
 }

@@ -1,66 +1,15 @@
 #pragma once
 
-#include "database/schema/installer.h"
-#include "host/application.h"
 #include "library/pickers/picked_rows.h"
 #include "library/pickers/sel_pdm.h"
 #include "library/pickers/sel_pdm_dz.h"
 #include "library/pickers/sel_pdm_lpzd.h"
-#include "support/scripted_desktop.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "library/support/agency_test.h"
 
 namespace ebtq::test {
 
-/// The reference host's database, with the statements written down that pass through it.
-class WatchedDb : public HostDb
-{
-public:
-    explicit WatchedDb(HostDb &database)
-        : m_database(database)
-    {}
-    QList<SqlText> statements;
-    int releases = 0;
-
-    std::unique_ptr<HostQuery> CreateQuery(const SqlText &sql, int mode) override
-    {
-        statements.append(sql);
-        return m_database.CreateQuery(sql, mode);
-    }
-    bool Release() override
-    {
-        ++releases;
-        return m_database.Release();
-    }
-    void BeginTrans() override { FAIL() << "a picker writes nothing"; }
-    void CommitTrans() override { FAIL(); }
-    void RollbackTrans() override { FAIL(); }
-    [[nodiscard]] HostDbError LastError() const override { return m_database.LastError(); }
-
-private:
-    HostDb &m_database;
-};
-
-class WatchedHost : public host::Application
-{
-public:
-    using Application::Application;
-    HostDb &Db() override { return database; }
-
-    WatchedDb database{Application::Db()};
-};
-
-class NoPanels : public host::PanelPresenter
-{
-public:
-    std::optional<qsizetype> choose(const host::Panel &) override { return std::nullopt; }
-    std::optional<QDate> chooseDate(const QDate &, int, int) override { return std::nullopt; }
-};
-
 /// Two districts of one name, three buildings, blocks of one name in two of them, and remarks.
-class PickerTest : public ::testing::Test
+class PickerTest : public AgencyTest
 {
 protected:
     static inline const QString remarks =
@@ -68,26 +17,23 @@ protected:
 
     PickerTest()
     {
-        db::install(*connection);
-        for (const char16_t *row :
-             {u"pdmdq(地区ID,编码,地区,级次,是否明细) values(1,'01','云泽市',1,0)",
-              u"pdmdq(地区ID,编码,地区,级次,是否明细) values(3,'0102','石桥头',2,1)",
-              u"pdmdq(地区ID,编码,地区,级次,是否明细) values(2,'0101','清水湾',2,1)",
-              u"pdmdq(地区ID,编码,地区,级次,是否明细) values(4,'0103','清水湾',2,1)",
-              u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,物业类型,建房年代,售均价,管理费,详细地址,"
-              u"备注,拼音缩写) values(31,'LP1','碧棠花园',2,'住宅','多层','2003',1.25,0.8,'湾路1号','近湖',"
-              u"'BTHY')",
-              u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,拼音缩写) "
-              u"values(32,'LP2','云锦苑',3,'商铺','YJY')",
-              u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,拼音缩写) "
-              u"values(33,'LP3','清水居',4,'住宅','QSJ')",
-              u"pdmdz(栋座ID,栋座编号,栋座名称,楼盘ID,总楼层) values(7,'A','一栋',31,18)",
-              u"pdmdz(栋座ID,栋座编号,栋座名称,楼盘ID,总楼层) values(8,'B','一栋',32,9)",
-              u"pdmsjzd(类型,代码,名称) values('房源备注','12','急售')",
-              u"pdmsjzd(类型,代码,名称) values('房源备注','15','满五唯一')",
-              u"pdmsjzd(类型,代码,名称) values('房源备注','A1','学位未用')",
-              u"pdmsjzd(类型,代码,名称) values('业主联系备注','99','晚上联系')"})
-            connection->execute(u"insert into "_qs + QString::fromUtf16(row));
+        insert({u"pdmdq(地区ID,编码,地区,级次,是否明细) values(1,'01','云泽市',1,0)",
+                u"pdmdq(地区ID,编码,地区,级次,是否明细) values(3,'0102','石桥头',2,1)",
+                u"pdmdq(地区ID,编码,地区,级次,是否明细) values(2,'0101','清水湾',2,1)",
+                u"pdmdq(地区ID,编码,地区,级次,是否明细) values(4,'0103','清水湾',2,1)",
+                u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,物业类型,建房年代,售均价,管理费,"
+                u"详细地址,备注,拼音缩写) values(31,'LP1','碧棠花园',2,'住宅','多层','2003',1.25,0.8,"
+                u"'湾路1号','近湖','BTHY')",
+                u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,拼音缩写) "
+                u"values(32,'LP2','云锦苑',3,'商铺','YJY')",
+                u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,拼音缩写) "
+                u"values(33,'LP3','清水居',4,'住宅','QSJ')",
+                u"pdmdz(栋座ID,栋座编号,栋座名称,楼盘ID,总楼层) values(7,'A','一栋',31,18)",
+                u"pdmdz(栋座ID,栋座编号,栋座名称,楼盘ID,总楼层) values(8,'B','一栋',32,9)",
+                u"pdmsjzd(类型,代码,名称) values('房源备注','12','急售')",
+                u"pdmsjzd(类型,代码,名称) values('房源备注','15','满五唯一')",
+                u"pdmsjzd(类型,代码,名称) values('房源备注','A1','学位未用')",
+                u"pdmsjzd(类型,代码,名称) values('业主联系备注','99','晚上联系')"});
     }
 
     /// `parameters` as "name=value;name=value", set one by one.
@@ -134,22 +80,9 @@ protected:
         return std::dynamic_pointer_cast<const Row>(picker->IPickerUI_Objects());
     }
 
-    QTemporaryDir folder;
-    NoPanels panels;
-    ScriptedDesktop desktop;
-    std::unique_ptr<db::Connection> connection =
-        db::Connection::open(u":memory:"_qs, db::Connection::Missing::IsCreated);
-    WatchedHost app{*connection, {u"U1"_qs, u"张敏"_qs, {}}, {folder.path(), QDate(2026, 11, 22)}, panels};
     std::unique_ptr<Picker> picker;
-    QStringList events;
     QVariant value;
     QString text;
 };
 
 } // namespace ebtq::test
-
-/// How a failed comparison shows a text; found by GoogleTest beside the type.
-inline void PrintTo(const QString &text, std::ostream *stream)
-{
-    *stream << '"' << text.toStdString() << '"';
-}
