@@ -18,16 +18,6 @@ std::string onPostgres(const char16_t *statement)
     return translate(QString::fromUtf16(statement), postgresDialect(), catalog).sql.toStdString();
 }
 
-std::string caseName(const ::testing::TestParamInfo<CorpusCase> &info)
-{
-    std::string name = std::to_string(info.index) + '_' + info.param.name;
-    for (char &c : name) {
-        if (!std::isalnum(static_cast<unsigned char>(c)))
-            c = '_';
-    }
-    return name;
-}
-
 } // namespace
 
 TEST_P(StatementsTest, IsReadAlikeForEveryEngine)
@@ -49,7 +39,8 @@ TEST_P(StatementsTest, IsReadAlikeForEveryEngine)
     EXPECT_EQ(outcome(postgresDialect()), outcome(sqliteDialect()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Corpus, StatementsTest, ::testing::ValuesIn(corpus()), caseName);
+INSTANTIATE_TEST_SUITE_P(Corpus, StatementsTest, ::testing::ValuesIn(corpus()),
+                         [](const auto &info) { return testName(info.index, info.param); });
 
 TEST(Translation, NamesAndTypesTheResultsColumns)
 {

@@ -197,7 +197,10 @@ TEST_P(ConnectionTest, SeesTablesThatAnotherProgramChanged)
     EXPECT_EQ(cell(u"select 备注 from pdmgy"), "no row");
     EXPECT_EQ(cell(u"select x from 新表"), "no row");
     EXPECT_EQ(all(), 3);
-    other->executeNative("alter table pdmgy drop column 备注; drop table 新表");
+    other->executeNative("alter table pdmgy drop column 备注; alter table pdmgy add column 说明 text");
+    EXPECT_EQ(m_connection->query(QStringLiteral("select * from pdmgy")).columns()[2].name, u"说明");
+    EXPECT_THAT(messageOf([&] { (void)cell(u"select 备注 from pdmgy"); }), HasSubstr("列 备注 不存在"));
+    other->executeNative("alter table pdmgy drop column 说明; drop table 新表");
     EXPECT_EQ(all(), 2);
     EXPECT_THAT(messageOf([&] { (void)cell(u"select x from 新表"); }), HasSubstr("不存在"));
 }

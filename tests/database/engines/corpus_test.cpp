@@ -62,17 +62,6 @@ std::string failureOf(Connection &connection, const QString &statement)
     return {};
 }
 
-std::string caseName(const ::testing::TestParamInfo<std::tuple<Engine, CorpusCase>> &info)
-{
-    std::string name = nameOf(std::get<Engine>(info.param)) + '_' + std::to_string(info.index) + '_' +
-                       std::get<CorpusCase>(info.param).name;
-    for (char &c : name) {
-        if (!std::isalnum(static_cast<unsigned char>(c)))
-            c = '_';
-    }
-    return name;
-}
-
 } // namespace
 
 TEST_P(CorpusTest, GivesWhatItMust)
@@ -95,6 +84,9 @@ TEST_P(CorpusTest, GivesWhatItMust)
 INSTANTIATE_TEST_SUITE_P(Engines, CorpusTest,
                          ::testing::Combine(::testing::Values(Engine::Sqlite, Engine::Postgres),
                                             ::testing::ValuesIn(corpus())),
-                         caseName);
+                         [](const auto &info) {
+                             return nameOf(std::get<Engine>(info.param)) + '_' +
+                                    testName(info.index, std::get<CorpusCase>(info.param));
+                         });
 
 } // namespace ebtq::db::test

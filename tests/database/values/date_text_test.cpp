@@ -1,65 +1,63 @@
 #include "database/values/date_text.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace ebtq {
 
 TEST(DateText, ReadsTheFormsThatPeopleType)
 {
-    struct Case
-    {
-        const char16_t *typed;
-        const char16_t *stored; ///< empty when refused
-        const char16_t *regional;
+    const char16_t *const cases[] = {
+        u"2026-11-22>2026-11-22>2026-11-22",
+        u" 2026-9-8 >2026-09-08>2026-9-8",
+        u"2026/9/8>2026-09-08>2026-9-8",
+        u"9/8/2026>2026-09-08>2026-9-8",
+        u"2026-9-8 14:05>2026-09-08 14:05:00>2026-9-8 14:05:00",
+        u"2026-9-8   4:05:09>2026-09-08 04:05:09>2026-9-8 4:05:09",
+        u"12/31/1999 23:59:59>1999-12-31 23:59:59>1999-12-31 23:59:59",
+        u"2026-9-8 00:00:00>2026-09-08>2026-9-8",
+        u"1/5/2024 1:02:03 PM>2024-01-05 13:02:03>2024-1-5 13:02:03",
+        u"1/5/2024 12:00 am>2024-01-05>2024-1-5",
+        u"1/5/2024 12:30PM>2024-01-05 12:30:00>2024-1-5 12:30:00",
+        u"2024-2-29>2024-02-29>2024-2-29",
     };
-    const Case cases[] = {
-        {u"2026-11-22", u"2026-11-22", u"2026-11-22"},
-        {u" 2026-9-8 ", u"2026-09-08", u"2026-9-8"},
-        {u"2026/9/8", u"2026-09-08", u"2026-9-8"},
-        {u"9/8/2026", u"2026-09-08", u"2026-9-8"},
-        {u"2026-9-8 14:05", u"2026-09-08 14:05:00", u"2026-9-8 14:05:00"},
-        {u"2026-9-8 4:05:09", u"2026-09-08 04:05:09", u"2026-9-8 4:05:09"},
-        {u"12/31/1999 23:59:59", u"1999-12-31 23:59:59", u"1999-12-31 23:59:59"},
-        {u"2026-9-8 00:00:00", u"2026-09-08", u"2026-9-8"},
-        {u"1/5/2024 1:02:03 PM", u"2024-01-05 13:02:03", u"2024-1-5 13:02:03"},
-        {u"1/5/2024 12:00 am", u"2024-01-05", u"2024-1-5"},
-        {u"1/5/2024 12:30PM", u"2024-01-05 12:30:00", u"2024-1-5 12:30:00"},
-        {u"1/5/2024 13:00 PM", u"", u""},
-        {u"1/5/2024 0:30 AM", u"", u""},
-        {u"1/5/2024 1:00 XM", u"", u""},
-        {u"2024-2-29", u"2024-02-29", u"2024-2-29"},
-        {u"2026-2-29", u"", u""},
-        {u"2026-13-1", u"", u""},
-        {u"31/12/2026", u"", u""},
-        {u"2026-9/8", u"", u""},
-        {u"26-9-8", u"", u""},
-        {u"2026-9-8 25:00", u"", u""},
-        {u"2026-9-8 12", u"", u""},
-        {u"2026-9-8 12:00:00:00", u"", u""},
-        {u"2026-9-", u"", u""},
-        {u"2026-9-2026", u"", u""},
-        {u"9-8-2026", u"", u""},
-        {u"99-9-8", u"", u""},
-        {u"20260-9-8", u"", u""},
-        {u"2026-9-8x", u"", u""},
-        {u"2026-9-8 1:2:", u"", u""},
-        {u"2026-9-8   1:02", u"2026-09-08 01:02:00", u"2026-9-8 1:02:00"},
-        {u"明天", u"", u""},
-        {u"", u"", u""},
-    };
-    for (const Case &c : cases) {
-        const auto date = parseDate(c.typed);
-        const QString name = QString::fromUtf16(c.typed);
-        ASSERT_EQ(date.has_value(), c.stored[0] != 0) << name.toStdString();
-        if (!date)
-            continue;
-        EXPECT_EQ(storedDate(*date), QString::fromUtf16(c.stored)) << name.toStdString();
-        EXPECT_EQ(regionalDate(*date), QString::fromUtf16(c.regional)) << name.toStdString();
+    for (const char16_t *each : cases) {
+        const QStringList c = QString::fromUtf16(each).split(u'>'); // typed, stored and regional
+        const auto date = parseDate(c[0]);
+        ASSERT_TRUE(date) << c[0].toStdString();
+        EXPECT_EQ(storedDate(*date), c[1]) << c[0].toStdString();
+        EXPECT_EQ(regionalDate(*date), c[2]) << c[0].toStdString();
         std::string shown;
         appendRegionalDate(storedDate(*date).toStdString(), shown);
-        EXPECT_EQ(shown, QString::fromUtf16(c.regional).toStdString());
+        EXPECT_EQ(shown, c[2].toStdString());
         EXPECT_EQ(parseDate(regionalDate(*date)), date) << "what is shown can be typed back";
     }
+}
+
+TEST(DateText, RefusesWhatIsNoDate)
+{
+    for (const char16_t *typed : {u"1/5/2024 13:00 PM",
+                                  u"1/5/2024 0:30 AM",
+                                  u"1/5/2024 1:00 XM",
+                                  u"2026-2-29",
+                                  u"2026-13-1",
+                                  u"31/12/2026",
+                                  u"2026-9/8",
+                                  u"26-9-8",
+                                  u"2026-9-8 25:00",
+                                  u"2026-9-8 12",
+                                  u"2026-9-8 12:00:00:00",
+                                  u"2026-9-",
+                                  u"2026-9-2026",
+                                  u"9-8-2026",
+                                  u"99-9-8",
+                                  u"20260-9-8",
+                                  u"2026-9-8x",
+                                  u"2026-9-8 1:2:",
+                                  u"明天",
+                                  u""})
+        EXPECT_FALSE(parseDate(typed)) << QString::fromUtf16(typed).toStdString();
 }
 
 TEST(DateText, ShowsAForeignTextAsItStands)
