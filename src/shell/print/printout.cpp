@@ -24,6 +24,7 @@ constexpr double paddingAcross = 0.35;
 constexpr double paddingAbove = 0.2;
 constexpr double lineWidth = 6; // dots
 constexpr int measuredRows = 200;
+constexpr int measuredSums = 20; // at the end
 constexpr double widestFit = 260 * dotsPerPixel;
 
 /// Without shaping: a digit that the font draws in another shape between Latin letters could not be found by
@@ -127,45 +128,68 @@ std::vector<ColumnNeed> Printout::needs() const
 {
     std::vector<ColumnNeed> needs;
     for (int column = 0; column < static_cast<int>(m_grid.columns().size()); ++column)
-        needs.push_back(need(column, m_cellText));
+        needs.push_back(need(column));
     return needs;
 }
 
-/// A column that nobody has set fits its contents, as it does on the screen.
-ColumnNeed Printout::need(int column, const CellText &text) const
+/// A column that nobody has set fits its contents, as it does on the screen. Sums are wider than what they
+/// are of and stand at the end.
+ColumnNeed Printout::need(int column) const
 {
     const PrintedGrid::Column &given = m_grid.columns()[static_cast<size_t>(column)];
     const double width = given.width * dotsPerPixel;
     if (given.isWidthSet)
         return {width, width};
     double needed = m_captionText.width(given.caption);
-    for (int row = 0; row < std::min(m_grid.rowCount(), measuredRows); ++row) {
-        needed = std::max(needed, text.width(m_grid.text(row, column)));
-        if (!m_grid.picture(row, column).isEmpty())
-            needed = std::max(needed, text.lineHeight());
-    }
-    needed = std::min(needed + 2 * paddingAcross * text.lineHeight() + lineWidth, widestFit);
+    const int rows = m_grid.rowCount();
+    for (int row = 0; row < std::min(rows, measuredRows); ++row)
+        needed = std::max(needed, contentsWidth(row, column));
+    for (int row = std::max(measuredRows, rows - measuredSums); row < rows; ++row)
+        needed = std::max(needed, contentsWidth(row, column));
+    needed = std::min(needed + 2 * paddingAcross * m_cellText.lineHeight() + lineWidth, widestFit);
     return {std::max(width, needed), needed};
 }
 
-double Printout::heightOf(int lines, const CellText &text) const
+double Printout::contentsWidth(int row, int column) const
 {
-    return (lines + 2 * paddingAbove) * text.lineHeight();
+    const double icon = m_grid.picture(row, column).isEmpty() ? 0 : m_cellText.lineHeight();
+    return std::max(icon, textOf(row, column).width(m_grid.text(row, column)));
+}
+
+const CellText &Printout::textOf(int row, int column) const
+{
+    return m_grid.look(row, column).isBold ? m_captionText : m_cellText;
+}
+
+double Printout::heightOf(qsizetype lines, const CellText &text)
+{
+    return (static_cast<double>(lines) + 2 * paddingAbove) * text.lineHeight();
+}
+
+double Printout::roomOf(double width, const CellText &text)
+{
+    return width - 2 * paddingAcross * text.lineHeight();
 }
 
 double Printout::rowHeight(int row) const
 {
-    const double padding = 2 * paddingAcross * m_cellText.lineHeight();
     qsizetype most = 1;
-    for (size_t column = 0; column < m_widths.size(); ++column)
-        most = std::max(most, m_cellText.lineCount(m_grid.text(row, static_cast<int>(column)),
-                                                   m_widths[column] - padding));
-    return heightOf(static_cast<int>(most), m_cellText);
+    for (int column = 0; column < static_cast<int>(m_widths.size()); ++column) {
+        const CellText &text = textOf(row, column);
+        most = std::max(most, text.lineCount(m_grid.text(row, column),
+                                             roomOf(m_widths[static_cast<size_t>(column)], text)));
+    }
+    return heightOf(most, m_cellText);
 }
 
+/// Nobody can ask the paper what a cut caption says.
 double Printout::captionHeight() const
 {
-    return heightOf(1, m_captionText);
+    qsizetype most = 1;
+    for (size_t column = 0; column < m_widths.size(); ++column)
+        most = std::max(most, m_captionText.lineCount(m_grid.columns()[column].caption,
+                                                      roomOf(m_widths[column], m_captionText)));
+    return heightOf(most, m_captionText);
 }
 
 int Printout::pageCount() const
@@ -217,9 +241,8 @@ void Printout::paintCaptions(QPainter &painter, const FittedColumns::Band &band)
         painter.fillRect(cell, ink().header);
         paintFrame(painter, cell);
         painter.setPen(ink().ink);
-        const double room = column.width - 2 * paddingAcross * m_captionText.lineHeight();
-        paintLines(painter, cell, m_captionText.lines(given.caption, room).mid(0, 1), given.captionAlignment,
-                   m_captionText);
+        paintLines(painter, cell, m_captionText.lines(given.caption, roomOf(column.width, m_captionText)),
+                   given.captionAlignment, m_captionText);
     }
 }
 
@@ -238,11 +261,9 @@ void Printout::paintCell(QPainter &painter, const QRectF &cell, int row, int col
         painter.fillRect(cell, colorOf(look.backColor, Qt::white));
     paintFrame(painter, cell);
     paintPicture(painter, cell, m_grid.picture(row, column));
-    const CellText &text = look.isBold ? m_captionText : m_cellText;
+    const CellText &text = textOf(row, column);
     painter.setPen(colorOf(look.foreColor, ink().ink));
-    paintLines(painter, cell,
-               m_cellText.lines(m_grid.text(row, column),
-                                cell.width() - 2 * paddingAcross * m_cellText.lineHeight()),
+    paintLines(painter, cell, text.lines(m_grid.text(row, column), roomOf(cell.width(), text)),
                m_grid.columns()[static_cast<size_t>(column)].alignment, text);
 }
 

@@ -42,10 +42,16 @@ public:
     static constexpr int dotsPerInch = 1200;
 
 private:
-    [[nodiscard]] ColumnNeed need(int column, const CellText &text) const;
+    [[nodiscard]] ColumnNeed need(int column) const;
+    /// On one line.
+    [[nodiscard]] double contentsWidth(int row, int column) const;
+    /// Sums are bold.
+    [[nodiscard]] const CellText &textOf(int row, int column) const;
     [[nodiscard]] std::vector<ColumnNeed> needs() const;
     [[nodiscard]] double rowHeight(int row) const;
-    [[nodiscard]] double heightOf(int lines, const CellText &text) const;
+    [[nodiscard]] static double heightOf(qsizetype lines, const CellText &text);
+    /// What a column of that width has for its text.
+    [[nodiscard]] static double roomOf(double width, const CellText &text);
     void layOutHead();
     [[nodiscard]] double captionHeight() const;
     void paintTitles(QPainter &painter) const;

@@ -192,6 +192,20 @@ TEST_F(PrintEngineTest, WideListsGoOnSideBySideAndLongCellsWrap)
     EXPECT_GT(pages[0].count(QStringLiteral("宽大")), 5);
 }
 
+TEST_F(PrintEngineTest, CaptionsAndSumsAreReadWhole)
+{
+    grid.addColumn(QStringLiteral("求购价格按万元计算"), 40);
+    grid.addColumn(QStringLiteral("总"), 20);
+    grid.shown.back().isWidthSet = false;
+    addRows(240);
+    grid.subtotal = static_cast<int>(grid.rows.size()) - 1;
+    grid.rows.back() = {QStringLiteral("合计"), {}, {}, {}, QStringLiteral("1234567890.12")};
+    engine.PrintOut(job(), true);
+    for (const QString &page : pagesOfPdf())
+        EXPECT_TRUE(page.contains(u'算')) << "the end of the caption";
+    EXPECT_TRUE(pagesOfPdf().last().contains(QStringLiteral("1234567890.12")));
+}
+
 TEST_F(PrintEngineTest, SubtotalsKeepTheirColoursOnWhitePaper)
 {
     grid.subtotal = 1;
