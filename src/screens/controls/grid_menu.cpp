@@ -177,8 +177,9 @@ void GridMenu::copy()
     ShownGrid table = shownAsText(m_grid);
     table.keepRows(first, last);
     auto *contents = new QMimeData;
-    contents->setText(tabbedText(table));
-    if (table.rowCount() <= mostRowsAsTable)
+    const bool isAlsoTable = table.rowCount() <= mostRowsAsTable;
+    contents->setText(tabbedText(table, isAlsoTable ? Formulas::AsShown : Formulas::Guarded));
+    if (isAlsoTable)
         contents->setHtml(htmlTable(table));
     QApplication::clipboard()->setMimeData(contents);
     Q_EMIT message(QStringLiteral("已复制%1行").arg(table.rowCount()));

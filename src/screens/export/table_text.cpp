@@ -3,6 +3,7 @@
 #include "library/controls/shown_grid.h"
 #include "library/frame/host_contracts.h"
 
+#include <QRegularExpression>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -16,13 +17,14 @@ constexpr size_t chunk = 1U << 16;
 constexpr int rowsBetweenProgress = 512;
 
 /// Most cells are told apart by their first byte.
-bool opensFormula(std::string_view text)
+bool isFormula(std::string_view text)
 {
     constexpr std::string_view firstBytes = "=+-@\t\r\xEF";
     if (text.empty() || firstBytes.find(text.front()) == std::string_view::npos)
         return false;
     constexpr std::string_view openings[] = {"=", "+", "-", "@", "\t", "\r", "＝", "＋", "－", "＠"};
-    return std::ranges::any_of(openings, [&](std::string_view each) { return text.starts_with(each); });
+    return std::ranges::any_of(openings, [&](std::string_view each) { return text.starts_with(each); }) &&
+           !looksLikeNumber(text);
 }
 
 std::string_view digitsTaken(std::string_view &text, std::string_view alphabet)
@@ -106,12 +108,20 @@ bool survivesAsNumber(std::string_view text)
     return looksLikeNumber(text) && !hasLeadingZero && text.size() <= mostDigits;
 }
 
+/// A spreadsheet would begin a new cell with each line.
+QString inOneCell(const QString &text)
+{
+    static const QRegularExpression lineEnd(QStringLiteral("\r\n|\r|\n"));
+    return text.toHtmlEscaped().replace(lineEnd,
+                                        QStringLiteral("<br style=\"mso-data-placement:same-cell\"/>"));
+}
+
 QString htmlCell(const QString &text)
 {
     const QString kind = survivesAsNumber(text.toStdString())
                              ? QString()
                              : QStringLiteral(" style=\"mso-number-format:'\\@'\"");
-    return QStringLiteral("<td%1>").arg(kind) + text.toHtmlEscaped() + QStringLiteral("</td>");
+    return QStringLiteral("<td%1>").arg(kind) + inOneCell(text) + QStringLiteral("</td>");
 }
 
 } // namespace
@@ -134,7 +144,7 @@ bool looksLikeNumber(std::string_view text)
 
 void appendCsvCell(std::string_view text, std::string &out)
 {
-    const bool isGuarded = opensFormula(text) && !looksLikeNumber(text);
+    const bool isGuarded = isFormula(text);
     const auto isSpecial = [](char c) { return c == '"' || c == ',' || c == '\r' || c == '\n'; };
     if (std::ranges::none_of(text, isSpecial)) {
         out += isGuarded ? "'" : "";
@@ -167,11 +177,15 @@ bool writeCsv(const ShownGrid &table, const QString &path, const ExportProgress 
     return true;
 }
 
-QString tabbedText(const ShownGrid &table)
+QString tabbedText(const ShownGrid &table, Formulas formulas)
 {
+    const auto cell = [formulas](const QString &text) {
+        const bool isGuarded = formulas == Formulas::Guarded && isFormula(text.toStdString());
+        return tabbedCell(isGuarded ? u'\'' + text : text);
+    };
     QString text;
     for (int row = -1; row < table.rowCount(); ++row)
-        text += rowOf(table, row, u"\t", tabbedCell) + QStringLiteral("\r\n");
+        text += rowOf(table, row, u"\t", cell) + QStringLiteral("\r\n");
     return text;
 }
 

@@ -31,10 +31,15 @@ void appendCsvCell(std::string_view text, std::string &out);
 /// or as it was before; false when `progress` stopped it. Throws Failure when it cannot be written.
 bool writeCsv(const ShownGrid &table, const QString &path, const ExportProgress &progress = {});
 
+/// What a cell of the clipboard's text that a spreadsheet would run is: as it is shown, or guarded as in a
+/// CSV file.
+enum class Formulas : quint8 { AsShown, Guarded };
+
 /// For the clipboard: captions and rows parted by tabs and line ends, and as an HTML table. In the plain text
 /// a cell with a tab, a line's end or a quote stands in quotes. In the table, texts are marked as such, so
-/// that a spreadsheet neither runs them as formulas nor cuts leading zeros.
-[[nodiscard]] QString tabbedText(const ShownGrid &table);
+/// that a spreadsheet neither runs them as formulas nor cuts leading zeros; where there is no table, they are
+/// to be guarded.
+[[nodiscard]] QString tabbedText(const ShownGrid &table, Formulas formulas);
 [[nodiscard]] QString htmlTable(const ShownGrid &table);
 
 /// Why a file could not be written, for the user.

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -37,14 +38,15 @@ std::optional<double> numberIn(std::string_view text)
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     const auto digits = std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; });
     const bool isWhole = error == std::errc() && end == text.data() + text.size();
-    return isWhole && static_cast<size_t>(digits) <= mostDigits ? std::optional(number) : std::nullopt;
+    const bool isExact = std::isfinite(number) && static_cast<size_t>(digits) <= mostDigits;
+    return isWhole && isExact ? std::optional(number) : std::nullopt;
 }
 
-/// What no XML document can hold would make the whole workbook unreadable.
+/// What no XML document can hold would make the whole workbook unreadable, and a zero would end the text.
 QString fitForXml(QString text)
 {
     for (QChar &c : text) {
-        if (c == QChar(0xFFFE) || c == QChar(0xFFFF))
+        if (c.isNull() || c == QChar(0xFFFE) || c == QChar(0xFFFF))
             c = QChar::ReplacementCharacter;
     }
     return text;

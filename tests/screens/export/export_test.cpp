@@ -156,8 +156,11 @@ TEST_F(ExportTest, FilesHoldWhatIsSeenAndNothingElse)
     EXPECT_EQ(sheet(),
               u"pane|text:编号|text:面积|text:委托日|text:备注|text:A1|number:88.5|number:46273|text:好|"
               "text:00123|number:-3|number:46273.5|text:=1+1|autoFilter"_qs);
-    EXPECT_EQ(tabbedText(shown()), u"编号\t面积\t委托日\t备注\r\nA1\t88.5\t2026-9-8\t好\r\n"
-                                   u"00123\t-3\t2026-9-8 12:00:00\t=1+1\r\n"_qs);
+    EXPECT_EQ(tabbedText(shown(), Formulas::AsShown),
+              u"编号\t面积\t委托日\t备注\r\nA1\t88.5\t2026-9-8\t好\r\n"
+              u"00123\t-3\t2026-9-8 12:00:00\t=1+1\r\n"_qs);
+    EXPECT_TRUE(
+        tabbedText(shown(), Formulas::Guarded).endsWith(u"00123\t-3\t2026-9-8 12:00:00\t'=1+1\r\n"_qs));
     const QString html = htmlTable(shown());
     EXPECT_TRUE(html.contains(u"<td>88.5</td>"_qs));
     EXPECT_TRUE(html.contains(u"<td style=\"mso-number-format:'\\@'\">00123</td>"_qs));
@@ -182,15 +185,19 @@ TEST_F(ExportTest, SubtotalsAndFormatsGoOutAsTheyAreSeen)
 TEST_F(ExportTest, OddCellsSurvive)
 {
     load({{"12345678901234567", "1234567890123456", "1899-12-30", "<b>&\"tab\there\""},
-          {"\xFF", "约90", "昨天", "\x01\xEF\xBF\xBF"}});
+          {"\xFF", "约90", "昨天", "\x01\xEF\xBF\xBF"},
+          {std::string("a\0b", 3), "inf", "", "一\r\n二\n三"}});
     const QString cells = sheet();
     EXPECT_TRUE(cells.contains(u"text:1234567890123456"_qs)) << "a spreadsheet would round it";
     EXPECT_TRUE(cells.contains(u"text:1899-12-30"_qs));
     EXPECT_TRUE(cells.contains(u"text:<b>&\"tab\there\""_qs));
     EXPECT_TRUE(cells.contains(u"text:约90"_qs));
     EXPECT_TRUE(cells.contains(u"text:昨天"_qs));
-    EXPECT_TRUE(tabbedText(shown()).contains(u"\t\"<b>&\"\"tab\there\"\"\"\r\n"_qs));
-    EXPECT_TRUE(htmlTable(shown()).contains(u"&lt;b&gt;&amp;"_qs));
+    EXPECT_TRUE(cells.contains(u"text:a\uFFFDb|text:inf"_qs)) << "no sheet has such a number";
+    EXPECT_TRUE(tabbedText(shown(), Formulas::AsShown).contains(u"\t\"<b>&\"\"tab\there\"\"\"\r\n"_qs));
+    const QString html = htmlTable(shown());
+    EXPECT_TRUE(html.contains(u"&lt;b&gt;&amp;"_qs));
+    EXPECT_EQ(html.count(u"<br style=\"mso-data-placement:same-cell\"/>"_qs), 2);
     EXPECT_TRUE(csv().contains("\"<b>&\"\"tab\there\"\"\""));
     load({});
     EXPECT_EQ(csv(), QByteArray("\xEF\xBB\xBF编号,面积,委托日,备注\r\n"));
