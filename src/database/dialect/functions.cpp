@@ -47,7 +47,8 @@ constexpr std::array functions{
     Function{"month", Form::Plain, 1, 1, "d", Type::Integer},
     Function{"now", Form::Plain, 0, 0, "", Type::Date},
     Function{"nz", Form::Nz, 1, 2, "*", Type::Null},
-    Function{"replace", Form::Plain, 3, 3, "t", Type::Text},
+    // The extension for texts without case has a function of that name, which takes no account of case.
+    Function{"replace", Form::Plain, 3, 3, "t", Type::Text, "replacetext"},
     Function{"right", Form::Plain, 2, 2, "ti", Type::Text},
     Function{"round", Form::Plain, 1, 2, "ni", Type::Number},
     Function{"rtrim", Form::Plain, 1, 1, "t", Type::Text},

@@ -21,6 +21,8 @@ struct Function
     /// condition, v a text or a number as it comes, * anything.
     const char *arguments;
     Type result; ///< Null: that of the arguments
+    /// What the engine calls it where the name itself means something else there.
+    const char *engineName = nullptr;
 
     [[nodiscard]] bool isAggregate() const { return form == Form::Count || form == Form::Aggregate; }
 };

@@ -75,7 +75,7 @@ void Renderer::plainCall(const Call &call, const Expression &self)
     if (call.function->form == Function::Form::Nz)
         write("coalesce(");
     else
-        beginCall(call.function->name);
+        beginCall(call.function->engineName ? call.function->engineName : call.function->name);
     list(call.arguments);
     write(')');
 }

@@ -125,7 +125,7 @@ create or replace function ebtq.ucase(t text) returns text language sql immutabl
 return upper(t collate "default");
 create or replace function ebtq.lcase(t text) returns text language sql immutable parallel safe
 return lower(t collate "default");
-create or replace function ebtq.replace(t text, sought text, by text) returns text
+create or replace function ebtq.replacetext(t text, sought text, by text) returns text
 language sql immutable parallel safe
 return pg_catalog.replace(t, sought, by);
 

@@ -147,14 +147,24 @@ void trimRight(FunctionCall &call)
     trim(call, false, true);
 }
 
+template<class Change> void changeCase(FunctionCall &call, Change change)
+{
+    const std::string_view text = call.text(0);
+    std::u32string changed;
+    for (size_t at = 0; at < text.size();)
+        changed += change(takeCharacter(text, at));
+    call.give(QString::fromStdU32String(changed));
+}
+
+/// One character for one, as in lcase: "ß" stays.
 void ucase(FunctionCall &call)
 {
-    call.give(call.string(0).toUpper());
+    changeCase(call, [](char32_t c) { return c <= 0x10FFFF ? QChar::toUpper(c) : c; });
 }
 
 void lcase(FunctionCall &call)
 {
-    call.give(call.string(0).toLower());
+    changeCase(call, foldedCharacter);
 }
 
 void replace(FunctionCall &call)
@@ -223,7 +233,7 @@ std::span<const FunctionEntry> textFunctions()
         FunctionEntry{"rtrim", 1, trimRight},
         FunctionEntry{"ucase", 1, ucase},
         FunctionEntry{"lcase", 1, lcase},
-        FunctionEntry{"replace", 3, replace},
+        FunctionEntry{"replacetext", 3, replace},
         FunctionEntry{"space", 1, space},
         FunctionEntry{"string", 2, string},
         FunctionEntry{"asc", 1, asc},

@@ -21,11 +21,13 @@ inline char32_t takeCharacter(std::string_view utf8, size_t &at)
     return result;
 }
 
+/// The lower case, one character for one, as servers fold: a database that is copied to one finds the same.
 [[nodiscard]] inline char32_t foldedCharacter(char32_t c)
 {
+    constexpr char32_t dottedI = 0x130; // Qt has two characters for its lower case only
     if (c < 0x80)
         return c >= U'A' && c <= U'Z' ? c + 32 : c;
-    return c <= 0x10FFFF ? QChar::toCaseFolded(c) : c;
+    return c == dottedI ? U'i' : c <= 0x10FFFF ? QChar::toLower(c) : c;
 }
 
 } // namespace ebtq::db
