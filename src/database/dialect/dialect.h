@@ -37,10 +37,6 @@ struct Dialect
     /// The type name for a cast to a number with a fraction.
     const char *realType;
 
-    /// The type name for a cast of a whole number to a text. Empty where whole numbers take the way of all
-    /// numbers.
-    const char *textType;
-
     /// Behind a number that has a fraction or 16 digits, where it would otherwise be counted in decimals
     /// without end. Empty where it is a floating-point number anyway: SQLite.
     const char *realSuffix;

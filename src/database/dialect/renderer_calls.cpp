@@ -135,7 +135,10 @@ void Renderer::chosen(const Call &call, const Expression &self)
 {
     const Pieces pieces(*this, piecesOfCase, self.position);
     write("CASE ");
-    value(*call.arguments[0]);
+    if (call.arguments[0]->type == Type::Null)
+        real(*call.arguments[0]);
+    else
+        value(*call.arguments[0]);
     for (size_t at = 1; at < call.arguments.size(); ++at) {
         write(" WHEN ");
         m_out.append(QByteArray::number(static_cast<qulonglong>(at)));
@@ -223,14 +226,6 @@ void Renderer::joined(const Expression &expression)
 void Renderer::asText(const Expression &expression)
 {
     const Pieces pieces(*this, piecesOfSingle, expression.position);
-    const bool isWhole = expression.type == Type::Integer || expression.type == Type::Condition;
-    if (isWhole && m_dialect.textType[0] != '\0') {
-        write("CAST(");
-        value(expression);
-        write(" AS ");
-        write(m_dialect.textType);
-        return write(')');
-    }
     if (expression.type == Type::Text || expression.type == Type::Null)
         return value(expression);
     beginCall(expression.type == Type::Date ? "datetext" : "text");

@@ -241,7 +241,10 @@ void Renderer::node(const Negation &negation, const Expression &self)
 {
     const Pieces pieces(*this, piecesOfOperator, self.position);
     write("(-");
-    operand(*negation.operand);
+    if (negation.operand->type == Type::Null)
+        real(*negation.operand);
+    else
+        operand(*negation.operand);
     write(')');
 }
 

@@ -149,7 +149,9 @@ return trunc(pg_catalog.round(n) / nullif(pg_catalog.round(by), 0));
 
 create or replace function ebtq.mod(n double precision, by double precision) returns double precision
 language sql immutable parallel safe
-return pg_catalog.mod(pg_catalog.round(n)::numeric, nullif(pg_catalog.round(by), 0)::numeric)::double precision;
+return case when greatest(pg_catalog.abs(n), pg_catalog.abs(by)) < 9e18
+    then pg_catalog.mod(pg_catalog.round(n)::bigint, nullif(pg_catalog.round(by), 0)::bigint)
+    else pg_catalog.mod(pg_catalog.round(n)::numeric, nullif(pg_catalog.round(by), 0)::numeric) end::double precision;
 
 create or replace function ebtq.str(n double precision) returns text language sql immutable parallel safe
 return case when n < 0 then '' else ' ' end || ebtq.text(n);
