@@ -45,6 +45,7 @@ private:
 
     void value(const Expression &expression);
     void condition(const Expression &expression);
+    void bareCondition(const Expression &expression);
     void operand(const Expression &expression);
     void bracketed(const Expression &expression, void (Renderer::*write)(const Expression &));
     void caseless(const Expression &expression);

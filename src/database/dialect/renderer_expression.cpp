@@ -87,13 +87,22 @@ void Renderer::value(const Expression &expression)
         return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
     const Pieces pieces(*this, piecesOfCondition, expression.position);
     write("(-(");
-    condition(expression);
+    bareCondition(expression);
     write(')');
     write(m_dialect.conditionSuffix);
     write(')');
 }
 
+/// One of group by has to stand there as it does in that clause.
 void Renderer::condition(const Expression &expression)
+{
+    if (!m_dialect.eachSideSaysCaseless || !expression.isGrouped || expression.type != Type::Condition)
+        return bareCondition(expression);
+    value(expression);
+    write("<>0");
+}
+
+void Renderer::bareCondition(const Expression &expression)
 {
     if (expression.type == Type::Condition || expression.type == Type::Null)
         return std::visit([&](const auto &each) { node(each, expression); }, expression.node);

@@ -114,12 +114,16 @@ void Resolver::select(Select &select, const Scope *outer)
     if (select.where)
         condition(select.where, scope);
     expressions(select.groupBy, scope);
+    checkGroupTerms(select);
     scope.takesAggregates = true;
     for (SelectItem &item : select.items)
         expression(item.expression, scope);
     resultColumns(select);
-    if (select.having)
+    if (select.having) {
+        if (select.groupBy.empty() && !scope.hasAggregate)
+            fail(select.having->position, u"having 只能与 group by 或汇总函数一起使用"_qs);
         condition(select.having, scope);
+    }
     orderBy(select, scope);
     select.isGrouped = scope.hasAggregate || !select.groupBy.empty() || select.having;
     checkCount(select.groupBy.size() + select.orderBy.size(), select.position);
@@ -223,6 +227,16 @@ void Resolver::checkGroups(Select &select)
     for (OrderItem &item : select.orderBy) {
         if (!item.resultColumn)
             checkGrouped(*item.expression, select);
+    }
+}
+
+/// An engine would take a number for the position of a column.
+void Resolver::checkGroupTerms(const Select &select)
+{
+    for (const ExpressionPtr &each : select.groupBy) {
+        const auto *negation = each->as<Negation>();
+        if (isLiteral(negation ? *negation->operand : *each) || each->type == Type::Null)
+            fail(each->position, u"group by 中应为列或算式，而%1不是"_qs.arg(describe(*each)));
     }
 }
 

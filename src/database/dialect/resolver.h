@@ -38,6 +38,7 @@ private:
     bool orderByResult(OrderItem &item, const Select &select);
     void checkDistinctOrder(const Select &select);
     void checkGroups(Select &select);
+    void checkGroupTerms(const Select &select);
     void checkGrouped(Expression &expression, const Select &select);
     void table(Source &source);
     void insert(Insert &insert);
