@@ -19,10 +19,10 @@ constexpr int rowsBetweenProgress = 512;
 /// Most cells are told apart by their first byte.
 bool isFormula(std::string_view text)
 {
-    constexpr std::string_view firstBytes = "=+-@\t\r\xEF";
+    constexpr std::string_view firstBytes = "=+-@\t\r\n\xEF";
     if (text.empty() || firstBytes.find(text.front()) == std::string_view::npos)
         return false;
-    constexpr std::string_view openings[] = {"=", "+", "-", "@", "\t", "\r", "＝", "＋", "－", "＠"};
+    constexpr std::string_view openings[] = {"=", "+", "-", "@", "\t", "\r", "\n", "＝", "＋", "－", "＠"};
     return std::ranges::any_of(openings, [&](std::string_view each) { return text.starts_with(each); }) &&
            !looksLikeNumber(text);
 }

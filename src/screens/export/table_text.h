@@ -22,8 +22,8 @@ using ExportProgress = std::function<bool(int rowsDone)>;
 /// One cell of a CSV file as RFC 4180 says: in quotes when it holds a quote, a comma or a line's end, quotes
 /// doubled.
 ///
-/// A spreadsheet takes a cell that begins with = + - @ or their full-width forms, or with a tab or carriage
-/// return, for a formula, and runs it. Such a cell gets an apostrophe in front unless it is a number: "-12.5"
+/// A spreadsheet takes a cell that begins with = + - @ or their full-width forms, or with a tab or a line's
+/// end, for a formula, and runs it. Such a cell gets an apostrophe in front unless it is a number: "-12.5"
 /// stays, "=1+1" and "-外环" become "'=1+1" and "'-外环".
 void appendCsvCell(std::string_view text, std::string &out);
 
