@@ -18,21 +18,23 @@ CellText::CellText(const QFont &font)
     , m_widest(std::max(m_metrics.horizontalAdvance(u'房'), m_metrics.horizontalAdvance(u'W')))
 {}
 
-/// Most cells are short; measuring each of a hundred thousand rows would take seconds.
-bool CellText::surelyFits(const QString &text, double width) const
+/// Most cells are short; laying each of a hundred thousand rows out as a text of lines would take seconds.
+bool CellText::fits(const QString &text, double width) const
 {
     const auto breaks = [](QChar c) { return c == u'\n' || c == u'\r'; };
-    return static_cast<double>(text.size()) * m_widest <= width && std::ranges::none_of(text, breaks);
+    const bool isShort = static_cast<double>(text.size()) * m_widest <= width;
+    return (isShort || (text.size() <= mostLetters && this->width(text) <= width)) &&
+           std::ranges::none_of(text, breaks);
 }
 
 qsizetype CellText::lineCount(const QString &text, double width) const
 {
-    return surelyFits(text, width) ? 1 : lines(text, width).size();
+    return fits(text, width) ? 1 : lines(text, width).size();
 }
 
 QStringList CellText::lines(const QString &text, double width) const
 {
-    if (text.isEmpty() || surelyFits(text, width))
+    if (text.isEmpty() || fits(text, width))
         return {text};
     return wrapped(text.left(mostLetters), width);
 }

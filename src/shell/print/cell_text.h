@@ -24,7 +24,7 @@ public:
     static constexpr int mostLines = 6;
 
 private:
-    [[nodiscard]] bool surelyFits(const QString &text, double width) const;
+    [[nodiscard]] bool fits(const QString &text, double width) const;
     [[nodiscard]] QStringList wrapped(QString text, double width) const;
 
     QFont m_font;
