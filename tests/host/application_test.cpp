@@ -14,7 +14,7 @@ TEST_F(ApplicationTest, SessionTellsWhoWhenAndWhere)
 {
     HostSession &session = m_host->Session();
     EXPECT_EQ(session.UserID(), u'{' + agentId + u'}');
-    EXPECT_EQ(session.UserName(), QStringLiteral("陈晓雯"));
+    EXPECT_EQ(session.UserName(), u"陈晓雯"_qs);
     EXPECT_EQ(session.LoginDate(), loginDate);
     EXPECT_TRUE(QDir(session.AppPath()).exists());
     EXPECT_FALSE(session.AppPath().endsWith(u'/'));
@@ -34,23 +34,23 @@ TEST_F(ApplicationTest, PrintContextIsTheProgramsWhileItLives)
 
 TEST_F(ApplicationTest, AWorkingFolderThatCannotBeMadeIsAFailure)
 {
-    QFile file(m_folder.filePath(QStringLiteral("file")));
+    QFile file(m_folder.filePath(u"file"_qs));
     ASSERT_TRUE(file.open(QFile::WriteOnly));
-    const host::Settings settings{file.fileName() + QStringLiteral("/work"), loginDate};
+    const host::Settings settings{file.fileName() + u"/work"_qs, loginDate};
     EXPECT_THROW(host::Application(*m_connection, {}, settings, m_panels), Failure);
 }
 
 TEST_F(ApplicationTest, ParametersFallBackToTheSystems)
 {
     const auto ofUser = [this](const QVariant &key) { return m_host->UserParameter(12, key).Text; };
-    const QString key = QStringLiteral("MouseEventScrollRate");
+    const QString key = u"MouseEventScrollRate"_qs;
     EXPECT_EQ(ofUser(key), QString());
-    host::setParameter(*m_connection, {}, 12, key, QStringLiteral("5"));
-    EXPECT_EQ(ofUser(key), QStringLiteral("5"));
-    host::setParameter(*m_connection, agentId, 12, key, QStringLiteral("8"));
-    host::setParameter(*m_connection, QStringLiteral("somebody else"), 12, key, QStringLiteral("9"));
-    EXPECT_EQ(ofUser(QStringLiteral("mouseeventscrollrate")), QStringLiteral("8"));
-    EXPECT_EQ(m_host->SystemParameter(12, key).Text, QStringLiteral("5"));
+    host::setParameter(*m_connection, {}, 12, key, u"5"_qs);
+    EXPECT_EQ(ofUser(key), u"5"_qs);
+    host::setParameter(*m_connection, agentId, 12, key, u"8"_qs);
+    host::setParameter(*m_connection, u"somebody else"_qs, 12, key, u"9"_qs);
+    EXPECT_EQ(ofUser(u"mouseeventscrollrate"_qs), u"8"_qs);
+    EXPECT_EQ(m_host->SystemParameter(12, key).Text, u"5"_qs);
     EXPECT_EQ(m_host->UserParameter(11, key).Text, QString());
     host::setParameter(*m_connection, agentId, 12, key, QString());
     EXPECT_EQ(ofUser(key), QString()) << "an empty value of the user's own is a value";
@@ -59,10 +59,10 @@ TEST_F(ApplicationTest, ParametersFallBackToTheSystems)
 TEST_F(ApplicationTest, DefaultsStandUnderNumbersAndTexts)
 {
     for (int key = 7; key <= 14; ++key)
-        EXPECT_EQ(m_host->SystemParameter(12, key).Text, QStringLiteral("2")) << key;
-    EXPECT_EQ(m_host->SystemParameter(12, QStringLiteral("7")).Text, QStringLiteral("2"));
-    EXPECT_FALSE(m_host->SystemParameter(12, QStringLiteral("dzbm")).Text.isEmpty());
-    EXPECT_THROW(m_host->SystemParameter(12, QStringLiteral("x' or '1'='1")), db::DatabaseError);
+        EXPECT_EQ(m_host->SystemParameter(12, key).Text, u"2"_qs) << key;
+    EXPECT_EQ(m_host->SystemParameter(12, u"7"_qs).Text, u"2"_qs);
+    EXPECT_FALSE(m_host->SystemParameter(12, u"dzbm"_qs).Text.isEmpty());
+    EXPECT_THROW(m_host->SystemParameter(12, u"x' or '1'='1"_qs), db::DatabaseError);
 }
 
 TEST_F(ApplicationTest, FormsAreHandedToTheStyler)

@@ -48,7 +48,7 @@ void saveOnce(db::Connection &connection, int round, bool isKey, Taken &taken)
     database.BeginTrans();
     int key = 0;
     if (isKey)
-        taken.failures << generator.NextID(QStringLiteral("pdmlpzd"), QStringLiteral("楼盘ID"), key);
+        taken.failures << generator.NextID(u"pdmlpzd"_qs, u"楼盘ID"_qs, key);
     const QString code = isKey ? QString() : host::issueBillCode(connection, 101, day);
     if (round % 3 == 2)
         return database.RollbackTrans();

@@ -1,6 +1,7 @@
 #include "host/host_database.h"
 
 #include "host/host_fixture.h"
+#include "host/setup.h"
 
 namespace ebtq::test {
 
@@ -16,62 +17,46 @@ protected:
 
 TEST_F(HostDatabaseTest, RecordsetWalksForwardAndKnowsItsEnds)
 {
-    const auto rows = open(QStringLiteral("select 雇员ID,姓名 from pdmgy order by 雇员ID"));
+    const auto rows = open(u"select 雇员ID,姓名 from pdmgy order by 雇员ID"_qs);
     EXPECT_EQ(rows->RecordCount(), 2);
     EXPECT_FALSE(rows->Bof() || rows->Eof());
-    EXPECT_EQ(rows->Fields(QStringLiteral("雇员id")).Value, QVariant(7));
+    EXPECT_EQ(rows->Fields(u"雇员id"_qs).Value, QVariant(7));
     rows->MoveNext();
-    EXPECT_EQ(rows->Fields(QStringLiteral("姓名")).Value, QVariant(QStringLiteral("Amy Lee")));
-    rows->MoveNext();
-    EXPECT_TRUE(rows->Eof());
-    EXPECT_THROW(rows->Fields(QStringLiteral("姓名")), Failure);
+    EXPECT_EQ(rows->Fields(u"姓名"_qs).Value, QVariant(u"Amy Lee"_qs));
     rows->MoveNext();
     EXPECT_TRUE(rows->Eof());
-}
-
-TEST_F(HostDatabaseTest, EmptyRecordsetIsAtBothEnds)
-{
-    const auto rows = open(QStringLiteral("select 姓名 from pdmgy where 雇员ID=0"));
-    EXPECT_TRUE(rows->Bof() && rows->Eof());
-    EXPECT_EQ(rows->RecordCount(), 0);
-    EXPECT_EQ(rows->GetRows().rowCount(), 0);
-}
-
-TEST_F(HostDatabaseTest, UnknownFieldIsNamed)
-{
-    const auto rows = open(QStringLiteral("select 姓名 from pdmgy"));
+    EXPECT_THROW(rows->Fields(u"姓名"_qs), Failure);
+    rows->MoveNext();
+    EXPECT_TRUE(rows->Eof());
+    const auto none = open(u"select 姓名 from pdmgy where 雇员ID=0"_qs);
+    EXPECT_TRUE(none->Bof() && none->Eof());
+    EXPECT_EQ(none->RecordCount() + none->GetRows().rowCount(), 0);
     try {
-        (void)rows->Fields(QStringLiteral("工龄"));
+        (void)open(u"select 姓名 from pdmgy"_qs)->Fields(u"工龄"_qs);
         FAIL() << "an unknown column was read";
     } catch (const Failure &failure) {
-        EXPECT_EQ(QString::fromUtf8(failure.what()), QStringLiteral("列 工龄 不存在"));
+        EXPECT_EQ(QString::fromUtf8(failure.what()), u"列 工龄 不存在"_qs);
     }
 }
 
-TEST_F(HostDatabaseTest, BlockOfRowsIsHandedOutOnce)
+TEST_F(HostDatabaseTest, BlocksAndSingleValuesAreHandedOut)
 {
-    const auto rows = open(QStringLiteral("select 姓名 from pdmgy order by 雇员ID"));
+    const auto rows = open(u"select 姓名 from pdmgy order by 雇员ID"_qs);
     const RowBlock block = rows->GetRows();
     EXPECT_EQ(block.rowCount(), 2);
     EXPECT_TRUE(rows->Eof());
     EXPECT_EQ(rows->RecordCount(), 2);
     EXPECT_EQ(rows->GetRows().rowCount(), 0);
-}
-
-TEST_F(HostDatabaseTest, ScalarIsNullWithoutARow)
-{
-    EXPECT_EQ(db().CreateQuery(QStringLiteral("select 姓名 from pdmgy where 雇员ID=7"))->Scalar(),
-              QVariant(QStringLiteral("陈晓雯")));
-    EXPECT_FALSE(
-        db().CreateQuery(QStringLiteral("select 姓名 from pdmgy where 雇员ID=0"))->Scalar().isValid());
+    EXPECT_EQ(db().CreateQuery(u"select 姓名 from pdmgy where 雇员ID=7"_qs)->Scalar(),
+              QVariant(u"陈晓雯"_qs));
+    EXPECT_FALSE(db().CreateQuery(u"select 姓名 from pdmgy where 雇员ID=0"_qs)->Scalar().isValid());
 }
 
 TEST_F(HostDatabaseTest, FailuresBecomeTheLastErrorUntilTheNextSuccess)
 {
-    const QString broken[] = {QStringLiteral("select 工龄 from pdmgy"),
-                              QStringLiteral("select 姓名 from 无此表"),
-                              QStringLiteral("insert into pdmgy(雇员ID,姓名) values(7,'重复')"),
-                              QStringLiteral("drop table pdmgy"), QString()};
+    const QString broken[] = {u"select 工龄 from pdmgy"_qs, u"select 姓名 from 无此表"_qs,
+                              u"insert into pdmgy(雇员ID,姓名) values(7,'重复')"_qs, u"drop table pdmgy"_qs,
+                              QString()};
     for (const QString &sql : broken) {
         const auto rows = open(sql);
         ASSERT_NE(rows, nullptr);
@@ -80,7 +65,7 @@ TEST_F(HostDatabaseTest, FailuresBecomeTheLastErrorUntilTheNextSuccess)
         EXPECT_FALSE(error().isEmpty()) << sql.toStdString();
         EXPECT_FALSE(db().CreateQuery(sql)->Scalar().isValid());
         EXPECT_FALSE(error().isEmpty()) << sql.toStdString();
-        run(QStringLiteral("update pdmgy set 姓名='陈晓雯' where 雇员ID=7"));
+        run(u"update pdmgy set 姓名='陈晓雯' where 雇员ID=7"_qs);
         EXPECT_EQ(error(), QString());
     }
     EXPECT_EQ(employees(), 2);
@@ -88,8 +73,7 @@ TEST_F(HostDatabaseTest, FailuresBecomeTheLastErrorUntilTheNextSuccess)
 
 TEST_F(HostDatabaseTest, TypedApostropheFailsAndChangesNothing)
 {
-    const SqlText sql = SqlText(QStringLiteral("delete from pdmgy where 姓名='")) +
-                        typed(QStringLiteral("x' or '1'='1")) + QStringLiteral("'");
+    const SqlText sql = SqlText(u"delete from pdmgy where 姓名='"_qs) + typed(u"x' or '1'='1"_qs) + u"'"_qs;
     db().CreateQuery(sql)->Execute();
     EXPECT_TRUE(error().contains(u"单引号")) << error().toStdString();
     EXPECT_EQ(employees(), 2);
@@ -98,7 +82,7 @@ TEST_F(HostDatabaseTest, TypedApostropheFailsAndChangesNothing)
 TEST_F(HostDatabaseTest, ReleaseUndoesWhatWasLeftOpen)
 {
     db().BeginTrans();
-    run(QStringLiteral("delete from pdmgy"));
+    run(u"delete from pdmgy"_qs);
     EXPECT_EQ(employees(), 0);
     EXPECT_TRUE(db().Release());
     EXPECT_EQ(employees(), 2);
@@ -109,7 +93,7 @@ TEST_F(HostDatabaseTest, OnlyTheOutermostCommitWrites)
 {
     db().BeginTrans();
     db().BeginTrans();
-    run(QStringLiteral("delete from pdmgy where 雇员ID=7"));
+    run(u"delete from pdmgy where 雇员ID=7"_qs);
     db().CommitTrans();
     db().RollbackTrans();
     EXPECT_EQ(employees(), 2);
@@ -117,11 +101,48 @@ TEST_F(HostDatabaseTest, OnlyTheOutermostCommitWrites)
 
     db().BeginTrans();
     db().BeginTrans();
-    run(QStringLiteral("delete from pdmgy where 雇员ID=7"));
+    run(u"delete from pdmgy where 雇员ID=7"_qs);
     db().CommitTrans();
     db().CommitTrans();
     db().Release();
     EXPECT_EQ(employees(), 1);
+}
+
+TEST_F(HostDatabaseTest, ALockedDatabaseCanBeReadAndSaysWhyItIsNotWritten)
+{
+    const QString file = m_folder.filePath(u"agency.db"_qs);
+    const auto holder = db::Connection::open(file, db::Connection::Missing::IsCreated);
+    host::prepareDatabase(*holder);
+    const auto connection = db::Connection::open(file);
+    connection->setLockTimeout(20);
+    host::HostDatabase database(*connection);
+    holder->begin();
+    const auto countModules = [&] {
+        return database.CreateQuery(u"select count(*) from host_modules"_qs)->Scalar().toInt();
+    };
+    EXPECT_EQ(countModules(), 7);
+    database.CreateQuery(u"delete from host_modules"_qs)->Execute();
+    EXPECT_TRUE(database.LastError().Description.contains(u"占用"));
+    EXPECT_THROW(database.BeginTrans(), Failure);
+    EXPECT_THROW(database.CommitTrans(), Failure);
+    database.Release();
+    EXPECT_EQ(countModules(), 7);
+
+    host::Application locked(*connection, {agentId, {}, {}}, {m_folder.path(), loginDate}, m_panels);
+    QString code;
+    EXPECT_FALSE(locked.NewBillCode(101, loginDate, code, false));
+    EXPECT_TRUE(locked.LastError().Description.contains(u"占用"));
+    holder->rollback();
+    EXPECT_TRUE(locked.NewBillCode(101, loginDate, code, false));
+    EXPECT_EQ(locked.LastError().Description, QString());
+}
+
+TEST_F(HostDatabaseTest, PreparingTwiceKeepsWhatWasSet)
+{
+    execute(u"update host_parameters set valueText='3' where keyText='7'");
+    EXPECT_TRUE(host::prepareDatabase(*m_connection).added.isEmpty());
+    EXPECT_EQ(m_host->SystemParameter(12, 7).Text, u"3"_qs);
+    EXPECT_EQ(value(u"select count(*) from host_modules").toInt(), 7);
 }
 
 } // namespace ebtq::test

@@ -73,14 +73,14 @@ std::optional<QDate> ScriptedPanels::chooseDate(const QDate &preset, int /*left*
 }
 
 HostTest::HostTest()
-    : m_connection(db::Connection::open(QStringLiteral(":memory:")))
+    : m_connection(db::Connection::open(u":memory:"_qs))
 {
     host::prepareDatabase(*m_connection);
     for (const char16_t *statement : sampleRows)
         execute(statement);
     m_host = std::make_unique<host::Application>(
-        *m_connection, host::User{agentId, QStringLiteral("陈晓雯"), QStringLiteral("营业一部")},
-        host::Settings{m_folder.filePath(QStringLiteral("work")), loginDate}, m_panels);
+        *m_connection, host::User{agentId, u"陈晓雯"_qs, u"营业一部"_qs},
+        host::Settings{m_folder.filePath(u"work"_qs), loginDate}, m_panels);
     m_host->setFailureReport([this](const QString &text) { m_failures << text; });
 }
 

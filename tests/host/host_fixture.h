@@ -59,7 +59,7 @@ protected:
     std::unique_ptr<host::Application> m_host;
 };
 
-inline const QString agentId = QStringLiteral("0A1B2C3D-0000-4000-8000-0123456789AB");
+inline const QString agentId = u"0A1B2C3D-0000-4000-8000-0123456789AB"_qs;
 inline const QDate loginDate = QDate(2026, 11, 24);
 
 } // namespace ebtq::test

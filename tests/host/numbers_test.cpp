@@ -2,7 +2,6 @@
 
 #include "host/host_database.h"
 #include "host/host_fixture.h"
-#include "host/setup.h"
 #include "library/frame/id_generator.h"
 
 namespace ebtq::test {
@@ -12,7 +11,7 @@ class NumbersTest : public HostTest
 protected:
     QString number(bool take, int moduleId = 101, const QDate &date = loginDate)
     {
-        QString code = QStringLiteral("working number");
+        QString code = u"working number"_qs;
         const bool given = m_host->NewBillCode(moduleId, date, code, take);
         EXPECT_EQ(given, m_host->LastError().Description.isEmpty());
         return given ? code : QString();
@@ -33,15 +32,15 @@ protected:
 
 TEST_F(NumbersTest, NumbersRunThroughTheMonthOfEachModule)
 {
-    EXPECT_EQ(number(true), QStringLiteral("FY2026110001"));
-    EXPECT_EQ(number(true), QStringLiteral("FY2026110001")) << "showing a number used it up";
-    EXPECT_EQ(number(false), QStringLiteral("FY2026110001"));
-    EXPECT_EQ(number(false, 101, QDate(2026, 11, 1)), QStringLiteral("FY2026110002"));
-    EXPECT_EQ(number(true), QStringLiteral("FY2026110003"));
-    EXPECT_EQ(number(false, 101, QDate(2026, 12, 1)), QStringLiteral("FY2026120001"));
-    EXPECT_EQ(number(false, 102), QStringLiteral("KY2026110001"));
+    EXPECT_EQ(number(true), u"FY2026110001"_qs);
+    EXPECT_EQ(number(true), u"FY2026110001"_qs) << "showing a number used it up";
+    EXPECT_EQ(number(false), u"FY2026110001"_qs);
+    EXPECT_EQ(number(false, 101, QDate(2026, 11, 1)), u"FY2026110002"_qs);
+    EXPECT_EQ(number(true), u"FY2026110003"_qs);
+    EXPECT_EQ(number(false, 101, QDate(2026, 12, 1)), u"FY2026120001"_qs);
+    EXPECT_EQ(number(false, 102), u"KY2026110001"_qs);
     host::setLastBillNumber(*m_connection, 101, loginDate, 9999);
-    EXPECT_EQ(number(false), QStringLiteral("FY20261110000"));
+    EXPECT_EQ(number(false), u"FY20261110000"_qs);
 }
 
 TEST_F(NumbersTest, NumbersThatCannotBeGivenSayWhy)
@@ -53,14 +52,6 @@ TEST_F(NumbersTest, NumbersThatCannotBeGivenSayWhy)
     }
     EXPECT_EQ(value(u"select count(*) from host_numbers").toInt(), 0);
     EXPECT_FALSE(m_connection->inTransaction());
-}
-
-TEST_F(NumbersTest, ANumberOfAnUndoneSaveComesBack)
-{
-    m_host->Db().BeginTrans();
-    EXPECT_EQ(number(false), QStringLiteral("FY2026110001"));
-    m_host->Db().RollbackTrans();
-    EXPECT_EQ(number(false), QStringLiteral("FY2026110001"));
 }
 
 TEST_F(NumbersTest, KeysAreAboveTheTableAndAboveEveryKeyGivenOut)
@@ -78,11 +69,13 @@ TEST_F(NumbersTest, KeysAreAboveTheTableAndAboveEveryKeyGivenOut)
     EXPECT_EQ(id, 2) << "the same table in another spelling has a counter of its own";
 }
 
-TEST_F(NumbersTest, KeysJoinTheOpenTransaction)
+TEST_F(NumbersTest, WhatAnUndoneSaveTookComesBack)
 {
     m_host->Db().BeginTrans();
+    EXPECT_EQ(number(false), u"FY2026110001"_qs);
     EXPECT_EQ(buildingId(), 33);
     m_host->Db().RollbackTrans();
+    EXPECT_EQ(number(false), u"FY2026110001"_qs);
     EXPECT_EQ(buildingId(), 33);
     EXPECT_FALSE(m_connection->inTransaction());
 }
@@ -91,7 +84,7 @@ TEST_F(NumbersTest, KeysThatCannotBeMadeSayWhy)
 {
     int id = 5;
     IdGenerator unused;
-    EXPECT_FALSE(unused.NextID(QStringLiteral("pdmlpzd"), QStringLiteral("楼盘ID"), id).isEmpty());
+    EXPECT_FALSE(unused.NextID(u"pdmlpzd"_qs, u"楼盘ID"_qs, id).isEmpty());
     EXPECT_TRUE(nextId(u"无此表", u"ID", id).contains(u"无此表"));
     m_host->Db().Release();
     EXPECT_TRUE(nextId(u"pdmlpzd", u"无此列", id).contains(u"无此列"));
@@ -112,20 +105,6 @@ TEST_F(NumbersTest, AFailedKeyLeavesNothingForTheCallerToCommit)
     m_host->Db().CommitTrans();
     m_host->Db().Release();
     EXPECT_EQ(value(u"select count(*) from pdmgy").toInt(), 2) << "half of an abandoned save was written";
-}
-
-TEST_F(NumbersTest, TwoSessionsOnOneFileTakeTurns)
-{
-    const QString file = m_folder.filePath(QStringLiteral("turns.db"));
-    const auto first = db::Connection::open(file, db::Connection::Missing::IsCreated);
-    host::prepareDatabase(*first);
-    const auto second = db::Connection::open(file);
-    for (int round = 0; round < 3; ++round) {
-        const QString shown = host::previewBillCode(*second, 101, loginDate);
-        EXPECT_EQ(host::issueBillCode(*first, 101, loginDate), shown);
-        EXPECT_NE(host::issueBillCode(*second, 101, loginDate), shown);
-    }
-    EXPECT_EQ(host::previewBillCode(*first, 101, loginDate), QStringLiteral("FY2026110007"));
 }
 
 } // namespace ebtq::test

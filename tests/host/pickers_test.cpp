@@ -14,8 +14,8 @@ protected:
     }
     bool validate(HostPicker &target, const QString &typedText)
     {
-        m_value = QStringLiteral("old");
-        m_text = QStringLiteral("old");
+        m_value = u"old"_qs;
+        m_text = u"old"_qs;
         return target.Validate({}, {}, {}, typedText, m_value, m_text);
     }
     bool show(HostPicker &target, const QString &chosen)
@@ -33,30 +33,24 @@ protected:
 
 TEST_F(PickersTest, ValidateFindsByEachWayOfTyping)
 {
-    struct Case
-    {
-        const char16_t *picker;
-        QString typedText;
-        QString value;
-        QString text;
-    };
-    const Case cases[] = {
-        {u"pdmdq", QStringLiteral("010102"), QStringLiteral("4"), QStringLiteral("清水湾")},
-        {u"PdmDq", QStringLiteral("石桥头"), QStringLiteral("3"), QStringLiteral("石桥头")},
-        {u"pdmgy", QStringLiteral("amy lee"), QStringLiteral("12"), QStringLiteral("Amy Lee")},
-        {u"pdmgy", QStringLiteral(" 7 "), QStringLiteral("7"), QStringLiteral("陈晓雯")},
-        {u"pdmgy", QStringLiteral("陈"), {}, {}},
-        {u"gy_fx", QStringLiteral("三房"), QStringLiteral("02"), QStringLiteral("三房")},
-        {u"gy_fxrpt", QStringLiteral("2-1-1-1"), QStringLiteral("01"), QStringLiteral("2-1-1-1")},
-        {u"sy_usertype", QStringLiteral("营业二部"), QStringLiteral("6"), QStringLiteral("营业二部")},
-        {u"sy_usertype", QStringLiteral("x' or '1'='1"), {}, {}},
-    };
-    for (const Case &wanted : cases) {
-        SCOPED_TRACE((QString::fromUtf16(wanted.picker) + u'|' + wanted.typedText).toStdString());
-        ASSERT_TRUE(picker(wanted.picker).Ready());
-        EXPECT_EQ(validate(picker(wanted.picker), wanted.typedText), !wanted.value.isEmpty());
-        EXPECT_EQ(m_value.toString(), wanted.value);
-        EXPECT_EQ(m_text, wanted.text);
+    // Picker, typed text, value and text.
+    const char16_t *const cases[] = {u"pdmdq|010102|4|清水湾",
+                                     u"PdmDq|石桥头|3|石桥头",
+                                     u"pdmgy|amy lee|12|Amy Lee",
+                                     u"pdmgy| 7 |7|陈晓雯",
+                                     u"pdmgy|陈||",
+                                     u"gy_fx|三房|02|三房",
+                                     u"gy_fxrpt|2-1-1-1|01|2-1-1-1",
+                                     u"sy_usertype|营业二部|6|营业二部",
+                                     u"sy_usertype|x' or '1'='1||"};
+    for (const char16_t *each : cases) {
+        SCOPED_TRACE(QString::fromUtf16(each).toStdString());
+        const QStringList c = QString::fromUtf16(each).split(u'|');
+        HostPicker &wanted = m_host->Picker(c[0]);
+        ASSERT_TRUE(wanted.Ready());
+        EXPECT_EQ(validate(wanted, c[1]), !c[2].isEmpty());
+        EXPECT_EQ(m_value.toString(), c[2]);
+        EXPECT_EQ(m_text, c[3]);
     }
     EXPECT_EQ(m_failures.size(), 1) << "the apostrophe alone is a failure";
     EXPECT_EQ(m_host->LastError().Description, m_failures.constFirst());
@@ -65,41 +59,37 @@ TEST_F(PickersTest, ValidateFindsByEachWayOfTyping)
 TEST_F(PickersTest, OnlyDetailDistrictsCountWhenAskedFor)
 {
     HostPicker &districts = picker(u"pdmdq");
-    EXPECT_TRUE(validate(districts, QStringLiteral("锦溪区")));
+    EXPECT_TRUE(validate(districts, u"锦溪区"_qs));
     set(districts, u"pdmsfmx", 1);
-    EXPECT_FALSE(validate(districts, QStringLiteral("锦溪区")));
+    EXPECT_FALSE(validate(districts, u"锦溪区"_qs));
     EXPECT_EQ(m_text, QString());
 
     set(districts, u"pdmsfmx", 1);
-    m_text = QStringLiteral("石桥头");
-    EXPECT_TRUE(show(districts, QStringLiteral("010102")));
+    m_text = u"石桥头"_qs;
+    EXPECT_TRUE(show(districts, u"010102"_qs));
     EXPECT_EQ(m_panels.shownRows().size(), 4) << "a tree needs the districts above, too";
-    EXPECT_EQ(m_panels.currentRow(), QStringLiteral("010101"));
+    EXPECT_EQ(m_panels.currentRow(), u"010101"_qs);
     EXPECT_GE(m_panels.levelCodeColumn(), 0);
     EXPECT_GE(m_panels.choosableColumn(), 0);
-    EXPECT_EQ(m_value.toString(), QStringLiteral("4"));
-    EXPECT_EQ(m_text, QStringLiteral("清水湾"));
+    EXPECT_EQ(m_value.toString(), u"4"_qs);
+    EXPECT_EQ(m_text, u"清水湾"_qs);
 
-    EXPECT_TRUE(show(districts, QStringLiteral("0101")));
+    EXPECT_TRUE(show(districts, u"0101"_qs));
     EXPECT_EQ(m_panels.choosableColumn(), -1);
 }
 
-TEST_F(PickersTest, LeavingThePanelLeavesTheValues)
+TEST_F(PickersTest, LeavingThePanelOrHavingNoneLeavesTheValues)
 {
     m_value = 99;
-    m_text = QStringLiteral("as typed");
+    m_text = u"as typed"_qs;
     EXPECT_FALSE(show(picker(u"pdmgy"), QString()));
     EXPECT_EQ(m_value, QVariant(99));
-    EXPECT_EQ(m_text, QStringLiteral("as typed"));
-}
-
-TEST_F(PickersTest, UnknownPickerIsNeverReady)
-{
+    EXPECT_EQ(m_text, u"as typed"_qs);
     HostPicker &absent = picker(u"无此选择器");
-    EXPECT_FALSE(absent.Ready());
-    EXPECT_FALSE(validate(absent, QStringLiteral("x")));
+    EXPECT_FALSE(absent.Ready() || absent.Show(0, 0, m_text, m_value));
+    EXPECT_EQ(m_text, u"as typed"_qs);
+    EXPECT_FALSE(validate(absent, u"x"_qs));
     EXPECT_EQ(m_text, QString());
-    EXPECT_FALSE(absent.Show(0, 0, m_text, m_value));
 }
 
 TEST_F(PickersTest, PickersOfTheComponentLibraryComeFirstAndMayFail)
@@ -110,13 +100,13 @@ TEST_F(PickersTest, PickersOfTheComponentLibraryComeFirstAndMayFail)
         ParameterList &Parameters() override { return m_parameters; }
         bool Show(int, int, QString &, QVariant &, int, const QString &) override
         {
-            throw Failure(QStringLiteral("楼盘列表读取失败"));
+            throw Failure(u"楼盘列表读取失败"_qs);
         }
         std::shared_ptr<const PickedRow> Objects() const override { return nullptr; }
         bool Validate(const QString &, const QString &, const QString &, const QString &, QVariant &,
                       QString &) override
         {
-            return m_parameters.Exists(QStringLiteral("lock"));
+            return m_parameters.Exists(u"lock"_qs);
         }
         bool Ready(int) const override { return true; }
 
@@ -129,37 +119,36 @@ TEST_F(PickersTest, PickersOfTheComponentLibraryComeFirstAndMayFail)
     });
     HostPicker &buildings = picker(u"SelPdmLpzd");
     EXPECT_FALSE(buildings.Show(0, 0, m_text, m_value));
-    EXPECT_EQ(m_failures, QStringList{QStringLiteral("楼盘列表读取失败")});
+    EXPECT_EQ(m_failures, QStringList{u"楼盘列表读取失败"_qs});
     set(buildings, u"lock", 1);
-    EXPECT_TRUE(validate(buildings, QStringLiteral("x")));
-    EXPECT_FALSE(validate(buildings, QStringLiteral("x"))) << "parameters outlived their use";
-    EXPECT_TRUE(validate(picker(u"pdmgy"), QStringLiteral("7")));
+    EXPECT_TRUE(validate(buildings, u"x"_qs));
+    EXPECT_FALSE(validate(buildings, u"x"_qs)) << "parameters outlived their use";
+    EXPECT_TRUE(validate(picker(u"pdmgy"), u"7"_qs));
 }
 
 TEST_F(PickersTest, HelpListsFillTheField)
 {
-    qzTxt_S field(QStringLiteral("qzTxt"), 3);
-    field.setText(QStringLiteral("已售"));
-    m_panels.willChoose(QStringLiteral("A1"));
-    EXPECT_TRUE(help(QStringLiteral("gy_sjzd_zt"), field));
-    EXPECT_EQ(m_panels.shownRows(), (QStringList{QStringLiteral("A1"), QStringLiteral("A2")}))
-        << "entries of another kind are shown";
-    EXPECT_EQ(m_panels.currentRow(), QStringLiteral("A2"));
-    EXPECT_EQ(field.Value().toString(), QStringLiteral("A1"));
-    EXPECT_EQ(field.Text(), QStringLiteral("有效"));
+    qzTxt_S field(u"qzTxt"_qs, 3);
+    field.setText(u"已售"_qs);
+    m_panels.willChoose(u"A1"_qs);
+    EXPECT_TRUE(help(u"gy_sjzd_zt"_qs, field));
+    EXPECT_EQ(m_panels.shownRows(), (QStringList{u"A1"_qs, u"A2"_qs})) << "entries of another kind are shown";
+    EXPECT_EQ(m_panels.currentRow(), u"A2"_qs);
+    EXPECT_EQ(field.Value().toString(), u"A1"_qs);
+    EXPECT_EQ(field.Text(), u"有效"_qs);
 
-    field.set_text_field_code(QStringLiteral("mtID"));
-    field.set_text_field_name(QStringLiteral("mtcode"));
-    m_panels.willChoose(QStringLiteral("02"));
-    EXPECT_TRUE(help(QStringLiteral("sy_usertype"), field));
-    EXPECT_EQ(m_panels.shownCaptions(), (QStringList{QStringLiteral("编号"), QStringLiteral("部门")}));
-    EXPECT_EQ(field.Value().toString(), QStringLiteral("6"));
-    EXPECT_EQ(field.Text(), QStringLiteral("02"));
+    field.set_text_field_code(u"mtID"_qs);
+    field.set_text_field_name(u"mtcode"_qs);
+    m_panels.willChoose(u"02"_qs);
+    EXPECT_TRUE(help(u"sy_usertype"_qs, field));
+    EXPECT_EQ(m_panels.shownCaptions(), (QStringList{u"编号"_qs, u"部门"_qs}));
+    EXPECT_EQ(field.Value().toString(), u"6"_qs);
+    EXPECT_EQ(field.Text(), u"02"_qs);
 }
 
 TEST_F(PickersTest, EveryHelpCodeHasAListThatCanBeRead)
 {
-    qzTxt_S field(QStringLiteral("qzTxt"), 0);
+    qzTxt_S field(u"qzTxt"_qs, 0);
     const QString codes =
         QStringLiteral("gy_fx gy_fxrpt gy_cq sy_usertype gy_sjzd_yt gy_sjzd_lx gy_sjzd_cx gy_sjzd_jy "
                        "gy_sjzd_zt gy_sjzd_bsf gy_sjzd_wt gy_sjzd_ly gy_sjzd_xz gy_sjzd_zx "
@@ -174,37 +163,37 @@ TEST_F(PickersTest, EveryHelpCodeHasAListThatCanBeRead)
 
 TEST_F(PickersTest, InlineListsAndCalendarsFillTheField)
 {
-    qzTxt_S field(QStringLiteral("qzTxt"), 0);
-    field.setText(QStringLiteral("本部"));
-    m_panels.willChoose(QStringLiteral("全部"));
-    EXPECT_TRUE(help(QStringLiteral("|本人;0|本部;1|全部;2"), field));
-    EXPECT_EQ(m_panels.currentRow(), QStringLiteral("本部"));
-    EXPECT_EQ(field.Value().toString(), QStringLiteral("2"));
-    EXPECT_EQ(field.Text(), QStringLiteral("全部"));
+    qzTxt_S field(u"qzTxt"_qs, 0);
+    field.setText(u"本部"_qs);
+    m_panels.willChoose(u"全部"_qs);
+    EXPECT_TRUE(help(u"|本人;0|本部;1|全部;2"_qs, field));
+    EXPECT_EQ(m_panels.currentRow(), u"本部"_qs);
+    EXPECT_EQ(field.Value().toString(), u"2"_qs);
+    EXPECT_EQ(field.Text(), u"全部"_qs);
 
     m_panels.willChooseDate(QDate(2026, 3, 5));
-    EXPECT_TRUE(help(QStringLiteral("date"), field));
+    EXPECT_TRUE(help(u"date"_qs, field));
     EXPECT_EQ(m_panels.presetDate(), loginDate) << "a text that is no date presets the business date";
-    EXPECT_EQ(field.Text(), QStringLiteral("2026-3-5"));
+    EXPECT_EQ(field.Text(), u"2026-3-5"_qs);
     m_panels.willChooseDate(std::nullopt);
-    EXPECT_FALSE(help(QStringLiteral("date"), field));
+    EXPECT_FALSE(help(u"date"_qs, field));
     EXPECT_EQ(m_panels.presetDate(), QDate(2026, 3, 5));
-    EXPECT_EQ(field.Text(), QStringLiteral("2026-3-5"));
+    EXPECT_EQ(field.Text(), u"2026-3-5"_qs);
 }
 
 TEST_F(PickersTest, HelpThatCannotBeShownIsReported)
 {
-    qzTxt_S field(QStringLiteral("qzTxt"), 0);
-    field.setText(QStringLiteral("as typed"));
-    EXPECT_FALSE(help(QStringLiteral("gy_unknown"), field));
-    EXPECT_FALSE(m_host->ShowHelp(QStringLiteral("gy_fx"), {}, 1, 2, -1));
+    qzTxt_S field(u"qzTxt"_qs, 0);
+    field.setText(u"as typed"_qs);
+    EXPECT_FALSE(help(u"gy_unknown"_qs, field));
+    EXPECT_FALSE(m_host->ShowHelp(u"gy_fx"_qs, {}, 1, 2, -1));
     execute(u"delete from pdmfx");
     m_connection->executeNative("drop table pdmfx");
-    EXPECT_FALSE(help(QStringLiteral("gy_fx"), field));
+    EXPECT_FALSE(help(u"gy_fx"_qs, field));
     EXPECT_EQ(m_failures.size(), 3);
     EXPECT_TRUE(m_failures.at(0).contains(u"gy_unknown"));
     EXPECT_TRUE(m_failures.at(2).contains(u"pdmfx")) << m_failures.at(2).toStdString();
-    EXPECT_EQ(field.Text(), QStringLiteral("as typed"));
+    EXPECT_EQ(field.Text(), u"as typed"_qs);
 }
 
 } // namespace ebtq::test

@@ -4,36 +4,24 @@ namespace ebtq::test {
 
 namespace {
 
-const QString states =
-    QStringLiteral("select 代码,名称 from pdmsjzd where 类型='交易状态' and (代码='@' or 名称='@')");
+const QString states = u"select 代码,名称 from pdmsjzd where 类型='交易状态' and (代码='@' or 名称='@')"_qs;
 const QString houseTypes = QStringLiteral("select 房型编号,房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & "
                                           "阳台数 as 房型名称 from pdmfx where (房型编号='@' or "
                                           "房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & 阳台数='@')");
-const QString departments =
-    QStringLiteral("select mtcode,mtName,mtID from su_usertype where mtcode='@' or mtname='@'");
-const QString range = QStringLiteral("|本人;0|本部;1|All;2");
-
-struct Case
-{
-    QString base;
-    QString valueField;
-    QString textField;
-    QString typedText;
-    QString value;
-    QString text;
-};
+const QString departments = u"select mtcode,mtName,mtID from su_usertype where mtcode='@' or mtname='@'"_qs;
+const QString range = u"|本人;0|本部;1|All;2"_qs;
 
 } // namespace
 
 class TextJudgeTest : public HostTest
 {
 protected:
-    bool judge(const Case &judged)
+    /// `fields` are those of value and text, with a blank between.
+    bool judge(const QString &base, const QString &fields, const QString &typedText)
     {
-        m_value = QStringLiteral("old");
-        m_text = QStringLiteral("old");
-        return m_host->JudgeText(judged.base, judged.valueField, judged.textField, judged.typedText, m_value,
-                                 m_text);
+        m_value = m_text = u"old"_qs;
+        return m_host->JudgeText(base, fields.section(u' ', 0, 0), fields.section(u' ', 1), typedText,
+                                 m_value, m_text);
     }
     QVariant m_value;
     QString m_text;
@@ -41,67 +29,52 @@ protected:
 
 TEST_F(TextJudgeTest, FindsWhatATextStandsFor)
 {
-    const Case cases[] = {
-        {states, {}, {}, QStringLiteral("A2"), QStringLiteral("A2"), QStringLiteral("已售")},
-        {states, {}, {}, QStringLiteral("a2"), QStringLiteral("A2"), QStringLiteral("已售")},
-        {states, QStringLiteral("代码"), QStringLiteral("名称"), QStringLiteral("有效"), QStringLiteral("A1"),
-         QStringLiteral("有效")},
-        {states, QStringLiteral("名称"), QStringLiteral("代码"), QStringLiteral("有效"),
-         QStringLiteral("有效"), QStringLiteral("A1")},
-        {states, {}, {}, QStringLiteral("南"), {}, {}},
-        {states, {}, {}, QStringLiteral("%"), {}, {}},
-        {houseTypes, {}, {}, QStringLiteral("3-2-2-1"), QStringLiteral("02"), QStringLiteral("3-2-2-1")},
-        {departments, QStringLiteral("MTID"), QStringLiteral("mtname"), QStringLiteral("02"),
-         QStringLiteral("6"), QStringLiteral("营业二部")},
-        {range, {}, {}, QStringLiteral("本部"), QStringLiteral("1"), QStringLiteral("本部")},
-        {range, {}, {}, QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("本人")},
-        {range, {}, {}, QStringLiteral("all"), QStringLiteral("2"), QStringLiteral("All")},
-        {range, {}, {}, QStringLiteral("本"), {}, {}},
-        {QStringLiteral("date"),
-         {},
-         {},
-         QStringLiteral("2026/09/08"),
-         QStringLiteral("2026-9-8"),
-         QStringLiteral("2026-9-8")},
-        {QStringLiteral("date"), {}, {}, QStringLiteral("2026-2-30"), {}, {}},
-        {{}, {}, {}, QStringLiteral("A1"), {}, {}},
+    const std::tuple<QString, QString, QString, QString> cases[] = {
+        {states, {}, u"A2"_qs, u"A2|已售"_qs},
+        {states, {}, u"a2"_qs, u"A2|已售"_qs},
+        {states, u"代码 名称"_qs, u"有效"_qs, u"A1|有效"_qs},
+        {states, u"名称 代码"_qs, u"有效"_qs, u"有效|A1"_qs},
+        {states, {}, u"南"_qs, u"|"_qs},
+        {states, {}, u"%"_qs, u"|"_qs},
+        {houseTypes, {}, u"3-2-2-1"_qs, u"02|3-2-2-1"_qs},
+        {departments, u"MTID mtname"_qs, u"02"_qs, u"6|营业二部"_qs},
+        {range, {}, u"本部"_qs, u"1|本部"_qs},
+        {range, {}, u"0"_qs, u"0|本人"_qs},
+        {range, {}, u"all"_qs, u"2|All"_qs},
+        {range, {}, u"本"_qs, u"|"_qs},
+        {u"date"_qs, {}, u"2026/09/08"_qs, u"2026-9-8|2026-9-8"_qs},
+        {u"date"_qs, {}, u"2026-2-30"_qs, u"|"_qs},
+        {{}, {}, u"A1"_qs, u"|"_qs},
     };
-    for (const Case &judged : cases) {
-        SCOPED_TRACE((judged.base + u'|' + judged.typedText).toStdString());
-        EXPECT_TRUE(judge(judged));
-        EXPECT_EQ(m_value.toString(), judged.value);
-        EXPECT_EQ(m_text, judged.text);
+    for (const auto &[base, fields, typedText, found] : cases) {
+        SCOPED_TRACE((base + u'|' + typedText).toStdString());
+        EXPECT_TRUE(judge(base, fields, typedText));
+        EXPECT_EQ(m_value.toString() + u'|' + m_text, found);
         EXPECT_EQ(m_host->LastError().Description, QString());
     }
+    QString text = u"A1"_qs; // typed, and where what is found goes
+    EXPECT_TRUE(m_host->JudgeText(states, {}, {}, text, m_value, text));
+    EXPECT_EQ(text, u"有效"_qs);
 }
 
 TEST_F(TextJudgeTest, FailedChecksSayWhyAndFindNothing)
 {
-    const Case cases[] = {
-        {states, {}, {}, QStringLiteral("x' or '1'='1"), {}, {}},
-        {states, QStringLiteral("无此列"), {}, QStringLiteral("A1"), {}, {}},
-        {states, QStringLiteral("无此列"), {}, QStringLiteral("none of that name"), {}, {}},
-        {QStringLiteral("select 代码 from 无此表 where 代码='@'"), {}, {}, QStringLiteral("A1"), {}, {}},
-        {QStringLiteral("delete from pdmsjzd where 代码='@'"), {}, {}, QStringLiteral("A1"), {}, {}},
+    const std::tuple<QString, QString, QString> cases[] = {
+        {states, {}, u"x' or '1'='1"_qs},
+        {states, u"无此列"_qs, u"A1"_qs},
+        {states, u"无此列"_qs, u"none of that name"_qs},
+        {u"select 代码 from 无此表 where 代码='@'"_qs, {}, u"A1"_qs},
+        {u"delete from pdmsjzd where 代码='@'"_qs, {}, u"A1"_qs},
     };
     qsizetype reported = 0;
-    for (const Case &judged : cases) {
-        SCOPED_TRACE((judged.base + u'|' + judged.typedText).toStdString());
-        EXPECT_FALSE(judge(judged));
-        EXPECT_EQ(m_value.toString(), QString());
-        EXPECT_EQ(m_text, QString());
+    for (const auto &[base, fields, typedText] : cases) {
+        SCOPED_TRACE((base + u'|' + typedText).toStdString());
+        EXPECT_FALSE(judge(base, fields, typedText));
+        EXPECT_EQ(m_value.toString() + m_text, QString());
         EXPECT_FALSE(m_host->LastError().Description.isEmpty());
         EXPECT_EQ(m_failures.size(), ++reported);
     }
     EXPECT_EQ(value(u"select count(*) from pdmsjzd").toInt(), 3);
-}
-
-TEST_F(TextJudgeTest, TypedTextMayBeTheTextThatIsFilled)
-{
-    QVariant found;
-    QString text = QStringLiteral("A1");
-    EXPECT_TRUE(m_host->JudgeText(states, {}, {}, text, found, text));
-    EXPECT_EQ(text, QStringLiteral("有效"));
 }
 
 } // namespace ebtq::test

@@ -22,8 +22,8 @@ protected:
         }
         return {};
     }
-    const QString m_name = QStringLiteral("梁佳宁");
-    const QString m_password = QStringLiteral("暗号 'x' #1");
+    const QString m_name = u"梁佳宁"_qs;
+    const QString m_password = u"暗号 'x' #1"_qs;
 };
 
 TEST_F(UsersTest, SignsInWithNameAndPasswordAlone)
@@ -33,16 +33,16 @@ TEST_F(UsersTest, SignsInWithNameAndPasswordAlone)
     EXPECT_EQ(user.id, id);
     EXPECT_FALSE(id.contains(u'{'));
     EXPECT_EQ(user.name, m_name);
-    EXPECT_EQ(user.department, QStringLiteral("营业二部"));
+    EXPECT_EQ(user.department, u"营业二部"_qs);
     EXPECT_FALSE(value(u"select password from host_users").toString().contains(m_password));
 }
 
 TEST_F(UsersTest, RefusalsDoNotTellWhatWasWrong)
 {
     createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
-    const QString refusal = signInFailure(m_name, QStringLiteral("wrong"));
+    const QString refusal = signInFailure(m_name, u"wrong"_qs);
     EXPECT_FALSE(refusal.isEmpty());
-    for (const QString &name : {QStringLiteral("无此人"), QString(), QStringLiteral("' or '1'='1")})
+    for (const QString &name : {u"无此人"_qs, QString(), u"' or '1'='1"_qs})
         EXPECT_EQ(signInFailure(name, m_password), refusal) << name.toStdString();
     EXPECT_EQ(signInFailure(m_name, QString()), refusal);
     execute(u"update host_users set isActive=0");
@@ -53,17 +53,17 @@ TEST_F(UsersTest, NewUsersNeedAFreeNameAndAPassword)
 {
     createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
     const host::NewUser refused[] = {{m_name, m_password},
-                                     {QStringLiteral("  "), m_password},
-                                     {QStringLiteral("乙"), QString()},
-                                     {QStringLiteral("O'Neil"), m_password},
-                                     {QStringLiteral("乙\t丙"), m_password},
-                                     {QStringLiteral("乙\u0085丙"), m_password},
-                                     {QStringLiteral("乙") + QChar(QChar::Null), m_password}};
+                                     {u"  "_qs, m_password},
+                                     {u"乙"_qs, QString()},
+                                     {u"O'Neil"_qs, m_password},
+                                     {u"乙\t丙"_qs, m_password},
+                                     {u"乙\u0085丙"_qs, m_password},
+                                     {u"乙"_qs + QChar(QChar::Null), m_password}};
     for (const host::NewUser &user : refused)
         EXPECT_THROW(createUser(*m_connection, user, PasswordCost::lowest()), Failure)
             << user.name.toStdString();
-    createUser(*m_connection, {QStringLiteral(" 𠮷田 一 "), m_password}, PasswordCost::lowest());
-    EXPECT_EQ(signInFailure(QStringLiteral("𠮷田 一"), m_password), QString());
+    createUser(*m_connection, {u" 𠮷田 一 "_qs, m_password}, PasswordCost::lowest());
+    EXPECT_EQ(signInFailure(u"𠮷田 一"_qs, m_password), QString());
     EXPECT_EQ(value(u"select count(*) from host_users").toInt(), 2);
     EXPECT_FALSE(m_connection->inTransaction());
 }
@@ -71,12 +71,10 @@ TEST_F(UsersTest, NewUsersNeedAFreeNameAndAPassword)
 TEST_F(UsersTest, PasswordsCanBeChanged)
 {
     createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
-    host::setPassword(*m_connection, m_name, QStringLiteral("new"), PasswordCost::lowest());
+    host::setPassword(*m_connection, m_name, u"new"_qs, PasswordCost::lowest());
     EXPECT_FALSE(signInFailure(m_name, m_password).isEmpty());
-    EXPECT_EQ(signInFailure(m_name, QStringLiteral("new")), QString());
-    EXPECT_THROW(
-        host::setPassword(*m_connection, QStringLiteral("无此人"), m_password, PasswordCost::lowest()),
-        Failure);
+    EXPECT_EQ(signInFailure(m_name, u"new"_qs), QString());
+    EXPECT_THROW(host::setPassword(*m_connection, u"无此人"_qs, m_password, PasswordCost::lowest()), Failure);
 }
 
 TEST_F(UsersTest, RightsAreGrantedByRowsAlone)
@@ -90,7 +88,7 @@ TEST_F(UsersTest, RightsAreGrantedByRowsAlone)
     host::setRight(*m_connection, agentId, 101, RightEdit, false);
     EXPECT_FALSE(allowed(101, RightEdit));
     execute(u"delete from host_rights");
-    host::setRight(*m_connection, QStringLiteral("somebody else"), 101, RightEdit, true);
+    host::setRight(*m_connection, u"somebody else"_qs, 101, RightEdit, true);
     EXPECT_FALSE(allowed(101, RightEdit));
 }
 
@@ -102,7 +100,7 @@ TEST_F(UsersTest, FirstUserHasEveryRightAndIsTheOnlyFirst)
         EXPECT_TRUE(host::ModuleRights(*m_connection, id, 101).Allowed(right));
         EXPECT_TRUE(host::ModuleRights(*m_connection, id, 203).Allowed(right));
     }
-    EXPECT_THROW(host::createFirstUser(*m_connection, QStringLiteral("乙"), m_password), Failure);
+    EXPECT_THROW(host::createFirstUser(*m_connection, u"乙"_qs, m_password), Failure);
 }
 
 } // namespace ebtq::test

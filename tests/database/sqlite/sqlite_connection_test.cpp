@@ -83,6 +83,7 @@ TEST_F(SqliteConnectionTest, RefusesWhatCannotBeOpened)
     EXPECT_THAT(
         messageOf([&] { (void)Connection::open(path("no/folder.db"), Connection::Missing::IsCreated); }),
         HasSubstr("无法打开数据库文件"));
+    EXPECT_THAT(messageOf([&] { (void)Connection::open(path("")); }), HasSubstr("无法打开数据库文件"));
     EXPECT_FALSE(QFile::exists(path("missing.db"))) << "looking for a database must not make one";
 }
 
