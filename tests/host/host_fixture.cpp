@@ -42,6 +42,7 @@ std::optional<qsizetype> ScriptedPanels::choose(const host::Panel &panel)
 {
     m_shownRows.clear();
     m_captions.clear();
+    m_place = {panel.left, panel.top};
     m_levelCodeColumn = panel.levelCodeColumn;
     m_choosableColumn = panel.choosableColumn;
     for (const host::Panel::ShownColumn &shown : panel.shown)

@@ -2,6 +2,7 @@
 
 #include "host/application.h"
 
+#include <QPoint>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -28,6 +29,7 @@ public:
     [[nodiscard]] QStringList shownRows() const { return m_shownRows; }
     [[nodiscard]] QStringList shownCaptions() const { return m_captions; }
     [[nodiscard]] QString currentRow() const { return m_currentRow; }
+    [[nodiscard]] QPoint place() const { return m_place; }
     [[nodiscard]] QDate presetDate() const { return m_presetDate; }
     [[nodiscard]] int levelCodeColumn() const { return m_levelCodeColumn; }
     [[nodiscard]] int choosableColumn() const { return m_choosableColumn; }
@@ -38,6 +40,7 @@ private:
     QStringList m_shownRows;
     QStringList m_captions;
     QString m_currentRow;
+    QPoint m_place;
     QDate m_presetDate;
     int m_levelCodeColumn = -1;
     int m_choosableColumn = -1;

@@ -63,7 +63,7 @@ TEST_F(EntryPoints, GiveTheLibraryForItsOwnNamesOnly)
 
 TEST_F(EntryPoints, EveryClassIsMadeWithAContractAndAScreen)
 {
-    ASSERT_TRUE(components->classNames().contains(QStringLiteral("EBTQ_S.Fcxx")));
+    ASSERT_TRUE(components->classNames().contains(u"EBTQ_S.Fcxx"_qs));
     for (const QString &name : components->classNames()) {
         SCOPED_TRACE(name.toStdString());
         const std::unique_ptr<QObject> module = components->create(name);
@@ -76,7 +76,7 @@ TEST_F(EntryPoints, EveryClassIsMadeWithAContractAndAScreen)
         ASSERT_TRUE(view);
         EXPECT_EQ(view->parentWidget(), &parent);
     }
-    EXPECT_FALSE(components->create(QStringLiteral("Fcxx")));
+    EXPECT_FALSE(components->create(u"Fcxx"_qs));
     QObject foreign;
     EXPECT_FALSE(components->createView(foreign, nullptr));
 }
@@ -84,7 +84,7 @@ TEST_F(EntryPoints, EveryClassIsMadeWithAContractAndAScreen)
 TEST_F(EntryPoints, StaysLoadedWhileAnythingLives)
 {
     EXPECT_EQ(canUnloadNow(), 0);
-    std::unique_ptr<QObject> module = components->create(QStringLiteral("EBTQ_S.Fcxx"));
+    std::unique_ptr<QObject> module = components->create(u"EBTQ_S.Fcxx"_qs);
     EXPECT_EQ(canUnloadNow(), 1);
     const std::unique_ptr<QWidget> view(components->createView(*module, nullptr));
     delete view->findChild<QWidget *>();
@@ -96,7 +96,7 @@ TEST_F(EntryPoints, RegistrationTellsWhereTheLibraryLies)
     const QTemporaryDir home;
     const QByteArray before = qgetenv("XDG_DATA_HOME");
     qputenv("XDG_DATA_HOME", QFile::encodeName(home.path()));
-    const QString path = home.filePath(QStringLiteral("ebtq/components/EBTQ_S.json"));
+    const QString path = home.filePath(u"ebtq/components/EBTQ_S.json"_qs);
     EXPECT_EQ(unregisterServer(), 0) << "nothing to remove is no failure";
     ASSERT_EQ(registerServer(), 0);
     QFile file(path);
@@ -107,7 +107,7 @@ TEST_F(EntryPoints, RegistrationTellsWhereTheLibraryLies)
     EXPECT_EQ(unregisterServer(), 0);
     EXPECT_FALSE(QFile::exists(path));
 
-    QFile blocker(home.filePath(QStringLiteral("file")));
+    QFile blocker(home.filePath(u"file"_qs));
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
     qputenv("XDG_DATA_HOME", QFile::encodeName(blocker.fileName()));
     EXPECT_EQ(registerServer(), 1) << "a folder that cannot be made";
@@ -117,14 +117,12 @@ TEST_F(EntryPoints, RegistrationTellsWhereTheLibraryLies)
 TEST_F(EntryPoints, ExportsNothingElse)
 {
     QProcess nm;
-    nm.start(QStringLiteral("nm"), {QStringLiteral("-D"), QStringLiteral("--defined-only"),
-                                    QStringLiteral("-j"), library.fileName()});
+    nm.start(u"nm"_qs, {u"-D"_qs, u"--defined-only"_qs, u"-j"_qs, library.fileName()});
     ASSERT_TRUE(nm.waitForFinished());
     QStringList names = QString::fromLatin1(nm.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
     names.sort();
-    EXPECT_EQ(names,
-              QStringList({QStringLiteral("DllCanUnloadNow"), QStringLiteral("DllGetClassObject"),
-                           QStringLiteral("DllRegisterServer"), QStringLiteral("DllUnregisterServer")}));
+    EXPECT_EQ(names, QStringList({u"DllCanUnloadNow"_qs, u"DllGetClassObject"_qs, u"DllRegisterServer"_qs,
+                                  u"DllUnregisterServer"_qs}));
 }
 
 } // namespace

@@ -42,7 +42,7 @@ class FlexGridViewTest : public testing::Test
 protected:
     FlexGridViewTest()
     {
-        grid.setFormatString(QStringLiteral(" |编号    |售总价      |ID"));
+        grid.setFormatString(u" |编号    |售总价      |ID"_qs);
         grid.setColHidden(3, true);
         grid.setBackColorAlternate(0xC0FFFF);
         grid.LoadArray(numbered(100));
@@ -61,16 +61,15 @@ protected:
         const QRect cell = view.visualRect(view.model()->index(row - 1, column));
         return view.viewport()->grab().toImage().pixelColor(cell.topLeft() + offset);
     }
-    /// Whether any pixel of the cell has that colour.
-    bool isPainted(int row, int column, const QColor &colour)
+    /// Whether any pixel of the cell, or of its upper part, has that colour.
+    bool isPainted(int row, int column, const QColor &colour, int height = INT_MAX)
     {
         const QRect cell = view.visualRect(view.model()->index(row - 1, column));
         const QImage image = view.viewport()->grab(cell).toImage();
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixelColor(x, y) == colour)
-                    return true;
-            }
+        for (int at = 0; at < image.width() * std::min(height, image.height()); ++at) {
+            if (image.pixelColor(at % image.width(), at / image.width()) == colour)
+                return true;
+        }
         return false;
     }
     [[nodiscard]] bool isWhole(int row) const
@@ -85,10 +84,9 @@ protected:
             width += view.columnWidth(column);
         return width;
     }
-    [[nodiscard]] QString tipAt(int row, int column)
+    [[nodiscard]] QString tipAt(const QPoint &place)
     {
         QToolTip::hideText();
-        const QPoint place = middleOf(row, column);
         QHelpEvent event(QEvent::ToolTip, place, view.viewport()->mapToGlobal(place));
         QApplication::sendEvent(view.viewport(), &event);
         return QToolTip::text();
@@ -101,33 +99,26 @@ protected:
         QApplication::sendEvent(view.viewport(), &event);
     }
 
-    VSFlexGrid grid{QStringLiteral("VS")};
+    VSFlexGrid grid{u"VS"_qs};
     FlexGridView view{grid, nullptr};
 };
 
 TEST_F(FlexGridViewTest, KeysMoveTheCurrentRowOfTheGrid)
 {
-    struct Case
-    {
-        int from;
-        Qt::Key key;
-        Qt::KeyboardModifier modifier;
-        int to;
-    };
-    const Case cases[] = {
+    const std::tuple<int, Qt::Key, Qt::KeyboardModifier, int> cases[] = {
         {5, Qt::Key_Down, Qt::NoModifier, 6},       {5, Qt::Key_Up, Qt::NoModifier, 4},
         {1, Qt::Key_Up, Qt::NoModifier, 1},         {100, Qt::Key_Down, Qt::NoModifier, 100},
         {50, Qt::Key_Home, Qt::ControlModifier, 1}, {50, Qt::Key_End, Qt::ControlModifier, 100},
         {50, Qt::Key_Home, Qt::NoModifier, 50},     {50, Qt::Key_Right, Qt::NoModifier, 50},
         {5, Qt::Key_7, Qt::NoModifier, 5}, // typing searches nothing
     };
-    for (const Case &move : cases) {
-        SCOPED_TRACE(testing::Message() << "key " << move.key << " from " << move.from);
-        grid.setCurrent(move.from, 1);
-        EXPECT_EQ(currentRow(), move.from);
-        QTest::keyClick(&view, move.key, move.modifier);
-        EXPECT_EQ(grid.Row(), move.to);
-        EXPECT_EQ(currentRow(), move.to);
+    for (const auto &[from, key, modifier, to] : cases) {
+        SCOPED_TRACE(testing::Message() << "key " << key << " from " << from);
+        grid.setCurrent(from, 1);
+        EXPECT_EQ(currentRow(), from);
+        QTest::keyClick(&view, key, modifier);
+        EXPECT_EQ(grid.Row(), to);
+        EXPECT_EQ(currentRow(), to);
     }
     grid.setCurrent(1, 1);
     QTest::keyClick(&view, Qt::Key_PageDown);
@@ -153,17 +144,17 @@ TEST_F(FlexGridViewTest, TheGridAloneDecidesTheCurrentRowWhileRowsGo)
     const QSignalSpy moves(&grid, &VSFlexGrid::AfterRowColChange);
     grid.RemoveItem(5);
     EXPECT_EQ(moves.size(), 0);
-    EXPECT_EQ(grid.TextMatrix(grid.Row(), 1), QStringLiteral("6"));
-    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("6"));
+    EXPECT_EQ(grid.TextMatrix(grid.Row(), 1), u"6"_qs);
+    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), u"6"_qs);
 
     grid.insertRow(1);
     EXPECT_EQ(currentRow(), grid.Row());
-    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("6"));
+    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), u"6"_qs);
 
     grid.setRowHidden(grid.Row(), true);
     EXPECT_FALSE(view.currentIndex().isValid());
     grid.showAllRows();
-    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("6"));
+    EXPECT_EQ(view.currentIndex().siblingAtColumn(1).data().toString(), u"6"_qs);
 
     grid.setRows(grid.FixedRows());
     EXPECT_FALSE(view.currentIndex().isValid());
@@ -222,18 +213,22 @@ TEST_F(FlexGridViewTest, ColumnsFollowTheGridAndTheUsersWidthGoesBack)
     EXPECT_EQ(view.columnWidth(1), 55) << "a width that was set outlasts a load";
 }
 
-TEST_F(FlexGridViewTest, AColumnNobodySetGrowsToItsContents)
+TEST_F(FlexGridViewTest, AColumnNobodySetGrowsAndShrinksWithItsContents)
 {
+    view.resize(200, 300);
+    grid.LoadArray(textBlock({{"", "1", "586万元", ""}}));
     const int before = view.columnWidth(1);
-    grid.LoadArray(textBlock({{"", "FY2026112400-with-a-long-tail", "", ""}}));
+    grid.LoadArray(textBlock({{"", "FY2026112400-with-a-long-tail", "586万元", ""}}));
     EXPECT_GT(view.columnWidth(1), before);
     EXPECT_GE(view.columnWidth(1), view.fontMetrics().horizontalAdvance(grid.TextMatrix(1, 1)));
     EXPECT_LT(grid.ColWidth(1), view.columnWidth(1)) << "what the view needs is not the grid's width";
+    grid.LoadArray(textBlock({{"", "1", "586万元", ""}}));
+    EXPECT_EQ(view.columnWidth(1), before);
 }
 
 TEST_F(FlexGridViewTest, ANarrowWindowTakesOnlyTheRoomThatNobodyNeeds)
 {
-    grid.setFormatString(QStringLiteral(" |编号                    |售总价                    |ID"));
+    grid.setFormatString(u" |编号                    |售总价                    |ID"_qs);
     grid.setColHidden(3, true);
     grid.setColWidth(0, 40);
     view.resize(600, 300);
@@ -245,7 +240,7 @@ TEST_F(FlexGridViewTest, ANarrowWindowTakesOnlyTheRoomThatNobodyNeeds)
     EXPECT_GT(shownWidth(), view.viewport()->width() - 4);
     EXPECT_EQ(view.columnWidth(0), 40) << "a width that was set is kept";
     view.resize(120, 300);
-    EXPECT_GE(view.columnWidth(2), view.fontMetrics().horizontalAdvance(QStringLiteral("586万元")));
+    EXPECT_GE(view.columnWidth(2), view.fontMetrics().horizontalAdvance(u"586万元"_qs));
     view.resize(600, 300);
     EXPECT_GE(view.columnWidth(1), given);
     EXPECT_EQ(grid.ColWidth(1), given) << "none of it is the user's width";
@@ -274,48 +269,27 @@ TEST_F(FlexGridViewTest, AWideWindowIsFilledByTheColumnsThatNobodySet)
     EXPECT_EQ(shownWidth(), icons + 150 + 100) << "no width that was set is changed";
 }
 
-TEST_F(FlexGridViewTest, AColumnShrinksWithItsContents)
-{
-    view.resize(200, 300);
-    grid.LoadArray(textBlock({{"", "1", "586万元", ""}}));
-    const int before = view.columnWidth(1);
-    grid.LoadArray(textBlock({{"", "FY2026112400-with-a-long-tail", "586万元", ""}}));
-    ASSERT_GT(view.columnWidth(1), before);
-    grid.LoadArray(textBlock({{"", "1", "586万元", ""}}));
-    EXPECT_EQ(view.columnWidth(1), before);
-}
-
 TEST_F(FlexGridViewTest, ACutCellTellsItsWholeTextAndOthersTheTipOfTheGrid)
 {
-    const QString tip = QStringLiteral("提示：双击");
+    const QString tip = u"提示：双击"_qs;
     grid.setToolTipText(tip);
     grid.setColWidth(2, 25);
-    EXPECT_EQ(tipAt(1, 2), QStringLiteral("586万元"));
-    EXPECT_EQ(tipAt(1, 1), tip);
-    EXPECT_EQ(tipAt(1, 0), tip) << "a cell without a text";
+    EXPECT_EQ(tipAt(middleOf(1, 2)), u"586万元"_qs);
+    EXPECT_EQ(tipAt(middleOf(1, 1)), tip);
+    EXPECT_EQ(tipAt(middleOf(1, 0)), tip) << "a cell without a text";
     grid.setRows(2);
-    const QPoint below(20, 200);
-    QToolTip::hideText();
-    QHelpEvent event(QEvent::ToolTip, below, view.viewport()->mapToGlobal(below));
-    QApplication::sendEvent(view.viewport(), &event);
-    EXPECT_EQ(QToolTip::text(), tip) << "below the last row";
+    EXPECT_EQ(tipAt({20, 200}), tip) << "below the last row";
 }
 
 TEST_F(FlexGridViewTest, AMoveFromCodeBringsTheRowIntoSight)
 {
-    struct Case
-    {
-        const char *what;
-        std::function<void()> act;
-        int row;
-    };
     const auto undrawn = [this](int row) {
         grid.setRedraw(false);
         grid.setRow(row);
         grid.setRowHidden(2, !grid.RowHidden(2));
         grid.setRedraw(true);
     };
-    const Case cases[] = {
+    const std::tuple<const char *, std::function<void()>, int> cases[] = {
         {"down", [&] { grid.setRow(80); }, 80},
         {"up", [&] { grid.setRow(3); }, 3},
         {"while nothing is drawn", [&] { undrawn(70); }, 70},
@@ -335,11 +309,11 @@ TEST_F(FlexGridViewTest, AMoveFromCodeBringsTheRowIntoSight)
          },
          40},
     };
-    for (const Case &move : cases) {
-        SCOPED_TRACE(move.what);
-        move.act();
-        EXPECT_EQ(grid.Row(), move.row);
-        EXPECT_TRUE(isWhole(move.row));
+    for (const auto &[what, act, row] : cases) {
+        SCOPED_TRACE(what);
+        act();
+        EXPECT_EQ(grid.Row(), row);
+        EXPECT_TRUE(isWhole(row));
         EXPECT_EQ(grid.TopRow(), grid.rowInSight(view.verticalScrollBar()->value()));
     }
 }
@@ -357,51 +331,30 @@ TEST_F(FlexGridViewTest, RowsThatAreShownAgainLeaveTheCurrentOneInSight)
 {
     grid.setRow(70);
     grid.setTopRow(1);
-    grid.hideRowsWithout(QStringLiteral("7"), {1});
+    grid.hideRowsWithout(u"7"_qs, {1});
     EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "one that was out of sight moves nothing";
     ASSERT_TRUE(isWhole(70));
     grid.showAllRows();
     EXPECT_TRUE(isWhole(70));
 }
 
-TEST_F(FlexGridViewTest, AHiddenTopRowGivesWayToTheNextInSight)
+TEST_F(FlexGridViewTest, TopRowGoesBothWays)
 {
+    view.verticalScrollBar()->setValue(10);
+    EXPECT_EQ(grid.TopRow(), 11);
     grid.setTopRow(40);
+    EXPECT_EQ(view.verticalScrollBar()->value(), 39);
     for (const int row : {40, 41})
         grid.setRowHidden(row, true);
     EXPECT_EQ(view.verticalScrollBar()->value(), 39);
-    EXPECT_EQ(grid.rowInSight(view.verticalScrollBar()->value()), 42);
-    grid.setRows(grid.FixedRows());
-    EXPECT_EQ(grid.topInSight(), -1);
-}
-
-TEST_F(FlexGridViewTest, WhileRowsAreHiddenTheWheelScrollsWhatIsLeft)
-{
-    MouseWheel wheel;
-    wheel.setMax(20);
-    wheel.bind(&grid);
-    view.setMouseWheel([&] { return &wheel; });
-    const QSignalSpy turned(&wheel, &MouseWheel::Wheel);
-    grid.hideRowsWithout(QStringLiteral("586"), {2});
-    ASSERT_EQ(grid.visibleCount(), 50);
-    turnWheel(-120);
-    EXPECT_EQ(turned.size(), 0);
-    EXPECT_GT(view.verticalScrollBar()->value(), 0);
-    EXPECT_EQ(grid.TopRow(), grid.rowInSight(view.verticalScrollBar()->value()));
-    grid.showAllRows();
-    turnWheel(-120);
-    EXPECT_EQ(turned.size(), 1);
-}
-
-TEST_F(FlexGridViewTest, TopRowGoesBothWays)
-{
-    grid.setTopRow(40);
-    EXPECT_EQ(view.verticalScrollBar()->value(), 39);
-    view.verticalScrollBar()->setValue(10);
-    EXPECT_EQ(grid.TopRow(), 11);
+    EXPECT_EQ(grid.rowInSight(view.verticalScrollBar()->value()), 42) << "a hidden one gives way";
+    view.verticalScrollBar()->setValue(20);
+    EXPECT_EQ(grid.TopRow(), 21);
     grid.setRowHidden(1, true);
     view.verticalScrollBar()->setValue(20);
     EXPECT_EQ(grid.TopRow(), 22) << "hidden rows do not count on the scroll bar";
+    grid.setRows(grid.FixedRows());
+    EXPECT_EQ(grid.topInSight(), -1);
 }
 
 TEST_F(FlexGridViewTest, TheWheelGoesToTheBoundWheelInWholeSteps)
@@ -422,6 +375,17 @@ TEST_F(FlexGridViewTest, TheWheelGoesToTheBoundWheelInWholeSteps)
     EXPECT_EQ(wheel.Value(), 6);
     turnWheel(240);
     EXPECT_EQ(wheel.Value(), 4);
+    grid.setTopRow(1);
+    const qsizetype before = turned.size();
+    grid.hideRowsWithout(u"586"_qs, {2});
+    ASSERT_EQ(grid.visibleCount(), 50);
+    turnWheel(-120);
+    EXPECT_EQ(turned.size(), before) << "while rows are hidden it scrolls what is left";
+    EXPECT_GT(view.verticalScrollBar()->value(), 0);
+    EXPECT_EQ(grid.TopRow(), grid.rowInSight(view.verticalScrollBar()->value()));
+    grid.showAllRows();
+    turnWheel(-120);
+    EXPECT_EQ(turned.size(), before + 1);
     view.setMouseWheel([]() -> MouseWheel * { return nullptr; });
     turnWheel(-120); // a module that was cleared has no wheel
 }
@@ -431,15 +395,10 @@ TEST_F(FlexGridViewTest, PaintsCurrentRowStripesAndColouredColumns)
     view.setColumnLook(2, {&look::Tokens::salePrice});
     grid.setCurrent(5, 1);
     const look::Tokens &tokens = look::tokens();
-    struct Case
-    {
-        int row;
-        QColor background;
-    };
-    for (const Case &expected : {Case{5, tokens.currentRow}, Case{3, tokens.card}, Case{4, tokens.zebra}}) {
-        SCOPED_TRACE(expected.row);
-        EXPECT_EQ(pixel(expected.row, 1, {2, 2}), expected.background);
-        EXPECT_EQ(pixel(expected.row, 2, {2, 2}), expected.background) << "the whole row";
+    for (const auto &[row, background] :
+         {std::pair(5, tokens.currentRow), {3, tokens.card}, {4, tokens.zebra}}) {
+        EXPECT_EQ(pixel(row, 1, {2, 2}), background) << row;
+        EXPECT_EQ(pixel(row, 2, {2, 2}), background) << "the whole row " << row;
     }
     EXPECT_TRUE(isPainted(3, 2, tokens.salePrice));
     EXPECT_FALSE(isPainted(4, 2, tokens.salePrice)) << "0万元 says nothing";
@@ -448,13 +407,13 @@ TEST_F(FlexGridViewTest, PaintsCurrentRowStripesAndColouredColumns)
 
 TEST_F(FlexGridViewTest, TellsWhyItIsEmptyOnlyWhileItIs)
 {
-    view.setEmptyHint(QStringLiteral("没有"));
+    view.setEmptyHint(u"没有"_qs);
     const QImage filled = view.viewport()->grab().toImage();
     view.setEmptyHint(QString());
     EXPECT_EQ(view.viewport()->grab().toImage(), filled);
     grid.setRows(grid.FixedRows());
     const QImage blank = view.viewport()->grab().toImage();
-    view.setEmptyHint(QStringLiteral("没有"));
+    view.setEmptyHint(u"没有"_qs);
     EXPECT_NE(view.viewport()->grab().toImage(), blank);
 }
 
@@ -480,20 +439,18 @@ TEST_F(FlexGridViewTest, SumsShowTheirColoursFormatsAndWholeLabel)
     const QAbstractItemModelTester tester(view.model(),
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
     grid.setRows(4);
-    grid.setColFormat(1, QStringLiteral("#,##0.0"));
-    const Subtotal wanted[] = {{.totalColumn = 1,
-                                .backColor = 0xFFFF80,
-                                .foreColor = 128,
-                                .caption = QStringLiteral("合计三行房源的编号")}};
+    grid.setColFormat(1, u"#,##0.0"_qs);
+    const Subtotal wanted[] = {
+        {.totalColumn = 1, .backColor = 0xFFFF80, .foreColor = 128, .caption = u"合计三行房源的编号"_qs}};
     grid.setFixedCols(0);
     grid.addSubtotals(wanted);
     ASSERT_EQ(view.model()->rowCount(), 4);
-    EXPECT_EQ(view.model()->index(3, 1).data().toString(), QStringLiteral("6.0"));
+    EXPECT_EQ(view.model()->index(3, 1).data().toString(), u"6.0"_qs);
     EXPECT_EQ(pixel(4, 2, {2, 2}).rgb(), rgb(0xFFFF80));
     EXPECT_EQ(pixel(3, 2, {2, 2}), look::tokens().card);
     grid.setTextMatrix(4, 1, QString());
     EXPECT_TRUE(isPainted(4, 1, QColor(rgb(128)))) << "the narrow first column's label goes on here";
-    grid.setTextMatrix(4, 1, QStringLiteral("6"));
+    grid.setTextMatrix(4, 1, u"6"_qs);
     EXPECT_TRUE(isPainted(4, 1, QColor(rgb(128))));
     EXPECT_FALSE(isPainted(4, 2, QColor(rgb(128)))) << "a number ends the label";
 }
@@ -501,7 +458,7 @@ TEST_F(FlexGridViewTest, SumsShowTheirColoursFormatsAndWholeLabel)
 TEST_F(FlexGridViewTest, EqualNeighboursOfAMergedColumnLookLikeOneCell)
 {
     for (const int row : {2, 3, 4})
-        grid.setTextMatrix(row, 1, QStringLiteral("同"));
+        grid.setTextMatrix(row, 1, u"同"_qs);
     grid.setCurrent(10, 1);
     const QColor line = look::tokens().line;
     const auto lineBelow = [&](int row) { return pixel(row, 1, {1, view.rowHeight(row - 1) - 1}); };
@@ -535,16 +492,8 @@ TEST_F(FlexGridViewTest, HeightsLinesAndWrappingAreThoseOfTheGrid)
     EXPECT_EQ(pixel(3, 1, {1, usual - 1}), look::tokens().line);
     grid.setColWidth(1, 60);
     grid.setRowHeight(1, 120);
-    grid.setTextMatrix(3, 1, QStringLiteral("一二三四五六七八九十一二三四五六"));
-    const auto inkAbove = [&] {
-        const QRect cell = view.visualRect(view.model()->index(2, 1));
-        const QImage image = view.viewport()->grab(QRect(cell.topLeft(), QSize(cell.width(), 40))).toImage();
-        for (int at = 0; at < image.width() * image.height(); ++at) {
-            if (image.pixelColor(at % image.width(), at / image.width()) == look::tokens().ink)
-                return true;
-        }
-        return false;
-    };
+    grid.setTextMatrix(3, 1, u"一二三四五六七八九十一二三四五六"_qs);
+    const auto inkAbove = [&] { return isPainted(3, 1, look::tokens().ink, 40); };
     EXPECT_FALSE(inkAbove()) << "one line in the middle";
     grid.setWordWrap(true);
     EXPECT_TRUE(inkAbove());
@@ -583,22 +532,22 @@ TEST_F(FlexGridViewTest, WhatAPersonDoesToColumnsGoesToTheGridOnce)
         }
         QStringList texts;
         for (const QAction *action : menu->actions())
-            texts.append((action->isChecked() ? QStringLiteral("+") : QString()) + action->text());
+            texts.append((action->isChecked() ? u"+"_qs : QString()) + action->text());
         return texts.join(u' ').simplified();
     };
-    EXPECT_EQ(choose(QStringLiteral("none")), QStringLiteral("+售总价 +编号 恢复默认布局"))
+    EXPECT_EQ(choose(u"none"_qs), u"+售总价 +编号 恢复默认布局"_qs)
         << "in the order of sight, without what the screen hides";
     const int width = grid.ColWidth(1);
-    choose(QStringLiteral("编号"));
+    choose(u"编号"_qs);
     EXPECT_TRUE(view.isColumnHidden(1));
     EXPECT_EQ(grid.ColWidth(1), 0);
-    choose(QStringLiteral("编号"));
+    choose(u"编号"_qs);
     EXPECT_EQ(grid.ColWidth(1), width);
     grid.setColWidth(0, 0);
-    choose(QStringLiteral("编号"));
-    choose(QStringLiteral("售总价"));
+    choose(u"编号"_qs);
+    choose(u"售总价"_qs);
     EXPECT_FALSE(view.isColumnHidden(2)) << "the last column stays";
-    choose(QStringLiteral("恢复默认布局"));
+    choose(u"恢复默认布局"_qs);
     EXPECT_EQ(grid.ColWidth(1), before);
     EXPECT_EQ(grid.columnOrder(), std::vector<int>({0, 1, 2, 3}));
     EXPECT_TRUE(view.isColumnHidden(3));

@@ -30,12 +30,12 @@ namespace {
 
 TEST(CheckBoxView, GoesBothWaysAndTellsTheUsersTicks)
 {
-    CheckBox box(QStringLiteral("Chk"), 1);
-    box.setCaption(QStringLiteral("出租"));
+    CheckBox box(u"Chk"_qs, 1);
+    box.setCaption(u"出租"_qs);
     CheckBoxView view(box, nullptr);
     const QSignalSpy clicks(&view, &QCheckBox::clicked);
-    EXPECT_EQ(view.objectName(), QStringLiteral("Chk_1"));
-    EXPECT_EQ(view.text(), QStringLiteral("出租"));
+    EXPECT_EQ(view.objectName(), u"Chk_1"_qs);
+    EXPECT_EQ(view.text(), u"出租"_qs);
     box.setValue(1);
     EXPECT_TRUE(view.isChecked());
     EXPECT_EQ(clicks.size(), 0);
@@ -46,33 +46,33 @@ TEST(CheckBoxView, GoesBothWaysAndTellsTheUsersTicks)
 
 TEST(TextAreaView, LeavesAStoredTextAloneUntilItIsEdited)
 {
-    TextBox box(QStringLiteral("Txt"), 1, TextBox::Lines::Many);
-    box.setText(QStringLiteral("下午\r\n联系"));
+    TextBox box(u"Txt"_qs, 1, TextBox::Lines::Many);
+    box.setText(u"下午\r\n联系"_qs);
     TextAreaView view(box, nullptr);
-    box.setText(QStringLiteral("先电话\r\n后上门"));
-    EXPECT_EQ(view.toPlainText(), QStringLiteral("先电话\n后上门"));
-    EXPECT_EQ(box.Text(), QStringLiteral("先电话\r\n后上门"));
+    box.setText(u"先电话\r\n后上门"_qs);
+    EXPECT_EQ(view.toPlainText(), u"先电话\n后上门"_qs);
+    EXPECT_EQ(box.Text(), u"先电话\r\n后上门"_qs);
     view.moveCursor(QTextCursor::End);
-    QTest::keyClicks(&view, QStringLiteral("!"));
-    EXPECT_EQ(box.Text(), QStringLiteral("先电话\n后上门!"));
+    QTest::keyClicks(&view, u"!"_qs);
+    EXPECT_EQ(box.Text(), u"先电话\n后上门!"_qs);
 }
 
 TEST(TextBoxView, GoesBothWaysAndPassesEnterOn)
 {
-    TextBox box(QStringLiteral("Txt"), 0);
+    TextBox box(u"Txt"_qs, 0);
     TextBoxView view(box, nullptr);
     const QSignalSpy returns(&box, &TextBox::ReturnPressed);
-    box.setText(QStringLiteral("A'"));
+    box.setText(u"A'"_qs);
     EXPECT_EQ(view.text(), box.Text());
-    QTest::keyClicks(&view, QStringLiteral("1\r"));
-    EXPECT_EQ(box.Text(), QStringLiteral("A'1"));
+    QTest::keyClicks(&view, u"1\r"_qs);
+    EXPECT_EQ(box.Text(), u"A'1"_qs);
     EXPECT_EQ(returns.size(), 1);
 }
 
 TEST(ButtonView, PressesOnlyWhatCanBePressed)
 {
-    Button button(QStringLiteral("Cmd"), 0);
-    button.setCaption(QStringLiteral("保存(&S)"));
+    Button button(u"Cmd"_qs, 0);
+    button.setCaption(u"保存(&S)"_qs);
     ButtonView view(button, nullptr);
     const QSignalSpy clicks(&button, &Button::Click);
     EXPECT_EQ(view.text(), button.Caption());
@@ -88,7 +88,7 @@ class ComboViewTest : public testing::Test
 protected:
     ComboViewTest()
     {
-        combo.setItems({QStringLiteral("三天内"), QStringLiteral("十天内"), QStringLiteral("全部")});
+        combo.setItems({u"三天内"_qs, u"十天内"_qs, u"全部"_qs});
         window.setLayout(new QHBoxLayout);
         window.layout()->addWidget(&view);
         window.layout()->addWidget(&other);
@@ -96,7 +96,7 @@ protected:
         view.setFocus();
     }
 
-    XPCombo combo{QStringLiteral("XPCmb")};
+    XPCombo combo{u"XPCmb"_qs};
     QWidget window;
     ComboView view{combo, nullptr};
     QLineEdit other;
@@ -107,28 +107,28 @@ TEST_F(ComboViewTest, StartsEmptyAndTakesAnyTextLetterByLetter)
 {
     EXPECT_EQ(view.count(), 3);
     EXPECT_EQ(view.currentText(), QString());
-    typeText(view, QStringLiteral(" 十天内"));
-    EXPECT_EQ(combo.Text(), QStringLiteral(" 十天内")) << "the leading blank counts";
+    typeText(view, u" 十天内"_qs);
+    EXPECT_EQ(combo.Text(), u" 十天内"_qs) << "the leading blank counts";
     QTest::keyClick(&view, Qt::Key_Return);
     EXPECT_EQ(confirmed.size(), 1);
     EXPECT_EQ(view.count(), 3) << "typed texts do not get into the list";
     view.lineEdit()->selectAll();
-    typeText(view, QStringLiteral("三"));
-    EXPECT_EQ(combo.Text(), QStringLiteral("三")) << "nothing is completed";
-    combo.setText(QStringLiteral(" 十天内"));
+    typeText(view, u"三"_qs);
+    EXPECT_EQ(combo.Text(), u"三"_qs) << "nothing is completed";
+    combo.setText(u" 十天内"_qs);
     QTest::keyClick(&view, Qt::Key_End);
     QTest::keyClick(&view, Qt::Key_Backspace);
-    EXPECT_EQ(combo.Text(), QStringLiteral(" 十天"));
+    EXPECT_EQ(combo.Text(), u" 十天"_qs);
     QTest::keyClick(&view, Qt::Key_Home);
-    QTest::keyClicks(&view, QStringLiteral("a"));
-    EXPECT_EQ(combo.Text(), QStringLiteral("a 十天")) << "the cursor stays where it was";
+    QTest::keyClicks(&view, u"a"_qs);
+    EXPECT_EQ(combo.Text(), u"a 十天"_qs) << "the cursor stays where it was";
 }
 
 TEST_F(ComboViewTest, ConfirmsOnEnterOnAChoiceAndOnLeavingWithAnotherText)
 {
     QTest::keyClick(&view, Qt::Key_Down);
     QTest::keyClick(&view, Qt::Key_Down);
-    EXPECT_EQ(combo.Text(), QStringLiteral("十天内"));
+    EXPECT_EQ(combo.Text(), u"十天内"_qs);
     EXPECT_EQ(confirmed.size(), 0) << "going through the entries decides nothing";
     QTest::keyClick(&view, Qt::Key_Return);
     EXPECT_EQ(confirmed.size(), 1);
@@ -138,13 +138,13 @@ TEST_F(ComboViewTest, ConfirmsOnEnterOnAChoiceAndOnLeavingWithAnotherText)
     view.showPopup();
     QTest::keyClick(view.view(), Qt::Key_Down);
     QTest::keyClick(view.view(), Qt::Key_Return);
-    EXPECT_EQ(combo.Text(), QStringLiteral("全部"));
+    EXPECT_EQ(combo.Text(), u"全部"_qs);
     EXPECT_EQ(confirmed.size(), 2);
     view.lineEdit()->selectAll();
-    typeText(view, QStringLiteral("三天内"));
+    typeText(view, u"三天内"_qs);
     other.setFocus();
     EXPECT_EQ(confirmed.size(), 3);
-    combo.setText(QStringLiteral("十天内")); // as the layout is restored
+    combo.setText(u"十天内"_qs); // as the layout is restored
     view.setFocus();
     other.setFocus();
     EXPECT_EQ(confirmed.size(), 3);
@@ -152,22 +152,22 @@ TEST_F(ComboViewTest, ConfirmsOnEnterOnAChoiceAndOnLeavingWithAnotherText)
 
 TEST_F(ComboViewTest, FollowsTheRulesWithoutAnswering)
 {
-    combo.setText(QStringLiteral("十天内"));
-    EXPECT_EQ(view.currentText(), QStringLiteral("十天内"));
+    combo.setText(u"十天内"_qs);
+    EXPECT_EQ(view.currentText(), u"十天内"_qs);
     EXPECT_EQ(view.currentIndex(), 1);
     combo.setText(QString());
     EXPECT_EQ(view.currentText(), QString());
-    combo.setText(QStringLiteral("foreign"));
-    EXPECT_EQ(view.currentText(), QStringLiteral("foreign"));
-    combo.setItems({QStringLiteral("x")});
+    combo.setText(u"foreign"_qs);
+    EXPECT_EQ(view.currentText(), u"foreign"_qs);
+    combo.setItems({u"x"_qs});
     EXPECT_EQ(view.count(), 1);
-    EXPECT_EQ(view.currentText(), QStringLiteral("foreign"));
+    EXPECT_EQ(view.currentText(), u"foreign"_qs);
     EXPECT_EQ(confirmed.size(), 0);
 }
 
 TEST(SearchBoxView, TypesSearchesAndClears)
 {
-    SearchBox box(QStringLiteral("SearchBox1"));
+    SearchBox box(u"SearchBox1"_qs);
     QWidget window;
     QLineEdit other(&window);
     SearchBoxView view(box, &window);
@@ -176,17 +176,17 @@ TEST(SearchBoxView, TypesSearchesAndClears)
     const QSignalSpy clears(&box, &SearchBox::Clear);
     other.setFocus();
     QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), QStringLiteral("SearchBox1"));
-    QTest::keyClicks(&view, QStringLiteral("ab"));
-    EXPECT_EQ(box.Text(), QStringLiteral("ab"));
+    EXPECT_EQ(focusName(), u"SearchBox1"_qs);
+    QTest::keyClicks(&view, u"ab"_qs);
+    EXPECT_EQ(box.Text(), u"ab"_qs);
     QTest::keyClick(&view, Qt::Key_Return);
     ASSERT_EQ(searches.size(), 1);
-    EXPECT_EQ(searches.takeFirst().at(0).toString(), QStringLiteral("ab"));
+    EXPECT_EQ(searches.takeFirst().at(0).toString(), u"ab"_qs);
     QTest::keyClick(&view, Qt::Key_Escape);
     EXPECT_EQ(box.Text(), QString());
     EXPECT_EQ(clears.size(), 1);
-    box.setText(QStringLiteral("restored"));
-    EXPECT_EQ(view.text(), QStringLiteral("restored"));
+    box.setText(u"restored"_qs);
+    EXPECT_EQ(view.text(), u"restored"_qs);
 }
 
 class ToolBarViewTest : public testing::Test
@@ -204,59 +204,59 @@ protected:
     }
     [[nodiscard]] QToolButton *button(const QString &key) const
     {
-        return view.findChild<QToolButton *>(QStringLiteral("NavToolbar1_") + key);
+        return view.findChild<QToolButton *>(u"NavToolbar1_"_qs + key);
     }
     [[nodiscard]] int shownSeparators() const
     {
         int shown = 0;
         for (const QFrame *line : view.findChildren<QFrame *>())
-            shown += line->property("kind") == QStringLiteral("separator") && line->isVisible() ? 1 : 0;
+            shown += line->property("kind") == u"separator"_qs && line->isVisible() ? 1 : 0;
         return shown;
     }
 
-    NavToolbar bar{QStringLiteral("NavToolbar1")};
+    NavToolbar bar{u"NavToolbar1"_qs};
     ToolBarView view{bar, nullptr};
     QStringList pressed;
 };
 
 TEST_F(ToolBarViewTest, ShowsWhatIsVisibleAndOneSeparatorBetweenNeighbours)
 {
-    EXPECT_TRUE(button(QStringLiteral("all"))->isVisible());
-    EXPECT_FALSE(button(QStringLiteral("new"))->isVisible());
+    EXPECT_TRUE(button(u"all"_qs)->isVisible());
+    EXPECT_FALSE(button(u"new"_qs)->isVisible());
     EXPECT_EQ(shownSeparators(), 1);
     bar.setItems({item(u""), item(u"all"), item(u""), item(u"new"), item(u""), item(u"refresh")});
     EXPECT_EQ(shownSeparators(), 2);
-    EXPECT_TRUE(button(QStringLiteral("new"))->isVisible());
+    EXPECT_TRUE(button(u"new"_qs)->isVisible());
 }
 
 TEST_F(ToolBarViewTest, PressesByMouseAndShortcutWithinGuardAndRights)
 {
-    view.setShortcuts({{QStringLiteral("all"), QKeySequence(Qt::ALT | Qt::Key_A)}});
-    EXPECT_EQ(button(QStringLiteral("all"))->toolTip(), QStringLiteral("all (Alt+A)"));
-    EXPECT_EQ(button(QStringLiteral("all"))->text(), QStringLiteral("all(&A)"));
-    EXPECT_EQ(button(QStringLiteral("refresh"))->text(), QStringLiteral("refresh"));
-    QTest::mouseClick(button(QStringLiteral("all")), Qt::LeftButton);
+    view.setShortcuts({{u"all"_qs, QKeySequence(Qt::ALT | Qt::Key_A)}});
+    EXPECT_EQ(button(u"all"_qs)->toolTip(), u"all (Alt+A)"_qs);
+    EXPECT_EQ(button(u"all"_qs)->text(), u"all(&A)"_qs);
+    EXPECT_EQ(button(u"refresh"_qs)->text(), u"refresh"_qs);
+    QTest::mouseClick(button(u"all"_qs), Qt::LeftButton);
     QTest::keyClick(&view, Qt::Key_A, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pressed.size() == 2; }))
         << "a shortcut shows the button pressed first";
-    EXPECT_EQ(pressed.value(1), QStringLiteral("all"));
-    bar.setEnabled(QStringLiteral("all"), false);
-    EXPECT_FALSE(button(QStringLiteral("all"))->isEnabled());
-    QTest::mouseClick(button(QStringLiteral("all")), Qt::LeftButton);
+    EXPECT_EQ(pressed.value(1), u"all"_qs);
+    bar.setEnabled(u"all"_qs, false);
+    EXPECT_FALSE(button(u"all"_qs)->isEnabled());
+    QTest::mouseClick(button(u"all"_qs), Qt::LeftButton);
     QTest::keyClick(&view, Qt::Key_A, Qt::AltModifier);
-    view.setGuard([](const QString &key) { return key != QStringLiteral("refresh"); });
-    QTest::mouseClick(button(QStringLiteral("refresh")), Qt::LeftButton);
+    view.setGuard([](const QString &key) { return key != u"refresh"_qs; });
+    QTest::mouseClick(button(u"refresh"_qs), Qt::LeftButton);
     EXPECT_EQ(pressed.size(), 2);
 }
 
 TEST_F(ToolBarViewTest, OnlyTheCurrentKeyStaysPressed)
 {
-    view.setCurrentKey(QStringLiteral("all"));
-    QTest::mouseClick(button(QStringLiteral("refresh")), Qt::LeftButton);
-    EXPECT_TRUE(button(QStringLiteral("all"))->isChecked());
-    EXPECT_FALSE(button(QStringLiteral("refresh"))->isChecked());
+    view.setCurrentKey(u"all"_qs);
+    QTest::mouseClick(button(u"refresh"_qs), Qt::LeftButton);
+    EXPECT_TRUE(button(u"all"_qs)->isChecked());
+    EXPECT_FALSE(button(u"refresh"_qs)->isChecked());
     view.setCurrentKey(QString());
-    EXPECT_FALSE(button(QStringLiteral("all"))->isChecked());
+    EXPECT_FALSE(button(u"all"_qs)->isChecked());
 }
 
 TEST(FlowLayout, FoldsWithoutCuttingAndGivesTheRestToWhatGrows)

@@ -30,13 +30,6 @@ protected:
         });
         gj.py_Init(app, u"L1"_qs, {}, disable);
     }
-    static QWidget &child(QWidget &view, const QString &name)
-    {
-        auto *widget = view.findChild<QWidget *>(name);
-        if (!widget)
-            throw std::runtime_error("no widget " + name.toStdString());
-        return *widget;
-    }
     /// Goes on with Tab, types into each field and gives the names of those passed.
     static QStringList fillByKeyboard(const QHash<QString, QString> &texts, int steps)
     {

@@ -36,7 +36,7 @@ public:
     FormView(Form &, QWidget *parent)
         : QWidget(parent)
     {
-        setWindowTitle(QStringLiteral("登记"));
+        setWindowTitle(u"登记"_qs);
         setMinimumSize(200, 100);
     }
     int refusals = 0;
@@ -73,16 +73,16 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
         Desktop::Answer result;
     };
     const Case cases[] = {
-        {Desktop::Buttons::YesNo, [](QWidget &box) { buttonWith(box, QStringLiteral("是(&Y)"))->click(); },
+        {Desktop::Buttons::YesNo, [](QWidget &box) { buttonWith(box, u"是(&Y)"_qs)->click(); },
          Desktop::Answer::Yes},
-        {Desktop::Buttons::YesNo, [](QWidget &box) { buttonWith(box, QStringLiteral("否(&N)"))->click(); },
+        {Desktop::Buttons::YesNo, [](QWidget &box) { buttonWith(box, u"否(&N)"_qs)->click(); },
          Desktop::Answer::No},
         {Desktop::Buttons::YesNo, [](QWidget &box) { QTest::keyClick(&box, Qt::Key_Escape); },
          Desktop::Answer::No},
         {Desktop::Buttons::YesNo, [](QWidget &box) { box.close(); }, Desktop::Answer::No},
         {Desktop::Buttons::YesNo, [](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); },
          Desktop::Answer::No},
-        {Desktop::Buttons::Ok, [](QWidget &box) { buttonWith(box, QStringLiteral("确定(&O)"))->click(); },
+        {Desktop::Buttons::Ok, [](QWidget &box) { buttonWith(box, u"确定(&O)"_qs)->click(); },
          Desktop::Answer::Ok},
         {Desktop::Buttons::Ok, [](QWidget &box) { QTest::keyClick(&box, Qt::Key_Escape); },
          Desktop::Answer::Ok},
@@ -91,14 +91,14 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
         const WhenModal modal([&](QWidget &window) {
             const auto *box = qobject_cast<QMessageBox *>(&window);
             ASSERT_TRUE(box);
-            EXPECT_EQ(box->text(), QStringLiteral("是否删除 <b>'1'</b>?"));
+            EXPECT_EQ(box->text(), u"是否删除 <b>'1'</b>?"_qs);
             EXPECT_EQ(box->textFormat(), Qt::PlainText) << "a value is no markup";
-            EXPECT_EQ(box->windowTitle(), QStringLiteral("提示:"));
+            EXPECT_EQ(box->windowTitle(), u"提示:"_qs);
             EXPECT_EQ(box->icon(), QMessageBox::Question);
             expected.answer(window);
         });
-        EXPECT_EQ(desktop.messageBox(QStringLiteral("是否删除 <b>'1'</b>?"), QStringLiteral("提示:"),
-                                     Desktop::Icon::Question, expected.buttons),
+        EXPECT_EQ(desktop.messageBox(u"是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, Desktop::Icon::Question,
+                                     expected.buttons),
                   expected.result);
     }
 }
@@ -107,40 +107,39 @@ TEST_F(QtDesktopTest, InputBoxGivesTheTextOrNothing)
 {
     {
         const WhenModal modal([](QWidget &box) {
-            EXPECT_EQ(dynamic_cast<QInputDialog &>(box).textValue(), QStringLiteral("旧"));
-            typeText(*box.findChild<QLineEdit *>(), QStringLiteral("新")); // the preset is selected
-            buttonWith(box, QStringLiteral("确定(&O)"))->click();
+            EXPECT_EQ(dynamic_cast<QInputDialog &>(box).textValue(), u"旧"_qs);
+            typeText(*box.findChild<QLineEdit *>(), u"新"_qs); // the preset is selected
+            buttonWith(box, u"确定(&O)"_qs)->click();
         });
-        EXPECT_EQ(desktop.inputBox(QStringLiteral("查找"), QStringLiteral("提示"), QStringLiteral("旧")),
-                  QStringLiteral("新"));
+        EXPECT_EQ(desktop.inputBox(u"查找"_qs, u"提示"_qs, u"旧"_qs), u"新"_qs);
     }
-    const WhenModal modal([](QWidget &box) { buttonWith(box, QStringLiteral("取消(&C)"))->click(); });
-    EXPECT_FALSE(desktop.inputBox(QString(), QString(), QStringLiteral("旧")).has_value());
+    const WhenModal modal([](QWidget &box) { buttonWith(box, u"取消(&C)"_qs)->click(); });
+    EXPECT_FALSE(desktop.inputBox(QString(), QString(), u"旧"_qs).has_value());
 }
 
 TEST_F(QtDesktopTest, FileDialogsGiveAPathOrNothing)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("合同.txt"));
+    const QString path = folder.filePath(u"合同.txt"_qs);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
-    const QString filter = QStringLiteral("文本 (*.txt)");
+    const QString filter = u"文本 (*.txt)"_qs;
     {
         const WhenModal modal([&](QWidget &box) {
             auto &dialog = dynamic_cast<QFileDialog &>(box);
             dialog.selectFile(path);
-            buttonWith(dialog, QStringLiteral("打开(&O)"))->click();
+            buttonWith(dialog, u"打开(&O)"_qs)->click();
         });
-        EXPECT_EQ(desktop.openDialog(QStringLiteral("打开"), folder.path(), filter), path);
+        EXPECT_EQ(desktop.openDialog(u"打开"_qs, folder.path(), filter), path);
     }
     {
-        const WhenModal modal([](QWidget &box) { buttonWith(box, QStringLiteral("取消(&C)"))->click(); });
-        EXPECT_EQ(desktop.openDialog(QStringLiteral("打开"), folder.path(), filter), QString());
+        const WhenModal modal([](QWidget &box) { buttonWith(box, u"取消(&C)"_qs)->click(); });
+        EXPECT_EQ(desktop.openDialog(u"打开"_qs, folder.path(), filter), QString());
     }
-    const QString proposed = folder.filePath(QStringLiteral("新.txt"));
-    const WhenModal modal([](QWidget &box) { buttonWith(box, QStringLiteral("保存(&S)"))->click(); });
-    EXPECT_EQ(desktop.saveDialog(QStringLiteral("保存"), proposed, filter), proposed);
+    const QString proposed = folder.filePath(u"新.txt"_qs);
+    const WhenModal modal([](QWidget &box) { buttonWith(box, u"保存(&S)"_qs)->click(); });
+    EXPECT_EQ(desktop.saveDialog(u"保存"_qs, proposed, filter), proposed);
 }
 
 TEST_F(QtDesktopTest, AModalFormEndsWhenItsScreenAgreesToClose)
@@ -149,7 +148,7 @@ TEST_F(QtDesktopTest, AModalFormEndsWhenItsScreenAgreesToClose)
     const WhenModal modal([](QWidget &dialog) {
         auto *view = dialog.findChild<FormView *>();
         ASSERT_TRUE(view);
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("登记"));
+        EXPECT_EQ(dialog.windowTitle(), u"登记"_qs);
         dialog.close();
         EXPECT_TRUE(dialog.isVisible()) << "the screen refused";
         EXPECT_EQ(view->refusals, 1);
@@ -174,20 +173,20 @@ TEST_F(QtDesktopTest, WaitCursorNests)
 
 TEST_F(QtDesktopTest, TemporaryFilesAndGuidsAreNew)
 {
-    const QString first = desktop.makeTempFile(QStringLiteral("fj"));
-    const QString second = desktop.makeTempFile(QStringLiteral("fj"));
+    const QString first = desktop.makeTempFile(u"fj"_qs);
+    const QString second = desktop.makeTempFile(u"fj"_qs);
     EXPECT_NE(first, second);
     for (const QString &path : {first, second}) {
-        EXPECT_TRUE(QFileInfo(path).fileName().startsWith(QStringLiteral("fj")));
+        EXPECT_TRUE(QFileInfo(path).fileName().startsWith(u"fj"_qs));
         EXPECT_EQ(QFileInfo(path).size(), 0);
         EXPECT_TRUE(QFile::remove(path)) << "the file is there and the caller's to remove";
     }
-    EXPECT_EQ(desktop.makeTempFile(QStringLiteral("no/such/folder/")), QString());
+    EXPECT_EQ(desktop.makeTempFile(u"no/such/folder/"_qs), QString());
     const QByteArray id = desktop.newGuidBytes();
     EXPECT_EQ(id.size(), 16);
     EXPECT_EQ(id[7] & 0xf0, 0x40) << "the high byte of the third part, where the version stands, comes last";
     EXPECT_NE(id, desktop.newGuidBytes());
-    EXPECT_FALSE(desktop.openFile(QStringLiteral("/no/such/file")));
+    EXPECT_FALSE(desktop.openFile(u"/no/such/file"_qs));
 }
 
 } // namespace

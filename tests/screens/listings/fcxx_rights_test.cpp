@@ -3,7 +3,6 @@
 #include "library/followups/frm_gj.h"
 #include "library/listings/fcxx_editor_fixture.h"
 #include "screens/listings/fcxx_view.h"
-#include "screens/listings/frm_fx_view.h"
 #include "screens/support/screen.h"
 
 #include <QApplication>
@@ -99,33 +98,6 @@ TEST_F(FcxxRightsTest, EachCommandIsGivenOrRefusedByEveryWay)
         }
         EXPECT_EQ(listings(), 3);
     }
-}
-
-TEST_F(FcxxRightsTest, WhoMayNotEditSeesNoOwnerAndSavesNothing)
-{
-    connection->execute(u"update fyxx set 手机='13800138000'"_qs);
-    showWithout(RightEdit);
-    const std::function<void()> ways[] = {
-        [&] {
-            QTest::mouseDClick(table().viewport(), Qt::LeftButton, {},
-                               table().visualRect(table().currentIndex()).center());
-        },
-        [&] { QTest::keyClick(&table(), Qt::Key_Return); },
-    };
-    for (const auto &act : ways) {
-        desktop.willShow([&](QObject &) {
-            FrmFxView shown(editor(), nullptr);
-            showActive(shown);
-            EXPECT_FALSE(shown.findChild<QWidget *>(u"qzFcTxt_53"_qs));
-            QTest::keyClick(&shown, Qt::Key_S, Qt::AltModifier);
-            editor().Cmd(0).press();
-            EXPECT_TRUE(shown.isVisible());
-        });
-        app.statements.clear();
-        act();
-        EXPECT_EQ(app.statements.filter(u"update"_qs), QStringList());
-    }
-    EXPECT_EQ(listEvents, QStringList());
 }
 
 } // namespace

@@ -1,6 +1,12 @@
 #include "screens/support/screen.h"
 
+#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -18,6 +24,37 @@ QString focusName()
 {
     const QWidget *widget = QApplication::focusWidget();
     return widget ? widget->objectName() : QString();
+}
+
+namespace {
+
+template<class... Kinds> bool isOneOf(const QWidget *widget)
+{
+    return (qobject_cast<const Kinds *>(widget) || ...);
+}
+
+} // namespace
+
+qsizetype expectNothingIsCut(const QWidget &window, int linesOfABox)
+{
+    QList<QRect> places;
+    for (const QWidget *leaf : window.findChildren<QWidget *>()) {
+        if (!isOneOf<QLabel, QLineEdit, QAbstractButton, QComboBox, QPlainTextEdit>(leaf) ||
+            !leaf->isVisible() || isOneOf<QLineEdit, QComboBox, QAbstractItemView>(leaf->parentWidget()))
+            continue;
+        const QRect place(leaf->mapTo(&window, QPoint()), leaf->size());
+        const QSize needed = leaf->minimumSizeHint();
+        const bool isBox = isOneOf<QPlainTextEdit>(leaf);
+        const std::string name = (leaf->objectName() + u' ' + leaf->accessibleName()).toStdString();
+        EXPECT_TRUE(window.rect().contains(place)) << name;
+        EXPECT_GE(place.height(), isBox ? linesOfABox * leaf->fontMetrics().height() : needed.height())
+            << name;
+        EXPECT_TRUE(isBox || isOneOf<QLineEdit>(leaf) || place.width() >= needed.width()) << name;
+        for (const QRect &other : places)
+            EXPECT_FALSE(place.intersects(other)) << name;
+        places.append(place);
+    }
+    return places.size();
 }
 
 void typeText(QWidget &widget, const QString &text)

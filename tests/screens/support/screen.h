@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <stdexcept>
 #include <string>
 
 namespace ebtq::test {
@@ -17,6 +18,18 @@ void showActive(QWidget &window);
 
 /// The name of the widget that has the keyboard; empty when none has.
 QString focusName();
+
+/// The widget of that name; throws when there is none.
+template<class T = QWidget> [[nodiscard]] T &child(const QWidget &window, const QString &name)
+{
+    if (auto *widget = window.findChild<T *>(name))
+        return *widget;
+    throw std::runtime_error("no widget " + name.toStdString());
+}
+
+/// Fails the test when a label, a field, a button or a box in sight is cut or covered; gives how many there
+/// are.
+qsizetype expectNothingIsCut(const QWidget &window, int linesOfABox = 2);
 
 /// Types a text in any script, key by key, into the widget.
 void typeText(QWidget &widget, const QString &text);
