@@ -26,8 +26,7 @@ TEST(ComponentLoader, SaysWhatIsWrongWithTheFile)
     text.write("no library");
     text.flush();
 
-    const std::string missing =
-        failureOf({QStringLiteral("/a/libEBTQ_S.so"), QStringLiteral("/b/libEBTQ_S.so")});
+    const std::string missing = failureOf({u"/a/libEBTQ_S.so"_qs, u"/b/libEBTQ_S.so"_qs});
     EXPECT_NE(missing.find("/a/libEBTQ_S.so\n/b/libEBTQ_S.so"), std::string::npos) << missing;
     EXPECT_NE(failureOf({text.fileName()}).find("无法载入"), std::string::npos);
     EXPECT_NE(failureOf({QStringLiteral(OTHER_LIBRARY)}).find("不是组件库"), std::string::npos);

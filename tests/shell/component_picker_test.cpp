@@ -31,14 +31,14 @@ protected:
         for (const char16_t *row : {u"pdmdq(地区ID,编码,地区,级次,是否明细) values(2,'01','清水湾',1,1)",
                                     u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID) values(31,'LP1','碧棠花园',2)",
                                     u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID) values(32,'LP2','云锦苑',0)"})
-            connection->execute(QStringLiteral("insert into ") + QString::fromUtf16(row));
+            connection->execute(u"insert into "_qs + QString::fromUtf16(row));
         app.setPickerFactory(componentPickers(library, app));
         app.setFailureReport([this](const QString &failure) { failures.append(failure); });
         window.resize(700, 500);
         window.show();
         window.activateWindow();
     }
-    HostPicker &buildings() { return app.Picker(QStringLiteral("SelPdmLpzd")); }
+    HostPicker &buildings() { return app.Picker(u"SelPdmLpzd"_qs); }
     /// Shows the buildings and does `act` while they are open.
     bool show(const std::function<void(PickerPopup &popup)> &act, const QPoint &corner = {20, 30})
     {
@@ -67,15 +67,13 @@ protected:
     ComponentLibrary &library = loadComponentLibrary({QStringLiteral(EBTQ_COMPONENT_LIBRARY)});
     QTemporaryDir folder;
     std::unique_ptr<db::Connection> connection =
-        db::Connection::open(QStringLiteral(":memory:"), db::Connection::Missing::IsCreated);
+        db::Connection::open(u":memory:"_qs, db::Connection::Missing::IsCreated);
     WidgetPanelPresenter presenter;
-    host::Application app{*connection,
-                          {QStringLiteral("U1"), QStringLiteral("张敏"), {}},
-                          {folder.path(), QDate(2026, 11, 22)},
-                          presenter};
+    host::Application app{
+        *connection, {u"U1"_qs, u"张敏"_qs, {}}, {folder.path(), QDate(2026, 11, 22)}, presenter};
     QWidget window;
     QStringList failures;
-    QString text = QStringLiteral("旧");
+    QString text = u"旧"_qs;
     QVariant value = 9;
 };
 
@@ -86,25 +84,20 @@ TEST_F(ComponentPickerTest, NamesAreThoseOfItsPickersAlone)
     for (const char *name : {"fcxx", "selpdmxx", ""})
         EXPECT_FALSE(app.Picker(QLatin1String(name)).Ready(0)) << name;
     const host::PickerFactory make = componentPickers(library, app);
-    EXPECT_FALSE(make(QStringLiteral("pdmdq"))) << "it is the host's own";
-    EXPECT_FALSE(make(QStringLiteral("fcxx"))) << "it is no picker";
+    EXPECT_FALSE(make(u"pdmdq"_qs)) << "it is the host's own";
+    EXPECT_FALSE(make(u"fcxx"_qs)) << "it is no picker";
 }
 
 TEST_F(ComponentPickerTest, ThePanelEndsWithAChoiceOrWithout)
 {
-    const struct
-    {
-        const char *what;
-        std::function<void(PickerPopup &popup)> act;
-        QString chosen;
-    } cases[] = {
-        {"Enter", [](PickerPopup &) { press(Qt::Key_Return); }, QStringLiteral("31|碧棠花园")},
+    const std::tuple<const char *, std::function<void(PickerPopup & popup)>, QString> cases[] = {
+        {"Enter", [](PickerPopup &) { press(Qt::Key_Return); }, u"31|碧棠花园"_qs},
         {"the next row",
          [](PickerPopup &) {
              press(Qt::Key_Down);
              press(Qt::Key_D, Qt::AltModifier);
          },
-         QStringLiteral("32|云锦苑")},
+         u"32|云锦苑"_qs},
         {"Escape", leave, {}},
         {"the button", [](PickerPopup &) { press(Qt::Key_C, Qt::AltModifier); }, {}},
         {"a press outside",
@@ -114,13 +107,11 @@ TEST_F(ComponentPickerTest, ThePanelEndsWithAChoiceOrWithout)
     window.hide();
     window.setWindowModality(Qt::ApplicationModal); // as a form is; it must not be taken for a dialog above
     window.show();
-    for (const auto &each : cases) {
-        text = QStringLiteral("旧");
+    for (const auto &[what, act, chosen] : cases) {
+        text = u"旧"_qs;
         value = 9;
-        EXPECT_EQ(show(each.act), !each.chosen.isEmpty()) << each.what;
-        EXPECT_EQ(value.toString() + u'|' + text,
-                  each.chosen.isEmpty() ? QStringLiteral("9|旧") : each.chosen)
-            << each.what;
+        EXPECT_EQ(show(act), !chosen.isEmpty()) << what;
+        EXPECT_EQ(value.toString() + u'|' + text, chosen.isEmpty() ? u"9|旧"_qs : chosen) << what;
     }
     EXPECT_EQ(failures, QStringList());
 }
@@ -160,18 +151,18 @@ TEST_F(ComponentPickerTest, ADialogAbovePutsThePanelAsideForAWhile)
             answer.stop();
             EXPECT_FALSE(popup.isVisible());
             EXPECT_FALSE(QApplication::activePopupWidget()) << "it would take the dialog's keys";
-            dialog->setTextValue(QStringLiteral("3"));
+            dialog->setTextValue(u"3"_qs);
             dialog->accept();
         });
         answer.start(0);
         press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
         ASSERT_TRUE(QTest::qWaitFor([&] { return popup.isVisible(); }));
         press(Qt::Key_B, Qt::ControlModifier);
-        QTest::sendKeyEvent(QTest::Click, popup.focusWidget(), Qt::Key_unknown, QStringLiteral("云锦"), {});
+        QTest::sendKeyEvent(QTest::Click, popup.focusWidget(), Qt::Key_unknown, u"云锦"_qs, {});
         press(Qt::Key_Down);
         press(Qt::Key_Return);
     });
-    EXPECT_EQ(text, QStringLiteral("云锦苑"));
+    EXPECT_EQ(text, u"云锦苑"_qs);
 }
 
 TEST_F(ComponentPickerTest, LooksUpWithoutAPanelAndKeepsNothingOfAnEarlierUse)
@@ -179,12 +170,12 @@ TEST_F(ComponentPickerTest, LooksUpWithoutAPanelAndKeepsNothingOfAnEarlierUse)
     const auto validate = [&](const QString &typedText) {
         return buildings().Validate({}, {}, {}, typedText, value, text);
     };
-    EXPECT_TRUE(validate(QStringLiteral("lp2")));
-    EXPECT_EQ(value, QVariant(QStringLiteral("32")));
+    EXPECT_TRUE(validate(u"lp2"_qs));
+    EXPECT_EQ(value, QVariant(u"32"_qs));
     EXPECT_TRUE(buildings().Objects());
-    EXPECT_FALSE(validate(QStringLiteral("无")));
+    EXPECT_FALSE(validate(u"无"_qs));
     EXPECT_EQ(failures, QStringList()) << "no match is no failure";
-    EXPECT_FALSE(validate(QStringLiteral("a'b")));
+    EXPECT_FALSE(validate(u"a'b"_qs));
     EXPECT_EQ(failures.size(), 1);
 
     int rows = 0;
@@ -192,7 +183,7 @@ TEST_F(ComponentPickerTest, LooksUpWithoutAPanelAndKeepsNothingOfAnEarlierUse)
         rows = popup.findChild<QTableView *>()->model()->rowCount();
         leave(popup);
     };
-    buildings().Parameters().Item(QStringLiteral("地区")).Value = QStringLiteral("清水湾");
+    buildings().Parameters().Item(u"地区"_qs).Value = u"清水湾"_qs;
     show(count);
     EXPECT_EQ(rows, 1);
     show(count);
@@ -205,7 +196,7 @@ TEST_F(ComponentPickerTest, LooksUpWithoutAPanelAndKeepsNothingOfAnEarlierUse)
 
 TEST_F(ComponentPickerTest, AFieldOfAModuleIsFilledByItAndChecked)
 {
-    const std::unique_ptr<QObject> module = library.create(QStringLiteral("EBTQ_S.Fcxx"));
+    const std::unique_ptr<QObject> module = library.create(u"EBTQ_S.Fcxx"_qs);
     auto *list = qobject_cast<IReportUI *>(module.get());
     ASSERT_TRUE(list->IReportUI_Init(app, 101));
     const std::unique_ptr<QWidget> view(library.createView(*module, nullptr));
@@ -213,7 +204,7 @@ TEST_F(ComponentPickerTest, AFieldOfAModuleIsFilledByItAndChecked)
     view->show();
     view->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
-    auto &field = *view->findChild<QLineEdit *>(QStringLiteral("qzTxt_7"));
+    auto &field = *view->findChild<QLineEdit *>(u"qzTxt_7"_qs);
     field.setFocus();
     QTimer::singleShot(0, qApp, [&] {
         QWidget *popup = QApplication::activePopupWidget();
@@ -225,19 +216,19 @@ TEST_F(ComponentPickerTest, AFieldOfAModuleIsFilledByItAndChecked)
         press(Qt::Key_Return);
     });
     QTest::keyClick(&field, Qt::Key_F4);
-    EXPECT_EQ(field.text(), QStringLiteral("碧棠花园"));
+    EXPECT_EQ(field.text(), u"碧棠花园"_qs);
     view->activateWindow(); // which this platform leaves to the program
     ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
     EXPECT_TRUE(field.hasFocus());
     field.selectAll();
-    QTest::keyClicks(&field, QStringLiteral("lp9"));
+    QTest::keyClicks(&field, u"lp9"_qs);
     QTest::keyClick(&field, Qt::Key_Tab);
     EXPECT_TRUE(field.hasFocus()) << "no building of that number";
     field.selectAll();
-    QTest::keyClicks(&field, QStringLiteral("lp2"));
+    QTest::keyClicks(&field, u"lp2"_qs);
     QTest::keyClick(&field, Qt::Key_Tab);
     EXPECT_FALSE(field.hasFocus());
-    EXPECT_EQ(field.text(), QStringLiteral("云锦苑"));
+    EXPECT_EQ(field.text(), u"云锦苑"_qs);
     EXPECT_EQ(failures, QStringList());
 }
 

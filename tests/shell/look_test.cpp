@@ -94,15 +94,14 @@ QSet<QRgb> solidColours(const QIcon &icon, int size, qreal scale = 1, QIcon::Mod
 
 TEST(Look, IconsTakeTheColourOfTheScheme)
 {
-    const QIcon drawing = icon(QStringLiteral("list-add"));
+    const QIcon drawing = icon(u"list-add"_qs);
     EXPECT_EQ(solidColours(drawing, 16), QSet<QRgb>{tokens(Scheme::Light).ink.rgb()});
     EXPECT_EQ(solidColours(drawing, 16, 2), QSet<QRgb>{tokens(Scheme::Light).ink.rgb()});
     EXPECT_TRUE(solidColours(drawing, 16, 1, QIcon::Disabled).isEmpty()) << "a disabled icon is fainter";
     apply(*qApp, Scheme::Dark);
     EXPECT_EQ(solidColours(drawing, 16), QSet<QRgb>{tokens(Scheme::Dark).ink.rgb()});
-    EXPECT_EQ(solidColours(icon(QStringLiteral("edit-delete")), 16),
-              QSet<QRgb>{tokens(Scheme::Dark).danger.rgb()});
-    EXPECT_EQ(solidColours(icon(QStringLiteral("edit-delete"), &Tokens::refusalInk), 16),
+    EXPECT_EQ(solidColours(icon(u"edit-delete"_qs), 16), QSet<QRgb>{tokens(Scheme::Dark).danger.rgb()});
+    EXPECT_EQ(solidColours(icon(u"edit-delete"_qs, &Tokens::refusalInk), 16),
               QSet<QRgb>{tokens(Scheme::Dark).refusalInk.rgb()})
         << "another ink was asked for";
     apply(*qApp, Scheme::Light);
@@ -111,9 +110,9 @@ TEST(Look, IconsTakeTheColourOfTheScheme)
 /// Icon names in the sources: whatever stands in a call of icon().
 QSet<QString> iconNamesInSources()
 {
-    static const QRegularExpression call(QStringLiteral("\\bicon\\(QStringLiteral\\(\"([^\"]+)\"\\)"));
+    static const QRegularExpression call(u"\\bicon\\(QStringLiteral\\(\"([^\"]+)\"\\)"_qs);
     QSet<QString> names;
-    QDirIterator files(QStringLiteral(EBTQ_SOURCE_DIR), {QStringLiteral("*.cpp")}, QDir::Files,
+    QDirIterator files(QStringLiteral(EBTQ_SOURCE_DIR), {u"*.cpp"_qs}, QDir::Files,
                        QDirIterator::Subdirectories);
     while (files.hasNext()) {
         QFile file(files.next());

@@ -40,8 +40,7 @@ protected:
         if (!m_window) {
             m_window = std::make_unique<MainWindow>(
                 library, app,
-                SessionFacts{QStringLiteral("张敏"), QStringLiteral("营业一部"), QDate(2026, 11, 22),
-                             QStringLiteral("本地数据库 · a.db")});
+                SessionFacts{u"张敏"_qs, u"营业一部"_qs, QDate(2026, 11, 22), u"本地数据库 · a.db"_qs});
             m_window->resize(1280, 720);
             m_window->show();
             m_window->activateWindow();
@@ -72,16 +71,16 @@ protected:
     void discardGone() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     QTemporaryDir folder;
-    test::TestLibrary library{{QStringLiteral("EBTQ_S.Fcxx"), QStringLiteral("EBTQ_S.khxx"),
-                               QStringLiteral("EBTQ_S.selPdm"), QStringLiteral("EBTQ_S.PdmLpzd")}};
+    test::TestLibrary library{
+        {u"EBTQ_S.Fcxx"_qs, u"EBTQ_S.khxx"_qs, u"EBTQ_S.selPdm"_qs, u"EBTQ_S.PdmLpzd"_qs}};
 
 private:
-    std::unique_ptr<db::Connection> m_connection = db::Connection::open(QStringLiteral(":memory:"));
+    std::unique_ptr<db::Connection> m_connection = db::Connection::open(u":memory:"_qs);
     WidgetPanelPresenter m_presenter;
 
 protected:
     host::Application app{*m_connection,
-                          {QStringLiteral("1"), QStringLiteral("张敏"), QStringLiteral("营业一部")},
+                          {u"1"_qs, u"张敏"_qs, u"营业一部"_qs},
                           {folder.path(), QDate(2026, 11, 22)},
                           m_presenter};
 
@@ -89,19 +88,13 @@ private:
     std::unique_ptr<MainWindow> m_window;
 };
 
-TEST_F(MainWindowTest, NavigationShowsWhatTheLibraryHas)
-{
-    EXPECT_THAT(child<Navigation>("Navigation")->modules(),
-                ElementsAre(ListingModule, CustomerModule, BuildingModule));
-}
-
 TEST_F(MainWindowTest, AModuleLivesByTheContract)
 {
     window().openFirstModule();
     EXPECT_EQ(library.log.join(u','), u"Init 101,DoGetFormStatus,Refresh");
     const QFileInfo layout(library.module->layoutFile);
     EXPECT_EQ(layout.fileName(), u"Fcxx.txt");
-    EXPECT_EQ(layout.absolutePath(), folder.path() + QStringLiteral("/selfbb"));
+    EXPECT_EQ(layout.absolutePath(), folder.path() + u"/selfbb"_qs);
     EXPECT_TRUE(QFileInfo::exists(layout.absolutePath()));
     library.log.clear();
 
@@ -120,39 +113,35 @@ TEST_F(MainWindowTest, ClosingTheWindowEndsAllModules)
     window().openModule(CustomerModule);
     library.log.clear();
     window().close();
-    EXPECT_EQ(library.log.count(QStringLiteral("Clear")), 2);
-    EXPECT_EQ(library.log.count(QStringLiteral("module gone")), 2);
+    EXPECT_EQ(library.log.count(u"Clear"_qs), 2);
+    EXPECT_EQ(library.log.count(u"module gone"_qs), 2);
 }
 
 TEST_F(MainWindowTest, AnOpenListIsPutAwayBeforeItsModuleEnds)
 {
-    const struct
-    {
-        const char *what;
-        std::function<void()> close;
-        bool endsTheWindow;
-    } ways[] = {{"the page", [&] { child<QToolButton>("CloseTab_101")->click(); }, false},
-                {"the window", [&] { window().close(); }, true}};
+    const std::tuple<const char *, std::function<void()>, bool> ways[] = {
+        {"the page", [&] { child<QToolButton>("CloseTab_101")->click(); }, false},
+        {"the window", [&] { window().close(); }, true}};
     host::Panel panel;
-    panel.rows = RowBlock({{QStringLiteral("名称"), ColumnType::Text}});
+    panel.rows = RowBlock({{u"名称"_qs, ColumnType::Text}});
     panel.rows.append("天河区");
     panel.rows.finish();
-    panel.shown = {{0, QStringLiteral("名称")}};
-    for (const auto &way : ways) {
-        SCOPED_TRACE(way.what);
+    panel.shown = {{0, u"名称"_qs}};
+    for (const auto &[what, close, endsTheWindow] : ways) {
+        SCOPED_TRACE(what);
         library.prepare = [&](test::TestModule &module) {
             module.duringRefresh = [&] {
-                QTimer::singleShot(0, &window(), way.close);
+                QTimer::singleShot(0, &window(), close);
                 EXPECT_EQ(WidgetPanelPresenter().choose(panel), std::nullopt);
-                library.log << QStringLiteral("Refreshed");
+                library.log << u"Refreshed"_qs;
             };
         };
         library.log.clear();
         window().openModule(ListingModule);
         EXPECT_EQ(library.log.last(), u"Refreshed") << "the module is there as long as its work lasts";
         QApplication::processEvents();
-        EXPECT_EQ(library.log.count(QStringLiteral("module gone")), 1);
-        EXPECT_EQ(window().isVisible(), !way.endsTheWindow);
+        EXPECT_EQ(library.log.count(u"module gone"_qs), 1);
+        EXPECT_EQ(window().isVisible(), !endsTheWindow);
     }
 }
 
@@ -176,7 +165,7 @@ TEST_F(MainWindowTest, AModuleThatIsNotReadyIsNotOpened)
     EXPECT_EQ(library.log.join(u','), u"Init 101,Clear,view gone,module gone")
         << "neither loaded nor its layout overwritten";
     EXPECT_TRUE(tabTexts().isEmpty());
-    EXPECT_EQ(messages(), QStringList(QStringLiteral("房源信息：模块初始化失败，未能打开。")));
+    EXPECT_EQ(messages(), QStringList(u"房源信息：模块初始化失败，未能打开。"_qs));
 }
 
 TEST_F(MainWindowTest, TheLayoutIsRestoredWhenTheModuleAsks)
@@ -195,26 +184,22 @@ TEST_F(MainWindowTest, OneTabAModule)
     window().openModule(ListingModule);
     window().openModule(CustomerModule);
     window().openModule(ListingModule);
-    EXPECT_EQ(tabTexts(), QStringList({QStringLiteral("房源信息"), QStringLiteral("客源信息")}));
+    EXPECT_EQ(tabTexts(), QStringList({u"房源信息"_qs, u"客源信息"_qs}));
     EXPECT_EQ(tabs().currentIndex(), 0);
 
-    const struct
-    {
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        int current;
-    } moves[] = {{Qt::Key_Tab, Qt::ControlModifier, 1},
-                 {Qt::Key_Tab, Qt::ControlModifier, 0},
-                 {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 1},
-                 {Qt::Key_1, Qt::ControlModifier, 0},
-                 {Qt::Key_2, Qt::ControlModifier, 1}};
-    for (const auto &move : moves) {
-        press(move.key, move.modifiers);
-        EXPECT_EQ(tabs().currentIndex(), move.current);
-        EXPECT_TRUE(child<QToolButton>(move.current == 0 ? "Navigation_101" : "Navigation_102")->isChecked());
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, int> moves[] = {
+        {Qt::Key_Tab, Qt::ControlModifier, 1},
+        {Qt::Key_Tab, Qt::ControlModifier, 0},
+        {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 1},
+        {Qt::Key_1, Qt::ControlModifier, 0},
+        {Qt::Key_2, Qt::ControlModifier, 1}};
+    for (const auto &[key, modifiers, current] : moves) {
+        press(key, modifiers);
+        EXPECT_EQ(tabs().currentIndex(), current);
+        EXPECT_TRUE(child<QToolButton>(current == 0 ? "Navigation_101" : "Navigation_102")->isChecked());
     }
     QTest::mouseClick(child<QToolButton>("CloseTab_101"), Qt::LeftButton);
-    EXPECT_EQ(tabTexts(), QStringList(QStringLiteral("客源信息")));
+    EXPECT_EQ(tabTexts(), QStringList(u"客源信息"_qs));
 }
 
 TEST_F(MainWindowTest, AMovedTabKeepsItsModule)
@@ -226,7 +211,7 @@ TEST_F(MainWindowTest, AMovedTabKeepsItsModule)
     EXPECT_TRUE(child<QToolButton>("Navigation_102")->isChecked());
     library.log.clear();
     press(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(tabTexts(), QStringList(QStringLiteral("房源信息")));
+    EXPECT_EQ(tabTexts(), QStringList(u"房源信息"_qs));
 }
 
 TEST_F(MainWindowTest, TheKeyboardGoesBetweenNavigationAndModule)
@@ -242,16 +227,16 @@ TEST_F(MainWindowTest, TheKeyboardGoesBetweenNavigationAndModule)
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_EQ(tabs().currentIndex(), 1);
-    EXPECT_EQ(tabTexts().value(1), QStringLiteral("客源信息"));
+    EXPECT_EQ(tabTexts().value(1), u"客源信息"_qs);
 }
 
 TEST_F(MainWindowTest, EventsReachStatusLineAndMessageBar)
 {
     window().openModule(ListingModule);
-    Q_EMIT library.module->Message(QStringLiteral("共加载3条记录"));
+    Q_EMIT library.module->Message(u"共加载3条记录"_qs);
     EXPECT_EQ(status(), u"共加载3条记录");
-    Q_EMIT library.module->ErrMessage(QStringLiteral("记录正在使用"), Refusal, QStringLiteral("楼盘字典"));
-    EXPECT_EQ(messages(), QStringList(QStringLiteral("楼盘字典：记录正在使用")));
+    Q_EMIT library.module->ErrMessage(u"记录正在使用"_qs, Refusal, u"楼盘字典"_qs);
+    EXPECT_EQ(messages(), QStringList(u"楼盘字典：记录正在使用"_qs));
 }
 
 TEST_F(MainWindowTest, WhatFailsBehindAModalFormIsToldInTheForm)
@@ -264,15 +249,15 @@ TEST_F(MainWindowTest, WhatFailsBehindAModalFormIsToldInTheForm)
     form.show();
     form.activateWindow();
     QApplication::processEvents();
-    window().showFailure(QStringLiteral("数据库正被其他程序占用"));
-    Q_EMIT library.module->ErrMessage(QStringLiteral("读取失败"), FailureLevel, QStringLiteral("EBTQ_S"));
+    window().showFailure(u"数据库正被其他程序占用"_qs);
+    Q_EMIT library.module->ErrMessage(u"读取失败"_qs, FailureLevel, u"EBTQ_S"_qs);
     const auto *bar = form.findChild<MessageBar *>();
     ASSERT_TRUE(bar && bar->isVisible());
     EXPECT_EQ(bar->shownTexts(), messages()) << "the window keeps them for when the form has gone";
     EXPECT_EQ(messages().size(), 2);
     EXPECT_LT(bar->y(), field->y());
     QTest::keyClick(field, Qt::Key_Escape);
-    EXPECT_EQ(bar->shownTexts(), QStringList(QStringLiteral("数据库正被其他程序占用")));
+    EXPECT_EQ(bar->shownTexts(), QStringList(u"数据库正被其他程序占用"_qs));
     EXPECT_TRUE(form.isVisible()) << "Escape was for the message";
 }
 
@@ -285,7 +270,7 @@ TEST_F(MainWindowTest, AModuleThatUnloadsItselfIsClosedWhenControlIsBack)
     QApplication::processEvents();
     EXPECT_TRUE(tabTexts().isEmpty());
     discardGone();
-    EXPECT_EQ(library.log.back(), QStringLiteral("module gone"));
+    EXPECT_EQ(library.log.back(), u"module gone"_qs);
 }
 
 TEST_F(MainWindowTest, FailuresInsideAModuleAreShownAndItStays)
@@ -294,10 +279,10 @@ TEST_F(MainWindowTest, FailuresInsideAModuleAreShownAndItStays)
         module.duringRefresh = [] { throw std::runtime_error("数据库已关闭"); };
     };
     window().openModule(ListingModule);
-    EXPECT_EQ(messages(), QStringList(QStringLiteral("房源信息：数据库已关闭")));
+    EXPECT_EQ(messages(), QStringList(u"房源信息：数据库已关闭"_qs));
     EXPECT_EQ(tabTexts().size(), 1);
     press(Qt::Key_F5);
-    EXPECT_EQ(messages(), QStringList(QStringLiteral("房源信息：数据库已关闭（2 次）")));
+    EXPECT_EQ(messages(), QStringList(u"房源信息：数据库已关闭（2 次）"_qs));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor must go after a failure, too";
 }
 
@@ -317,8 +302,10 @@ TEST_F(MainWindowTest, ALibraryWithoutModulesIsTold)
     EXPECT_EQ(messages().size(), 1);
 }
 
-TEST_F(MainWindowTest, TellsTheSessionAndCollapsesWhenNarrow)
+TEST_F(MainWindowTest, ShowsSessionAndModulesAndCollapsesWhenNarrow)
 {
+    EXPECT_THAT(child<Navigation>("Navigation")->modules(),
+                ElementsAre(ListingModule, CustomerModule, BuildingModule));
     EXPECT_EQ(child<QLabel>("Session")->text(), u"营业一部 · 张敏    业务日期 2026-11-22");
     EXPECT_EQ(child<QLabel>("DatabasePlace")->text(), u"本地数据库 · a.db");
     EXPECT_FALSE(child<Navigation>("Navigation")->isCollapsed());

@@ -40,13 +40,13 @@ protected:
 TEST_F(MessageBarTest, ShowsTheNewestOnTopAndCountsRepeats)
 {
     EXPECT_FALSE(bar.isVisible());
-    bar.add(QStringLiteral("甲"), Refusal, QStringLiteral("房源"));
-    bar.add(QStringLiteral("乙"), FailureLevel, {});
-    EXPECT_EQ(bar.shownTexts(), QStringList({QStringLiteral("乙"), QStringLiteral("房源：甲")}));
-    bar.add(QStringLiteral("甲"), Refusal, QStringLiteral("房源"));
-    EXPECT_EQ(bar.shownTexts(), QStringList({QStringLiteral("房源：甲（2 次）"), QStringLiteral("乙")}));
-    bar.add(QStringLiteral("甲"), FailureLevel, QStringLiteral("房源"));
-    EXPECT_EQ(bar.shownTexts().front(), QStringLiteral("房源：甲")) << "another level is another message";
+    bar.add(u"甲"_qs, Refusal, u"房源"_qs);
+    bar.add(u"乙"_qs, FailureLevel, {});
+    EXPECT_EQ(bar.shownTexts(), QStringList({u"乙"_qs, u"房源：甲"_qs}));
+    bar.add(u"甲"_qs, Refusal, u"房源"_qs);
+    EXPECT_EQ(bar.shownTexts(), QStringList({u"房源：甲（2 次）"_qs, u"乙"_qs}));
+    bar.add(u"甲"_qs, FailureLevel, u"房源"_qs);
+    EXPECT_EQ(bar.shownTexts().front(), u"房源：甲"_qs) << "another level is another message";
 }
 
 TEST_F(MessageBarTest, KeepsWhatDoesNotFit)
@@ -67,8 +67,8 @@ TEST_F(MessageBarTest, KeepsWhatDoesNotFit)
 
 TEST_F(MessageBarTest, LevelsLookDifferent)
 {
-    bar.add(QStringLiteral("甲"), Refusal, {});
-    bar.add(QStringLiteral("乙"), FailureLevel, {});
+    bar.add(u"甲"_qs, Refusal, {});
+    bar.add(u"乙"_qs, FailureLevel, {});
     QApplication::processEvents();
     const QImage picture = bar.grab().toImage();
     const int failureRow = 3;
@@ -78,10 +78,10 @@ TEST_F(MessageBarTest, LevelsLookDifferent)
 
 TEST_F(MessageBarTest, ALongTextWrapsAndMarkUpStaysText)
 {
-    const QString text = QStringLiteral("<b>很长的说明</b>").repeated(20);
+    const QString text = u"<b>很长的说明</b>"_qs.repeated(20);
     bar.add(text, FailureLevel, {});
     QApplication::processEvents();
-    auto *label = bar.findChild<QLabel *>(QStringLiteral("messageText"));
+    auto *label = bar.findChild<QLabel *>(u"messageText"_qs);
     EXPECT_EQ(label->text(), text);
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
     EXPECT_GE(label->heightForWidth(380), 3 * label->fontMetrics().height());
@@ -99,7 +99,7 @@ TEST_F(MessageBarTest, EscapeIsLeftToOthersWhileThereIsNoMessage)
     listener->setParent(&window);
     listener->show();
     listener->setFocus();
-    bar.add(QStringLiteral("甲"), Refusal, {});
+    bar.add(u"甲"_qs, Refusal, {});
     QTest::keyClick(listener, Qt::Key_Escape);
     EXPECT_EQ(listener->escapes, 0);
     QTest::keyClick(listener, Qt::Key_Escape);

@@ -10,10 +10,9 @@ namespace {
 TEST(Options, AreReadInBothSpellings)
 {
     for (const QStringList &given :
-         {QStringList{QStringLiteral("--db=a.db"), QStringLiteral("--tour=t"), QStringLiteral("--dark")},
-          QStringList{QStringLiteral("--db"), QStringLiteral("a.db"), QStringLiteral("--tour"),
-                      QStringLiteral("t"), QStringLiteral("--dark")}}) {
-        const Options options = readOptions(QStringList(QStringLiteral("ebtq")) + given);
+         {QStringList{u"--db=a.db"_qs, u"--tour=t"_qs, u"--dark"_qs},
+          QStringList{u"--db"_qs, u"a.db"_qs, u"--tour"_qs, u"t"_qs, u"--dark"_qs}}) {
+        const Options options = readOptions(QStringList(u"ebtq"_qs) + given);
         EXPECT_EQ(options.database, u"a.db");
         EXPECT_EQ(options.tour, u"t");
         EXPECT_TRUE(options.dark);
@@ -23,23 +22,18 @@ TEST(Options, AreReadInBothSpellings)
 
 TEST(Options, MistakesAreToldInChinese)
 {
-    const struct
-    {
-        QStringList given;
-        QString told;
-    } cases[] = {
-        {{QStringLiteral("--dbb=x")}, QStringLiteral("没有选项“dbb”。\n用 --help 查看各选项。")},
-        {{QStringLiteral("--dark"), QStringLiteral("--user")},
-         QStringLiteral("选项 --user 后缺少用户名。\n用 --help 查看各选项。")},
-        {{QStringLiteral("--dark=1")}, QStringLiteral("不带值的选项后多了值。\n用 --help 查看各选项。")},
-        {{QStringLiteral("a.db")}, QStringLiteral("多余的参数：a.db")},
+    const std::pair<QStringList, QString> cases[] = {
+        {{u"--dbb=x"_qs}, u"没有选项“dbb”。\n用 --help 查看各选项。"_qs},
+        {{u"--dark"_qs, u"--user"_qs}, u"选项 --user 后缺少用户名。\n用 --help 查看各选项。"_qs},
+        {{u"--dark=1"_qs}, u"不带值的选项后多了值。\n用 --help 查看各选项。"_qs},
+        {{u"a.db"_qs}, u"多余的参数：a.db"_qs},
     };
-    for (const auto &each : cases) {
+    for (const auto &[given, told] : cases) {
         try {
-            (void)readOptions(QStringList(QStringLiteral("ebtq")) + each.given);
-            ADD_FAILURE() << each.told.toStdString();
+            (void)readOptions(QStringList(u"ebtq"_qs) + given);
+            ADD_FAILURE() << told.toStdString();
         } catch (const std::runtime_error &failure) {
-            EXPECT_EQ(QString::fromUtf8(failure.what()), each.told);
+            EXPECT_EQ(QString::fromUtf8(failure.what()), told);
         }
     }
 }

@@ -32,13 +32,13 @@ host::Panel panelOf(const Rows &rows, std::vector<host::Panel::ShownColumn> show
         for (const auto &cell : row)
             block.append(cell);
     block.finish();
-    return {.title = QStringLiteral("测试"), .rows = std::move(block), .shown = std::move(shown)};
+    return {.title = u"测试"_qs, .rows = std::move(block), .shown = std::move(shown)};
 }
 
 host::Panel employees()
 {
     return panelOf({{"01", "张敏"}, {"02", "李强"}, {"03", "王芳"}, {"04", "张三A"}},
-                   {{0, QStringLiteral("编号")}, {1, QStringLiteral("姓名")}});
+                   {{0, u"编号"_qs}, {1, u"姓名"_qs}});
 }
 
 /// City, districts and quarters by level code; only quarters and the last district can be chosen. The order
@@ -51,7 +51,7 @@ host::Panel districts()
                                  {"02", "海珠区", "0"},
                                  {"020301", "江南", "1"},
                                  {"9", "越秀区", "1"}},
-                                {{1, QStringLiteral("地区")}});
+                                {{1, u"地区"_qs}});
     panel.levelCodeColumn = 0;
     panel.choosableColumn = 2;
     return panel;
@@ -96,13 +96,7 @@ constexpr auto none = std::nullopt;
 
 TEST(PanelPopup, KeyboardChoosesFromAList)
 {
-    const struct
-    {
-        const char *what;
-        qsizetype preset;
-        Keys keys;
-        std::optional<qsizetype> chosen;
-    } cases[] = {
+    const std::tuple<const char *, qsizetype, Keys, std::optional<qsizetype>> cases[] = {
         {"enter takes the first row", -1, {{Qt::Key_Return}}, 0},
         {"enter takes the preset row", 2, {{Qt::Key_Enter}}, 2},
         {"arrows move", -1, {{Qt::Key_Down}, {Qt::Key_Down}, {Qt::Key_Up}, {Qt::Key_Return}}, 1},
@@ -118,21 +112,16 @@ TEST(PanelPopup, KeyboardChoosesFromAList)
          {typed(u"张"), {Qt::Key_Backspace}, {Qt::Key_Return}},
          2},
     };
-    for (const auto &each : cases) {
+    for (const auto &[what, preset, keys, chosen] : cases) {
         host::Panel panel = employees();
-        panel.currentRow = each.preset;
-        EXPECT_EQ(choose(panel, each.keys), each.chosen) << each.what;
+        panel.currentRow = preset;
+        EXPECT_EQ(choose(panel, keys), chosen) << what;
     }
 }
 
 TEST(PanelPopup, KeyboardPassesOverRowsOfATreeThatCannotBeChosen)
 {
-    const struct
-    {
-        const char *what;
-        Keys keys;
-        std::optional<qsizetype> chosen;
-    } cases[] = {
+    const std::tuple<const char *, Keys, std::optional<qsizetype>> cases[] = {
         {"the first choosable row is current", {{Qt::Key_Return}}, 0},
         {"the arrow goes to the next choosable one", {{Qt::Key_Down}, {Qt::Key_Return}}, 2},
         {"across a district", {{Qt::Key_Down}, {Qt::Key_Down}, {Qt::Key_Return}}, 4},
@@ -142,8 +131,8 @@ TEST(PanelPopup, KeyboardPassesOverRowsOfATreeThatCannotBeChosen)
         {"a quarter is found below its district", {typed(u"江南"), {Qt::Key_Return}}, 4},
         {"a choosable district", {typed(u"越秀"), {Qt::Key_Return}}, 5},
     };
-    for (const auto &each : cases)
-        EXPECT_EQ(choose(districts(), each.keys), each.chosen) << each.what;
+    for (const auto &[what, keys, chosen] : cases)
+        EXPECT_EQ(choose(districts(), keys), chosen) << what;
 }
 
 TEST(PanelPopup, DoubleClickChoosesOnlyWhatCanBeChosen)
@@ -225,7 +214,7 @@ TEST(PanelModel, TenThousandRowsAreFound)
     Rows rows;
     for (int number = 0; number < 10'000; ++number)
         rows.push_back({std::to_string(number), "楼盘" + std::to_string(number)});
-    const host::Panel panel = panelOf(rows, {{1, QStringLiteral("楼盘")}});
+    const host::Panel panel = panelOf(rows, {{1, u"楼盘"_qs}});
     EXPECT_THAT(choose(panel, {typed(u"楼盘9999"), {Qt::Key_Return}}), Optional(9999));
     EXPECT_THAT(choose(panel, {{Qt::Key_PageDown}, {Qt::Key_PageUp}, {Qt::Key_Down}, {Qt::Key_Return}}),
                 Optional(1));
@@ -234,21 +223,16 @@ TEST(PanelModel, TenThousandRowsAreFound)
 TEST(CalendarPopup, KeyboardChoosesADay)
 {
     const QDate preset(2026, 2, 28);
-    const struct
-    {
-        const char *what;
-        Keys keys;
-        std::optional<QDate> chosen;
-    } cases[] = {
+    const std::tuple<const char *, Keys, std::optional<QDate>> cases[] = {
         {"the preset day", {{Qt::Key_Return}}, preset},
         {"the day after", {{Qt::Key_Right}, {Qt::Key_Return}}, QDate(2026, 3, 1)},
         {"a week before", {{Qt::Key_Up}, {Qt::Key_Return}}, QDate(2026, 2, 21)},
         {"a month later", {{Qt::Key_PageDown}, {Qt::Key_Return}}, QDate(2026, 3, 28)},
         {"none", {{Qt::Key_Escape}}, none},
     };
-    for (const auto &each : cases) {
-        sendToPopup(each.keys);
-        EXPECT_EQ(WidgetPanelPresenter().chooseDate(preset, 10, 10), each.chosen) << each.what;
+    for (const auto &[what, keys, chosen] : cases) {
+        sendToPopup(keys);
+        EXPECT_EQ(WidgetPanelPresenter().chooseDate(preset, 10, 10), chosen) << what;
     }
 }
 

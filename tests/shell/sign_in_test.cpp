@@ -30,10 +30,9 @@ protected:
     QString file(const char *name) const { return folder.filePath(QLatin1String(name)); }
     std::unique_ptr<db::Connection> agency() const
     {
-        auto connection = db::Connection::open(QStringLiteral(":memory:"));
+        auto connection = db::Connection::open(u":memory:"_qs);
         db::install(*connection);
-        host::createUser(*connection, {QStringLiteral("张敏"), QStringLiteral("demo")},
-                         host::PasswordCost::lowest());
+        host::createUser(*connection, {u"张敏"_qs, u"demo"_qs}, host::PasswordCost::lowest());
         return connection;
     }
     QTemporaryDir folder;
@@ -61,7 +60,7 @@ TEST_F(SignInTest, APasswordInTheEnvironmentAsksNobody)
 {
     const auto connection = agency();
     Options options;
-    options.user = QStringLiteral("张敏");
+    options.user = u"张敏"_qs;
     qputenv("EBTQ_PASSWORD", "demo");
     EXPECT_EQ(signInUser(*connection, options)->name, u"张敏");
     qputenv("EBTQ_PASSWORD", "wrong");
@@ -72,7 +71,7 @@ TEST_F(SignInTest, ATourWithoutAPasswordDoesNotWaitForAPerson)
 {
     const auto connection = agency();
     Options options;
-    options.user = QStringLiteral("张敏");
+    options.user = u"张敏"_qs;
     options.tour = folder.path();
     EXPECT_THAT(messageOf([&] { (void)signInUser(*connection, options); }), HasSubstr("EBTQ_PASSWORD"));
 }
@@ -80,7 +79,7 @@ TEST_F(SignInTest, ATourWithoutAPasswordDoesNotWaitForAPerson)
 TEST_F(SignInTest, ThePlaceOfTheDatabaseIsTold)
 {
     const auto connection = db::Connection::open(file("a.db"), db::Connection::Missing::IsCreated);
-    EXPECT_EQ(databasePlace(*connection), QStringLiteral("本地数据库 · %1").arg(file("a.db")));
+    EXPECT_EQ(databasePlace(*connection), u"本地数据库 · %1"_qs.arg(file("a.db")));
 }
 
 } // namespace

@@ -26,8 +26,8 @@ QWidget *TestLibrary::createView(QObject &, QWidget *parent)
         field->setObjectName(QLatin1String(name));
         layout->addWidget(field);
     }
-    view->setFocusProxy(view->findChild<QLineEdit *>(QStringLiteral("first")));
-    QObject::connect(view, &QObject::destroyed, [this] { log << QStringLiteral("view gone"); });
+    view->setFocusProxy(view->findChild<QLineEdit *>(u"first"_qs));
+    QObject::connect(view, &QObject::destroyed, [this] { log << u"view gone"_qs; });
     return view;
 }
 

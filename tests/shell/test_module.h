@@ -22,7 +22,7 @@ public:
     explicit TestModule(QStringList &log)
         : m_log(log)
     {}
-    ~TestModule() override { m_log << QStringLiteral("module gone"); }
+    ~TestModule() override { m_log << u"module gone"_qs; }
 
     /// What a refresh does beside being noted.
     std::function<void()> duringRefresh = [] {};
@@ -31,25 +31,25 @@ public:
 
     bool IReportUI_Init(HostApp &, int moduleId) override
     {
-        return note(QStringLiteral("Init %1").arg(moduleId)) && isInitialised;
+        return note(u"Init %1"_qs.arg(moduleId)) && isInitialised;
     }
-    bool IReportUI_Clear() override { return note(QStringLiteral("Clear")); }
+    bool IReportUI_Clear() override { return note(u"Clear"_qs); }
     bool IReportUI_Refresh() override
     {
-        note(QStringLiteral("Refresh"));
+        note(u"Refresh"_qs);
         duringRefresh();
         return true;
     }
     void IReportUI_DoGetFormStatus(const QString &file) override
     {
         layoutFile = file;
-        note(QStringLiteral("DoGetFormStatus"));
+        note(u"DoGetFormStatus"_qs);
         duringRestore();
     }
     void IReportUI_DoSaveFormStatus(const QString &file) override
     {
         EXPECT_EQ(file, layoutFile);
-        note(QStringLiteral("DoSaveFormStatus"));
+        note(u"DoSaveFormStatus"_qs);
     }
     bool IReportUI_Find(const QVariant &) override { return false; }
     bool IReportUI_FindNext() override { return false; }

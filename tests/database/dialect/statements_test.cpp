@@ -40,7 +40,7 @@ TEST_P(StatementsTest, IsReadAlikeForEveryEngine)
 }
 
 INSTANTIATE_TEST_SUITE_P(Corpus, StatementsTest, ::testing::ValuesIn(corpus()),
-                         [](const auto &info) { return testName(info.index, info.param); });
+                         [](const auto &each) { return testName(each.index, each.param); });
 
 TEST(Translation, NamesAndTypesTheResultsColumns)
 {

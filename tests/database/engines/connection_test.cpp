@@ -59,12 +59,7 @@ TEST_P(ConnectionTest, AFailedStatementLeavesTheOthersOfItsTransaction)
     execute(u"insert into pdmgy(雇员ID,姓名)values(1,'甲')");
     m_connection->begin();
     execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')");
-    struct Case
-    {
-        const char16_t *statement;
-        const char *message;
-    };
-    const Case cases[] = {
+    const std::pair<const char16_t *, const char *> cases[] = {
         {u"insert into pdmgy(雇员ID,姓名)values(1,'again')", "数据重复"},
         {u"insert into pdmgy(姓名)values('no key')", "数据不符合规定"},
         {u"update pdmgy set 雇员ID=雇员ID & 'x'", "不是数字"},
@@ -73,10 +68,10 @@ TEST_P(ConnectionTest, AFailedStatementLeavesTheOthersOfItsTransaction)
         {u"select 无此列 from pdmgy", "列 无此列 不存在"},
         {u"update pdmgy set", "第"},
     };
-    for (const Case &each : cases) {
-        EXPECT_THAT(messageOf([&] { execute(each.statement); }), HasSubstr(each.message));
+    for (const auto &[statement, message] : cases) {
+        EXPECT_THAT(messageOf([&] { execute(statement); }), HasSubstr(message));
         EXPECT_TRUE(m_connection->inTransaction());
-        EXPECT_EQ(cell(u"select count(*) from pdmgy"), "2") << each.message;
+        EXPECT_EQ(cell(u"select count(*) from pdmgy"), "2") << message;
     }
     EXPECT_THAT(messageOf([&] { m_connection->begin(); }), HasSubstr("事务"));
     m_connection->commit();

@@ -84,9 +84,9 @@ TEST_P(CorpusTest, GivesWhatItMust)
 INSTANTIATE_TEST_SUITE_P(Engines, CorpusTest,
                          ::testing::Combine(::testing::Values(Engine::Sqlite, Engine::Postgres),
                                             ::testing::ValuesIn(corpus())),
-                         [](const auto &info) {
-                             return nameOf(std::get<Engine>(info.param)) + '_' +
-                                    testName(info.index, std::get<CorpusCase>(info.param));
+                         [](const auto &each) {
+                             return nameOf(std::get<Engine>(each.param)) + '_' +
+                                    testName(each.index, std::get<CorpusCase>(each.param));
                          });
 
 } // namespace ebtq::db::test

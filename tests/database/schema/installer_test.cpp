@@ -104,12 +104,7 @@ TEST(Installer, KeepsWrongKindsOfValuesOut)
 TEST(Installer, IndexesServeTheirStatements)
 {
     auto connection = installed();
-    struct Case
-    {
-        const char *statement;
-        const char *index;
-    };
-    const Case cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"select 房源ID from fyxx where 地区='x' order by 房源编号 desc", "ix_fyxx_district"},
         {"select 房源ID from fyxx where 楼盘字典='x' order by 房源编号 desc", "ix_fyxx_building"},
         {"select 房源ID from fyxx where 业务员ID=1 order by 房源编号 desc", "ix_fyxx_agent"},
@@ -123,10 +118,10 @@ TEST(Installer, IndexesServeTheirStatements)
         {"select 房源ID from fyxx where 总面积>=80 and 总面积<=90", "ix_fyxx_area"},
         {"select 名称 from pdmsjzd where 类型='x' order by 代码", "ix_pdmsjzd_kind"},
     };
-    for (const Case &c : cases) {
-        const std::string text = plan(*connection, c.statement);
-        EXPECT_THAT(text, HasSubstr(c.index)) << c.statement;
-        EXPECT_THAT(text, Not(HasSubstr("TEMP B-TREE"))) << c.statement;
+    for (const auto &[statement, index] : cases) {
+        const std::string text = plan(*connection, statement);
+        EXPECT_THAT(text, HasSubstr(index)) << statement;
+        EXPECT_THAT(text, Not(HasSubstr("TEMP B-TREE"))) << statement;
     }
 }
 

@@ -144,15 +144,7 @@ TEST_F(FieldTest, BlanksAloneEmptyAFieldThatIsChecked)
 
 TEST_F(FieldTest, ChecksByTable)
 {
-    struct Case
-    {
-        int type;
-        QString text;
-        bool passes;
-        QString textAfter;
-        QString valueAfter;
-    };
-    const Case cases[] = {
+    const std::tuple<int, QString, bool, QString, QString> cases[] = {
         {qzTxt_S::JudgeDate, u"2026/9/8"_qs, true, u"2026-9-8"_qs, u"2026-9-8"_qs},
         {qzTxt_S::JudgeDate, u"2026-2-30"_qs, false, u"2026-2-30"_qs, {}},
         {qzTxt_S::JudgeInlineList, u"本部"_qs, true, u"本部"_qs, u"1"_qs},
@@ -163,13 +155,13 @@ TEST_F(FieldTest, ChecksByTable)
         {qzTxt_S::JudgeStatement, {}, true, {}, {}},
     };
     field.set_help_code(u"|本人;0|本部;1|全部;2"_qs);
-    for (const Case &c : cases) {
-        field.set_judge_type(c.type);
+    for (const auto &[type, text, passes, textAfter, valueAfter] : cases) {
+        field.set_judge_type(type);
         load(u"旧"_qs, 99);
-        field.type(c.text);
-        EXPECT_EQ(field.check(), c.passes) << c.text.toStdString();
-        EXPECT_EQ(field.Text(), c.textAfter);
-        EXPECT_EQ(field.Value().toString(), c.valueAfter) << c.text.toStdString();
+        field.type(text);
+        EXPECT_EQ(field.check(), passes) << text.toStdString();
+        EXPECT_EQ(field.Text(), textAfter);
+        EXPECT_EQ(field.Value().toString(), valueAfter) << text.toStdString();
     }
     field.set_judge_time(qzTxt_S::JudgeNever);
     field.type(u"别人"_qs);

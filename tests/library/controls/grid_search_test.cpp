@@ -37,15 +37,7 @@ protected:
 
 TEST_F(GridSearchTest, HitsByTable)
 {
-    struct Case
-    {
-        const char *why;
-        int currentCol;
-        QString text;
-        QList<int> columns;
-        QList<int> rows;
-    };
-    const Case cases[] = {
+    const std::tuple<const char *, int, QString, QList<int>, QList<int>> cases[] = {
         {"a cell of a searched column", 0, u"天河"_qs, {0, 1, 2}, {1}},
         {"a column that is not searched", 0, u"CD"_qs, {0, 1, 2}, {}},
         {"the current column is always searched", 3, u"CD"_qs, {0, 1, 2}, {2}},
@@ -62,10 +54,10 @@ TEST_F(GridSearchTest, HitsByTable)
         {"no text is in all rows", 0, QString(), {0}, {1, 2, 3}},
         {"% alone needs a second column", 0, u"%"_qs, {}, {}},
     };
-    for (const Case &c : cases) {
-        grid.setCol(c.currentCol);
-        EXPECT_EQ(kept(c.text, c.columns), c.rows) << c.why;
-        EXPECT_EQ(grid.findRow(c.text, c.columns, 1), c.rows.isEmpty() ? -1 : c.rows.front()) << c.why;
+    for (const auto &[why, currentCol, text, columns, rows] : cases) {
+        grid.setCol(currentCol);
+        EXPECT_EQ(kept(text, columns), rows) << why;
+        EXPECT_EQ(grid.findRow(text, columns, 1), rows.isEmpty() ? -1 : rows.front()) << why;
     }
 }
 

@@ -52,12 +52,7 @@ const QString insertion =
 
 TEST_F(FrmGjTest, ANewFollowUpIsInsertedAsItStands)
 {
-    struct Case
-    {
-        std::function<void()> fill;
-        QString values;
-    };
-    const Case cases[] = {
+    const std::pair<std::function<void()>, QString> cases[] = {
         {[] {}, u"#2026-11-22 9:30:00#,0,'U1','','L1',0,#2026-11-22 9:30:00#,0,'','')"_qs},
         {[&] {
              gj.qzTxt(0).type(u" 2026-3-1 "_qs);
@@ -73,7 +68,7 @@ TEST_F(FrmGjTest, ANewFollowUpIsInsertedAsItStands)
          },
          u"# 2026-3-1 #,5,'U1','客户出价300万\n愿谈','L1',1,#2026-3-8#,1,'回电','已约')"_qs},
     };
-    for (const Case &c : cases) {
+    for (const auto &[fill, values] : cases) {
         desktop.newGuidBytes(); // keys go on from here
         connection->execute(u"delete from fygj"_qs);
         events.clear();
@@ -81,13 +76,13 @@ TEST_F(FrmGjTest, ANewFollowUpIsInsertedAsItStands)
         openGj({}, [&] {
             EXPECT_EQ(gj.qzTxt(0).Text() + gj.qzTxt(1).Text() + gj.qzTxt(7).Text(),
                       u"2026-11-22 9:30:00营业一部张敏");
-            c.fill();
+            fill();
             saveGj();
         });
         ASSERT_EQ(events.size(), 2);
         key = events[0].section(u' ', 1);
         EXPECT_EQ(events, QStringList({u"new "_qs + key, u"closed"_qs}));
-        EXPECT_EQ(app.statements.last(), QString(insertion).replace(firstKey, key) + c.values);
+        EXPECT_EQ(app.statements.last(), QString(insertion).replace(firstKey, key) + values);
     }
     EXPECT_EQ(script.asked, QStringList(u"show pdmgy 3 4 lock=1 组织类型=1"_qs));
     EXPECT_EQ(row(u"操作日期,业务员ID,跟进内容,房源ID,下次提醒,提醒日期,提醒范围,提醒内容,处理结果"_qs),

@@ -12,14 +12,8 @@ namespace {
 
 TEST(Conversions, FormatWritesNumbersByTheirPattern)
 {
-    struct Case
-    {
-        QVariant value;
-        QString pattern;
-        QString expected;
-    };
     const QVariant text = QStringLiteral("12.5万");
-    const Case cases[] = {
+    const std::tuple<QVariant, QString, QString> cases[] = {
         {4.8888, u"#0.00"_qs, u"4.89"_qs},
         {0, u"#0.00"_qs, u"0.00"_qs},
         {0.5, u"#0.00"_qs, u"0.50"_qs},
@@ -56,9 +50,9 @@ TEST(Conversions, FormatWritesNumbersByTheirPattern)
         {1.5, u"yyyy"_qs, u"1.5"_qs},
         {1.5, u"0.0.0"_qs, u"1.5"_qs},
     };
-    for (const Case &c : cases) {
-        EXPECT_EQ(Format(c.value, c.pattern), c.expected)
-            << c.value.toString().toStdString() << " by " << c.pattern.toStdString();
+    for (const auto &[value, pattern, expected] : cases) {
+        EXPECT_EQ(Format(value, pattern), expected)
+            << value.toString().toStdString() << " by " << pattern.toStdString();
     }
 }
 

@@ -62,22 +62,15 @@ TEST_F(FcxxLookupTest, FieldsAreSetUpForTheirLookUp)
 
 TEST_F(FcxxLookupTest, PickersAreAskedWithTheirParameters)
 {
-    struct Case
-    {
-        int number;
-        QString picker;
-        QString district;
-        QString parameters;
-    };
-    const Case cases[] = {
+    const std::tuple<int, QString, QString, QString> cases[] = {
         {0, u"pdmdq"_qs, u"天河区"_qs, u" pdmsfmx=1"_qs},
         {5, u"pdmgy"_qs, u"天河区"_qs, u" 组织类型=1"_qs},
         {7, u"selpdmlpzd"_qs, u"天河区"_qs, u" lock=1 地区=天河区"_qs},
         {7, u"selpdmlpzd"_qs, QString(), QString()}, // the lock of the case above is gone
     };
-    for (const Case &c : cases) {
-        qzTxt_S &field = list.qzTxt(c.number);
-        list.qzTxt(0).setText(c.district);
+    for (const auto &[number, picker, district, parameters] : cases) {
+        qzTxt_S &field = list.qzTxt(number);
+        list.qzTxt(0).setText(district);
         field.setText(u"旧"_qs);
         script = {};
         field.requestHelp(30, 40);
@@ -85,13 +78,13 @@ TEST_F(FcxxLookupTest, PickersAreAskedWithTheirParameters)
         script.value = 17;
         script.text = u"新"_qs;
         field.requestHelp(30, 40);
-        EXPECT_EQ(script.asked, QStringList(2, u"show %1 30 40"_qs.arg(c.picker) + c.parameters));
+        EXPECT_EQ(script.asked, QStringList(2, u"show %1 30 40"_qs.arg(picker) + parameters));
         EXPECT_EQ(field.Text(), u"新"_qs);
         EXPECT_EQ(field.Value(), 17);
-        list.qzTxt(0).setText(c.number == 0 ? QString() : c.district);
+        list.qzTxt(0).setText(number == 0 ? QString() : district);
         field.type(u"旧"_qs);
         EXPECT_TRUE(field.check());
-        EXPECT_EQ(script.asked.last(), u"validate %1 旧"_qs.arg(c.picker) + c.parameters);
+        EXPECT_EQ(script.asked.last(), u"validate %1 旧"_qs.arg(picker) + parameters);
         EXPECT_EQ(field.Text(), u"新"_qs);
         script.ready = false;
         field.type(u"别的"_qs);

@@ -59,22 +59,19 @@ protected:
 
 TEST_F(FcxxPrintTest, SubtitleTellsTheFiltersInUse)
 {
-    const struct
-    {
-        const char16_t *district, *building, *rooms, *subtitle;
-    } cases[] = {
+    const std::tuple<const char16_t *, const char16_t *, const char16_t *, const char16_t *> cases[] = {
         {u"", u"", u"", u"\r"},
         {u"天河区", u"", u"", u"城区：天河区\r"},
         {u"", u"翠堤雅居", u"", u"     楼盘：翠堤雅居\r"},
         {u"天河区", u"翠堤雅居", u"3-2-1-1", u"城区：天河区     楼盘：翠堤雅居\t房型：3-2-1-1\r"},
         {u"", u"", u"3-2-1-1", u"\t房型：3-2-1-1\r"},
     };
-    for (const auto &given : cases) {
-        list.qzTxt(0).setText(QString::fromUtf16(given.district));
-        list.qzTxt(7).setText(QString::fromUtf16(given.building));
-        list.qzTxt(1).setText(QString::fromUtf16(given.rooms));
+    for (const auto &[district, building, rooms, subtitle] : cases) {
+        list.qzTxt(0).setText(QString::fromUtf16(district));
+        list.qzTxt(7).setText(QString::fromUtf16(building));
+        list.qzTxt(1).setText(QString::fromUtf16(rooms));
         EXPECT_TRUE(list.SelfPrint(true, false));
-        EXPECT_EQ(printer.subtitle, QString::fromUtf16(given.subtitle));
+        EXPECT_EQ(printer.subtitle, QString::fromUtf16(subtitle));
     }
 }
 

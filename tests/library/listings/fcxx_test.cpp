@@ -167,34 +167,27 @@ TEST_F(FcxxTest, FilterFieldsMakeTheStatement)
 TEST_F(FcxxTest, CommandsSetTheFilterAndReload)
 {
     init();
-    struct Case
-    {
-        QString key;
-        int forSale;
-        int forRent;
-        QString clause;
-    };
-    const Case cases[] = {
+    const std::tuple<QString, int, int, QString> cases[] = {
         {u"buy"_qs, 1, 0, u" where 交易方式 like '%售%' and 操作日期>#2026-11-19# order"_qs},
         {u"rent"_qs, 0, 1, u" where 交易方式 like '%租%' and 操作日期>#2026-11-19# order"_qs},
         {u"all"_qs, 0, 0, u" where 操作日期>#2026-11-19# order"_qs}};
     list.XPCmb().setText(u"三天内"_qs);
-    for (const Case &c : cases) {
-        list.Chk(0).setValue(1 - c.forSale);
-        list.Chk(1).setValue(1 - c.forRent);
+    for (const auto &[key, forSale, forRent, clause] : cases) {
+        list.Chk(0).setValue(1 - forSale);
+        list.Chk(1).setValue(1 - forRent);
         for (const int number : {0, 1, 3, 4, 5, 7}) {
             list.qzTxt(number).setText(u"x"_qs);
             list.qzTxt(number).setValue(7);
         }
-        list.NavToolbar1().press(c.key);
-        EXPECT_EQ(list.Chk(0).Value(), c.forSale) << c.key.toStdString();
-        EXPECT_EQ(list.Chk(1).Value(), c.forRent) << c.key.toStdString();
+        list.NavToolbar1().press(key);
+        EXPECT_EQ(list.Chk(0).Value(), forSale) << key.toStdString();
+        EXPECT_EQ(list.Chk(1).Value(), forRent) << key.toStdString();
         for (const int number : {0, 1, 3, 4, 5, 7}) {
             EXPECT_EQ(list.qzTxt(number).Text(), QString()) << number;
             const bool emptied = number == 0 || number == 4 || number == 5;
             EXPECT_EQ(list.qzTxt(number).Value().isValid(), !emptied) << number;
         }
-        EXPECT_TRUE(lastStatement().contains(c.clause)) << lastStatement().toStdString();
+        EXPECT_TRUE(lastStatement().contains(clause)) << lastStatement().toStdString();
     }
     list.qzTxt(3).setText(u"有效"_qs);
     app.statements.clear();

@@ -65,35 +65,29 @@ TEST_F(FrmFxLookupTest, FieldsAreSetUpForTheirLookUp)
 
 TEST_F(FrmFxLookupTest, PickersAreAskedWithTheirParameters)
 {
-    struct Case
-    {
-        int number;
-        QString picker;
-        QString parameters;
-    };
-    const Case cases[] = {{1, u"pdmdq"_qs, u" pdmsfmx=1"_qs},
-                          {13, u"pdmgy"_qs, u" lock=1 组织类型=1"_qs},
-                          {6, u"selpdmlpzd"_qs, u" lock=1 地区=天河区"_qs},
-                          {3, u"selpdmdz"_qs, u" lock=1 楼盘=翠堤雅居"_qs}};
+    const std::tuple<int, QString, QString> cases[] = {{1, u"pdmdq"_qs, u" pdmsfmx=1"_qs},
+                                                       {13, u"pdmgy"_qs, u" lock=1 组织类型=1"_qs},
+                                                       {6, u"selpdmlpzd"_qs, u" lock=1 地区=天河区"_qs},
+                                                       {3, u"selpdmdz"_qs, u" lock=1 楼盘=翠堤雅居"_qs}};
     open({}, [&] {
-        for (const Case &c : cases) {
+        for (const auto &[number, picker, parameters] : cases) {
             fill(form, required);
             script = {};
-            qzTxt_S &field = form.qzFcTxt(c.number);
+            qzTxt_S &field = form.qzFcTxt(number);
             const QString before = field.Text();
             field.requestHelp(7, 8);
-            EXPECT_EQ(script.asked, QStringList(u"show %1 7 8"_qs.arg(c.picker) + c.parameters));
+            EXPECT_EQ(script.asked, QStringList(u"show %1 7 8"_qs.arg(picker) + parameters));
             EXPECT_EQ(field.Text(), before) << "a list left without a choice";
             script = {{}, u"新"_qs, 17, nullptr};
             field.requestHelp(7, 8);
             EXPECT_EQ(field.Text() + field.Tag(), u"新17");
             script = {};
-            EXPECT_TRUE(enter(c.number, u"没有"_qs)) << "what no list knows is taken as it stands";
-            EXPECT_EQ(script.asked, QStringList(u"validate %1 没有"_qs.arg(c.picker) +
-                                                QString(c.parameters).replace(u"天河区"_qs, text(1))));
+            EXPECT_TRUE(enter(number, u"没有"_qs)) << "what no list knows is taken as it stands";
+            EXPECT_EQ(script.asked, QStringList(u"validate %1 没有"_qs.arg(picker) +
+                                                QString(parameters).replace(u"天河区"_qs, text(1))));
             EXPECT_EQ(field.Text() + field.Tag(), u"没有没有");
-            form.qzFcTxt(c.number).type({});
-            EXPECT_TRUE(form.qzFcTxt(c.number).check());
+            form.qzFcTxt(number).type({});
+            EXPECT_TRUE(form.qzFcTxt(number).check());
             EXPECT_EQ(field.Tag(), QString()) << "an emptied field has no key";
         }
     });

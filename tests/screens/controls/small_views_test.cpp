@@ -274,24 +274,18 @@ TEST(FlowLayout, FoldsWithoutCuttingAndGivesTheRestToWhatGrows)
     }
     boxes[3]->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     boxes[3]->setMaximumWidth(150);
-    struct Case
-    {
-        int width;
-        int height;
-        QRect last;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, QRect> cases[] = {
         {600, 30, QRect(335, 5, 150, 20)}, // one line, and no more than it may have
         {460, 30, QRect(335, 5, 120, 20)},
         {240, 60, QRect(115, 35, 120, 20)},
         {110, 120, QRect(5, 95, 100, 20)},
     };
-    for (const Case &expected : cases) {
-        SCOPED_TRACE(expected.width);
-        EXPECT_EQ(flow->heightForWidth(expected.width), expected.height);
-        parent.resize(expected.width, expected.height);
-        flow->setGeometry(QRect(0, 0, expected.width, expected.height));
-        EXPECT_EQ(boxes[3]->geometry(), expected.last);
+    for (const auto &[width, height, last] : cases) {
+        SCOPED_TRACE(width);
+        EXPECT_EQ(flow->heightForWidth(width), height);
+        parent.resize(width, height);
+        flow->setGeometry(QRect(0, 0, width, height));
+        EXPECT_EQ(boxes[3]->geometry(), last);
     }
     boxes[1]->hide();
     EXPECT_EQ(flow->heightForWidth(330), 30) << "what is hidden takes no room";

@@ -66,13 +66,7 @@ QPushButton *buttonWith(QWidget &box, const QString &text)
 
 TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
 {
-    struct Case
-    {
-        Desktop::Buttons buttons;
-        std::function<void(QWidget &box)> answer;
-        Desktop::Answer result;
-    };
-    const Case cases[] = {
+    const std::tuple<Desktop::Buttons, std::function<void(QWidget & box)>, Desktop::Answer> cases[] = {
         {Desktop::Buttons::YesNo, [](QWidget &box) { buttonWith(box, u"是(&Y)"_qs)->click(); },
          Desktop::Answer::Yes},
         {Desktop::Buttons::YesNo, [](QWidget &box) { buttonWith(box, u"否(&N)"_qs)->click(); },
@@ -87,7 +81,7 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
         {Desktop::Buttons::Ok, [](QWidget &box) { QTest::keyClick(&box, Qt::Key_Escape); },
          Desktop::Answer::Ok},
     };
-    for (const Case &expected : cases) {
+    for (const auto &[buttons, answer, result] : cases) {
         const WhenModal modal([&](QWidget &window) {
             const auto *box = qobject_cast<QMessageBox *>(&window);
             ASSERT_TRUE(box);
@@ -95,11 +89,11 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
             EXPECT_EQ(box->textFormat(), Qt::PlainText) << "a value is no markup";
             EXPECT_EQ(box->windowTitle(), u"提示:"_qs);
             EXPECT_EQ(box->icon(), QMessageBox::Question);
-            expected.answer(window);
+            answer(window);
         });
-        EXPECT_EQ(desktop.messageBox(u"是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, Desktop::Icon::Question,
-                                     expected.buttons),
-                  expected.result);
+        EXPECT_EQ(
+            desktop.messageBox(u"是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, Desktop::Icon::Question, buttons),
+            result);
     }
 }
 

@@ -66,26 +66,20 @@ TEST_F(PickerViewTest, TheKeyboardReachesEverything)
     EXPECT_EQ(list.VS().Row(), 1) << "arrows in the find box move through the list";
     press(Qt::Key_Return);
     EXPECT_EQ(choice(), u"12|急售"_qs);
-    struct Case
-    {
-        int key;
-        Qt::KeyboardModifiers modifiers;
-        QString ticked;
-        QString event;
-    };
-    const Case cases[] = {{Qt::Key_A, Qt::AltModifier, u"√√√"_qs, {}},
-                          {Qt::Key_E, Qt::AltModifier, QString(), {}},
-                          {Qt::Key_D, Qt::AltModifier, QString(), u"select"_qs},
-                          {Qt::Key_C, Qt::AltModifier, QString(), u"cancel"_qs},
-                          {Qt::Key_A, Qt::AltModifier, u"√√√"_qs, {}},
-                          {Qt::Key_R, Qt::AltModifier, QString(), {}}};
-    for (const Case &c : cases) {
+    const std::tuple<int, Qt::KeyboardModifiers, QString, QString> cases[] = {
+        {Qt::Key_A, Qt::AltModifier, u"√√√"_qs, {}},
+        {Qt::Key_E, Qt::AltModifier, QString(), {}},
+        {Qt::Key_D, Qt::AltModifier, QString(), u"select"_qs},
+        {Qt::Key_C, Qt::AltModifier, QString(), u"cancel"_qs},
+        {Qt::Key_A, Qt::AltModifier, u"√√√"_qs, {}},
+        {Qt::Key_R, Qt::AltModifier, QString(), {}}};
+    for (const auto &[key, modifiers, ticked, event] : cases) {
         events.clear();
-        press(c.key, c.modifiers);
+        press(key, modifiers);
         // A letter presses its button for a moment, so that the person sees it.
         EXPECT_TRUE(QTest::qWaitFor([&] {
-            return shown(1).join(QString()) == c.ticked && events.join(u',') == c.event;
-        })) << c.key;
+            return shown(1).join(QString()) == ticked && events.join(u',') == event;
+        })) << key;
     }
     press(Qt::Key_F, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return list.Check().Value() == 1; }));

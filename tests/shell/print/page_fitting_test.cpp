@@ -27,13 +27,7 @@ std::string textOf(const FittedColumns &fitted)
 
 TEST(FitColumnsTest, KeepsProportionsAsLongAsTheyCanBeRead)
 {
-    const struct
-    {
-        const char *name;
-        std::vector<ColumnNeed> needs;
-        double smallestScale;
-        const char *fitted;
-    } cases[] = {
+    const std::tuple<const char *, std::vector<ColumnNeed>, double, const char *> cases[] = {
         {"none", {}, 0.6, "100% |"},
         {"too narrow: stretched", {{100, 50}, {300, 50}}, 0.6, "100% | 0:0+200 1:200+600"},
         {"exact", {{800, 800}}, 0.6, "100% | 0:0+800"},
@@ -47,8 +41,8 @@ TEST(FitColumnsTest, KeepsProportionsAsLongAsTheyCanBeRead)
         {"wider than the page", {{5000, 5000}, {10, 10}}, 0.6, "100% | 0:0+800 | 1:0+10"},
         {"without a width", {{0, 0}}, 0.6, "100% | 0:0+0"},
     };
-    for (const auto &given : cases)
-        EXPECT_EQ(textOf(fitColumns(given.needs, 800, given.smallestScale)), given.fitted) << given.name;
+    for (const auto &[name, needs, smallestScale, fitted] : cases)
+        EXPECT_EQ(textOf(fitColumns(needs, 800, smallestScale)), fitted) << name;
 }
 
 TEST(BreakPagesTest, RowsStandWhereTheyFit)
@@ -75,7 +69,7 @@ protected:
         return readPrintSettings(file);
     }
     QTemporaryDir folder;
-    QString file = folder.filePath(QStringLiteral("Rpt101.prn"));
+    QString file = folder.filePath(u"Rpt101.prn"_qs);
 };
 
 TEST_F(PrintSettingsTest, ComeBackAsTheyWereWritten)
@@ -86,7 +80,7 @@ TEST_F(PrintSettingsTest, ComeBackAsTheyWereWritten)
         writePrintSettings(file, settings);
         EXPECT_EQ(readPrintSettings(file), settings);
     }
-    EXPECT_THROW(writePrintSettings(folder.filePath(QStringLiteral("none/x.prn")), settings), Failure);
+    EXPECT_THROW(writePrintSettings(folder.filePath(u"none/x.prn"_qs), settings), Failure);
 }
 
 TEST_F(PrintSettingsTest, DamagedFilesKeepWhatCanBeRead)

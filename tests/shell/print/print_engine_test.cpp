@@ -39,7 +39,7 @@ public:
     [[nodiscard]] QString text(int row, int column) const override { return rows[row].value(column); }
     [[nodiscard]] QString picture(int row, int column) const override
     {
-        return row == 0 && column == 0 ? QStringLiteral("mail-attachment") : QString();
+        return row == 0 && column == 0 ? u"mail-attachment"_qs : QString();
     }
     [[nodiscard]] CellLook look(int row, int) const override
     {
@@ -62,7 +62,7 @@ public:
     [[nodiscard]] bool hasPrinter() const override { return withPrinter; }
     bool choosePrinter(QPrinter &printer) override
     {
-        asked.append(QStringLiteral("printer ×%1").arg(printer.copyCount()));
+        asked.append(u"printer ×%1"_qs.arg(printer.copyCount()));
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(pdf);
         if (page > 0) {
@@ -73,19 +73,19 @@ public:
     }
     QString choosePdfFile(const QString &proposedPath) override
     {
-        asked.append(QStringLiteral("pdf ") + proposedPath.section(u'/', -1));
+        asked.append(u"pdf "_qs + proposedPath.section(u'/', -1));
         return pdf;
     }
     bool editSettings(PrintSettings &settings) override
     {
-        asked.append(QStringLiteral("setup"));
+        asked.append(u"setup"_qs);
         if (edit)
             edit(settings);
         return static_cast<bool>(edit);
     }
     void preview(PrintRun &run) override
     {
-        asked.append(QStringLiteral("preview %1").arg(run.printout()->pageCount()));
+        asked.append(u"preview %1"_qs.arg(run.printout()->pageCount()));
         if (inPreview)
             inPreview(run);
     }
@@ -111,29 +111,27 @@ class PrintEngineTest : public testing::Test
 protected:
     PrintEngineTest()
     {
-        grid.addColumn(QStringLiteral("编号"), 90);
-        grid.addColumn(QStringLiteral("楼盘"), 200);
-        grid.addColumn(QStringLiteral("面积"), 80, PrintedGrid::Alignment::Right);
+        grid.addColumn(u"编号"_qs, 90);
+        grid.addColumn(u"楼盘"_qs, 200);
+        grid.addColumn(u"面积"_qs, 80, PrintedGrid::Alignment::Right);
         addRows(60);
-        desk.pdf = folder.filePath(QStringLiteral("list.pdf"));
+        desk.pdf = folder.filePath(u"list.pdf"_qs);
     }
     ~PrintEngineTest() override { EXPECT_FALSE(desk.isCounting) << "the progress was left open"; }
     void addRows(int count)
     {
         for (int row = 0; row < count; ++row)
-            grid.rows.push_back(
-                {QStringLiteral("FY%1").arg(row), QStringLiteral("翠堤雅居"), QString::number(row)});
+            grid.rows.push_back({u"FY%1"_qs.arg(row), u"翠堤雅居"_qs, QString::number(row)});
     }
     [[nodiscard]] PrintObject::Job job() const
     {
-        return {file, QStringLiteral("房源信息列表\r"), QStringLiteral("城区：天河区     楼盘：\t房型：3\r"),
-                grid};
+        return {file, u"房源信息列表\r"_qs, u"城区：天河区     楼盘：\t房型：3\r"_qs, grid};
     }
     /// The text of each page, as another program reads it out of the PDF file.
     [[nodiscard]] QStringList pagesOfPdf() const
     {
         QProcess reader;
-        reader.start(QStringLiteral(PDFTOTEXT), {QStringLiteral("-layout"), desk.pdf, QStringLiteral("-")});
+        reader.start(QStringLiteral(PDFTOTEXT), {u"-layout"_qs, desk.pdf, u"-"_qs});
         EXPECT_TRUE(reader.waitForFinished());
         QStringList pages = plain(QString::fromUtf8(reader.readAllStandardOutput())).split(u'\f');
         pages.removeLast();
@@ -153,7 +151,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QString file = folder.filePath(QStringLiteral("Rpt101.prn"));
+    QString file = folder.filePath(u"Rpt101.prn"_qs);
     TextGrid grid;
     ScriptedDesk desk;
     PrintEngine engine{desk};
@@ -162,34 +160,33 @@ protected:
 TEST_F(PrintEngineTest, EveryPageTellsWhatItIs)
 {
     EXPECT_EQ(engine.PrintOut(job(), true), QString());
-    EXPECT_EQ(desk.asked, QStringList{QStringLiteral("pdf 房源信息列表.pdf")}) << "there is no printer";
+    EXPECT_EQ(desk.asked, QStringList{u"pdf 房源信息列表.pdf"_qs}) << "there is no printer";
     const QStringList pages = pagesOfPdf();
     ASSERT_GT(pages.size(), 1);
     for (qsizetype page = 0; page < pages.size(); ++page) {
         for (const QString &part :
-             {QStringLiteral("房源信息列表"), QStringLiteral("城区：天河区"), QStringLiteral("房型：3"),
-              QStringLiteral("编号"), QStringLiteral("打印日期：2026-11-22"),
-              QStringLiteral("第 %1 页 共 %2 页").arg(page + 1).arg(pages.size())})
+             {u"房源信息列表"_qs, u"城区：天河区"_qs, u"房型：3"_qs, u"编号"_qs, u"打印日期：2026-11-22"_qs,
+              u"第 %1 页 共 %2 页"_qs.arg(page + 1).arg(pages.size())})
             EXPECT_TRUE(pages[page].contains(plain(part))) << part.toStdString();
     }
     for (int row = 0; row < 60; ++row)
-        EXPECT_EQ(pages.join(u' ').count(QStringLiteral("FY%1翠").arg(row)), 1) << row;
-    EXPECT_TRUE(pages.last().contains(QStringLiteral("FY59翠")));
+        EXPECT_EQ(pages.join(u' ').count(u"FY%1翠"_qs.arg(row)), 1) << row;
+    EXPECT_TRUE(pages.last().contains(u"FY59翠"_qs));
 }
 
 TEST_F(PrintEngineTest, WideListsGoOnSideBySideAndLongCellsWrap)
 {
     for (int column = 0; column < 20; ++column)
-        grid.addColumn(QStringLiteral("栏%1").arg(column), 300);
+        grid.addColumn(u"栏%1"_qs.arg(column), 300);
     grid.rows.resize(3);
-    grid.rows[1][1] = QStringLiteral("宽大的内容").repeated(1000);
+    grid.rows[1][1] = u"宽大的内容"_qs.repeated(1000);
     engine.PrintOut(job(), true);
     const QStringList pages = pagesOfPdf();
     EXPECT_GT(pages.size(), 3);
-    EXPECT_TRUE(pages[0].contains(QStringLiteral("FY2")) && !pages[1].contains(QStringLiteral("FY2")));
-    EXPECT_TRUE(pages.last().contains(QStringLiteral("栏19")));
-    EXPECT_TRUE(pages[0].contains(QStringLiteral("..."))) << "a cell never fills a page";
-    EXPECT_GT(pages[0].count(QStringLiteral("宽大")), 5);
+    EXPECT_TRUE(pages[0].contains(u"FY2"_qs) && !pages[1].contains(u"FY2"_qs));
+    EXPECT_TRUE(pages.last().contains(u"栏19"_qs));
+    EXPECT_TRUE(pages[0].contains(u"..."_qs)) << "a cell never fills a page";
+    EXPECT_GT(pages[0].count(u"宽大"_qs), 5);
 }
 
 TEST_F(PrintEngineTest, CaptionsAndSumsAreReadWhole)
@@ -238,19 +235,18 @@ TEST_F(PrintEngineTest, SetUpIsKeptInThePrintFileAndUsed)
     EXPECT_EQ(readPrintSettings(file).paper, QPageSize::A5);
     desk.withPrinter = true;
     EXPECT_EQ(engine.PrintOut(job(), true), QString());
-    EXPECT_EQ(desk.asked.last(), QStringLiteral("printer ×2"));
+    EXPECT_EQ(desk.asked.last(), u"printer ×2"_qs);
     const qsizetype pages = pagesOfPdf().size();
     EXPECT_GT(pages, 1);
     for (const int wanted : {2, 99}) {
         desk.page = wanted;
         EXPECT_EQ(engine.PrintOut(job(), true), QString());
         ASSERT_EQ(pagesOfPdf().size(), 1);
-        const QString foot =
-            QStringLiteral("第%1页共%2页").arg(std::min<qsizetype>(wanted, pages)).arg(pages);
+        const QString foot = u"第%1页共%2页"_qs.arg(std::min<qsizetype>(wanted, pages)).arg(pages);
         EXPECT_TRUE(pagesOfPdf().constFirst().contains(foot)) << foot.toStdString();
     }
-    const PrintObject::Job nowhere{folder.filePath(QStringLiteral("none/Rpt.prn")), {}, {}, grid};
-    EXPECT_TRUE(engine.SetUp(nowhere).startsWith(QStringLiteral("无法保存页面设置")));
+    const PrintObject::Job nowhere{folder.filePath(u"none/Rpt.prn"_qs), {}, {}, grid};
+    EXPECT_TRUE(engine.SetUp(nowhere).startsWith(u"无法保存页面设置"_qs));
 }
 
 TEST_F(PrintEngineTest, StoppedAndFailedRunsLeaveNoFile)
@@ -263,14 +259,14 @@ TEST_F(PrintEngineTest, StoppedAndFailedRunsLeaveNoFile)
         EXPECT_FALSE(QFile::exists(desk.pdf)) << stopAt;
     }
     desk.stopAt = INT_MAX;
-    desk.pdf = folder.filePath(QStringLiteral("none/list.pdf"));
-    EXPECT_TRUE(engine.PrintOut(job(), true).startsWith(QStringLiteral("无法写入文件")));
+    desk.pdf = folder.filePath(u"none/list.pdf"_qs);
+    EXPECT_TRUE(engine.PrintOut(job(), true).startsWith(u"无法写入文件"_qs));
     desk.pdf.clear();
     EXPECT_EQ(engine.PrintOut(job(), true), QString()) << "leaving the dialog is no failure";
     grid.rows.clear();
     grid.shown.clear();
     EXPECT_EQ(engine.PrintOut(job(), false), QString());
-    EXPECT_EQ(desk.asked.last(), QStringLiteral("preview 1"));
+    EXPECT_EQ(desk.asked.last(), u"preview 1"_qs);
 }
 
 TEST_F(PrintEngineTest, PreviewShowsEachPageAndItsSetUp)
@@ -281,19 +277,19 @@ TEST_F(PrintEngineTest, PreviewShowsEachPageAndItsSetUp)
     const int before = run.printout()->pageCount();
     const test::WhenModal answer([&](QWidget &window) {
         auto &pages = *window.findChild<PageView *>();
-        auto &page = *window.findChild<QSpinBox *>(QStringLiteral("Page"));
+        auto &page = *window.findChild<QSpinBox *>(u"Page"_qs);
         EXPECT_EQ(page.maximum(), before);
         page.setValue(before);
         EXPECT_EQ(pages.currentPage(), before - 1);
         const double fitting = pages.zoom();
-        QTest::mouseClick(window.findChild<QPushButton *>(QStringLiteral("ZoomIn")), Qt::LeftButton);
+        QTest::mouseClick(window.findChild<QPushButton *>(u"ZoomIn"_qs), Qt::LeftButton);
         EXPECT_GT(pages.zoom(), fitting);
         EXPECT_EQ(pages.currentPage(), before - 1);
-        QTest::mouseClick(window.findChild<QPushButton *>(QStringLiteral("PageSetup")), Qt::LeftButton);
+        QTest::mouseClick(window.findChild<QPushButton *>(u"PageSetup"_qs), Qt::LeftButton);
         EXPECT_GT(page.maximum(), before) << "smaller paper, more pages";
         window.grab();
-        desk.pdf = QStringLiteral("/dev/null/x.pdf");
-        QTest::mouseClick(window.findChild<QPushButton *>(QStringLiteral("SavePdf")), Qt::LeftButton);
+        desk.pdf = u"/dev/null/x.pdf"_qs;
+        QTest::mouseClick(window.findChild<QPushButton *>(u"SavePdf"_qs), Qt::LeftButton);
     });
     EXPECT_THROW(PreviewDialog(run, nullptr).run(), Failure);
 }
@@ -303,8 +299,8 @@ TEST(SetupDialogTest, GivesBackWhatItShowsAndWhatIsChosen)
     const PrintSettings given{QPageSize::JisB5, false, {1, 2, 3.5, 60}, false, 20, 7};
     SetupDialog dialog(given, nullptr);
     EXPECT_EQ(dialog.settings(), given);
-    dialog.findChild<QComboBox *>(QStringLiteral("Orientation"))->setCurrentIndex(1);
-    dialog.findChild<QDoubleSpinBox *>(QStringLiteral("MarginRight"))->setValue(999);
+    dialog.findChild<QComboBox *>(u"Orientation"_qs)->setCurrentIndex(1);
+    dialog.findChild<QDoubleSpinBox *>(u"MarginRight"_qs)->setValue(999);
     EXPECT_TRUE(dialog.settings().isLandscape);
     EXPECT_EQ(dialog.settings().margins.right(), widestMargin);
 }
