@@ -232,8 +232,10 @@ qint64 PostgresSession::collect(const RowTaker &take, bool isPipeline)
         const Result result(PQgetResult(handle()));
         if (!result && (!isPipeline || isLost()))
             break;
-        if (!result)
-            continue; // the end of one of several statements
+        if (!result) { // the end of one of several statements; the rows of the next come one at a time, too
+            PQsetSingleRowMode(handle());
+            continue;
+        }
         const ExecStatusType status = PQresultStatus(result.get());
         if (status == PGRES_PIPELINE_SYNC)
             break;
