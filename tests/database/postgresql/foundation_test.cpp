@@ -44,6 +44,13 @@ TEST(Foundation, IsBroughtUpWhenAFunctionIsOldAndLeftAloneOtherwise)
     EXPECT_THAT(checkSchema(*connection).join(u'\n').toStdString(), HasSubstr("缺少函数"));
     install(*connection);
     EXPECT_EQ(connection->query(QStringLiteral("select len('ab')")).cell(0, 0), "2");
+    connection->executeNative("drop function ebtq.len");
+    try {
+        (void)connection->query(QStringLiteral("select len('ab')"));
+        FAIL() << "the function was there";
+    } catch (const DatabaseError &error) {
+        EXPECT_THAT(error.what(), HasSubstr("ebtq-admin init"));
+    }
 }
 
 TEST(Foundation, UsesAnExtensionThatLiesElsewhere)
@@ -70,7 +77,13 @@ TEST(Foundation, SaysWhatAnAdministratorHasToDo)
     const QString clerk = QStringLiteral("postgresql://clerk:clerk@") + server.section(u'@', 1);
     EXPECT_THAT(installFailure(ebtq::test::withBase(clerk, QStringLiteral("open"))),
                 HasSubstr("create extension citext"));
-    administrator->executeNative("grant create on database open to clerk");
+    administrator->executeNative("revoke connect on database open from public");
+    EXPECT_THAT(installFailure(ebtq::test::withBase(clerk, QStringLiteral("open"))),
+                HasSubstr("没有连接该数据库的权限"));
+    administrator->executeNative("alter role clerk nologin");
+    EXPECT_THAT(installFailure(ebtq::test::withBase(clerk, QStringLiteral("open"))),
+                HasSubstr("不允许此用户登录"));
+    administrator->executeNative("alter role clerk login; grant connect, create on database open to clerk");
     EXPECT_EQ(installFailure(ebtq::test::withBase(clerk, QStringLiteral("open"))), "installed")
         << "nobody need be the server's administrator";
     for (const char *name : {"latin", "plain", "open"})
