@@ -118,7 +118,14 @@ void PostgresSession::connect()
     PQsetNoticeProcessor(
         handle.get(), [](void *, const char *) {}, nullptr);
     m_handle = std::move(handle);
-    configure();
+    try {
+        configure();
+    } catch (const DatabaseError &) {
+        // Half set up it would answer wrongly. Nothing of the user's was sent yet.
+        const QString why = connectFailureText(this->handle(), m_address.shown());
+        m_handle.reset();
+        throw DatabaseError(why);
+    }
 }
 
 /// The day begins when it does for the person, wherever the server stands; a server that does not know the

@@ -111,6 +111,26 @@ TEST_F(LossTest, ATransactionIsLostWithItsServer)
     }
 }
 
+TEST(Loss, AConnectionThatCouldNotBeSetUpIsNotUsed)
+{
+    const ebtq::test::PostgresBase base;
+    const auto connection = Connection::open(base.url());
+    install(*connection);
+    const auto administrator = Connection::open(base.url());
+    administrator->executeNative(
+        "create schema broken; create function broken.set_config(text,text,boolean) returns text"
+        " language plpgsql as $$begin raise 'no memory'; end$$;"
+        "do $$begin execute format('alter database %I set search_path=broken,pg_catalog',current_database());"
+        " end$$;"
+        "select pg_terminate_backend(pid) from pg_stat_activity"
+        " where datname=current_database() and pid<>pg_backend_pid()");
+    const auto read = [&] { (void)connection->query(QStringLiteral("select 姓名 from pdmgy")); };
+    for (int time = 0; time < 2; ++time)
+        EXPECT_THAT(messageOf(read), HasSubstr("无法连接数据库服务器"));
+    administrator->executeNative("drop schema broken cascade");
+    EXPECT_EQ(messageOf(read), "");
+}
+
 /// The server ends while it is at work on a statement, which is not sent again.
 TEST_F(LossTest, WhatMayHaveBeenDoneIsNotDoneAgain)
 {
