@@ -1,0 +1,76 @@
+#include "agents/crew.h"
+
+#include "agents/agent.h"
+
+#include <latch>
+#include <thread>
+
+namespace ebtq::bench {
+
+namespace {
+
+double secondsOf(const std::function<void()> &work)
+{
+    const auto begin = Save::Clock::now();
+    work();
+    return std::chrono::duration<double>(Save::Clock::now() - begin).count();
+}
+
+void work(Agent &agent, const std::function<bool(int round)> &goesOn, Report &report)
+{
+    for (int round = 0; goesOn(round); ++round) {
+        report.openings.push_back(secondsOf([&] { agent.openList(); }) * 1000);
+        agent.saveListing();
+        agent.changeListing();
+        agent.writeFollowUp();
+    }
+    report.ledger = agent.ledger();
+    report.failures = agent.failures();
+}
+
+void workFromBegin(const QString &database, int number, std::latch &begin,
+                   const std::function<bool(int round)> &goesOn, Report &report)
+{
+    try {
+        Agent agent(database, number);
+        begin.arrive_and_wait();
+        work(agent, goesOn, report);
+    } catch (const std::exception &failure) {
+        report.failures.append(QString::fromUtf8(failure.what()));
+        begin.count_down();
+    }
+}
+
+Report together(const std::vector<Report> &reports)
+{
+    Report whole;
+    for (const Report &report : reports) {
+        whole.ledger += report.ledger;
+        whole.failures += report.failures;
+        whole.openings.insert(whole.openings.end(), report.openings.begin(), report.openings.end());
+    }
+    return whole;
+}
+
+} // namespace
+
+Report letWork(const QString &database, int agents, const std::function<bool(int round)> &goesOn)
+{
+    std::vector<Report> reports(static_cast<size_t>(agents));
+    std::latch begin(agents + 1);
+    std::vector<std::thread> threads;
+    for (int number = 0; number < agents; ++number)
+        threads.emplace_back([&, number] {
+            workFromBegin(database, number, begin, goesOn, reports[static_cast<size_t>(number)]);
+        });
+    begin.arrive_and_wait();
+    const double seconds = secondsOf([&] {
+        for (std::thread &thread : threads)
+            thread.join();
+    });
+    Report whole = together(reports);
+    whole.seconds = seconds;
+    return whole;
+}
+
+} // namespace ebtq::bench

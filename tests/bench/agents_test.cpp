@@ -1,0 +1,141 @@
+#include "agents/agent.h"
+#include "agents/crew.h"
+#include "support/engine_database.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace ebtq::test {
+
+using namespace Qt::StringLiterals;
+using bench::Outcome;
+using bench::Save;
+
+namespace {
+
+/// Agents who work at once, over connections of their own.
+class AgentsTest : public ::testing::TestWithParam<Engine>
+{
+protected:
+    AgentsTest() { bench::makeAgency(m_database.location(), 200); }
+    [[nodiscard]] const QString &location() const { return m_database.location(); }
+    [[nodiscard]] std::unique_ptr<db::Connection> connect() const { return m_database.connect(); }
+
+private:
+    EngineDatabase m_database{GetParam()};
+};
+
+int count(const QList<Save> &saves, Save::Kind kind, Outcome outcome)
+{
+    return static_cast<int>(std::ranges::count_if(
+        saves, [=](const Save &save) { return save.kind == kind && save.outcome == outcome; }));
+}
+
+std::string text(const bench::Findings &findings)
+{
+    return (u"missing:"_s + findings.missing.join(u'\n') + u" unasked:"_s + findings.unasked.join(u'\n') +
+            u" duplicates:"_s + findings.duplicates.join(u'\n'))
+        .toStdString();
+}
+
+const std::string nothing = text({});
+
+} // namespace
+
+TEST_P(AgentsTest, NothingOfWhatManySaveAtOnceIsRefusedOrLost)
+{
+    constexpr int agents = 8;
+    constexpr int rounds = 6;
+    const bench::Report report = bench::letWork(location(), agents, [](int round) { return round < rounds; });
+    EXPECT_EQ(report.failures.join(u'\n').toStdString(), "");
+    for (const Save::Kind kind : {Save::NewListing, Save::ChangedListing, Save::FollowUp})
+        EXPECT_EQ(count(report.ledger, kind, Outcome::Confirmed), agents * rounds) << kind;
+    EXPECT_EQ(text(bench::compare(*connect(), report.ledger)), nothing);
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, AgentsTest, ::testing::Values(Engine::Sqlite, Engine::Postgres),
+                         [](const auto &engine) { return nameOf(engine.param); });
+
+/// One agent, whose database is then damaged: a comparison that cannot find it would let everything pass.
+class LedgerTest : public ::testing::Test
+{
+protected:
+    LedgerTest()
+    {
+        bench::makeAgency(m_database.location(), 20);
+        bench::Agent agent(m_database.location(), 0);
+        agent.openList();
+        agent.saveListing();
+        agent.writeFollowUp();
+        saves = agent.ledger();
+    }
+    [[nodiscard]] std::string found() const { return text(bench::compare(*connection, saves)); }
+
+    EngineDatabase m_database{Engine::Sqlite};
+    QList<Save> saves;
+    std::unique_ptr<db::Connection> connection = m_database.connect();
+};
+
+TEST_F(LedgerTest, FindsWhatIsNotAsItWasTold)
+{
+    struct Case
+    {
+        const char *what;
+        const char16_t *damage;
+        const char *list; ///< where it must show
+    };
+    static constexpr Case cases[] = {
+        {"a text", u"update fyxx set 联系人='x',备注='x' where 房源ID='%1'", "missing:"},
+        {"half of a save", u"update fyxx set 备注='x' where 房源ID='%1'", "missing:"},
+        {"the number", u"update fyxx set 房源编号='x' where 房源ID='%1'", "missing:"},
+        {"the listing", u"delete from fyxx where 房源ID='%1'", "missing:"},
+        {"the follow-up", u"delete from fygj where 跟进ID='%2'", "missing:"},
+        {"its owner", u"update fygj set 房源ID='x' where 跟进ID='%2'", "missing:"},
+        {"a second number", u"update fyxx set 房源编号='%3' where 房源ID<>'%1'", "duplicates:"},
+    };
+    ASSERT_EQ(saves.size(), 2);
+    EXPECT_EQ(found(), nothing);
+    for (const Case &c : cases) {
+        connection->begin();
+        const QString damage = QString::fromUtf16(c.damage);
+        connection->execute(QString(damage)
+                                .replace(u"%1"_s, saves[0].key)
+                                .replace(u"%2"_s, saves[1].key)
+                                .replace(u"%3"_s, saves[0].number));
+        EXPECT_THAT(found(), ::testing::ContainsRegex(std::string(c.list) + "[^ ]")) << c.what;
+        connection->rollback();
+    }
+}
+
+TEST_F(LedgerTest, TellsWhatARefusedOrUnknownSaveMayLeave)
+{
+    saves[0].outcome = Outcome::Refused;
+    EXPECT_THAT(found(), ::testing::HasSubstr(std::string("unasked:") + saves[0].text.toStdString()));
+    saves[0].outcome = Outcome::Unknown;
+    EXPECT_EQ(found(), nothing);
+    connection->execute(u"delete from fyxx where 房源ID='%1'"_s.arg(saves[0].key));
+    EXPECT_EQ(found(), nothing);
+}
+
+TEST_F(LedgerTest, AListingHoldsTheLastOfItsSavesOrOneOfTwoAtOnce)
+{
+    Save later = saves[0];
+    later.kind = Save::ChangedListing;
+    later.text = u"later"_s;
+    later.number.clear();
+    const auto hold = [&](const QString &held) {
+        connection->execute(
+            u"update fyxx set 联系人='%1',备注='%1' where 房源ID='%2'"_s.arg(held, saves[0].key));
+    };
+    later.begin = saves[0].end + std::chrono::milliseconds(1);
+    saves.append(later);
+    EXPECT_NE(found(), nothing) << "the earlier one came back";
+    saves.last().begin = saves[0].begin;
+    EXPECT_EQ(found(), nothing);
+    hold(u"later"_s);
+    EXPECT_EQ(found(), nothing);
+    saves.last().outcome = Outcome::Refused;
+    EXPECT_NE(found(), nothing);
+}
+
+} // namespace ebtq::test
