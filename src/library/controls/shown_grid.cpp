@@ -77,6 +77,11 @@ PrintedGrid::CellLook ShownGrid::look(int row, int column) const
     return {plainColor(look.backColor), plainColor(look.foreColor), look.isBold};
 }
 
+bool ShownGrid::isSum(int row) const
+{
+    return m_grid.isSubtotal(m_rows[static_cast<size_t>(row)]);
+}
+
 std::string_view ShownGrid::shown(int row, int column) const
 {
     if (m_grid.ColFormat(m_gridColumns[static_cast<size_t>(column)]).isEmpty())
@@ -95,10 +100,19 @@ std::string_view ShownGrid::stored(int row, int column) const
     return m_grid.cell(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
 }
 
+bool ShownGrid::labelsSums(int column) const
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        if (isSum(row) && !stored(row, column).empty())
+            return true;
+    }
+    return false;
+}
+
 void ShownGrid::keepCaptioned()
 {
     for (size_t at = m_columns.size(); at-- > 0;) {
-        if (!m_columns[at].caption.isEmpty())
+        if (!m_columns[at].caption.isEmpty() || labelsSums(static_cast<int>(at)))
             continue;
         m_columns.erase(m_columns.begin() + static_cast<std::ptrdiff_t>(at));
         m_gridColumns.erase(m_gridColumns.begin() + static_cast<std::ptrdiff_t>(at));

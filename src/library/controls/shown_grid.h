@@ -23,6 +23,7 @@ public:
     [[nodiscard]] QString text(int row, int column) const override;
     [[nodiscard]] QString picture(int row, int column) const override;
     [[nodiscard]] CellLook look(int row, int column) const override;
+    [[nodiscard]] bool isSum(int row) const override;
 
     /// What the column's cells hold.
     [[nodiscard]] ColumnType type(int column) const;
@@ -30,7 +31,8 @@ public:
     [[nodiscard]] std::string_view shown(int row, int column) const;
     /// The cell as it was loaded, before any format; valid until the grid changes.
     [[nodiscard]] std::string_view stored(int row, int column) const;
-    /// Takes the columns without a caption away: they hold icons, which a text cannot tell.
+    /// Takes the columns without a caption away: they hold icons, which a text cannot tell. One in which rows
+    /// of sums have their label stays.
     void keepCaptioned();
     /// Takes the rows before `first` and behind `last` away.
     void keepRows(int first, int last);
@@ -39,6 +41,7 @@ private:
     [[nodiscard]] Column column(int gridColumn) const;
     void readColumns();
     void readRows();
+    [[nodiscard]] bool labelsSums(int column) const;
 
     const VSFlexGrid &m_grid;
     std::vector<Column> m_columns;

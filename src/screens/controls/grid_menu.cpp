@@ -52,13 +52,6 @@ std::pair<int, int> chosenRows(const FlexGridView &view)
     return {first.row(), last.row()};
 }
 
-ShownGrid shownAsText(const VSFlexGrid &grid)
-{
-    ShownGrid table(grid);
-    table.keepCaptioned();
-    return table;
-}
-
 } // namespace
 
 GridMenu::GridMenu(FlexGridView &view, VSFlexGrid &grid, NavToolbar &commands, ToolBarView &toolBar,
@@ -174,8 +167,9 @@ void GridMenu::copy()
     if (first < 0)
         return;
     const WaitCursor wait(m_desktop);
-    ShownGrid table = shownAsText(m_grid);
+    ShownGrid table(m_grid);
     table.keepRows(first, last);
+    table.keepCaptioned();
     auto *contents = new QMimeData;
     const bool isAlsoTable = table.rowCount() <= mostRowsAsTable;
     contents->setText(tabbedText(table, isAlsoTable ? Formulas::AsShown : Formulas::Guarded));
@@ -195,7 +189,8 @@ void GridMenu::exportAs(const Format &format)
         return;
     m_folder = QFileInfo(path).absolutePath();
     try {
-        const ShownGrid table = shownAsText(m_grid);
+        ShownGrid table(m_grid);
+        table.keepCaptioned();
         if (write(format, table, path))
             Q_EMIT message(QStringLiteral("已导出%1行到 %2").arg(QString::number(table.rowCount()), path));
     } catch (const std::exception &failure) {

@@ -103,11 +103,6 @@ bool Printout::layOut(const Progress &progress)
     m_columns = fitColumns(needs(), m_frame.width(), m_settings.fitsWidth ? smallestPoints / textPoints : 1);
     m_cellText = CellText(fontOf(textPoints * m_columns.scale));
     m_captionText = CellText(fontOf(textPoints * m_columns.scale, true));
-    m_widths.assign(m_grid.columns().size(), 0);
-    for (const FittedColumns::Band &band : m_columns.bands) {
-        for (const FittedColumns::Column &column : band)
-            m_widths[static_cast<size_t>(column.number)] = column.width;
-    }
     layOutHead();
     const int rows = m_grid.rowCount();
     m_firstRows = breakPages(
@@ -133,7 +128,7 @@ std::vector<ColumnNeed> Printout::needs() const
 }
 
 /// A column that nobody has set fits its contents, as it does on the screen. Sums are wider than what they
-/// are of and stand at the end.
+/// are of and stand at the end; their label finds room beside its column.
 ColumnNeed Printout::need(int column) const
 {
     const PrintedGrid::Column &given = m_grid.columns()[static_cast<size_t>(column)];
@@ -153,6 +148,10 @@ ColumnNeed Printout::need(int column) const
 double Printout::contentsWidth(int row, int column) const
 {
     const double icon = m_grid.picture(row, column).isEmpty() ? 0 : m_cellText.lineHeight();
+    const bool hasRoomBeside =
+        column + 1 < static_cast<int>(m_grid.columns().size()) && isEmpty(row, column + 1);
+    if (m_grid.isSum(row) && isLabel(row, column) && hasRoomBeside)
+        return icon;
     return std::max(icon, textOf(row, column).width(m_grid.text(row, column)));
 }
 
@@ -171,13 +170,42 @@ double Printout::roomOf(double width, const CellText &text)
     return width - 2 * paddingAcross * text.lineHeight();
 }
 
+bool Printout::isEmpty(int row, int column) const
+{
+    return m_grid.text(row, column).isEmpty() && m_grid.picture(row, column).isEmpty();
+}
+
+/// What stands at the right of its column is a sum.
+bool Printout::isLabel(int row, int column) const
+{
+    return m_grid.columns()[static_cast<size_t>(column)].alignment != PrintedGrid::Alignment::Right &&
+           !m_grid.text(row, column).isEmpty();
+}
+
+std::vector<Printout::Cell> Printout::cellsOf(const FittedColumns::Band &band, int row) const
+{
+    const bool isSum = m_grid.isSum(row);
+    std::vector<Cell> cells;
+    bool runsOn = false;
+    for (const FittedColumns::Column &column : band) {
+        if (runsOn && isEmpty(row, column.number)) {
+            cells.back().width += column.width;
+            continue;
+        }
+        cells.push_back({column.number, column.left, column.width});
+        runsOn = isSum && isLabel(row, column.number);
+    }
+    return cells;
+}
+
 double Printout::rowHeight(int row) const
 {
     qsizetype most = 1;
-    for (int column = 0; column < static_cast<int>(m_widths.size()); ++column) {
-        const CellText &text = textOf(row, column);
-        most = std::max(most, text.lineCount(m_grid.text(row, column),
-                                             roomOf(m_widths[static_cast<size_t>(column)], text)));
+    for (const FittedColumns::Band &band : m_columns.bands) {
+        for (const Cell &cell : cellsOf(band, row)) {
+            const CellText &text = textOf(row, cell.column);
+            most = std::max(most, text.lineCount(m_grid.text(row, cell.column), roomOf(cell.width, text)));
+        }
     }
     return heightOf(most, m_cellText);
 }
@@ -186,9 +214,12 @@ double Printout::rowHeight(int row) const
 double Printout::captionHeight() const
 {
     qsizetype most = 1;
-    for (size_t column = 0; column < m_widths.size(); ++column)
-        most = std::max(most, m_captionText.lineCount(m_grid.columns()[column].caption,
-                                                      roomOf(m_widths[column], m_captionText)));
+    for (const FittedColumns::Band &band : m_columns.bands) {
+        for (const FittedColumns::Column &column : band)
+            most = std::max(
+                most, m_captionText.lineCount(m_grid.columns()[static_cast<size_t>(column.number)].caption,
+                                              roomOf(column.width, m_captionText)));
+    }
     return heightOf(most, m_captionText);
 }
 
@@ -235,9 +266,10 @@ void Printout::paintTitles(QPainter &painter) const
 
 void Printout::paintCaptions(QPainter &painter, const FittedColumns::Band &band) const
 {
+    const double height = captionHeight();
     for (const FittedColumns::Column &column : band) {
         const PrintedGrid::Column &given = m_grid.columns()[static_cast<size_t>(column.number)];
-        const QRectF cell(m_table.left() + column.left, m_table.top(), column.width, captionHeight());
+        const QRectF cell(m_table.left() + column.left, m_table.top(), column.width, height);
         painter.fillRect(cell, ink().header);
         paintFrame(painter, cell);
         painter.setPen(ink().ink);
@@ -249,9 +281,9 @@ void Printout::paintCaptions(QPainter &painter, const FittedColumns::Band &band)
 void Printout::paintRow(QPainter &painter, const FittedColumns::Band &band, int row,
                         const QRectF &place) const
 {
-    for (const FittedColumns::Column &column : band)
-        paintCell(painter, {place.left() + column.left, place.top(), column.width, place.height()}, row,
-                  column.number);
+    for (const Cell &cell : cellsOf(band, row))
+        paintCell(painter, {place.left() + cell.left, place.top(), cell.width, place.height()}, row,
+                  cell.column);
 }
 
 void Printout::paintCell(QPainter &painter, const QRectF &cell, int row, int column) const

@@ -42,6 +42,16 @@ public:
     static constexpr int dotsPerInch = 1200;
 
 private:
+    /// A piece of a row: a column, or several where a label runs on.
+    struct Cell
+    {
+        int column;
+        double left;
+        double width;
+    };
+    [[nodiscard]] std::vector<Cell> cellsOf(const FittedColumns::Band &band, int row) const;
+    [[nodiscard]] bool isEmpty(int row, int column) const;
+    [[nodiscard]] bool isLabel(int row, int column) const;
     [[nodiscard]] ColumnNeed need(int column) const;
     /// On one line.
     [[nodiscard]] double contentsWidth(int row, int column) const;
@@ -78,7 +88,6 @@ private:
     CellText m_cellText;
     CellText m_captionText;
     FittedColumns m_columns;
-    std::vector<double> m_widths; ///< of each column
     std::vector<int> m_firstRows; ///< of each page of a band
 };
 

@@ -176,6 +176,12 @@ TEST_F(ExportTest, SubtotalsAndFormatsGoOutAsTheyAreSeen)
     grid.addSubtotals({&total, 1});
     EXPECT_EQ(csv(), QByteArray("\xEF\xBB\xBF编号,面积,委托日,备注\r\n"
                                 "A1,\"1,088.50\",,\r\nA2,1.00,,\r\n合计,\"1,089.50\",,\r\n"));
+    grid.clearSubtotals();
+    grid.setFixedCols(0);
+    grid.addSubtotals({&total, 1});
+    EXPECT_EQ(csv(), QByteArray("\xEF\xBB\xBF,编号,面积,委托日,备注\r\n"
+                                ",A1,\"1,088.50\",,\r\n,A2,1.00,,\r\n合计,,\"1,089.50\",,\r\n"))
+        << "the label stands among the icons";
     EXPECT_TRUE(sheet().contains(u"number:1089.5"_qs));
     QFile styles(path(u"xl/styles.xml"_qs));
     ASSERT_TRUE(styles.open(QFile::ReadOnly));

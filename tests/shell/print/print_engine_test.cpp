@@ -46,6 +46,7 @@ public:
         return row == subtotal ? CellLook{0x80FFFF, 0x0000FF, true} : CellLook{};
     }
 
+    [[nodiscard]] bool isSum(int row) const override { return row == subtotal; }
     void addColumn(const QString &caption, int width, Alignment alignment = Alignment::Left)
     {
         shown.push_back({caption, width, true, alignment, Alignment::Centre});
@@ -196,11 +197,17 @@ TEST_F(PrintEngineTest, CaptionsAndSumsAreReadWhole)
     grid.shown.back().isWidthSet = false;
     addRows(240);
     grid.subtotal = static_cast<int>(grid.rows.size()) - 1;
-    grid.rows.back() = {QStringLiteral("合计"), {}, {}, {}, QStringLiteral("1234567890.12")};
+    grid.rows.back() = {QStringLiteral("天河区翠堤雅居各房源的小计"),
+                        {},
+                        QStringLiteral("7"),
+                        {},
+                        QStringLiteral("1234567890.12")};
     engine.PrintOut(job(), true);
     for (const QString &page : pagesOfPdf())
         EXPECT_TRUE(page.contains(u'算')) << "the end of the caption";
-    EXPECT_TRUE(pagesOfPdf().last().contains(QStringLiteral("1234567890.12")));
+    for (const QString &part :
+         {QStringLiteral("1234567890.12"), QStringLiteral("天河区翠堤雅居各房源的小计7")})
+        EXPECT_TRUE(pagesOfPdf().last().contains(part)) << part.toStdString();
 }
 
 TEST_F(PrintEngineTest, SubtotalsKeepTheirColoursOnWhitePaper)
