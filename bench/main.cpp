@@ -1,4 +1,5 @@
 #include "benchmarks.h"
+#include "database/private_arguments.h"
 #include "editor_widgets.h"
 
 #include <QCommandLineParser>
@@ -48,7 +49,8 @@ int runCommand(const QString &name, const ebtq::bench::Options &options)
 
 int main(int argc, char **argv)
 {
-    const auto application = ebtq::bench::makeApplication(argc, argv);
+    ebtq::db::PrivateArguments arguments(argc, argv);
+    const auto application = ebtq::bench::makeApplication(arguments.count(), arguments.values());
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Figures as ratios against a baseline of the same run; one JSON line."));

@@ -1,3 +1,4 @@
+#include "database/private_arguments.h"
 #include "shell/guarded_application.h"
 #include "shell/options.h"
 #include "shell/program.h"
@@ -7,7 +8,8 @@
 
 int main(int argc, char **argv)
 {
-    ebtq::shell::GuardedApplication application(argc, argv);
+    ebtq::db::PrivateArguments arguments(argc, argv);
+    ebtq::shell::GuardedApplication application(arguments.count(), arguments.values());
     QCoreApplication::setApplicationName(QStringLiteral("ebtq"));
     QCoreApplication::setApplicationVersion(QStringLiteral(EBTQ_VERSION));
     try {

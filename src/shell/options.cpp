@@ -1,5 +1,6 @@
 #include "shell/options.h"
 
+#include "database/connection.h"
 #include "library/frame/host_contracts.h"
 
 #include <QCommandLineParser>
@@ -51,7 +52,8 @@ Options readOptions(const QStringList &arguments)
     if (!parser.parse(arguments))
         throw Failure(mistakeIn(parser, arguments) + QStringLiteral("\n用 --help 查看各选项。"));
     if (!parser.positionalArguments().isEmpty())
-        throw Failure(QStringLiteral("多余的参数：%1").arg(parser.positionalArguments().constFirst()));
+        throw Failure(QStringLiteral("多余的参数：%1")
+                          .arg(db::Connection::shownLocation(parser.positionalArguments().constFirst())));
     if (parser.isSet(help))
         parser.showHelp();
     if (parser.isSet(version))

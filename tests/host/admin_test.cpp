@@ -250,6 +250,29 @@ TEST_F(AdminTest, ADiskThatFillsLeavesNoFileBehind)
     }
 }
 
+TEST_F(AdminTest, APasswordOnTheCommandLineIsSeenByNobody)
+{
+    const QString url = postgresServer();
+    const QByteArray secret = url.section(u':', 2).section(u'@', 0, 0).toUtf8();
+    const QStringList calls[] = {
+        {QStringLiteral("sql"), QStringLiteral("--batch"), dbOption, url},
+        {QStringLiteral("sql"), QStringLiteral("--db=") + url, QStringLiteral("--batch")}};
+    for (const QStringList &call : calls) {
+        QProcess process;
+        process.start(QString::fromUtf8(EBTQ_ADMIN_PROGRAM), call);
+        process.write("select 1\n");
+        ASSERT_TRUE(process.waitForReadyRead(30000)) << process.readAllStandardError().toStdString();
+        QFile listed(QStringLiteral("/proc/%1/cmdline").arg(process.processId()));
+        ASSERT_TRUE(listed.open(QIODevice::ReadOnly));
+        const QByteArray commandLine = listed.readAll();
+        EXPECT_TRUE(commandLine.contains("postgresql://tester@127.0.0.1")) << commandLine.toStdString();
+        EXPECT_FALSE(commandLine.contains(secret)) << commandLine.toStdString();
+        process.closeWriteChannel();
+        EXPECT_TRUE(process.waitForFinished(30000));
+    }
+    EXPECT_FALSE(run({QStringLiteral("check"), url}).errors.contains(QString::fromUtf8(secret)));
+}
+
 TEST_F(AdminTest, WorksOnAServerAlike)
 {
     const PostgresBase base;

@@ -80,7 +80,7 @@ QString shownUrl(const Options &options)
 
 bool PostgresAddress::isUrl(const QString &location)
 {
-    return location.startsWith(u"postgresql://") || location.startsWith(u"postgres://");
+    return location.contains(u"://");
 }
 
 PostgresAddress::PostgresAddress(const QString &url)

@@ -14,6 +14,7 @@ public:
     /// Throws DatabaseError for a URL that cannot be read; its message shows nothing of the URL.
     explicit PostgresAddress(const QString &url);
 
+    /// True for one of another kind, too: it is refused without being shown, since it may hold a password.
     [[nodiscard]] static bool isUrl(const QString &location);
 
     /// As libpq takes them, ended by nullptr; later ones win.

@@ -1,5 +1,7 @@
 #include "shell/admin/command_line.h"
 
+#include "database/connection.h"
+
 #include <limits>
 
 namespace ebtq::admin {
@@ -43,7 +45,8 @@ CommandLine::CommandLine(const CommandDefinition &command, const QStringList &ar
         throw UsageError(mistakeIn(m_parser, command, arguments));
     const qsizetype allowed = command.argument.isEmpty() ? 0 : 1;
     if (m_parser.positionalArguments().size() > allowed)
-        throw UsageError(QStringLiteral("多余的参数：%1").arg(m_parser.positionalArguments().at(allowed)));
+        throw UsageError(QStringLiteral("多余的参数：%1")
+                             .arg(db::Connection::shownLocation(m_parser.positionalArguments().at(allowed))));
 }
 
 QString CommandLine::requiredText(const QString &option) const
