@@ -48,11 +48,21 @@ constexpr Message messages[] = {
 /// Raised by the dialect's own functions, which speak to the user themselves.
 constexpr char ownState[] = "EB001";
 
-/// What libpq says while there is no connection yet has no code.
+/// What libpq says while there is no connection yet has no code. Of several hosts it says why each was not
+/// taken: the first line that fits one of them is told.
 constexpr Message connectMessages[] = {
     {"password authentication failed", u"用户名或密码不对"},
     {"no password supplied", u"没有提供密码，请写入密码文件（见手册）"},
+    {"root certificate file", u"找不到用来核对服务器证书的文件，请检查 sslrootcert"},
+    {"does not match host name", u"服务器的证书不是给这个主机名的"},
+    {"no encryption", u"服务器只接受加密连接，请检查 sslmode"},
     {"pg_hba.conf", u"服务器不允许从本机以此用户登录"},
+    {"read-only", u"没有可写的服务器，能连上的都只能读"},
+    {"hot standby", u"没有可写的服务器，能连上的都只能读"},
+    {"starting up", u"服务器正在启动，请稍后重试"},
+    {"not yet accepting", u"服务器正在启动，请稍后重试"},
+    {"recovery mode", u"服务器正在启动，请稍后重试"},
+    {"shutting down", u"服务器正在停止，请稍后重试"},
     {"does not exist", u"服务器上没有这个数据库或用户"},
     {"could not translate host name", u"找不到这台主机，请检查主机名和网络"},
     {"timeout expired", u"服务器没有应答，请检查网络"},
@@ -61,17 +71,11 @@ constexpr Message connectMessages[] = {
     {"Network is unreachable", u"网络不通，请检查网络"},
     {"closed the connection", u"服务器断开了连接，请稍后重试"},
     {"refused", u"服务器没有运行，或不接受网络连接"},
-    {"read-only", u"这些服务器都只能读，没有可写的"},
-    {"hot standby", u"这些服务器都只能读，没有可写的"},
     {"too many", u"服务器的连接已满，请稍后重试"},
     {"connection slots", u"服务器的连接已满，请稍后重试"},
     {"not permitted to log in", u"服务器不允许此用户登录"},
     {"permission denied", u"此用户没有连接该数据库的权限"},
-    {"starting up", u"服务器正在启动，请稍后重试"},
-    {"recovery mode", u"服务器正在启动，请稍后重试"},
-    {"not yet accepting", u"服务器正在启动，请稍后重试"},
-    {"shutting down", u"服务器正在停止，请稍后重试"},
-    {"certificate", u"服务器的证书不可信或不相符"},
+    {"certificate", u"服务器的证书不可信"},
     {"SSL", u"无法建立加密连接"},
     {"definition of service", u"没有这个名称的连接服务定义"},
 };

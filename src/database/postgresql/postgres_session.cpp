@@ -25,6 +25,7 @@ const QString transactionLost =
     QStringLiteral("与数据库服务器的连接已断开，尚未提交的事务已丢失，数据没有保存，请重试！");
 const QString outcomeUnknown =
     QStringLiteral("与数据库服务器的连接已断开，不能确定操作是否已完成，请核对后再重试！");
+const QString nothingRead = QStringLiteral("与数据库服务器的连接已断开，没有读到数据，请重试！");
 const QString commitUnknown =
     QStringLiteral("提交时与数据库服务器的连接断开，不能确定数据是否已保存，请核对后再重试！");
 
@@ -147,8 +148,9 @@ bool PostgresSession::isLost() const
 
 /// What the server said while nobody was listening is read first: a connection that it has closed is found
 /// before anything is sent.
-void PostgresSession::requireConnection()
+void PostgresSession::requireConnection(bool isReading)
 {
+    m_isReading = isReading;
     const bool wasInTransaction = inTransaction();
     while (!isLost() && hasInput(handle()) && PQconsumeInput(handle()) == 1)
         PQisBusy(handle()); // takes in what was read; the end of it comes with the next reading
@@ -161,7 +163,7 @@ void PostgresSession::requireConnection()
 
 void PostgresSession::lose() const
 {
-    throw ConnectionLost(m_hadTransaction ? transactionLost : outcomeUnknown);
+    throw ConnectionLost(m_hadTransaction ? transactionLost : m_isReading ? nothingRead : outcomeUnknown);
 }
 
 void PostgresSession::simple(const QByteArray &statement)
@@ -219,7 +221,7 @@ qint64 PostgresSession::run(const QByteArray &statement, const RowTaker &take)
 {
     if (statement.contains('\0'))
         throw DatabaseError(QStringLiteral("内容中有不能保存的字符（NUL），操作未完成！"));
-    requireConnection();
+    requireConnection(static_cast<bool>(take));
     const bool isPipeline = inTransaction();
     if (isPipeline)
         sendWithSavepoint(statement);

@@ -70,7 +70,7 @@ private:
 
     void connect();
     void configure();
-    void requireConnection();
+    void requireConnection(bool isReading = false);
     void beginWith(const QByteArray &statement);
     void simple(const QByteArray &statement);
     void sendAlone(const QByteArray &statement);
@@ -86,6 +86,7 @@ private:
     StatementNames m_names;
     int m_lockTimeout = 5000;
     bool m_hadTransaction = false; ///< when the operation that is at work began
+    bool m_isReading = false;      ///< all that it does
 };
 
 } // namespace ebtq::db

@@ -3,8 +3,7 @@
 #include "database/connection.h"
 #include "support/postgres_base.h"
 
-#include <QFile>
-#include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -65,7 +64,8 @@ TEST(PostgresAddress, RefusesWhatItCannotReadWithoutQuotingIt)
 {
     for (const char *url :
          {"postgresql://wang:s3cret@[::1/office", "postgresql://wang:s3cret@db/office?colour=s3cret",
-          "postgresql://wang:s3cret%zz@db/office", "postgresql://wang:s3cret@db/office?sslmode"}) {
+          "postgresql://wang:s3cret%zz@db/office", "postgresql://wang:s3cret@db/office?sslmode",
+          "postgresq://wang:s3cret@db/office", "POSTGRESQL://wang:s3cret@db/office"}) {
         const std::string message = refusalOf(QString::fromUtf8(url));
         EXPECT_THAT(message, HasSubstr("数据库地址有误")) << url;
         EXPECT_THAT(message, Not(HasSubstr("s3cret"))) << url;
@@ -98,22 +98,64 @@ TEST(PostgresAddress, SaysWhyNoConnectionCameAbout)
     EXPECT_THAT(refusalOf(server + QStringLiteral("?target_session_attrs=standby")), HasSubstr("无法连接"));
 }
 
-TEST(PostgresAddress, TakesThePasswordFromTheFileAndTheNextHostWhenOneIsGone)
+/// A file that only its owner may read, as libpq demands of one with passwords, and the variable that names
+/// it.
+class SecretFile
+{
+public:
+    SecretFile(const char *variable, const QString &text)
+        : m_variable(variable)
+    {
+        m_file.open();
+        m_file.write(text.toUtf8());
+        m_file.close();
+        qputenv(m_variable, m_file.fileName().toUtf8());
+    }
+    SecretFile(const SecretFile &) = delete;
+    SecretFile &operator=(const SecretFile &) = delete;
+    ~SecretFile() { qunsetenv(m_variable); }
+
+private:
+    const char *m_variable;
+    QTemporaryFile m_file;
+};
+
+TEST(PostgresAddress, TakesThePasswordFromTheUsualPlacesAndShowsItNowhere)
 {
     const QString server = ebtq::test::postgresServer();
-    const QString password = server.section(u':', 2).section(u'@', 0, 0);
-    const QString place = server.section(u'@', 1);
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("pass")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("*:*:*:tester:" + password.toUtf8() + '\n');
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    file.close();
-    qputenv("PGPASSFILE", file.fileName().toUtf8());
-    const auto connection = Connection::open(QStringLiteral("postgresql://tester@127.0.0.1:1,") + place);
-    EXPECT_EQ(connection->location(), QStringLiteral("postgresql://tester@127.0.0.1:1,") + place);
-    EXPECT_EQ(connection->queryNative("select 1").cell(0, 0), "1");
-    qunsetenv("PGPASSFILE");
+    const QString real = server.section(u':', 2).section(u'@', 0, 0);
+    const QString place = server.section(u'@', 1).section(u'/', 0, 0);
+    for (const QString &password : {real, QStringLiteral("s3cret"), QStringLiteral("")}) {
+        const QString passwords = QStringLiteral("*:*:*:tester:") + password + u'\n';
+        const QString service =
+            QStringLiteral("[office]\nhost=127.0.0.1\nport=%1\nuser=tester\ndbname=postgres\n%2\n")
+                .arg(place.section(u':', 1),
+                     password.isEmpty() ? QString() : QStringLiteral("password=") + password);
+        struct Case
+        {
+            const char *variable;
+            QString text;
+            QString url;
+        };
+        const QString url = QStringLiteral("postgresql://tester@") + place + QStringLiteral("/postgres");
+        const Case cases[] = {
+            {"PGPASSFILE", passwords, url},
+            {"PGSERVICEFILE", service, QStringLiteral("postgresql:///?service=office")},
+            {"PGSERVICEFILE", {}, url + QStringLiteral("?password=") + password},
+        };
+        for (const Case &each : cases) {
+            const SecretFile file(each.variable, each.text);
+            const std::string outcome = refusalOf(each.url);
+            EXPECT_THAT(outcome, HasSubstr(password == real     ? "opened"
+                                           : password.isEmpty() ? "没有提供密码"
+                                                                : "用户名或密码不对"))
+                << each.url.toStdString();
+            EXPECT_TRUE(password.isEmpty() || !QString::fromStdString(outcome).contains(password));
+        }
+    }
+    const SecretFile file("PGSERVICEFILE", {});
+    EXPECT_THAT(refusalOf(QStringLiteral("postgresql:///?service=none")),
+                HasSubstr("没有这个名称的连接服务"));
 }
 
 } // namespace ebtq::db::test

@@ -1,10 +1,7 @@
-#include "support/postgres_base.h"
-
+#include "database/connection.h"
 #include "database/schema/installer.h"
-
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
+#include "support/postgres_base.h"
+#include "support/postgres_server.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,27 +14,14 @@ namespace {
 
 using ::testing::HasSubstr;
 
-/// A server of its own, to be ended as by a power cut.
 class LossTest : public ::testing::Test
 {
 protected:
-    void SetUp() override
+    LossTest()
+        : m_connection(Connection::open(m_server.url()))
     {
-        start();
-        QFile file(m_folder.filePath(QStringLiteral("server/url")));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        m_url = QString::fromUtf8(file.readAll()).trimmed();
-        m_connection = Connection::open(m_url);
         install(*m_connection);
         execute(u"insert into pdmgy(雇员ID,姓名)values(1,'甲')");
-    }
-    ~LossTest() override { script("stop"); }
-    void start() const { script("start"); }
-    void kill() const { script("kill"); }
-    void restart() const
-    {
-        kill();
-        start();
     }
     void execute(const char16_t *statement) { m_connection->execute(QString::fromUtf16(statement)); }
     [[nodiscard]] int count()
@@ -45,18 +29,8 @@ protected:
         return m_connection->query(QStringLiteral("select count(*) from pdmgy")).value(0, 0).toInt();
     }
 
-    QTemporaryDir m_folder;
-    QString m_url;
+    ebtq::test::PostgresServer m_server;
     std::unique_ptr<Connection> m_connection;
-
-private:
-    void script(const char *action) const
-    {
-        ASSERT_EQ(
-            QProcess::execute(QStringLiteral(EBTQ_POSTGRES_SCRIPT),
-                              {QString::fromLatin1(action), m_folder.filePath(QStringLiteral("server"))}),
-            0);
-    }
 };
 
 std::string messageOf(const std::function<void()> &run)
@@ -73,18 +47,17 @@ std::string messageOf(const std::function<void()> &run)
 
 TEST_F(LossTest, AServerThatWentAwayIsSaidAndFoundAgain)
 {
-    kill();
+    m_server.kill();
     for (int time = 0; time < 2; ++time) {
         const std::string message = messageOf([&] { (void)count(); });
         EXPECT_THAT(message, HasSubstr("无法连接数据库服务器"));
         EXPECT_THAT(message, HasSubstr("服务器没有运行"));
-        EXPECT_THAT(message, Not(HasSubstr(m_url.section(u':', 2).section(u'@', 0, 0).toStdString())))
-            << "the password was shown";
+        EXPECT_THAT(message, Not(HasSubstr(m_server.password().toStdString()))) << "the password was shown";
     }
     EXPECT_FALSE(m_connection->inTransaction());
-    start();
+    m_server.start();
     EXPECT_EQ(count(), 1);
-    restart();
+    m_server.restart();
     execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')");
     EXPECT_EQ(count(), 2) << "what nobody noticed needs no message";
 }
@@ -102,7 +75,7 @@ TEST_F(LossTest, ATransactionIsLostWithItsServer)
     for (const Act &act : next) {
         m_connection->begin();
         execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')");
-        restart();
+        m_server.restart();
         EXPECT_TRUE(m_connection->inTransaction()) << "nobody can know yet";
         EXPECT_THAT(messageOf(act), HasSubstr("事务已丢失"));
         EXPECT_FALSE(m_connection->inTransaction());
@@ -143,6 +116,8 @@ TEST_F(LossTest, WhatMayHaveBeenDoneIsNotDoneAgain)
     const auto insert = [&] { execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')"); };
     EXPECT_THAT(messageOf(insert), HasSubstr("不能确定操作是否已完成"));
     EXPECT_EQ(count(), 1);
+    EXPECT_THAT(messageOf([&] { (void)m_connection->queryNative("select ebtq.end_all()"); }),
+                HasSubstr("没有读到数据"));
     m_connection->begin();
     EXPECT_THAT(messageOf(insert), HasSubstr("事务已丢失"));
     EXPECT_FALSE(m_connection->inTransaction());
