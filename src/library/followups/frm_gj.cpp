@@ -3,7 +3,6 @@
 #include "database/values/date_text.h"
 #include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
-#include "library/frame/guid_text.h"
 #include "library/frame/inline_list.h"
 #include "library/frame/null_conv.h"
 
@@ -218,10 +217,15 @@ bool FrmGj::DoSave()
 bool FrmGj::save()
 {
     const bool isNew = m_id.isEmpty();
-    // Empty when no key could be made, which is told by then: what was typed is saved all the same.
-    const QString id = isNew ? NewGuidText(desktop()) : m_id;
-    if (!execute(isNew ? insertStatement(id) : updateStatement()))
+    const std::optional<QVariant> tried = triedValue(u"fygj", u"跟进ID", u"跟进ID");
+    if (!tried)
         return false;
+    // Without a key, which is told by then, what was typed is saved all the same.
+    const QString id = isNew ? newKey() : m_id;
+    // One that an attempt before has written after all, its answer lost, is written over.
+    if (!execute(isNew && !tried->isValid() ? insertStatement(id) : updateStatement(id)))
+        return false;
+    forgetKey();
     Q_EMIT ReturnData(id, isNew);
     return true;
 }
@@ -263,7 +267,7 @@ SqlText FrmGj::insertStatement(const QString &id) const
     return SqlText(columns) + literals + QStringLiteral(")");
 }
 
-SqlText FrmGj::updateStatement() const
+SqlText FrmGj::updateStatement(const QString &id) const
 {
     SqlText sql(QStringLiteral("update fygj set "));
     QStringView comma;
@@ -276,7 +280,7 @@ SqlText FrmGj::updateStatement() const
         sql += literal(value);
         comma = u",";
     }
-    return sql + QStringLiteral(" where 跟进ID=") + between(u"'", m_id);
+    return sql + QStringLiteral(" where 跟进ID=") + between(u"'", id);
 }
 
 } // namespace ebtq

@@ -55,7 +55,7 @@ private:
     bool save();
     [[nodiscard]] SqlText literal(const FollowUpValue &value) const;
     [[nodiscard]] SqlText insertStatement(const QString &id) const;
-    [[nodiscard]] SqlText updateStatement() const;
+    [[nodiscard]] SqlText updateStatement(const QString &id) const;
 
     Label &m_contentsLabel;
     TextBox &m_contents;

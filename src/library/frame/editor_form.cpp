@@ -4,6 +4,7 @@
 #include "library/controls/text_box.h"
 #include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
+#include "library/frame/guid_text.h"
 #include "library/frame/null_conv.h"
 
 #include <algorithm>
@@ -102,6 +103,7 @@ void EditorForm::saveAndClose()
 
 void EditorForm::reset()
 {
+    forgetKey();
     emptyFields();
     for (const auto &control : controls()) {
         control->setVisible(true);
@@ -241,10 +243,33 @@ std::unique_ptr<Recordset> EditorForm::rowsOf(const SqlText &sql)
 bool EditorForm::execute(const SqlText &sql)
 {
     app().Db().CreateQuery(sql, 1)->Execute();
+    return hasSucceeded();
+}
+
+bool EditorForm::hasSucceeded()
+{
     const QString error = app().Db().LastError().Description;
     if (!error.isEmpty())
         refuse(error);
     return error.isEmpty();
+}
+
+QString EditorForm::newKey()
+{
+    if (m_triedKey.isEmpty())
+        m_triedKey = NewGuidText(desktop());
+    return m_triedKey;
+}
+
+std::optional<QVariant> EditorForm::triedValue(QStringView table, QStringView keyColumn, QStringView column)
+{
+    if (m_triedKey.isEmpty())
+        return QVariant();
+    SqlText sql(QStringLiteral("select %1 from %2 where %3='").arg(column, table, keyColumn));
+    sql += typed(m_triedKey);
+    sql += QStringView(u"'");
+    const QVariant value = app().Db().CreateQuery(sql, 1)->Scalar();
+    return hasSucceeded() ? std::optional(value) : std::nullopt;
 }
 
 void EditorForm::refuse(const QString &message)

@@ -8,6 +8,7 @@
 
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace ebtq {
@@ -75,6 +76,16 @@ protected:
     [[nodiscard]] std::unique_ptr<Recordset> rowsOf(const SqlText &sql);
     /// Runs the statement of a save; false when it failed, which is told by then.
     bool execute(const SqlText &sql);
+
+    /// The key of a new row. A save that failed may have come through all the same, when the connection broke
+    /// before the answer was there; so it is kept for the next attempt, which must not write the row twice,
+    /// until forgetKey. Empty when no key could be made, which is told by then.
+    [[nodiscard]] QString newKey();
+    void forgetKey() { m_triedKey.clear(); }
+    /// What a column of the row holds that an attempt before this one has written after all; invalid when
+    /// there is no such row. Nothing when that cannot be found out, which is told by then.
+    [[nodiscard]] std::optional<QVariant> triedValue(QStringView table, QStringView keyColumn,
+                                                     QStringView column);
     void refuse(const QString &message);
     [[nodiscard]] static QString messageTitle();
 
@@ -86,12 +97,14 @@ private:
     void saveAndClose();
     /// The tag of an event of the array of fields.
     [[nodiscard]] QString tag(QStringView event) const;
+    bool hasSucceeded();
 
     QString m_fieldsName;
     std::vector<qzTxt_S *> m_fields;
     std::vector<Button *> m_buttons;
     int m_chosenField = -1;
     std::shared_ptr<const PickedRow> m_chosenRow;
+    QString m_triedKey; ///< of the new row that could not be saved yet
 };
 
 } // namespace ebtq

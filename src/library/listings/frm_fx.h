@@ -71,7 +71,7 @@ private:
     [[nodiscard]] QString held(const ListingValue &value) const;
     [[nodiscard]] SqlText literal(const ListingValue &value, const QString &number) const;
     [[nodiscard]] SqlText insertStatement(const QString &id, const QString &number) const;
-    [[nodiscard]] SqlText updateStatement(const QString &number) const;
+    [[nodiscard]] SqlText updateStatement(const QString &id, const QString &number) const;
 
     // Fields
     void fieldChanged(int number);

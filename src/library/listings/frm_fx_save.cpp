@@ -1,6 +1,5 @@
 #include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
-#include "library/frame/guid_text.h"
 #include "library/listings/frm_fx.h"
 #include "library/listings/frm_fx_fields.h"
 
@@ -41,17 +40,23 @@ bool FrmFx::DoSave()
     return trapped(u"-->DoSave::", [this] { return DoCheck() && save(); });
 }
 
+/// A new listing that an attempt before has written after all, its answer lost, is written over under the
+/// number that it has got.
 bool FrmFx::save()
 {
-    const std::optional<QString> number = billNumber();
+    const bool isNew = m_id.isEmpty();
+    const std::optional<QVariant> tried = triedValue(u"fyxx", u"房源ID", numberColumn);
+    if (!tried)
+        return false;
+    const std::optional<QString> number = tried->isValid() ? tried->toString() : billNumber();
     if (!number)
         return false;
-    const bool isNew = m_id.isEmpty();
-    // Empty when no key could be made, which is told by then: what was typed is saved all the same.
-    const QString id = isNew ? NewGuidText(desktop()) : m_id;
-    const SqlText sql = isNew ? insertStatement(id, *number) : updateStatement(*number);
-    if (!execute(sql))
+    // Without a key, which is told by then, what was typed is saved all the same.
+    const QString id = isNew ? newKey() : m_id;
+    const bool isInserted = isNew && !tried->isValid();
+    if (!execute(isInserted ? insertStatement(id, *number) : updateStatement(id, *number)))
         return false;
+    forgetKey();
     Q_EMIT ReturnData(id, isNew);
     if (!isNew)
         return true;
@@ -122,7 +127,7 @@ SqlText FrmFx::insertStatement(const QString &id, const QString &number) const
     return SqlText(columns) + values + QStringLiteral(")");
 }
 
-SqlText FrmFx::updateStatement(const QString &number) const
+SqlText FrmFx::updateStatement(const QString &id, const QString &number) const
 {
     SqlText sql(QStringLiteral("update fyxx set "));
     QStringView comma;
@@ -136,7 +141,7 @@ SqlText FrmFx::updateStatement(const QString &number) const
         comma = u",";
     }
     sql += QStringView(u" where 房源ID='");
-    sql += typed(m_id);
+    sql += typed(id);
     sql += QStringView(u"'");
     return sql;
 }

@@ -1,0 +1,127 @@
+#include "library/followups/frm_gj.h"
+#include "library/listings/frm_fx_fixture.h"
+#include "support/postgres_server.h"
+
+#include <QDeadlineTimer>
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+using namespace ebtq;
+using ebtq::test::FrmFxTest;
+using ebtq::test::PostgresServer;
+using ::testing::HasSubstr;
+
+namespace {
+
+struct OwnServer
+{
+    PostgresServer server;
+};
+
+/// A save reaches the disk, and the connection breaks before the server's answer: the server is made to wait
+/// for a standby that is not there, and is ended while it waits.
+class LostAnswerTest : private OwnServer, public FrmFxTest
+{
+protected:
+    LostAnswerTest()
+        : FrmFxTest(server.url())
+    {
+        connection->executeNative(
+            "create function ebtq.wait_for_standby() returns trigger language plpgsql as"
+            " $$begin perform set_config('synchronous_commit','on',true); return new; end$$;"
+            "create trigger t before insert on fyxx for each row execute function ebtq.wait_for_standby();"
+            "create trigger t before insert on fygj for each row execute function ebtq.wait_for_standby();"
+            "alter role tester set synchronous_commit='local'");
+        connection->executeNative("alter system set synchronous_standby_names='nobody'");
+        server.restart();
+    }
+    /// The first insert that somebody waits for gets no answer.
+    void loseAnswerOf(const std::function<void()> &saving) const
+    {
+        const auto administrator = db::Connection::open(server.url());
+        std::thread ending([&] {
+            const QDeadlineTimer deadline(20000);
+            while (!deadline.hasExpired() &&
+                   administrator
+                           ->queryNative("select pg_terminate_backend(pid) from pg_stat_activity"
+                                         " where wait_event='SyncRep'")
+                           .rowCount() == 0)
+                std::this_thread::yield();
+        });
+        saving();
+        ending.join();
+    }
+    /// Nobody waits any more.
+    void mendServer() const
+    {
+        server.start();
+        db::Connection::open(server.url())->executeNative("alter system reset synchronous_standby_names");
+        server.restart();
+    }
+    void kill() const { server.kill(); }
+    std::string onlyMessage()
+    {
+        const QStringList told = asked();
+        EXPECT_EQ(told.size(), 1) << told.join(u'\n').toStdString();
+        return told.value(0).toStdString();
+    }
+};
+
+/// The parameter: whether the save has come through.
+class LostListingTest : public LostAnswerTest, public ::testing::WithParamInterface<bool>
+{};
+
+TEST_P(LostListingTest, IsWrittenOnceWhenItIsSavedAgain)
+{
+    open({}, [&] {
+        fill(form, required);
+        form.qzFcTxt(8).setText(u"1201"_qs);
+        loseAnswerOf([&] { save(Desktop::Answer::Ok); });
+        EXPECT_THAT(onlyMessage(), HasSubstr("不能确定操作是否已完成，请核对后再重试"));
+        EXPECT_EQ(text(8), u"1201");
+        EXPECT_EQ(events, QStringList());
+        ASSERT_EQ(stored(u"房号"_qs), u"1201");
+        const QString number = stored(u"房源编号"_qs);
+        if (!GetParam())
+            connection->execute(u"delete from fyxx"_qs);
+
+        kill();
+        save(Desktop::Answer::Ok);
+        EXPECT_THAT(onlyMessage(), HasSubstr("无法连接数据库服务器"));
+        mendServer();
+        form.qzFcTxt(8).setText(u"1202"_qs);
+        save(Desktop::Answer::No);
+        EXPECT_THAT(onlyMessage(), HasSubstr("是否继续新建"));
+        EXPECT_EQ(stored(u"房号"_qs), u"1202") << "one row, with what was typed last";
+        EXPECT_EQ(stored(u"房源编号"_qs) == number, GetParam());
+        EXPECT_EQ(stored(u"房源ID"_qs), saved);
+    });
+    EXPECT_EQ(events, u"new closed"_qs.split(u' '));
+}
+
+INSTANTIATE_TEST_SUITE_P(Saves, LostListingTest, ::testing::Bool(), [](const auto &cameThrough) {
+    return cameThrough.param ? "CameThrough" : "GotLost";
+});
+
+TEST_F(LostAnswerTest, AFollowUpIsWrittenOnce)
+{
+    FrmGj followUp(desktop);
+    desktop.willShow([&](QObject &) {
+        followUp.Txt().setText(u"来电"_qs);
+        desktop.willAnswer(Desktop::Answer::Ok);
+        loseAnswerOf([&] { followUp.Cmd(0).press(); });
+        EXPECT_THAT(onlyMessage(), HasSubstr("不能确定操作是否已完成"));
+        kill();
+        mendServer();
+        followUp.Txt().setText(u"又来电"_qs);
+        followUp.Cmd(0).press();
+    });
+    followUp.py_Init(app, u"L1"_qs, {}, false);
+    const RowBlock kept = rows(u"select 跟进内容,用户ID from fygj"_qs);
+    ASSERT_EQ(kept.rowCount(), 1);
+    EXPECT_EQ(kept.value(0, 0).toString() + kept.value(0, 1).toString(), u"又来电U1");
+}
+
+} // namespace
