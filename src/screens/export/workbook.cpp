@@ -180,7 +180,8 @@ void Workbook::addCell(const ShownGrid &table, int row, int column)
     const Place place{static_cast<lxw_row_t>(row + 1), static_cast<lxw_col_t>(column)};
     const ColumnType type = table.type(column);
     const PrintedGrid::CellLook look = table.look(row, column);
-    if (type == ColumnType::Integer || type == ColumnType::Number) {
+    // A sum of prices with their unit, which are texts, is a number.
+    if (type == ColumnType::Integer || type == ColumnType::Number || table.isSum(row)) {
         if (const auto number = numberIn(table.stored(row, column)))
             return check(worksheet_write_number(m_sheet, place.row, place.column, *number,
                                                 format(Kind::Number, look)));

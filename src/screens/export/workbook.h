@@ -4,9 +4,9 @@
 
 namespace ebtq {
 
-/// An XLSX workbook with one sheet of captions and rows: numbers as numbers, dates as dates, everything else
-/// as text, so that nothing in it is ever a formula. Numbers of more than 15 digits, which a spreadsheet
-/// would round or does not know, and dates before 1901, which it does not know either, stay texts. The
+/// An XLSX workbook with one sheet of captions and rows: numbers and sums as numbers, dates as dates,
+/// everything else as text, so that nothing in it is ever a formula. Numbers of more than 15 digits, which a
+/// spreadsheet would round, those that it does not know, and dates before 1901 stay texts. The
 /// heading row is bold, stays in sight and filters; rows keep the colours of the list.
 ///
 /// The file is there whole or as it was before; false when `progress` stopped it. Throws Failure when it

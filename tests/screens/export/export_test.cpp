@@ -170,19 +170,24 @@ TEST_F(ExportTest, FilesHoldWhatIsSeenAndNothingElse)
 
 TEST_F(ExportTest, SubtotalsAndFormatsGoOutAsTheyAreSeen)
 {
-    load({{"A1", "1088.5", "", ""}, {"A2", "1", "", ""}});
+    load({{"A1", "1088.5", "", "10万元"}, {"A2", "1", "", "5.5万元"}});
     grid.setColFormat(2, u"#,##0.00"_qs);
     const Subtotal total{.totalColumn = 2, .backColor = 0xFFFF80, .foreColor = 0x80, .caption = u"合计"_qs};
-    grid.addSubtotals({&total, 1});
-    EXPECT_EQ(csv(), QByteArray("\xEF\xBB\xBF编号,面积,委托日,备注\r\n"
-                                "A1,\"1,088.50\",,\r\nA2,1.00,,\r\n合计,\"1,089.50\",,\r\n"));
+    Subtotal ofTexts = total;
+    ofTexts.totalColumn = 4;
+    const Subtotal totals[] = {total, ofTexts};
+    grid.addSubtotals(totals);
+    EXPECT_EQ(csv(),
+              QByteArray("\xEF\xBB\xBF编号,面积,委托日,备注\r\n"
+                         "A1,\"1,088.50\",,10万元\r\nA2,1.00,,5.5万元\r\n合计,\"1,089.50\",,15.5\r\n"));
     grid.clearSubtotals();
     grid.setFixedCols(0);
-    grid.addSubtotals({&total, 1});
-    EXPECT_EQ(csv(), QByteArray("\xEF\xBB\xBF,编号,面积,委托日,备注\r\n"
-                                ",A1,\"1,088.50\",,\r\n,A2,1.00,,\r\n合计,,\"1,089.50\",,\r\n"))
+    grid.addSubtotals(totals);
+    EXPECT_EQ(csv(),
+              QByteArray("\xEF\xBB\xBF,编号,面积,委托日,备注\r\n"
+                         ",A1,\"1,088.50\",,10万元\r\n,A2,1.00,,5.5万元\r\n合计,,\"1,089.50\",,15.5\r\n"))
         << "the label stands among the icons";
-    EXPECT_TRUE(sheet().contains(u"number:1089.5"_qs));
+    EXPECT_TRUE(sheet().contains(u"text:5.5万元|text:合计|number:1089.5|number:15.5"_qs));
     QFile styles(path(u"xl/styles.xml"_qs));
     ASSERT_TRUE(styles.open(QFile::ReadOnly));
     const QByteArray text = styles.readAll();
