@@ -95,7 +95,7 @@ TEST(Loss, AConnectionThatCouldNotBeSetUpIsNotUsed)
         " language plpgsql as $$begin raise 'no memory'; end$$;"
         "do $$begin execute format('alter database %I set search_path=broken,pg_catalog',current_database());"
         " end$$;"
-        "select pg_terminate_backend(pid) from pg_stat_activity"
+        "select pg_terminate_backend(pid,10000) from pg_stat_activity"
         " where datname=current_database() and pid<>pg_backend_pid()");
     const auto read = [&] { (void)connection->query(QStringLiteral("select 姓名 from pdmgy")); };
     for (int time = 0; time < 2; ++time)
