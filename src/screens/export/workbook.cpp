@@ -52,6 +52,15 @@ QString fitForXml(QString text)
     return text;
 }
 
+/// Where the file lies that a link leads to: the link is to stay one.
+QString placeOf(const QString &path)
+{
+    const QFileInfo file(path);
+    if (file.exists() && !file.isWritable())
+        throw Failure(notWritten(path, QStringLiteral("文件是只读的")));
+    return file.exists() ? file.canonicalFilePath() : path;
+}
+
 /// The number of a colour with red in the lowest byte, red first.
 lxw_color_t redFirst(int color)
 {
@@ -102,10 +111,10 @@ private:
 /// Temporary parts lie beside the file: when that disk is full, writing the workbook itself fails too, and
 /// visibly.
 Workbook::Workbook(const QString &path)
-    : m_path(path)
+    : m_path(placeOf(path))
     , m_part(QFile::encodeName(
-          QStringLiteral("%1.%2.part").arg(path, QUuid::createUuid().toString(QUuid::Id128))))
-    , m_folder(QFile::encodeName(QFileInfo(path).absolutePath()))
+          QStringLiteral("%1.%2.part").arg(m_path, QUuid::createUuid().toString(QUuid::Id128))))
+    , m_folder(QFile::encodeName(QFileInfo(m_path).absolutePath()))
 {
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;

@@ -253,6 +253,12 @@ TEST_F(ExportTest, AFailureLeavesTheOldFileAndNothingBesideIt)
         ASSERT_TRUE(old.open(QFile::ReadOnly));
         EXPECT_EQ(old.readAll(), QByteArray("old"));
         EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"old"_qs});
+        const QString link = folder.path() + u".link"_qs;
+        ASSERT_TRUE(QFile::link(target, link));
+        EXPECT_TRUE(write(shown(), link, {}));
+        EXPECT_TRUE(QFileInfo(link).isSymLink() && QFileInfo(target).size() > 3)
+            << "written through the link";
+        QFile::remove(link);
     }
     load({{"A1", "88.5", "", std::string(40'000, 'x')}});
     EXPECT_TRUE(failureOf(&writeWorkbook, path(u"long"_qs)).contains(u"“备注”"_qs));
