@@ -89,16 +89,6 @@ TEST(MouseWheelTest, TurnsStayWithinTheEnds)
     EXPECT_EQ(values, QList<int>({4, 4, 2, 1, 4, 1}));
 }
 
-TEST(SearchBoxTest, SearchesTheColumnsInSight)
-{
-    VSFlexGrid grid(u"VS"_qs);
-    grid.setFormatString(u" |编号|城区|键"_qs);
-    grid.setColHidden(3, true);
-    SearchBox box(u"SearchBox1"_qs);
-    box.bindColumns(grid);
-    EXPECT_EQ(box.columns(), QList<int>({0, 1, 2}));
-}
-
 TEST(SearchBoxTest, EmptyingClearsAndEnterSearchesAtOnce)
 {
     SearchBox box(u"SearchBox1"_qs);

@@ -160,13 +160,6 @@ TEST_F(GridTest, PicturesGoWithTheirRow)
     EXPECT_EQ(grid.CellPictureAlignment(3, 0), VSFlexGrid::AlignRight);
     EXPECT_EQ(grid.CellPicture(2, 0), QString());
     grid.setCellPicture(1, 0, u"tag"_qs);
-    grid.setCellPicture(1, 0, {});
-    EXPECT_EQ(grid.CellPicture(1, 0), QString());
-    grid.RemoveItem(3);
-    grid.setRows(grid.Rows() + 1);
-    for (int row = 1; row < grid.Rows(); ++row)
-        EXPECT_EQ(grid.CellPicture(row, 0), QString()) << row;
-    grid.setCellPicture(1, 0, u"tag"_qs);
     grid.LoadArray(blockOf(2, threeRows));
     EXPECT_EQ(grid.CellPicture(1, 0), QString());
     EXPECT_EQ(grid.CellPicture(0, 0), u"header"_qs);
@@ -222,20 +215,6 @@ TEST_F(GridTest, BytesCountTheRowsAndNotTheirCells)
     EXPECT_GE(grid.byteSize(), loaded + 3000);
     grid.setRows(1);
     EXPECT_LT(grid.byteSize(), 4096U);
-}
-
-TEST_F(GridTest, ViewReportsBecomeEvents)
-{
-    QString seen;
-    QObject::connect(&grid, &VSFlexGrid::MouseDown, [&](short &button, short &shift, float &x, float &y) {
-        seen += u"%1 %2 %3 %4;"_qs.arg(button).arg(shift).arg(x).arg(y);
-    });
-    QObject::connect(&grid, &VSFlexGrid::DblClick, [&] { seen += u"double;"_qs; });
-    QObject::connect(&grid, &VSFlexGrid::GotFocus, [&] { seen += u"focus"_qs; });
-    grid.reportMouseDown(2, 1, 10.5F, 20);
-    grid.reportDoubleClick();
-    grid.reportFocus();
-    EXPECT_EQ(seen, u"2 1 10.5 20;double;focus"_qs);
 }
 
 } // namespace

@@ -55,35 +55,38 @@ TEST_F(SubtotalTest, SumsEachGroupInTheRowsThatItsColumnShares)
         SubtotalPosition position;
         QStringList expected; ///< the sums, with the number of the row in front
     };
+    const auto inFirstColumn = [](int total) {
+        return Subtotal{.groupColumn = District,
+                        .totalColumn = total,
+                        .caption = u"%s小计"_qs,
+                        .matchFrom = 0,
+                        .totalOnly = true};
+    };
+    const auto of = [](int group, int total) {
+        return Subtotal{.groupColumn = group, .totalColumn = total, .caption = u"%s小计"_qs};
+    };
+    Subtotal overTwo = of(Building, Area);
+    overTwo.matchFrom = District;
     const Case cases[] = {
         {"one group, two sums",
-         {{.groupColumn = District,
-           .totalColumn = Area,
-           .caption = u"%s小计"_qs,
-           .matchFrom = 0,
-           .totalOnly = true},
-          {.groupColumn = District,
-           .totalColumn = Price,
-           .caption = u"%s小计"_qs,
-           .matchFrom = 0,
-           .totalOnly = true}},
+         {inFirstColumn(Area), inFirstColumn(Price)},
          SubtotalPosition::Below,
          {u"4*天河小计||80.8|93"_qs, u"6*海珠小计||0|1000"_qs}},
         {"groups within groups, and all rows",
-         {{.groupColumn = District, .totalColumn = Price, .caption = u"%s小计"_qs},
-          {.groupColumn = Building, .totalColumn = Price, .caption = u"%s小计"_qs},
+         {of(District, Price),
+          of(Building, Price),
           {.totalColumn = Price, .format = u"#,##0.00"_qs, .caption = u"合计"_qs}},
          SubtotalPosition::Below,
          {u"3*天河|甲小计||100"_qs, u"5*天河|乙小计||-7"_qs, u"6*天河小计|||93"_qs, u"8*海珠|乙小计||1000"_qs,
           u"9*海珠小计|||1000"_qs, u"10*合计|||1,093.00"_qs}},
         {"above",
-         {{.groupColumn = District, .totalColumn = Area, .caption = u"%s"_qs}},
+         {of(District, Area)},
          SubtotalPosition::Above,
-         {u"1*天河||80.8|"_qs, u"5*海珠||0|"_qs}},
+         {u"1*天河小计||80.8|"_qs, u"5*海珠小计||0|"_qs}},
         {"a group that reaches over two columns",
-         {{.groupColumn = Building, .totalColumn = Area, .caption = u"%s"_qs, .matchFrom = District}},
+         {overTwo},
          SubtotalPosition::Below,
-         {u"3*|甲|80.6|"_qs, u"5*|乙|0.2|"_qs, u"7*|乙|0|"_qs}},
+         {u"3*|甲小计|80.6|"_qs, u"5*|乙小计|0.2|"_qs, u"7*|乙小计|0|"_qs}},
     };
     for (const Case &given : cases) {
         SCOPED_TRACE(given.what);

@@ -61,30 +61,18 @@ TEST_F(GridLayoutTest, AFirstStartWritesTheShapeThatTheScreenWasBuiltWith)
     restore(true);
     EXPECT_FALSE(QFile::exists(file)) << "widths alone write nothing";
     restore();
-    const std::pair<QString, QString> cases[] = {
-        {u"VsIsHidden VsCol1"_qs, u"2"_qs},
-        {u"VsIsHidden VsCol2"_qs, u"1"_qs},
-        {u"VsColWidth VsCol1"_qs, QString::number(grid.ColWidth(1))},
-        {u"VsColWidth VsCol2"_qs, u"-"_qs},
-        {u"VsIsColMerge VsCol0"_qs, u"2"_qs},
-        {u"VsColDataType VsCol0"_qs, u"0"_qs},
-        {u"VsColFormat VsCol0"_qs, u""_qs},
-        {u"VsColAlignment VsCol0"_qs, u"9"_qs},
-        {u"VsIsSort VsCol0"_qs, u"-"_qs},
-        {u"VsColFormat_Xs VsCol0"_qs, u"-"_qs},
-        {u"VsColValDataType VsCol0"_qs, u"-"_qs},
-        {u"VsIsGroupOn VsCol0"_qs, u"-"_qs},
-        {u"VsIsTotalOn VsCol0"_qs, u"-"_qs},
-        {u"VsColPosition VsCol0"_qs, u"-"_qs},
-        {u"Vs VsRowHeight"_qs, u"28"_qs},
-        {u"Vs VsFixedRowHeight"_qs, u"28"_qs},
-        {u"Vs VsFixedCols"_qs, u"0"_qs},
-        {u"Vs VsGridColor"_qs, QString::number(0xF0F0F0)},
-        {u"Vs VsWordWrap"_qs, u"2"_qs},
-        {u"Vs VsTotalSave"_qs, u"-"_qs},
-    };
-    for (const auto &[key, value] : cases)
-        EXPECT_EQ(kept(key.section(u' ', 0, 0), key.section(u' ', 1)), value) << key.toStdString();
+    const QString written =
+        u"VsIsHidden VsCol1 2,VsIsHidden VsCol2 1,VsColWidth VsCol1 %1,VsColWidth VsCol2 -,VsIsColMerge "
+        u"VsCol0 2,"
+        u"VsColDataType VsCol0 0,VsColFormat VsCol0 ,VsColAlignment VsCol0 9,VsIsSort VsCol0 -,"
+        u"VsColFormat_Xs VsCol0 -,VsColValDataType VsCol0 -,VsIsGroupOn VsCol0 -,VsIsTotalOn VsCol0 -,"
+        u"VsColPosition VsCol0 -,Vs VsRowHeight 28,Vs VsFixedRowHeight 28,Vs VsFixedCols 0,Vs VsGridColor %2,"
+        u"Vs VsWordWrap 2,Vs VsTotalSave -"_qs.arg(grid.ColWidth(1))
+            .arg(0xF0F0F0);
+    for (const QString &each : written.split(u',')) {
+        const QStringList entry = each.split(u' ');
+        EXPECT_EQ(kept(entry[0], entry[1]), entry[2]) << each.toStdString();
+    }
 }
 
 TEST_F(GridLayoutTest, EveryKeyComesBack)
@@ -147,48 +135,24 @@ TEST_F(GridLayoutTest, AShownColumnHasItsFormerWidthAgain)
 
 TEST_F(GridLayoutTest, FormatsTakeTheirDigitsFromTheFileOrTheAgency)
 {
-    struct Case
-    {
-        int type;
-        QString format;
-        QString digits; ///< VsColFormat_Xs
-        int kind;       ///< VsColValDataType
-        QString expected;
-    };
-    const Case cases[] = {
-        {0, u" #,##0.00 "_qs, {}, 0, u"#,##0.00"_qs},
-        {0, u"#,##0.00"_qs, u"3"_qs, 1, u"#,###.###"_qs},
-        {5, u"#,##0.00"_qs, u"0"_qs, 0, u"#,###"_qs},
-        {0, u"#,##0"_qs, u" 2 "_qs, 0, u"#,##0.##"_qs},
-        {0, u".00"_qs, u"1"_qs, 0, u"#.#"_qs},
-        {0, u"0.0"_qs, u"-4"_qs, 0, u"#"_qs},
-        {0, u"0.0"_qs, u"99999999999"_qs, 0, u"#.###############"_qs},
-        {0, u""_qs, u"3"_qs, 1, u""_qs},
-        // the keys of the parameters are 7 8 9 12 10 13 11 14, and each has 6 less for its digits
-        {0, u"0.0"_qs, {}, 1, u"#.#"_qs},
-        {0, u"0.0"_qs, {}, 2, u"#.##"_qs},
-        {0, u"0.0"_qs, {}, 3, u"#.###"_qs},
-        {0, u"0.0"_qs, {}, 4, u"#.######"_qs},
-        {0, u"0.0"_qs, {}, 5, u"#.####"_qs},
-        {0, u"0.0"_qs, {}, 6, u"#.#######"_qs},
-        {0, u"0.0"_qs, {}, 7, u"#.#####"_qs},
-        {0, u"0.0"_qs, {}, 8, u"#.########"_qs},
-        {0, u"0.0"_qs, {}, 9, u"0.0"_qs},
-        {0, u"0.0"_qs, {}, -1, u"0.0"_qs},
-        {8, u" 0.0 "_qs, u"3"_qs, 1, u"0.0"_qs},
-        {8, u"#,###.00"_qs, {}, 0, u""_qs},
-        {7, u"yyyy-mm"_qs, {}, 0, u"yyyy-mm"_qs},
-    };
+    // The column's kind, its format, VsColFormat_Xs, VsColValDataType and what comes of them. The keys of the
+    // parameters are 7 8 9 12 10 13 11 14, and each has 6 less for its digits.
+    const QString cases =
+        u"0; #,##0.00 ;;0;#,##0.00|0;#,##0.00;3;1;#,###.###|5;#,##0.00;0;0;#,###|"
+        u"0;#,##0; 2 ;0;#,##0.##|0;.00;1;0;#.#|0;0.0;-4;0;#|0;0.0;99999999999;0;#.###############|"
+        u"0;;3;1;|0;0.0;;1;#.#|0;0.0;;2;#.##|0;0.0;;3;#.###|0;0.0;;4;#.######|0;0.0;;5;#.####|"
+        u"0;0.0;;6;#.#######|0;0.0;;7;#.#####|0;0.0;;8;#.########|0;0.0;;9;0.0|0;0.0;;-1;0.0|"
+        u"8; 0.0 ;3;1;0.0|8;#,###.00;;0;|7;yyyy-mm;;0;yyyy-mm"_qs;
     for (int key = 7; key <= 14; ++key)
         host::setParameter(*connection, {}, 12, QString::number(key), QString::number(key - 6));
-    for (const Case &given : cases) {
-        SCOPED_TRACE(testing::Message() << given.format.toStdString() << ' ' << given.kind);
-        put(u"VsColDataType"_qs, u"VsCol3"_qs, QString::number(given.type));
-        put(u"VsColFormat"_qs, u"VsCol3"_qs, given.format);
-        put(u"VsColFormat_Xs"_qs, u"VsCol3"_qs, given.digits);
-        put(u"VsColValDataType"_qs, u"VsCol3"_qs, QString::number(given.kind));
+    const QString sections[] = {u"VsColDataType"_qs, u"VsColFormat"_qs, u"VsColFormat_Xs"_qs,
+                                u"VsColValDataType"_qs};
+    for (const QString &each : cases.split(u'|')) {
+        const QStringList c = each.split(u';');
+        for (int at = 0; at < 4; ++at)
+            put(sections[at], u"VsCol3"_qs, c[at]);
         restore();
-        EXPECT_EQ(grid.ColFormat(3), given.expected);
+        EXPECT_EQ(grid.ColFormat(3), c[4]) << each.toStdString();
     }
     connection->executeNative("drop table host_parameters");
     put(u"VsColDataType"_qs, u"VsCol3"_qs, u"0"_qs);
@@ -277,23 +241,18 @@ TEST_F(GridLayoutTest, DamagedNumbersLeaveAScreenThatCanBeUsed)
 
 TEST(ColorParts, SplitsPlainAndSystemColours)
 {
-    struct Case
-    {
-        int color;
-        int red;
-        int green;
-        int blue;
-    };
-    for (const Case &given :
-         {Case{0x123456, 0x56, 0x34, 0x12}, Case{128, 128, 0, 0}, Case{-2147483633, 240, 240, 240},
-          Case{static_cast<int>(0x80000005U), 255, 255, 255}, Case{-1, 0, 0, 0},
-          Case{0x7F0000FF, 255, 0, 0}}) {
+    using Parts = std::tuple<int, int, int>;
+    for (const auto &[color, parts] : {std::pair(0x123456, Parts(0x56, 0x34, 0x12)),
+                                       {128, Parts(128, 0, 0)},
+                                       {-2147483633, Parts(240, 240, 240)},
+                                       {static_cast<int>(0x80000005U), Parts(255, 255, 255)},
+                                       {-1, Parts(0, 0, 0)},
+                                       {0x7F0000FF, Parts(255, 0, 0)}}) {
         int red = -1;
         int green = -1;
         int blue = -1;
-        ColorParts(given.color, red, green, blue);
-        EXPECT_EQ(std::tuple(red, green, blue), std::tuple(given.red, given.green, given.blue))
-            << given.color;
+        ColorParts(color, red, green, blue);
+        EXPECT_EQ(Parts(red, green, blue), parts) << color;
     }
 }
 

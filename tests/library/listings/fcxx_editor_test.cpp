@@ -1,4 +1,5 @@
 #include "library/listings/fcxx_editor_fixture.h"
+#include "library/listings/fcxx_list.h"
 
 using namespace ebtq;
 using ebtq::test::FcxxEditorTest;
@@ -24,16 +25,11 @@ TEST_F(FcxxEditorTest, ANewListingStandsOnTop)
               u"|FY2026110004|出售|有效|海珠区|江南里|B座|1802|18/33|车位|3房0厅0卫0阳台|128.5|||"
               u"586万元|0元/月|2026-11-22|营业一部|");
     EXPECT_EQ(cell(2, 1), u"FY2026110003");
-    EXPECT_EQ(
-        app.statements.last(),
-        u"select '',房源编号,交易方式  as 交易,交易状态 as 状态,地区 as 城区,楼盘字典,栋座位置 as 栋座,房号,"
-        u"楼层 & '/' & 总楼层 as 楼层1, 附属房,房型_房 & '房' & 房型_厅 & '厅' & 房型_卫 & '卫' & 房型_阳台 "
-        u"&'阳台' as 房型,总面积 as 面积,朝向,装修,售房价格 & '万元' as 售总价,租房价格 & '元/月' as 租总价,"
-        u"委托日期 as 委托日,C.mtname as 部门,D.姓名 as 业务员,房源ID,(select count(rowindex) from pubAttach "
-        u"where isActive=1 and isPicture<>1 and progID=101 and ids=A.房源ID) as 附件 from ((fyxx A left join "
-        u"su_membership B on A.用户ID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID) left join "
-        u"pdmgy D on A.业务员ID=D.雇员ID where 房源ID='"_qs +
-            cell(1, 19) + u'\'');
+    const QString statement =
+        listingStatement(101, SqlText(u" where 房源ID='%1'"_qs.arg(cell(1, 19)))).text();
+    EXPECT_EQ(app.statements.last(), QString(statement)
+                                         .replace(u"& 总楼层,"_qs, u"& 总楼层 as 楼层1,"_qs)
+                                         .remove(u" order by 房源编号 desc"_qs));
 }
 
 TEST_F(FcxxEditorTest, AnEditRewritesItsRowAndLeavesTheAttachmentsAlone)

@@ -8,52 +8,45 @@ namespace {
 class FcxxLookupTest : public FcxxTest
 {
 protected:
-    void SetUp() override
-    {
-        init();
-        QObject::connect(&list.qzTxt(3), &qzTxt_S::checkFailed,
-                         [this](const QString &text) { refused = text; });
-    }
-    QString refused;
+    void SetUp() override { init(); }
 };
 
-TEST_F(FcxxLookupTest, FieldsAreSetUpForTheirLookUp)
+TEST_F(FcxxLookupTest, ListsAreTheHosts)
 {
+    // The row to choose, what may be typed for it, value and text. Of a house type the numbers are its name.
     struct Case
     {
         int number;
         QString caption;
-        int helpType;
-        QString helpCode;
-        QString valueColumn;
-        QString textColumn;
-        QString statement;
+        QString row;
+        QStringList typed;
+        QString found;
     };
     const Case cases[] = {
-        {0, u"城区"_qs, qzTxt_S::Custom, {}, {}, {}, {}},
-        {1, u"房型"_qs, qzTxt_S::HostList, u"gy_fxrpt"_qs, u"房型编号"_qs, u"房型名称"_qs,
-         u"select 房型编号,房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & 阳台数 as "
-         u"房型名称,房间数,客厅数,卫生间数,阳台数 from "
-         u"pdmfx where (房型编号='@' or 房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & 阳台数='@')"_qs},
-        {3, u"状态"_qs, qzTxt_S::HostList, u"gy_sjzd_zt"_qs, u"代码"_qs, u"名称"_qs,
-         u"select 代码,名称 from pdmsjzd where 类型='交易状态' and (代码='@' or 名称='@')"_qs},
-        {4, u"部门"_qs, qzTxt_S::HostList, u"sy_usertype"_qs, u"mtID"_qs, u"mtName"_qs,
-         u"select mtcode,mtName,mtID from su_usertype where mtcode='@' or mtname='@'"_qs},
-        {5, u"经纪人"_qs, qzTxt_S::Custom, {}, {}, {}, {}},
-        {7, u"楼盘"_qs, qzTxt_S::Custom, {}, {}, {}, {}},
+        {1, u"房型"_qs, u"F1"_qs, {u"f1"_qs, u"3-2-2-1"_qs}, u"F1|3-2-2-1"_qs},
+        {3, u"状态"_qs, u"01"_qs, {u"01"_qs, u"有效"_qs}, u"01|有效"_qs},
+        {4, u"部门"_qs, u"01"_qs, {u"01"_qs, u"营业一部"_qs}, u"1|营业一部"_qs},
     };
     for (const Case &c : cases) {
-        const qzTxt_S &field = list.qzTxt(c.number);
-        EXPECT_EQ(field.Index(), c.number);
+        qzTxt_S &field = list.qzTxt(c.number);
+        const auto found = [&] { return field.Value().toString() + u'|' + field.Text(); };
         EXPECT_EQ(field.Caption(), c.caption);
-        EXPECT_EQ(field.error_message(), c.caption + u"输入有误，请重新输入！"_qs);
-        EXPECT_TRUE(field.help_flag() && field.help_menuflag());
-        EXPECT_EQ(field.judge_type(), qzTxt_S::JudgeStatement);
-        EXPECT_EQ(field.help_type(), c.helpType) << c.number;
-        EXPECT_EQ(field.help_code(), c.helpCode);
-        EXPECT_EQ(field.text_field_code(), c.valueColumn);
-        EXPECT_EQ(field.text_field_name(), c.textColumn);
-        EXPECT_EQ(field.judge_base(), c.statement) << c.number;
+        EXPECT_TRUE(field.help_menuflag());
+        panels.willChoose(c.row);
+        field.requestHelp(5, 6);
+        EXPECT_EQ(found(), c.found);
+        for (const QString &text : c.typed) {
+            field.type(text);
+            EXPECT_TRUE(field.check());
+            EXPECT_EQ(found(), c.found) << text.toStdString();
+        }
+        field.type(u"乱"_qs);
+        QString refused;
+        QObject::connect(&field, &qzTxt_S::checkFailed, [&](const QString &text) { refused = text; });
+        EXPECT_FALSE(field.check());
+        EXPECT_EQ(refused, c.caption + u"输入有误，请重新输入！"_qs);
+        EXPECT_EQ(field.Text(), u"乱"_qs);
+        QObject::disconnect(&field, &qzTxt_S::checkFailed, nullptr, nullptr);
     }
     EXPECT_THROW((void)list.qzTxt(2), Failure);
     EXPECT_EQ(list.Chk(1).Caption(), u"出租"_qs);
@@ -74,6 +67,7 @@ TEST_F(FcxxLookupTest, PickersAreAskedWithTheirParameters)
         field.setText(u"旧"_qs);
         script = {};
         field.requestHelp(30, 40);
+        EXPECT_EQ(field.error_message(), field.Caption() + u"输入有误，请重新输入！"_qs);
         EXPECT_EQ(field.Text() + script.textBefore, u"旧旧"_qs) << "left without a choice it changes nothing";
         script.value = 17;
         script.text = u"新"_qs;
@@ -92,24 +86,9 @@ TEST_F(FcxxLookupTest, PickersAreAskedWithTheirParameters)
         EXPECT_FALSE(field.check());
         EXPECT_EQ(script.asked.size(), 3);
     }
+    EXPECT_EQ(list.qzTxt(0).Caption() + list.qzTxt(5).Caption() + list.qzTxt(7).Caption(),
+              u"城区经纪人楼盘"_qs);
     EXPECT_EQ(events, QStringList());
-}
-
-TEST_F(FcxxLookupTest, ListsAreTheHosts)
-{
-    qzTxt_S &field = list.qzTxt(3);
-    for (const bool byList : {true, false}) {
-        field.setText({});
-        if (byList)
-            panels.willChoose(u"01"_qs);
-        byList ? field.requestHelp(5, 6) : field.type(u"01"_qs);
-        EXPECT_TRUE(field.check());
-        EXPECT_EQ(field.Text() + field.Value().toString(), u"有效01"_qs);
-    }
-    field.type(u"乱"_qs);
-    EXPECT_FALSE(field.check());
-    EXPECT_EQ(refused, u"状态输入有误，请重新输入！"_qs);
-    EXPECT_EQ(field.Text(), u"乱"_qs);
 }
 
 TEST_F(FcxxLookupTest, LookUpsReleaseTheDatabaseAndTrapFailures)

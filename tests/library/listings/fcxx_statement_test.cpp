@@ -83,46 +83,26 @@ TEST(ListingFilterTest, ClausesByTable)
             typedTexts.append(where.text().mid(span.begin, span.length));
         EXPECT_EQ(typedTexts, c.typedTexts) << c.where.toStdString();
     }
-}
-
-TEST(ListingFilterTest, AKeyThatIsNoNumberIsRefused)
-{
-    const ListingFilter filter{.agent = u"张敏"_qs, .agentKey = HUGE_VAL};
-    EXPECT_THROW((void)listingWhere(filter, today), Failure);
+    EXPECT_THROW((void)listingWhere({.agent = u"张敏"_qs, .agentKey = HUGE_VAL}, today), Failure);
 }
 
 TEST(ListingFilterTest, WindowsOfTime)
 {
-    struct Case
-    {
-        QString text;
-        QDate day;
-        QString date; // empty: no clause
+    const auto clause = [](const QString &window, const QDate &day) {
+        return listingWhere({.window = window}, day).text();
     };
-    const QDate leapDay(2024, 2, 29);
-    const QDate endOfMay(2026, 5, 31);
-    const Case cases[] = {
-        {u"三天内"_qs, today, u"2026-11-19"_qs},
-        {u"七天内"_qs, today, u"2026-11-15"_qs},
-        {u" 十天内"_qs, today, u"2026-11-12"_qs},
-        {u"十五天内"_qs, today, u"2026-11-7"_qs},
-        {u"一个月内"_qs, today, u"2026-10-22"_qs},
-        {u"三个月内"_qs, today, u"2026-8-22"_qs},
-        {u"半年内"_qs, today, u"2026-5-22"_qs},
-        {u"一年内"_qs, today, u"2025-11-22"_qs},
-        {u"一年内"_qs, leapDay, u"2023-2-28"_qs},
-        {u"三个月内"_qs, endOfMay, u"2026-2-28"_qs},
-        {u"三天内"_qs, QDate(2026, 1, 2), u"2025-12-30"_qs},
-        {u"十天内"_qs, today, {}},
-        {u"十五月内"_qs, today, {}},
-        {u"全部"_qs, today, {}},
-        {u"三天内 "_qs, today, {}},
-        {u"昨天"_qs, today, {}},
-    };
-    for (const Case &c : cases) {
-        const QString expected = c.date.isEmpty() ? QString() : u" where 操作日期>#%1#"_qs.arg(c.date);
-        EXPECT_EQ(listingWhere({.window = c.text}, c.day).text(), expected) << c.text.toStdString();
+    // The window, the day and the date that rows must be behind.
+    const char16_t *const cases[] = {
+        u"三天内,2026-11-22,2026-11-19",  u"七天内,2026-11-22,2026-11-15",   u" 十天内,2026-11-22,2026-11-12",
+        u"十五天内,2026-11-22,2026-11-7", u"一个月内,2026-11-22,2026-10-22", u"三个月内,2026-11-22,2026-8-22",
+        u"半年内,2026-11-22,2026-5-22",   u"一年内,2026-11-22,2025-11-22",   u"一年内,2024-02-29,2023-2-28",
+        u"三个月内,2026-05-31,2026-2-28", u"三天内,2026-01-02,2025-12-30"};
+    for (const char16_t *each : cases) {
+        const QStringList c = QString::fromUtf16(each).split(u',');
+        EXPECT_EQ(clause(c[0], QDate::fromString(c[1], Qt::ISODate)), u" where 操作日期>#%1#"_qs.arg(c[2]));
     }
+    for (const char16_t *none : {u"十天内", u"十五月内", u"全部", u"三天内 ", u"昨天"})
+        EXPECT_EQ(clause(QString::fromUtf16(none), today), QString());
     EXPECT_EQ(listingWindowCaptions().join(u'|'),
               u"三天内|七天内|十天内|十五月内|一个月内|三个月内|半年内|一年内|全部"_qs);
 }
