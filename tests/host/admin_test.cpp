@@ -254,15 +254,13 @@ TEST_F(AdminTest, APasswordOnTheCommandLineIsSeenByNobody)
 {
     const QString url = postgresServer();
     const QByteArray secret = url.section(u':', 2).section(u'@', 0, 0).toUtf8();
-    const QStringList calls[] = {
-        {QStringLiteral("sql"), QStringLiteral("--batch"), dbOption, url},
-        {QStringLiteral("sql"), QStringLiteral("--db=") + url, QStringLiteral("--batch")}};
-    for (const QStringList &call : calls) {
+    for (const QStringList &call : {QStringList({u"sql"_qs, u"--batch"_qs, u"--db"_qs, url}),
+                                    QStringList({u"sql"_qs, u"--db="_qs + url, u"--batch"_qs})}) {
         QProcess process;
-        process.start(QString::fromUtf8(EBTQ_ADMIN_PROGRAM), call);
+        process.start(u"" EBTQ_ADMIN_PROGRAM ""_qs, call);
         process.write("select 1\n");
         ASSERT_TRUE(process.waitForReadyRead(30000)) << process.readAllStandardError().toStdString();
-        QFile listed(QStringLiteral("/proc/%1/cmdline").arg(process.processId()));
+        QFile listed(u"/proc/%1/cmdline"_qs.arg(process.processId()));
         ASSERT_TRUE(listed.open(QIODevice::ReadOnly));
         const QByteArray commandLine = listed.readAll();
         EXPECT_TRUE(commandLine.contains("postgresql://tester@127.0.0.1")) << commandLine.toStdString();
@@ -270,7 +268,7 @@ TEST_F(AdminTest, APasswordOnTheCommandLineIsSeenByNobody)
         process.closeWriteChannel();
         EXPECT_TRUE(process.waitForFinished(30000));
     }
-    EXPECT_FALSE(run({QStringLiteral("check"), url}).errors.contains(QString::fromUtf8(secret)));
+    EXPECT_FALSE(run(u"check"_qs, {url}).errors.contains(QString::fromUtf8(secret)));
 }
 
 TEST_F(AdminTest, WorksOnAServerAlike)
