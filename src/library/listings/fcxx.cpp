@@ -280,15 +280,23 @@ void Fcxx::notePlace()
 /// that new listings are seen.
 void Fcxx::returnToPlace()
 {
-    const std::string listing = m_place.listing.toStdString();
-    int row = m_grid.FixedRows();
-    while (row < m_grid.Rows() && m_grid.cell(row, ListingKey) != listing)
-        ++row;
-    if (listing.empty() || row == m_grid.Rows())
+    const int row = rowOf(m_place.listing);
+    if (row < 0)
         return;
     if (m_place.isScrolled)
         m_grid.setTopRow(row - m_place.rowsBelowTop);
     m_grid.setRow(row);
+}
+
+/// The first row of a listing; -1 when there is none.
+int Fcxx::rowOf(const QString &listing) const
+{
+    const std::string key = listing.toStdString();
+    for (int row = m_grid.FixedRows(); !key.empty() && row < m_grid.Rows(); ++row) {
+        if (m_grid.cell(row, ListingKey) == key)
+            return row;
+    }
+    return -1;
 }
 
 ListingFilter Fcxx::filter()

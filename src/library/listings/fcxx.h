@@ -116,6 +116,8 @@ private:
     void show(Recordset &rows);
     void notePlace();
     void returnToPlace();
+    [[nodiscard]] int rowOf(const QString &listing) const;
+    [[nodiscard]] int rowToRewrite(const QString &listing) const;
     void showAttachmentIcons();
     void setWheelRange();
     /// False when it looked for a row and there is none.

@@ -108,11 +108,22 @@ void Fcxx::mFrmFx_ReturnData(const QString &psID, bool pbNew)
             m_grid.setRow(m_grid.FixedRows());
             setWheelRange();
         }
-        if (!showSavedRow(psID, m_grid.Row()))
+        if (!showSavedRow(psID, pbNew ? m_grid.Row() : rowToRewrite(psID)))
             return false;
         showDetailOfNumber();
         return true;
     });
+}
+
+/// The current row. A search that was still to come when the editor was opened can have moved it since; then
+/// the row of the saved listing, not that of another one.
+int Fcxx::rowToRewrite(const QString &listing) const
+{
+    const int current = m_grid.Row();
+    if (m_grid.TextMatrix(current, ListingKey) == listing)
+        return current;
+    const int own = rowOf(listing);
+    return own < 0 ? current : own;
 }
 
 /// The key is a GUID and its leading number no listing's key, so the tabs show nothing new until the row

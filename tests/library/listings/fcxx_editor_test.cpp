@@ -47,6 +47,21 @@ TEST_F(FcxxEditorTest, AnEditRewritesItsRowAndLeavesTheAttachmentsAlone)
     EXPECT_EQ(cell(1, 5) + cell(3, 5), u"翠堤雅居翠堤雅居");
 }
 
+TEST_F(FcxxEditorTest, AnEditRewritesItsRowAlsoWhenASearchHasMovedOn)
+{
+    list.VS().setRow(2);
+    expectEditor([&] {
+        list.SearchBox1().setText(u"FY2026110001"_qs);
+        list.SearchBox1().searchNow();
+        EXPECT_EQ(list.VS().Row(), 3);
+        editor().qzFcTxt(6).setText(u"西湖名苑"_qs);
+        editor().Cmd(0).press();
+    });
+    list.NavToolbar1().press(u"edit"_qs);
+    EXPECT_EQ(cell(1, 5) + cell(2, 5) + cell(3, 5), u"翠堤雅居西湖名苑翠堤雅居");
+    EXPECT_EQ(cell(2, 1) + cell(3, 1), u"FY2026110002FY2026110001");
+}
+
 TEST_F(FcxxEditorTest, ADoubleClickHidesTheOwnerFromWhoMayNotEdit)
 {
     for (const bool allowed : {true, false}) {
