@@ -143,15 +143,19 @@ void FcxxView::addWindow(FlowLayout &row, QWidget *parent)
     row.addLayout(captioned(caption, view));
 }
 
+/// Both ticks in one item: where the row folds, they are read together.
 void FcxxView::addKinds(FlowLayout &row, QWidget *parent)
 {
+    auto *pair = new QHBoxLayout;
+    pair->setSpacing(row.spacing());
     for (const auto &[number, letter] : {std::pair(0, u'S'), std::pair(1, u'Z')}) {
         CheckBox &box = m_module.Chk(number);
         auto *view = new CheckBoxView(box, parent, letter);
         connect(view, &QCheckBox::clicked, this, &FcxxView::refresh);
         connect(&box, &CheckBox::Click, this, &FcxxView::followKind);
-        row.addWidget(view);
+        pair->addWidget(view);
     }
+    row.addLayout(pair);
 }
 
 void FcxxView::addSearch(FlowLayout &row, QWidget *parent)
