@@ -3,6 +3,7 @@
 #include "library/frame/host_contracts.h"
 #include "screens/frame/form_dialog.h"
 #include "screens/frame/view_registry.h"
+#include "screens/look/look.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -12,6 +13,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
 #include <QTemporaryFile>
 #include <QUrl>
 #include <QUuid>
@@ -21,18 +23,25 @@ namespace ebtq {
 
 namespace {
 
-QMessageBox::Icon iconOf(Desktop::Icon icon)
+/// The program's own drawings: they follow the colours in force, also where no icons are installed.
+QIcon iconOf(Desktop::Icon icon)
 {
     switch (icon) {
     case Desktop::Icon::Question:
-        return QMessageBox::Question;
+        return look::icon(QStringLiteral("dialog-question"), &look::Tokens::brand);
     case Desktop::Icon::Exclamation:
-        return QMessageBox::Warning;
+        return look::icon(QStringLiteral("dialog-warning"), &look::Tokens::salePrice);
     case Desktop::Icon::Critical:
-        return QMessageBox::Critical;
+        return look::icon(QStringLiteral("dialog-error"), &look::Tokens::danger);
     default:
-        return QMessageBox::Information;
+        return look::icon(QStringLiteral("dialog-information"), &look::Tokens::brand);
     }
+}
+
+void showIcon(QMessageBox &box, Desktop::Icon icon)
+{
+    const int extent = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);
+    box.setIconPixmap(iconOf(icon).pixmap(QSize(extent, extent), box.devicePixelRatioF()));
 }
 
 QString chooseFile(QFileDialog &dialog, const QString &acceptText)
@@ -53,7 +62,8 @@ QtDesktop::QtDesktop(const ViewRegistry &views)
 
 Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons)
 {
-    QMessageBox box(iconOf(icon), title, text, QMessageBox::NoButton, QApplication::activeWindow());
+    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, QApplication::activeWindow());
+    showIcon(box, icon);
     box.setTextFormat(Qt::PlainText);
     if (buttons == Buttons::Ok) {
         box.setDefaultButton(box.addButton(QStringLiteral("确定(&O)"), QMessageBox::AcceptRole));

@@ -88,7 +88,7 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
             EXPECT_EQ(box->text(), u"是否删除 <b>'1'</b>?"_qs);
             EXPECT_EQ(box->textFormat(), Qt::PlainText) << "a value is no markup";
             EXPECT_EQ(box->windowTitle(), u"提示:"_qs);
-            EXPECT_EQ(box->icon(), QMessageBox::Question);
+            EXPECT_FALSE(box->iconPixmap().isNull());
             answer(window);
         });
         EXPECT_EQ(
