@@ -256,9 +256,9 @@ void Fcxx::show(Recordset &rows)
     if (!(rows.Bof() && rows.Eof())) {
         m_grid.LoadArray(rows.GetRows());
         showAttachmentIcons();
-        returnToPlace();
     }
     Q_EMIT RefreshGetGridStatus();
+    returnToPlace();
     setWheelRange();
     Q_EMIT Message(QStringLiteral("共加载%1条记录").arg(m_grid.Rows() - 1));
     search(m_searchBox.Text());
@@ -277,12 +277,13 @@ void Fcxx::notePlace()
 }
 
 /// An agent who refreshes all day goes on at the same listing. A list that stood at its top stays there, so
-/// that new listings are seen.
+/// that new listings are seen. Without a place the first row is current in the order that the layout has
+/// given the list.
 void Fcxx::returnToPlace()
 {
     const int row = rowOf(m_place.listing);
     if (row < 0)
-        return;
+        return m_grid.setRow(m_grid.FixedRows());
     if (m_place.isScrolled)
         m_grid.setTopRow(row - m_place.rowsBelowTop);
     m_grid.setRow(row);
