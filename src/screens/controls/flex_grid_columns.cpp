@@ -132,7 +132,7 @@ void FlexGridColumns::fit()
         m_neededWidths.push_back(neededWidth(column));
 }
 
-/// The label of a sum runs on into the empty cells beside it and needs no room of its own.
+/// The last row, too: the sum of all is the longest number of its column.
 int FlexGridColumns::neededWidth(int column) const
 {
     int width =
@@ -140,13 +140,17 @@ int FlexGridColumns::neededWidth(int column) const
     width += width / 10; // the header is bold
     if (m_model.headerData(column, Qt::Horizontal, Qt::DecorationRole).isValid())
         width = std::max(width, FlexGridDelegate::pictureSize);
-    const int rows = std::min(m_model.rowCount(), measuredRows);
-    for (int row = 0; row < rows; ++row) {
-        const QModelIndex cell = m_model.index(row, column);
-        if (!cell.data(FlexGridModel::IsSubtotal).toBool())
-            width = std::max(width, m_view.fontMetrics().horizontalAdvance(cell.data().toString()));
-    }
-    return std::min(width + 2 * FlexGridDelegate::padding + 2, qRound(widestFit * scale()));
+    width += 2 * FlexGridDelegate::padding + 2;
+    const int rows = m_model.rowCount();
+    const auto measure = [&](int row) {
+        width =
+            std::max(width, FlexGridDelegate::neededWidth(m_model.index(row, column), m_view.fontMetrics()));
+    };
+    for (int row = 0; row < std::min(rows, measuredRows); ++row)
+        measure(row);
+    if (rows > 0)
+        measure(rows - 1);
+    return std::min(width, qRound(widestFit * scale()));
 }
 
 // What a person does

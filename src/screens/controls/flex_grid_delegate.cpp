@@ -40,6 +40,13 @@ bool isEmpty(const QModelIndex &index)
     return textOf(index).isEmpty() && !index.data(Qt::DecorationRole).isValid();
 }
 
+/// In a row with sums all but the sums themselves is label.
+bool isLabel(const QModelIndex &index)
+{
+    return index.data(FlexGridModel::IsSubtotal).toBool() &&
+           !(across(index) & Qt::AlignRight && !isEmpty(index));
+}
+
 /// A given colour, moved towards the usual one while it cannot be told from its ground.
 QColor readable(const QColor &color, const QColor &ground)
 {
@@ -65,7 +72,7 @@ QColor FlexGridDelegate::background(const QModelIndex &index, bool isSelected) c
         return tokens.brandSoft;
     if (const QVariant given = index.data(Qt::BackgroundRole); given.isValid())
         return given.value<QColor>();
-    return m_striped && index.row() % 2 == 1 ? tokens.zebra : tokens.card;
+    return m_striped && index.row() % 2 == 1 && !isMerged(index) ? tokens.zebra : tokens.card;
 }
 
 /// A ground that was given is light, whatever the scheme.
@@ -89,8 +96,7 @@ void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     painter->fillRect(option.rect, background(index, option.state.testFlag(QStyle::State_Selected)));
     paintLines(painter, option.rect, index, *view);
     paintPicture(painter, option.rect, index);
-    if (index.data(FlexGridModel::IsSubtotal).toBool() &&
-        !(across(index) & Qt::AlignRight && !isEmpty(index)))
+    if (isLabel(index))
         paintLabel(painter, option, index, *view);
     else if (const QString text = textOf(index); !text.isEmpty())
         paintText(painter, option, index, text, mergedPlace(option.rect, index, *view));
@@ -115,6 +121,11 @@ bool FlexGridDelegate::isMergedWith(const QModelIndex &index, int row) const
         return false;
     const QString text = textOf(index);
     return !text.isEmpty() && textOf(index.siblingAtRow(row)) == text;
+}
+
+bool FlexGridDelegate::isMerged(const QModelIndex &index) const
+{
+    return isMergedWith(index, index.row() - 1) || isMergedWith(index, index.row() + 1);
 }
 
 QRect FlexGridDelegate::mergedPlace(const QRect &cell, const QModelIndex &index, const QTableView &view) const
@@ -166,6 +177,17 @@ void FlexGridDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &
     painter->setPen(ink(index, text, ground));
     painter->drawText(inner, across(index) | (m_wraps ? Qt::TextWordWrap : Qt::TextSingleLine),
                       m_wraps ? text : QFontMetrics(font).elidedText(text, Qt::ElideRight, inner.width()));
+}
+
+int FlexGridDelegate::neededWidth(const QModelIndex &index, const QFontMetrics &metrics)
+{
+    constexpr int edges = 2 * padding + 2;
+    return isLabel(index) ? 0 : metrics.horizontalAdvance(textOf(index)) + edges;
+}
+
+QSize FlexGridDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    return {neededWidth(index, option.fontMetrics), QStyledItemDelegate::sizeHint(option, index).height()};
 }
 
 bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,

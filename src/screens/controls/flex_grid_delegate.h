@@ -42,6 +42,11 @@ public:
     /// The whole text of a cell that is too narrow for it; any other cell leaves the tip to the grid.
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
+    /// So that a double click on a column's edge fits the column to what the cells need.
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    /// What a cell needs for its text with the space beside it. The label of a sum runs on into the empty
+    /// cells beside it and needs no room of its own.
+    [[nodiscard]] static int neededWidth(const QModelIndex &index, const QFontMetrics &metrics);
     /// Space at each side of a cell's text, in pixels.
     static constexpr int padding = 6;
     static constexpr int pictureSize = 16;
@@ -57,6 +62,8 @@ private:
     void paintLabel(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
                     const QTableView &view) const;
     [[nodiscard]] bool isMergedWith(const QModelIndex &index, int row) const;
+    /// Whether it is a part of what looks like one cell, which has one ground.
+    [[nodiscard]] bool isMerged(const QModelIndex &index) const;
     /// The place of all neighbours in sight that look like one cell with this one.
     [[nodiscard]] QRect mergedPlace(const QRect &cell, const QModelIndex &index,
                                     const QTableView &view) const;

@@ -453,6 +453,19 @@ TEST_F(FlexGridViewTest, SumsShowTheirColoursFormatsAndWholeLabel)
     grid.setTextMatrix(4, 1, u"6"_qs);
     EXPECT_TRUE(isPainted(4, 1, QColor(rgb(128))));
     EXPECT_FALSE(isPainted(4, 2, QColor(rgb(128)))) << "a number ends the label";
+    const auto need = [&](const QString &text) { return view.fontMetrics().horizontalAdvance(text) + 12; };
+    view.resizeColumnToContents(2);
+    EXPECT_GE(view.columnWidth(2), need(QStringLiteral("586万元"))) << "the text with the space around it";
+    view.resizeColumnToContents(0);
+    EXPECT_LT(view.columnWidth(0), need(wanted[0].caption)) << "a label needs no room of its own";
+    view.resize(160, 300); // no room to share
+    grid.setColAlignment(1, VSFlexGrid::AlignRight);
+    grid.setRows(1);
+    grid.LoadArray(numbered(100));
+    const Subtotal large[] = {{.totalColumn = 1, .format = QStringLiteral("0.") + QString(24, u'0')}};
+    grid.setColFormat(1, {});
+    grid.addSubtotals(large);
+    EXPECT_GE(view.columnWidth(1), need(grid.TextMatrix(101, 1))) << "the sum of all, far below";
 }
 
 TEST_F(FlexGridViewTest, EqualNeighboursOfAMergedColumnLookLikeOneCell)
@@ -467,6 +480,8 @@ TEST_F(FlexGridViewTest, EqualNeighboursOfAMergedColumnLookLikeOneCell)
     EXPECT_NE(lineBelow(2), line);
     EXPECT_NE(lineBelow(3), line);
     EXPECT_EQ(lineBelow(4), line);
+    EXPECT_EQ(pixel(2, 1, {1, 1}), pixel(3, 1, {1, 1})) << "without stripes";
+    EXPECT_NE(pixel(2, 2, {1, 1}), pixel(3, 2, {1, 1}));
     EXPECT_FALSE(isPainted(2, 1, look::tokens().ink)) << "the text stands in the middle of the three";
     EXPECT_TRUE(isPainted(3, 1, look::tokens().ink));
     grid.setTopRow(3);
