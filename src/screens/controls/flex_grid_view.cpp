@@ -106,7 +106,8 @@ void FlexGridView::followLook()
     viewport()->update();
 }
 
-/// No row is lower than its text. A header that nobody has set is as high as its style makes it.
+/// No row is lower than its text. A header that nobody has set is as high as its style makes it; without a
+/// column in sight it keeps its place, since its menu is the way back.
 void FlexGridView::followHeights()
 {
     const int lowest = fontMetrics().height() + spaceAroundText;
@@ -114,7 +115,7 @@ void FlexGridView::followHeights()
         std::max(qRound(m_grid.RowHeight(m_grid.FixedRows()) * scale()), lowest));
     const int header = m_grid.FixedRows() > 0 ? m_grid.RowHeight(0) : VSFlexGrid::usualRowHeight;
     if (header == VSFlexGrid::usualRowHeight) {
-        horizontalHeader()->setMinimumHeight(0);
+        horizontalHeader()->setMinimumHeight(lowest);
         horizontalHeader()->setMaximumHeight(QWIDGETSIZE_MAX);
     } else {
         horizontalHeader()->setFixedHeight(std::max(qRound(header * scale()), lowest));
@@ -326,11 +327,21 @@ void FlexGridView::wheelEvent(QWheelEvent *event)
 void FlexGridView::paintEvent(QPaintEvent *event)
 {
     QTableView::paintEvent(event);
-    if (m_emptyHint.isEmpty() || m_model->rowCount() > 0)
+    const QString text = hint();
+    if (text.isEmpty())
         return;
     QPainter painter(viewport());
     painter.setPen(look::tokens().muted);
-    painter.drawText(viewport()->rect(), Qt::AlignCenter, m_emptyHint);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, text);
+}
+
+/// A layout file can hide every column, which the header's menu does not.
+QString FlexGridView::hint() const
+{
+    const QHeaderView &header = *horizontalHeader();
+    if (header.count() > 0 && header.hiddenSectionCount() == header.count())
+        return QStringLiteral("所有列都已隐藏，请在标题栏上按右键选择要显示的列");
+    return m_model->rowCount() == 0 ? m_emptyHint : QString();
 }
 
 void FlexGridView::changeEvent(QEvent *event)

@@ -62,6 +62,8 @@ private:
     [[nodiscard]] bool isCurrentSeen() const;
     void followTopRow();
     void reportTopRow(int position);
+    /// What is told instead of rows; empty for nothing.
+    [[nodiscard]] QString hint() const;
     void reportPress(const QMouseEvent &press, QPointF place);
     [[nodiscard]] double scale() const { return logicalDpiX() / 96.0; }
 

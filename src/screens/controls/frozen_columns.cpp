@@ -8,6 +8,13 @@
 
 namespace ebtq {
 
+namespace {
+
+/// For the columns that do scroll, in pixels.
+constexpr int leastRoom = 80;
+
+} // namespace
+
 FrozenColumns::FrozenColumns(QTableView &list)
     : QTableView(&list)
     , m_list(list)
@@ -47,7 +54,7 @@ int FrozenColumns::frozenWidth() const
     int width = 0;
     for (int place = 0; place < std::min(m_count, m_list.horizontalHeader()->count()); ++place)
         width += m_list.columnWidth(m_list.horizontalHeader()->logicalIndex(place));
-    return width;
+    return width + leastRoom <= m_list.viewport()->width() ? width : 0;
 }
 
 void FrozenColumns::follow()

@@ -19,7 +19,7 @@ public:
     [[nodiscard]] int count() const { return m_count; }
     /// Takes over the list's columns, place and scrolling.
     void follow();
-    /// Width of the columns that stay, shown or not.
+    /// Width of the columns that stay, shown or not; 0 when they would leave too little of the others.
     [[nodiscard]] int frozenWidth() const;
 
 protected:

@@ -567,6 +567,11 @@ TEST_F(FlexGridViewTest, WhatAPersonDoesToColumnsGoesToTheGridOnce)
     EXPECT_EQ(grid.columnOrder(), std::vector<int>({0, 1, 2, 3}));
     EXPECT_TRUE(view.isColumnHidden(3));
     EXPECT_EQ(changed.size(), 6);
+    for (int column = 0; column < grid.Cols(); ++column)
+        grid.setColWidth(column, 0);
+    QApplication::processEvents();
+    EXPECT_TRUE(header.height() > 0 && view.columns().makeMenu()->actions().constFirst()->isEnabled())
+        << "the way back, also when a layout file hides everything";
 }
 
 TEST_F(FlexGridViewTest, FrozenColumnsStayInSightAndCanBeUsed)
@@ -595,6 +600,11 @@ TEST_F(FlexGridViewTest, FrozenColumnsStayInSightAndCanBeUsed)
     EXPECT_EQ(frozen.width(), view.columnWidth(0) + view.columnWidth(1));
     grid.setCurrent(grid.Row(), 2);
     EXPECT_GE(view.columnViewportPosition(2), frozen.isVisible() ? frozen.width() : 0);
+    grid.setColWidth(1, 500);
+    QApplication::processEvents();
+    view.horizontalScrollBar()->setValue(400);
+    EXPECT_FALSE(frozen.isVisible()) << "nothing else would ever be seen, nor the edge to draw back";
+    grid.setColWidth(1, 120);
     grid.setFrozenCols(0);
     view.horizontalScrollBar()->setValue(400);
     EXPECT_FALSE(frozen.isVisible());
