@@ -2,12 +2,12 @@
 
 #include "database/values/number_text.h"
 #include "screens/controls/flex_grid_model.h"
+#include "screens/controls/whole_text.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTableView>
-#include <QToolTip>
 
 #include <cmath>
 
@@ -197,7 +197,7 @@ bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     const bool isCut =
         option.fontMetrics.horizontalAdvance(text) > option.rect.width() - 2 * padding && !text.isEmpty();
     if (event->type() == QEvent::ToolTip && isCut)
-        QToolTip::showText(event->globalPos(), text, view->viewport(), option.rect);
+        showWholeText(text, event->globalPos(), *view->viewport(), option.rect);
     event->setAccepted(isCut);
     return isCut;
 }

@@ -4,11 +4,14 @@
 #include "screens/listings/fcxx_screen_fixture.h"
 #include "screens/look/look.h"
 
+#include <QApplication>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QShortcut>
 #include <QTest>
+#include <QToolTip>
 
 using namespace ebtq;
 using namespace ebtq::test;
@@ -67,6 +70,26 @@ TEST_F(ListingDetailViewTest, EachFieldStandsOnItsTabWithItsValue)
         EXPECT_EQ(field.palette().color(QPalette::Text), ink) << number;
     }
     EXPECT_EQ(errors, QStringList());
+}
+
+TEST_F(ListingDetailViewTest, AFieldThatIsTooShortShowsItsTextUnderTheMouse)
+{
+    auto &field = child<QLineEdit>(u"qzFcTxt_41"_qs);
+    const QString characters = u"水电气网"_qs.repeated(30);
+    const std::pair<QString, QString> texts[] = {
+        {u"水电"_qs, {}},
+        {characters, characters},
+        {u"<b>水电</b>"_qs + characters, Qt::convertFromPlainText(u"<b>水电</b>"_qs + characters)}};
+    detail.qzVSTabCtl1().setActiveTab(ListingTab);
+    for (const auto &[text, tip] : texts) {
+        detail.qzFcTxt(41).setText(text);
+        QToolTip::hideText();
+        QHelpEvent event(QEvent::ToolTip, {5, 5}, field.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&field, &event);
+        EXPECT_EQ(QToolTip::text(), tip);
+        EXPECT_EQ(field.cursorPosition(), 0) << "its beginning is seen";
+    }
+    QToolTip::hideText();
 }
 
 TEST_F(ListingDetailViewTest, KeysGoToTheTabs)
