@@ -30,8 +30,10 @@ constexpr Setting ownSettings[] = {
     {"tcp_user_timeout", "30000"},
     {"target_session_attrs", "read-write"},
     {"fallback_application_name", "ebtq"},
-    {"client_encoding", "UTF8"},
 };
+
+/// What no URL changes: in another encoding the bytes of a text could end it before its quote.
+constexpr Setting fixedSetting{"client_encoding", "UTF8"};
 
 using Options = std::map<QByteArray, QByteArray>;
 
@@ -86,11 +88,12 @@ bool PostgresAddress::isUrl(const QString &location)
 PostgresAddress::PostgresAddress(const QString &url)
 {
     const Options options = readUrl(url.toUtf8());
-    m_texts.reserve(2 * (std::size(ownSettings) + options.size()));
+    m_texts.reserve(2 * (std::size(ownSettings) + options.size() + 1));
     for (const Setting &each : ownSettings)
         add(each.keyword, each.value);
     for (const auto &[keyword, value] : options)
         add(keyword, value);
+    add(fixedSetting.keyword, fixedSetting.value);
     m_keywords.push_back(nullptr);
     m_values.push_back(nullptr);
     m_shown = shownUrl(options);

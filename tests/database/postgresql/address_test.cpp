@@ -83,6 +83,7 @@ TEST(PostgresAddress, WantsTheHostThatCanBeWrittenAndDoesNotWaitForever)
     settings = settingsOf("postgresql://a,b/office?target_session_attrs=any&connect_timeout=2");
     EXPECT_EQ(settings["target_session_attrs"], "any");
     EXPECT_EQ(settings["connect_timeout"], "2");
+    EXPECT_EQ(settingsOf("postgresql://a/office?client_encoding=GBK")["client_encoding"], "UTF8");
 }
 
 TEST(PostgresAddress, SaysWhyNoConnectionCameAbout)
