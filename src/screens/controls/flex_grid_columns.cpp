@@ -176,10 +176,12 @@ void FlexGridColumns::moved()
     m_grid.reportLayoutChanged();
 }
 
-/// One drawing of an edge is one change, however many widths it went through.
+/// One drawing of an edge is one change, however many widths it went through. It also ends when it has
+/// driven the header out of sight.
 bool FlexGridColumns::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::MouseButtonRelease && std::exchange(m_isUnsaved, false))
+    const bool isEnd = event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::Hide;
+    if (isEnd && std::exchange(m_isUnsaved, false))
         m_grid.reportLayoutChanged();
     return QObject::eventFilter(watched, event);
 }
