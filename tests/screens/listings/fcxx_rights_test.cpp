@@ -2,14 +2,21 @@
 
 #include "library/followups/frm_gj.h"
 #include "library/listings/fcxx_editor_fixture.h"
+#include "library/listings/fcxx_list.h"
+#include "library/listings/listing_detail_fields.h"
 #include "screens/listings/fcxx_view.h"
 #include "screens/support/screen.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QFile>
 #include <QMenu>
+#include <QMimeData>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
+
+#include <algorithm>
 
 using namespace ebtq;
 using namespace ebtq::test;
@@ -47,15 +54,19 @@ protected:
         return *view->findChild<QToolButton *>(u"NavToolbar1_"_qs + command.key);
     }
     [[nodiscard]] QTableView &table() const { return *view->findChild<QTableView *>(u"VS"_qs); }
-    void chooseFromMenu(const Command &command) const
+    /// A command by its key, anything else by the beginning of its text.
+    void chooseFromMenu(const QString &what) const
     {
         QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(&table(), &event);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         ASSERT_TRUE(menu);
-        auto *action = menu->findChild<QAction *>(command.key);
-        ASSERT_TRUE(action) << command.key.toStdString();
-        menu->setActiveAction(action);
+        const QList<QAction *> actions = menu->actions();
+        const auto found = std::ranges::find_if(actions, [&](const QAction *action) {
+            return action->objectName() == what || action->text().startsWith(what);
+        });
+        ASSERT_TRUE(found != actions.end()) << what.toStdString();
+        menu->setActiveAction(*found);
         QTest::keyClick(menu, Qt::Key_Return);
         if (QApplication::activePopupWidget())
             QApplication::activePopupWidget()->close();
@@ -78,7 +89,7 @@ TEST_F(FcxxRightsTest, EachCommandIsGivenOrRefusedByEveryWay)
                      showActive(*view);
                      QTest::keyClick(view.get(), command.letter, Qt::AltModifier);
                  }},
-                {"menu", [&] { chooseFromMenu(command); }},
+                {"menu", [&] { chooseFromMenu(command.key); }},
                 {"key", [&] { list.NavToolbar1().press(command.key.toUpper()); }},
             };
             for (const auto &[what, act] : ways) {
@@ -97,6 +108,31 @@ TEST_F(FcxxRightsTest, EachCommandIsGivenOrRefusedByEveryWay)
             }
         }
         EXPECT_EQ(listings(), 3);
+    }
+}
+
+TEST_F(FcxxRightsTest, WhatGoesOutOfTheListTellsNoOwner)
+{
+    const QString secret = u"秘密"_qs;
+    for (const QString &column : {u"业主"_qs, u"联系人"_qs, u"手机"_qs, u"联系说明"_qs, u"备注"_qs})
+        connection->execute(u"update fyxx set %1='%2'"_qs.arg(column, secret));
+    showWithout(RightEdit);
+    list.detail().qzVSTabCtl1().setActiveTab(OwnerTab);
+    ASSERT_EQ(list.detail().qzFcTxt(53).Text(), secret);
+    for (int column = 0; column < list.VS().Cols(); ++column)
+        list.VS().setColWidth(column, 60); // as a layout may say
+    table().setFocus();
+    table().selectAll();
+    QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+    const QString file = folder.filePath(u"list.csv"_qs);
+    desktop.willChooseFile(file);
+    chooseFromMenu(u"导出 CSV"_qs);
+    QFile written(file);
+    ASSERT_TRUE(written.open(QFile::ReadOnly));
+    const QMimeData &copied = *QApplication::clipboard()->mimeData();
+    for (const QString &out : {copied.text(), copied.html(), QString::fromUtf8(written.readAll())}) {
+        EXPECT_TRUE(out.contains(u"东湖名苑"_qs)) << out.toStdString();
+        EXPECT_FALSE(out.contains(secret) || out.contains(cell(1, ListingKey))) << out.toStdString();
     }
 }
 
