@@ -133,10 +133,11 @@ bool Fcxx::IReportUI_Init(HostApp &app, int moduleId)
     return trapped(u"-->IRptUI_Init::初始化过程发生错误，原因:", [this] {
         m_wheel = std::make_unique<MouseWheel>();
         connect(m_wheel.get(), &MouseWheel::Wheel, this, &Fcxx::turned);
+        // Before anything asks the database: no command may want for its form after a start that failed.
+        makeEditors();
         const double rate =
             Val(this->app().UserParameter(parameterGroup, QStringLiteral("mouseeventscrollrate")).Text);
         m_wheelRate = rate == 0 ? usualWheelRate : rate;
-        makeEditors();
         setUpFilter();
         setUpGrid();
         m_detail.setUpGrids();

@@ -141,6 +141,12 @@ TEST_F(FcxxTest, TrappedErrorsNameModuleAndOperation)
     EXPECT_TRUE(events.last().startsWith(u"error Fcxx-->IRptUI_Init::初始化过程发生错误，原因:") &&
                 events.last().endsWith(u"|8|EBTQ_S"))
         << events.last().toStdString();
+    Fcxx failed(desktop);
+    EXPECT_FALSE(failed.IReportUI_Init(app, 101));
+    for (const QString &key : {u"new"_qs, u"gj"_qs}) {
+        desktop.willShow([](QObject &) {});
+        failed.NavToolbar1().press(key);
+    }
 }
 
 TEST_F(FcxxTest, FilterFieldsMakeTheStatement)
