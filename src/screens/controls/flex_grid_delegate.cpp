@@ -47,6 +47,23 @@ bool isLabel(const QModelIndex &index)
            !(across(index) & Qt::AlignRight && !isEmpty(index));
 }
 
+/// The cell with the label that this one shows or goes on with; invalid when there is none. A label that was
+/// hidden with its column since the sums were made begins where that column was.
+QModelIndex labelOf(const QModelIndex &index, const QTableView &view)
+{
+    for (QModelIndex cell = index; cell.isValid(); cell = neighbour(cell, view, -1)) {
+        if (!isEmpty(cell))
+            return cell;
+    }
+    const QHeaderView &header = *view.horizontalHeader();
+    for (int place = header.visualIndex(index.column()) - 1; place >= 0; --place) {
+        const QModelIndex hidden = index.siblingAtColumn(header.logicalIndex(place));
+        if (isLabel(hidden) && !isEmpty(hidden))
+            return hidden;
+    }
+    return {};
+}
+
 /// A given colour, moved towards the usual one while it cannot be told from its ground.
 QColor readable(const QColor &color, const QColor &ground)
 {
@@ -143,9 +160,7 @@ QRect FlexGridDelegate::mergedPlace(const QRect &cell, const QModelIndex &index,
 void FlexGridDelegate::paintLabel(QPainter *painter, const QStyleOptionViewItem &option,
                                   const QModelIndex &index, const QTableView &view) const
 {
-    QModelIndex label = index;
-    while (label.isValid() && isEmpty(label))
-        label = neighbour(label, view, -1);
+    const QModelIndex label = labelOf(index, view);
     if (!label.isValid() || (label != index && across(label) & Qt::AlignRight))
         return;
     QRect place = option.rect;

@@ -450,6 +450,9 @@ TEST_F(FlexGridViewTest, SumsShowTheirColoursFormatsAndWholeLabel)
     EXPECT_EQ(pixel(3, 2, {2, 2}), look::tokens().card);
     grid.setTextMatrix(4, 1, QString());
     EXPECT_TRUE(isPainted(4, 1, QColor(rgb(128)))) << "the narrow first column's label goes on here";
+    grid.setColWidth(0, 0);
+    EXPECT_TRUE(isPainted(4, 1, QColor(rgb(128)))) << "or begins here when that column is hidden";
+    grid.setColWidth(0, 14);
     grid.setTextMatrix(4, 1, u"6"_qs);
     EXPECT_TRUE(isPainted(4, 1, QColor(rgb(128))));
     EXPECT_FALSE(isPainted(4, 2, QColor(rgb(128)))) << "a number ends the label";
