@@ -153,6 +153,9 @@ QScrollBar::handle:horizontal { min-width: 28px; }
 QScrollBar::handle:hover { background: @brand; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; border: none; }
 QScrollBar::add-page, QScrollBar::sub-page { background: @card; }
+QPlainTextEdit[readOnly="true"] QScrollBar::handle { border-color: @window; }
+QPlainTextEdit[readOnly="true"] QScrollBar::add-page, QPlainTextEdit[readOnly="true"] QScrollBar::sub-page {
+    background: @window; }
 QScrollArea { background: transparent; border: none; }
 QSplitter::handle { background: @line; }
 QSplitter::handle:vertical { background: @window; border-top: 1px solid @line; }
