@@ -175,10 +175,13 @@ BackupOutcome backUp(const QString &database, const QString &file, bool replaced
     return outcome;
 }
 
-BackupOutcome restore(const QString &file, const QString &database, const PageProgress &progress)
+BackupOutcome restore(const QString &file, const QString &location, const PageProgress &progress)
 {
     requireFile(file);
-    requireOther(file, database);
+    requireOther(file, location);
+    // Behind a link the file is replaced, not the link: others may know it by its own name.
+    const QString linked = QFileInfo(location).canonicalFilePath();
+    const QString database = linked.isEmpty() ? location : linked;
     BackupOutcome outcome;
     UnfinishedFile unfinished(database);
     try {

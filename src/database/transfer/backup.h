@@ -24,6 +24,6 @@ BackupOutcome backUp(const QString &database, const QString &file, bool replaced
 /// Puts a backup in the place of a database, or where none is. The backup is copied and the copy is checked
 /// (structure, version, checksums) before anything is touched; the replaced database stays under a name with
 /// date and time. Throws DatabaseError, also when a program has the database open.
-BackupOutcome restore(const QString &file, const QString &database, const PageProgress &progress = {});
+BackupOutcome restore(const QString &file, const QString &location, const PageProgress &progress = {});
 
 } // namespace ebtq::db

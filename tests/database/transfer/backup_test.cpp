@@ -75,6 +75,12 @@ TEST_F(BackupTest, KeepsWhatARestoreReplaces)
     EXPECT_THAT(outcome.keptAside.toStdString(), ::testing::ContainsRegex("a\\.db\\.20[0-9]{6}-[0-9]{6}$"));
     EXPECT_FALSE(restore(outcome.keptAside, path("c.db")).hasChecksums);
 
+    make(path("a.db"))->executeNative("delete from fyxx");
+    ASSERT_TRUE(QFile::link(path("a.db"), path("link.db")));
+    QFile::remove(outcome.keptAside); // the next one may have the same second in its name
+    restore(path("a.bak"), path("link.db"));
+    EXPECT_TRUE(contents("a.db") == before) << "the link was replaced";
+
     // A database that is past reading goes aside with the log that belongs to it.
     write("b.db", QByteArray(40000, 'x'));
     write("b.db-wal", "log");
