@@ -3,6 +3,7 @@
 #include "host/host_fixture.h"
 #include "host/rights.h"
 #include "host/setup.h"
+#include "support/messages.h"
 
 namespace ebtq::test {
 
@@ -15,12 +16,7 @@ class UsersTest : public HostTest
 protected:
     QString signInFailure(const QString &name, const QString &password)
     {
-        try {
-            (void)signIn(*m_connection, name, password);
-        } catch (const Failure &failure) {
-            return QString::fromUtf8(failure.what());
-        }
-        return {};
+        return QString::fromStdString(messageOf([&] { (void)signIn(*m_connection, name, password); }));
     }
     const QString m_name = u"梁佳宁"_qs;
     const QString m_password = u"暗号 'x' #1"_qs;

@@ -1,6 +1,6 @@
 #include "shell/component_loader.h"
 
-#include "library/frame/host_contracts.h"
+#include "support/messages.h"
 
 #include <QTemporaryFile>
 
@@ -11,12 +11,7 @@ namespace {
 
 std::string failureOf(const QStringList &places)
 {
-    try {
-        (void)loadComponentLibrary(places);
-    } catch (const Failure &failure) {
-        return failure.what();
-    }
-    return "loaded";
+    return test::messageOf([&] { (void)loadComponentLibrary(places); });
 }
 
 TEST(ComponentLoader, SaysWhatIsWrongWithTheFile)

@@ -1,11 +1,10 @@
 #include "database/schema/installer.h"
 #include "database/schema/tables.h"
 #include "support/engine_database.h"
+#include "support/messages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace ebtq::db::test {
 
@@ -13,6 +12,8 @@ namespace {
 
 using ebtq::test::Engine;
 using ebtq::test::EngineDatabase;
+using ebtq::test::joined;
+using ebtq::test::messageOf;
 using ebtq::test::nameOf;
 using ::testing::HasSubstr;
 
@@ -36,21 +37,6 @@ protected:
     EngineDatabase m_database{GetParam()};
     std::unique_ptr<Connection> m_connection;
 };
-
-std::string messageOf(const std::function<void()> &run)
-{
-    try {
-        run();
-    } catch (const DatabaseError &error) {
-        return error.what();
-    }
-    return {};
-}
-
-std::string joined(const QStringList &lines)
-{
-    return lines.join(u'\n').toStdString();
-}
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "corpus.h"
 
 #include "support/engine_database.h"
+#include "support/messages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,6 +12,8 @@ namespace {
 
 using ebtq::test::Engine;
 using ebtq::test::EngineDatabase;
+using ebtq::test::joined;
+using ebtq::test::messageOf;
 using ebtq::test::nameOf;
 using ::testing::HasSubstr;
 
@@ -47,28 +50,14 @@ private:
     static inline std::map<Engine, std::unique_ptr<Filled>> s_filled;
 };
 
-std::string joined(const QStringList &lines)
-{
-    return lines.join(u'\n').toStdString();
-}
-
-std::string failureOf(Connection &connection, const QString &statement)
-{
-    try {
-        connection.execute(statement);
-    } catch (const std::exception &error) {
-        return error.what();
-    }
-    return {};
-}
-
 } // namespace
 
 TEST_P(CorpusTest, GivesWhatItMust)
 {
     const CorpusCase &each = std::get<CorpusCase>(GetParam());
     if (!each.refusal.isEmpty()) {
-        EXPECT_THAT(failureOf(*m_connection, each.statement), HasSubstr(each.refusal.toStdString()));
+        EXPECT_THAT(messageOf([&] { m_connection->execute(each.statement); }),
+                    HasSubstr(each.refusal.toStdString()));
         return;
     }
     if (each.changed >= 0) {

@@ -1,4 +1,5 @@
 #include "database/connection.h"
+#include "support/messages.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -7,14 +8,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include <unistd.h>
 
 namespace ebtq::db {
 
 namespace {
 
+using ebtq::test::messageOf;
 using ::testing::HasSubstr;
 
 class SqliteConnectionTest : public ::testing::Test
@@ -42,17 +42,6 @@ protected:
 private:
     QTemporaryDir m_folder;
 };
-
-/// The message of the DatabaseError that `run` throws; empty when it throws none.
-std::string messageOf(const std::function<void()> &run)
-{
-    try {
-        run();
-    } catch (const DatabaseError &error) {
-        return error.what();
-    }
-    return {};
-}
 
 int count(Connection &connection)
 {

@@ -3,6 +3,7 @@
 #include "library/frame/host_contracts.h"
 #include "screens/export/table_text.h"
 #include "screens/export/workbook.h"
+#include "support/messages.h"
 
 #include <QDir>
 #include <QFile>
@@ -66,12 +67,7 @@ protected:
     [[nodiscard]] QString failureOf(bool (*write)(const ShownGrid &, const QString &, const ExportProgress &),
                                     const QString &file) const
     {
-        try {
-            write(shown(), file, {});
-        } catch (const Failure &failure) {
-            return QString::fromUtf8(failure.what());
-        }
-        return {};
+        return QString::fromStdString(test::messageOf([&] { write(shown(), file, {}); }));
     }
 
     VSFlexGrid grid{u"VS"_qs};
@@ -105,45 +101,25 @@ QString ExportTest::sheet() const
 
 TEST(CsvCellTest, IsQuotedAndNeverAFormula)
 {
-    const struct
-    {
-        std::string text, cell;
-    } cases[] = {
-        {"", ""},
-        {"翠堤雅居", "翠堤雅居"},
-        {"a,b", "\"a,b\""},
-        {"说\"好\"", "\"说\"\"好\"\"\""},
-        {"一\n二", "\"一\n二\""},
-        {"一\r二", "\"一\r二\""},
-        {" =1", " =1"},
-        {"=1+1", "'=1+1"},
-        {"=A1,B1", "\"'=A1,B1\""},
-        {"+86 139", "'+86 139"},
-        {"-外环", "'-外环"},
-        {"@SUM(1)", "'@SUM(1)"},
-        {"\t=1", "'\t=1"},
-        {"\r=1", "\"'\r=1\""},
-        {"\n=1", "\"'\n=1\""},
-        {"＝1", "'＝1"},
-        {"＠x", "'＠x"},
-        {"-12.5", "-12.5"},
-        {"+3", "+3"},
-        {"-1,234.50", "\"-1,234.50\""},
-        {"-1E+15", "-1E+15"},
-        {"-5%", "-5%"},
-        {"-", "'-"},
-        {"-.5", "-.5"},
-        {"-1-1", "'-1-1"},
-        {"-1E", "'-1E"},
-        {"+", "'+"},
-        {"-,", "\"'-,\""},
-        {"-1%%", "'-1%%"},
+    const std::string plain[] = {"", "翠堤雅居", " =1", "-12.5", "+3", "-1E+15", "-5%", "-.5"};
+    const std::string formulas[] = {"=1+1", "+86 139", "-外环", "@SUM(1)", "\t=1", "＝1",
+                                    "＠x",  "-",       "-1-1",  "-1E",     "+",    "-1%%"};
+    const std::pair<std::string, std::string> quoted[] = {
+        {"a,b", "\"a,b\""},       {"说\"好\"", "\"说\"\"好\"\"\""}, {"一\n二", "\"一\n二\""},
+        {"一\r二", "\"一\r二\""}, {"=A1,B1", "\"'=A1,B1\""},        {"\r=1", "\"'\r=1\""},
+        {"\n=1", "\"'\n=1\""},    {"-1,234.50", "\"-1,234.50\""},   {"-,", "\"'-,\""},
     };
-    for (const auto &given : cases) {
+    const auto cellOf = [](const std::string &text) {
         std::string cell;
-        appendCsvCell(given.text, cell);
-        EXPECT_EQ(cell, given.cell) << given.text;
-    }
+        appendCsvCell(text, cell);
+        return cell;
+    };
+    for (const std::string &text : plain)
+        EXPECT_EQ(cellOf(text), text);
+    for (const std::string &text : formulas)
+        EXPECT_EQ(cellOf(text), "'" + text);
+    for (const auto &[text, cell] : quoted)
+        EXPECT_EQ(cellOf(text), cell);
 }
 
 TEST_F(ExportTest, FilesHoldWhatIsSeenAndNothingElse)
