@@ -98,12 +98,7 @@ TEST_F(FcxxActionsTest, ADeletionAsksAndRemovesWhatIsSeen)
 
 TEST_F(FcxxActionsTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
 {
-    struct Case
-    {
-        std::function<void(FrmGj &)> fill;
-        QString row;
-    };
-    const Case cases[] = {
+    const std::pair<std::function<void(FrmGj &)>, QString> cases[] = {
         {[](FrmGj &gj) { gj.Txt().setText(u"看房"_qs); },
          u"|2026-11-22 9:30:00|看房|营业一部||否|2026-11-22 9:30:00|本人|||"_qs},
         {[](FrmGj &gj) {
@@ -121,12 +116,12 @@ TEST_F(FcxxActionsTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
     };
     VSFlexGrid &grid = list.detail().VsGj();
     const int before = grid.Rows();
-    for (const Case &c : cases) {
-        write(c.fill);
+    for (const auto &[act, expected] : cases) {
+        write(act);
         QStringList row;
         for (int col = 0; col < 11; ++col)
             row.append(grid.TextMatrix(grid.Rows() - 1, col));
-        EXPECT_EQ(row.join(u'|'), c.row);
+        EXPECT_EQ(row.join(u'|'), expected);
         const RowBlock stored =
             rows(u"select 房源ID from fygj where 跟进ID='%1'"_qs.arg(grid.TextMatrix(grid.Rows() - 1, 11)));
         ASSERT_EQ(stored.rowCount(), 1);

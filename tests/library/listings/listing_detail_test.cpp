@@ -213,12 +213,8 @@ TEST_F(ListingDetailTest, FollowUpsShowNewestFirst)
 
 TEST_F(ListingDetailTest, CustomersWhoseRangesHoldEveryMeasure)
 {
-    struct Customer
-    {
-        const char16_t *number;
-        const char16_t *bounds; ///< of floor, area, purchase and rent, lower and upper
-    };
-    const Customer customers[] = {
+    // Their bounds of floor, area, purchase and rent, lower and upper.
+    const std::pair<const char16_t *, const char16_t *> customers[] = {
         {u"a", u"1,20, 50,100, 100,200, 0,0"},
         {u"b", u"12,12, 90,90, 150,150, 0,0"},
         {u"c", u"1,20, 50,100, 100,200, 3000,5000"},
@@ -234,13 +230,8 @@ TEST_F(ListingDetailTest, CustomersWhoseRangesHoldEveryMeasure)
             u"方式,状态,用户ID,"
             u"地区,需求户型,委托日期) values('%1','%1','客%1',%2,3,1,'U1','海珠区','3房2厅',#2026-9-8#)"_qs
                 .arg(number, bounds));
-    struct Case
-    {
-        const char *why;
-        const char16_t *measures; ///< floor, area, sale, rent
-        QString found;
-    };
-    const Case cases[] = {
+    // The listing's floor, area, sale and rent, and the customers found.
+    const std::tuple<const char *, const char16_t *, QString> cases[] = {
         {"a listing without measures suits everybody", u"'',0,0,0", u"a b c d e f g h"_qs},
         {"measures that are Null", u"null,null,null,null", u"a b c d e f g h"_qs},
         {"a floor without a number", u"'顶层',0,0,0", u"a b c d e f g h"_qs},
@@ -255,15 +246,16 @@ TEST_F(ListingDetailTest, CustomersWhoseRangesHoldEveryMeasure)
         {"a number of many digits", u"'1',50.0000001,123456789012345,0", QString()},
     };
     QString number = u"A"_qs;
-    for (const Case &c : cases) {
-        addListing(number, u",楼层,总面积,售房价格,租房价格"_qs, u',' + QString::fromUtf16(c.measures));
+    for (const auto &each : cases) {
+        addListing(number, u",楼层,总面积,售房价格,租房价格"_qs,
+                   u',' + QString::fromUtf16(std::get<1>(each)));
         number[0] = QChar(number[0].unicode() + 1);
     }
     start(4);
     for (int row = 1; row < list.VS().Rows(); ++row) {
         list.VS().setRow(row);
-        const Case &c = cases[std::size(cases) - static_cast<size_t>(row)];
-        EXPECT_EQ(rowsOf(detail.VsP(), 3), c.found) << c.why;
+        const auto &[why, measures, found] = cases[std::size(cases) - static_cast<size_t>(row)];
+        EXPECT_EQ(rowsOf(detail.VsP(), 3), found) << why;
     }
     EXPECT_EQ(errors, QStringList());
     EXPECT_TRUE(detail.VsP().ColHidden(0));
@@ -299,18 +291,11 @@ TEST_F(ListingDetailTest, FailuresEndInAMessage)
     run(u"insert into fygj(跟进ID,房源ID,操作日期) values('1','ID-B',#2026-11-1#)"_qs);
     run(u"insert into fykh(客源ID,客源编号) values('1','k')"_qs);
     run(u"update fyxx set 房源ID='ID-''A' where 房源编号='A'"_qs);
-    struct Case
-    {
-        int tab;
-        const char *table;
-        int rowsLeft; ///< in the tab's grid after the failure
-    };
-    const Case cases[] = {{1, "su_membership", 0}, {3, "fygj", 0}, {4, "fykh", 0}};
-    for (const Case &c : cases) {
-        start(c.tab);
-        const VSFlexGrid &grid = c.tab == 3 ? detail.VsGj() : detail.VsP();
+    for (const auto &[tab, table] : {std::pair(1, "su_membership"), {3, "fygj"}, {4, "fykh"}}) {
+        start(tab);
+        const VSFlexGrid &grid = tab == 3 ? detail.VsGj() : detail.VsP();
         list.VS().setRow(1);
-        EXPECT_EQ(grid.Rows() - 1, c.tab == 1 ? 0 : 1);
+        EXPECT_EQ(grid.Rows() - 1, tab == 1 ? 0 : 1);
         list.VS().setRow(2);
         ASSERT_EQ(errors.size(), 1);
         EXPECT_TRUE(errors[0].contains(u"单引号") && errors[0].endsWith(u"|8|EBTQ_S"))
@@ -318,14 +303,14 @@ TEST_F(ListingDetailTest, FailuresEndInAMessage)
         EXPECT_EQ(field(0), u"B"_qs);
         errors.clear();
         EXPECT_EQ(app.Db().LastError().Description.isEmpty(), false);
-        connection->executeNative(QByteArray("alter table ") + c.table + " rename to gone");
+        connection->executeNative(QByteArray("alter table ") + table + " rename to gone");
         list.VS().setRow(1);
         ASSERT_EQ(errors.size(), 1);
-        EXPECT_TRUE(errors[0].contains(QLatin1String(c.table)) && !errors[0].contains(u"Fcxx"))
+        EXPECT_TRUE(errors[0].contains(QLatin1String(table)) && !errors[0].contains(u"Fcxx"))
             << errors[0].toStdString();
-        EXPECT_EQ(grid.Rows() - 1, c.rowsLeft);
+        EXPECT_EQ(grid.Rows(), 1);
         EXPECT_TRUE(grid.Redraw());
-        connection->executeNative(QByteArray("alter table gone rename to ") + c.table);
+        connection->executeNative(QByteArray("alter table gone rename to ") + table);
         errors.clear();
         EXPECT_TRUE(list.IReportUI_Clear());
     }
