@@ -16,11 +16,13 @@ namespace ebtq::db {
 
 namespace {
 
-std::string_view bytesOf(sqlite3_stmt *statement, int column)
+/// A cell is fetched once as the engine's value and looked at from there: each further look at the statement
+/// would find it anew, which shows in a long list. Allowed because the connection is opened without locks.
+std::string_view bytesOf(sqlite3_value *cell)
 {
     // The pointer is asked for before the length: it is the call that may convert.
-    const void *bytes = sqlite3_column_blob(statement, column);
-    return {static_cast<const char *>(bytes), static_cast<size_t>(sqlite3_column_bytes(statement, column))};
+    const void *bytes = sqlite3_value_blob(cell);
+    return {static_cast<const char *>(bytes), static_cast<size_t>(sqlite3_value_bytes(cell))};
 }
 
 /// The engine keeps whole numbers as integers; from 10^15 on they are shown as every other number of that
@@ -34,32 +36,31 @@ void appendWhole(RowBlock &block, qint64 number)
         block.appendNumber(static_cast<double>(number));
 }
 
-void appendCell(RowBlock &block, sqlite3_stmt *statement, int column, bool isDate)
+void appendCell(RowBlock &block, sqlite3_value *cell, bool isDate)
 {
-    switch (sqlite3_column_type(statement, column)) {
+    switch (sqlite3_value_type(cell)) {
     case SQLITE_NULL:
         return block.appendNull();
     case SQLITE_INTEGER:
-        return appendWhole(block, sqlite3_column_int64(statement, column));
+        return appendWhole(block, sqlite3_value_int64(cell));
     case SQLITE_FLOAT:
-        return block.appendNumber(sqlite3_column_double(statement, column));
+        return block.appendNumber(sqlite3_value_double(cell));
     default:
-        return isDate ? block.appendDate(bytesOf(statement, column))
-                      : block.append(bytesOf(statement, column));
+        return isDate ? block.appendDate(bytesOf(cell)) : block.append(bytesOf(cell));
     }
 }
 
-void appendStoredCell(RowBlock &block, sqlite3_stmt *statement, int column)
+void appendStoredCell(RowBlock &block, sqlite3_value *cell)
 {
-    switch (sqlite3_column_type(statement, column)) {
+    switch (sqlite3_value_type(cell)) {
     case SQLITE_NULL:
         return block.appendNull();
     case SQLITE_INTEGER:
-        return block.appendInteger(sqlite3_column_int64(statement, column));
+        return block.appendInteger(sqlite3_value_int64(cell));
     case SQLITE_FLOAT:
-        return block.append(exactNumberText(sqlite3_column_double(statement, column)));
+        return block.append(exactNumberText(sqlite3_value_double(cell)));
     default:
-        return block.append(bytesOf(statement, column));
+        return block.append(bytesOf(cell));
     }
 }
 
@@ -127,7 +128,8 @@ RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> 
     int result = sqlite3_step(statement);
     for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
         for (int column = 0; column < count; ++column)
-            appendCell(block, statement, column, isDate[static_cast<size_t>(column)] != 0);
+            appendCell(block, sqlite3_column_value(statement, column),
+                       isDate[static_cast<size_t>(column)] != 0);
     }
     if (result != SQLITE_DONE)
         throw DatabaseError(sqliteErrorText(handle));
@@ -142,7 +144,7 @@ void readStoredRows(sqlite3 *handle, sqlite3_stmt *statement, const std::vector<
     int result = sqlite3_step(statement);
     for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
         for (int column = 0; column < block.columnCount(); ++column)
-            appendStoredCell(block, statement, column);
+            appendStoredCell(block, sqlite3_column_value(statement, column));
         if (isFull(block)) {
             take(block);
             block = RowBlock(columns);
