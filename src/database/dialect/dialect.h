@@ -62,6 +62,11 @@ struct Dialect
     /// Whether a sub-select of several rows in place of a value is an error; the dialect takes the first row.
     bool refusesSeveralRows;
 
+    /// The function that says of a condition that few rows meet it and is the condition otherwise. SQLite,
+    /// which knows nothing of how values are spread, takes one of four rows to meet any bound and then rather
+    /// reads all of them in the wanted order. Empty where the engine knows better.
+    const char *rareCondition;
+
     /// How many pieces of a statement the engine's parser can have open at a time. SQLite has a stack of 100;
     /// the others keep to it, so that what runs on one engine runs on all.
     int openPieces;

@@ -21,6 +21,7 @@ const Dialect &sqliteDialect()
         .zeroDivisionFails = false,
         .joinFunction = "join",
         .refusesSeveralRows = false,
+        .rareCondition = "unlikely",
         .openPieces = 95,
     };
     return dialect;
@@ -45,6 +46,7 @@ const Dialect &postgresDialect()
         .zeroDivisionFails = true,
         .joinFunction = "",
         .refusesSeveralRows = true,
+        .rareCondition = "",
         .openPieces = 95,
     };
     return dialect;

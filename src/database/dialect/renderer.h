@@ -92,6 +92,7 @@ private:
     void quotients(const Chain &chain);
     void nestedCalls(const Chain &chain, const Expression &self);
     void junction(const Chain &chain, const char *word);
+    void rare(const Expression &expression);
 
     const Dialect &m_dialect;
     QByteArray m_out;

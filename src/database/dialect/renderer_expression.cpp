@@ -44,6 +44,18 @@ bool isBareText(const Expression &expression)
     return expression.type == Type::Text && !isColumn(expression);
 }
 
+/// The second half of `low<=5 and high>=5`, where one number is asked of two columns.
+bool closesRange(const Expression &before, const Expression &each)
+{
+    const auto *low = before.as<Comparison>();
+    const auto *high = each.as<Comparison>();
+    if (!low || !high || low->op != Operator::LessOrEqual || high->op != Operator::GreaterOrEqual)
+        return false;
+    const auto *number = low->right->as<NumberLiteral>();
+    const auto *again = high->right->as<NumberLiteral>();
+    return number && again && number->value == again->value && isColumn(*low->left) && isColumn(*high->left);
+}
+
 const char *wordOf(Operator op)
 {
     switch (op) {
@@ -385,7 +397,8 @@ void Renderer::node(const Chain &chain, const Expression &self)
     }
 }
 
-/// Comparisons need no brackets in a junction; junctions and negations do.
+/// Comparisons need no brackets in a junction; junctions and negations do. Many rows meet one of two stored
+/// bounds, few have a number between both.
 void Renderer::junction(const Chain &chain, const char *word)
 {
     const auto side = [this](const Expression &each) {
@@ -395,10 +408,28 @@ void Renderer::junction(const Chain &chain, const char *word)
             condition(each);
     };
     side(*chain.first);
+    const Expression *before = chain.first.get();
     for (const Chain::Link &link : chain.links) {
         write(word);
-        side(*link.operand);
+        if (link.op == Operator::And && closesRange(*before, *link.operand))
+            rare(*link.operand);
+        else
+            side(*link.operand);
+        before = link.operand.get();
     }
+}
+
+void Renderer::rare(const Expression &expression)
+{
+    const bool isSaid = *m_dialect.rareCondition != '\0';
+    const Pieces pieces(*this, piecesOfCall, expression.position);
+    if (isSaid) {
+        write(m_dialect.rareCondition);
+        write('(');
+    }
+    condition(expression);
+    if (isSaid)
+        write(')');
 }
 
 void Renderer::arithmetic(const Chain &chain)

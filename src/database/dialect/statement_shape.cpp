@@ -8,8 +8,10 @@ namespace {
 
 constexpr qsizetype longestText = 8 * 1024;
 constexpr size_t mostValues = 9;
-/// Signs of the kinds in a shape's text: private characters, which no statement of a module has.
+/// Signs of the kinds, and of values that come again, in a shape's text: private characters, which no
+/// statement of a module has.
 constexpr char16_t firstSign = 0xE000;
+constexpr char16_t firstRepeated = 0xE100;
 
 bool isDigit(QChar c)
 {
@@ -96,12 +98,22 @@ std::optional<StatementShape> StatementShape::of(const SqlText &statement)
         if (!kind)
             return std::nullopt;
         shape.m_text += QStringView(text).sliced(copied, span.begin - copied);
-        shape.m_text += QChar(static_cast<char16_t>(firstSign + static_cast<int>(*kind)));
-        shape.m_values.push_back({*kind, QStringView(text).sliced(span.begin, span.length)});
+        shape.addValue({*kind, QStringView(text).sliced(span.begin, span.length)});
         copied = span.end();
     }
     shape.m_text += QStringView(text).sliced(copied);
     return shape;
+}
+
+void StatementShape::addValue(const Value &value)
+{
+    const auto known = std::find(m_values.begin(), m_values.end(), value);
+    if (known != m_values.end()) {
+        m_text += QChar(static_cast<char16_t>(firstRepeated + (known - m_values.begin())));
+        return;
+    }
+    m_text += QChar(static_cast<char16_t>(firstSign + static_cast<int>(value.kind)));
+    m_values.push_back(value);
 }
 
 QString StatementShape::sampleValue(size_t number) const
@@ -121,11 +133,14 @@ SqlText StatementShape::sample() const
 {
     SqlText result;
     qsizetype copied = 0;
-    for (size_t number = 0; number < m_values.size(); ++number) {
-        const auto sign = std::find_if(m_text.begin() + copied, m_text.end(), isPrivate) - m_text.begin();
-        result += QStringView(m_text).sliced(copied, sign - copied);
-        result += typed(sampleValue(number));
-        copied = sign + 1;
+    size_t next = 0;
+    for (qsizetype at = 0; at < m_text.size(); ++at) {
+        if (!isPrivate(m_text[at]))
+            continue;
+        const char16_t sign = m_text[at].unicode();
+        result += QStringView(m_text).sliced(copied, at - copied);
+        result += typed(sampleValue(sign >= firstRepeated ? sign - firstRepeated : next++));
+        copied = at + 1;
     }
     result += QStringView(m_text).sliced(copied);
     return result;

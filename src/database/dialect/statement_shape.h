@@ -17,6 +17,8 @@ namespace ebtq::db {
 /// Only values of which the translation looks at nothing but the kind have a place in a shape: record keys,
 /// which are GUIDs with a letter in them, and plain positive numbers beside a comparison. What any other text
 /// looks like - a date, a number, a pattern, without letters - may change the statement that comes out.
+/// A value that comes again is the same value also in the shape: what is compared with one number twice is
+/// translated with a view to that.
 class StatementShape
 {
 public:
@@ -25,12 +27,14 @@ public:
     {
         Kind kind;
         QStringView text; ///< of the statement, which must outlive it
+        [[nodiscard]] bool operator==(const Value &) const = default;
     };
 
     /// Nothing for a statement with a typed value that has no place in a shape.
     [[nodiscard]] static std::optional<StatementShape> of(const SqlText &statement);
 
-    /// The statement's text with a sign for the kind in each value's place: the same for all of one shape.
+    /// The statement's text with a sign in each value's place, which says its kind or which earlier value it
+    /// repeats: the same for all of one shape.
     [[nodiscard]] const QString &text() const { return m_text; }
     [[nodiscard]] const std::vector<Value> &values() const { return m_values; }
 
@@ -41,6 +45,7 @@ public:
     [[nodiscard]] std::optional<QByteArray> withParameters(QByteArray translatedSample) const;
 
 private:
+    void addValue(const Value &value);
     [[nodiscard]] QString sampleValue(size_t number) const;
 
     QString m_text;

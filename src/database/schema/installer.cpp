@@ -16,10 +16,9 @@ int installedVersion(Connection &connection)
     return rows.rowCount() == 0 ? 0 : rows.value(0, 0).toInt();
 }
 
-bool hasIndex(Connection &connection, const IndexDefinition &index)
+bool hasIndex(Connection &connection, const QString &name)
 {
-    const QString statement =
-        QString::fromUtf8(connection.ddlWords().findIndex).arg(QString::fromUtf16(index.name));
+    const QString statement = QString::fromUtf8(connection.ddlWords().findIndex).arg(name);
     return connection.queryNative(statement.toUtf8()).rowCount() != 0;
 }
 
@@ -56,12 +55,21 @@ std::vector<Gap> findGaps(Connection &connection)
             gaps.push_back(
                 {QStringLiteral("表 %1").arg(QString::fromUtf16(table.name)), createTable(table, words)});
         for (const IndexDefinition &index : table.indexes) {
-            if (!hasIndex(connection, index))
-                gaps.push_back({QStringLiteral("索引 %1").arg(QString::fromUtf16(index.name)),
-                                createIndex(table, index, words)});
+            const QString name = QString::fromUtf16(index.name);
+            if (!hasIndex(connection, name))
+                gaps.push_back({QStringLiteral("索引 %1").arg(name), createIndex(table, index, words)});
         }
     }
     return gaps;
+}
+
+/// Each would be kept up to date with every row that is saved, for nobody.
+void dropRetiredIndexes(Connection &connection)
+{
+    for (const QStringView name : retiredIndexes()) {
+        if (hasIndex(connection, name.toString()))
+            connection.executeNative("drop index \"" + name.toUtf8() + '"');
+    }
 }
 
 void writeVersion(Connection &connection)
@@ -107,8 +115,10 @@ InstallReport install(Connection &connection)
         connection.executeNative(gap.statement);
         report.added << gap.name;
     }
-    if (report.versionBefore != schemaVersion)
+    if (report.versionBefore != schemaVersion) {
+        dropRetiredIndexes(connection);
         writeVersion(connection);
+    }
     transaction.commit();
     return report;
 }

@@ -17,8 +17,9 @@ struct InstallReport
 };
 
 /// Makes the schema, or upgrades one of an older version: every table, column and index of this build that is
-/// missing is added in one transaction, nothing is ever dropped or changed, and the version is written. Doing
-/// it again does nothing. Throws DatabaseError, also for a database of a newer version.
+/// missing is added in one transaction, nothing is ever dropped or changed but indexes that no statement uses
+/// any more, and the version is written. Doing it again does nothing. Throws DatabaseError, also for a
+/// database of a newer version.
 InstallReport install(Connection &connection);
 
 /// What is wrong with the schema and the file, one finding a line, in Chinese; empty when all is well. Throws

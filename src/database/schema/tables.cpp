@@ -225,13 +225,17 @@ constexpr ColumnDefinition customersColumns[] = {
     {u"方式", Integer},
 };
 constexpr IndexDefinition customersIndexes[] = {
-    {u"ix_fykh_number", u"客源编号"},           // order of the list, record navigation
-    {u"ix_fykh_changed", u"操作日期"},          // date windows
-    {u"ix_fykh_user", u"用户ID"},               // filter by department
-    {u"ix_fykh_agent", u"业务员ID"},            // filter by agent
-    {u"ix_fykh_area", u"面积1, 面积2"},         // matching by area
-    {u"ix_fykh_buy", u"求购价格1, 求购价格2"},  // matching by purchase price
-    {u"ix_fykh_rent", u"求租价格1, 求租价格2"}, // matching by rent
+    {u"ix_fykh_number", u"客源编号"},  // order of the list, record navigation
+    {u"ix_fykh_changed", u"操作日期"}, // date windows
+    {u"ix_fykh_user", u"用户ID"},      // filter by department
+    {u"ix_fykh_agent", u"业务员ID"},   // filter by agent
+    // Matching: the upper bound first, since a customer without a wish has 0 there and is passed over, and
+    // the other bounds behind it, so that only customers who match are fetched. The one by area is the
+    // broadest and comes first: of indexes that look alike to it SQLite takes the narrower or the later one,
+    // and prices tell more than areas.
+    {u"ix_fykh_match_area", u"面积2, 面积1, 楼层2, 楼层1, 求购价格2, 求购价格1, 求租价格2, 求租价格1"},
+    {u"ix_fykh_match_buy", u"求购价格2, 求购价格1, 面积2, 面积1, 楼层2, 楼层1"},
+    {u"ix_fykh_match_rent", u"求租价格2, 求租价格1, 面积2, 面积1, 楼层2, 楼层1"},
 };
 
 constexpr ColumnDefinition followUpsColumns[] = {
@@ -347,11 +351,18 @@ constexpr TableDefinition tables[] = {
     {u"host_schema", hostSchemaColumns, {}},
 };
 
+constexpr QStringView formerIndexes[] = {u"ix_fykh_area", u"ix_fykh_buy", u"ix_fykh_rent"};
+
 } // namespace
 
 std::span<const TableDefinition> schemaTables()
 {
     return tables;
+}
+
+std::span<const QStringView> retiredIndexes()
+{
+    return formerIndexes;
 }
 
 Catalog schemaCatalog()

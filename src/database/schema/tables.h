@@ -41,8 +41,11 @@ struct TableDefinition
 /// names a listing or a customer.
 [[nodiscard]] std::span<const TableDefinition> schemaTables();
 
+/// Names of indexes of older versions that serve no statement any more.
+[[nodiscard]] std::span<const QStringView> retiredIndexes();
+
 /// The version that the tables of this build have; see installer.h.
-inline constexpr int schemaVersion = 1;
+inline constexpr int schemaVersion = 2;
 
 /// The catalog of a freshly installed database, for translating without one.
 [[nodiscard]] Catalog schemaCatalog();

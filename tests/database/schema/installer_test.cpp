@@ -1,6 +1,7 @@
 #include "database/schema/installer.h"
 
 #include "database/connection.h"
+#include "database/dialect/translator.h"
 #include "database/schema/tables.h"
 #include "support/messages.h"
 
@@ -103,7 +104,6 @@ TEST(Installer, IndexesServeTheirStatements)
          "COVERING INDEX ix_pubAttach_owner"},
         {"select 跟进ID from fygj where 房源ID='x' order by 操作日期 desc", "ix_fygj_owner"},
         {"select 客源ID from fykh where 客源编号>'x' order by 客源编号 limit 1", "ix_fykh_number"},
-        {"select 客源ID from fykh where 求购价格1<=5 and 求购价格2>=5", "ix_fykh_buy"},
         {"select 房源ID from fyxx where 总面积>=80 and 总面积<=90", "ix_fyxx_area"},
         {"select 名称 from pdmsjzd where 类型='x' order by 代码", "ix_pdmsjzd_kind"},
     };
@@ -111,6 +111,32 @@ TEST(Installer, IndexesServeTheirStatements)
         const std::string text = plan(*connection, statement);
         EXPECT_THAT(text, HasSubstr(index)) << statement;
         EXPECT_THAT(text, Not(HasSubstr("TEMP B-TREE"))) << statement;
+    }
+}
+
+TEST(Installer, CustomersWhoMayMatchAreSearchedByThatWhichTellsMost)
+{
+    auto connection = installed();
+    const QString floor = QStringLiteral(" and 楼层1<=3 and 楼层2>=3");
+    const QString area = QStringLiteral(" and 面积1<=90.5 and 面积2>=90.5");
+    const QString price = QStringLiteral(" and 求购价格1<=150 and 求购价格2>=150");
+    const QString rent = QStringLiteral(" and 求租价格1<=2500 and 求租价格2>=2500");
+    const std::pair<QString, const char *> cases[] = {
+        {floor + area + price, "SEARCH t0 USING INDEX ix_fykh_match_buy (求购价格2>?)"},
+        {floor + area + rent, "SEARCH t0 USING INDEX ix_fykh_match_rent (求租价格2>?)"},
+        {floor + area, "SEARCH t0 USING INDEX ix_fykh_match_area (面积2>?)"},
+        {area, "SEARCH t0 USING INDEX ix_fykh_match_area (面积2>?)"},
+        {floor, "SCAN t0 USING INDEX ix_fykh_number"},
+        {QString(), "SCAN t0 USING INDEX ix_fykh_number"},
+        // Two limits that somebody set are nothing rare.
+        {QStringLiteral(" and 面积1<=90 and 求购价格2>=150"), "SCAN t0 USING INDEX ix_fykh_number"},
+    };
+    for (const auto &[conditions, expected] : cases) {
+        const SqlText statement(
+            QStringLiteral("select 客户名称 from fykh where 1=1%1 order by 客源编号").arg(conditions));
+        const Translation translation = translate(statement, connection->dialect(), connection->catalog());
+        EXPECT_THAT(plan(*connection, translation.sql.constData()), HasSubstr(expected))
+            << translation.sql.toStdString();
     }
 }
 

@@ -101,6 +101,8 @@ TEST_F(ParametersTest, NoValueComesOutOtherwiseThanInTheText)
         {u"select x from t where nowhere='@'", {keyA}},
         {u"select x from t where n<=@ and n>=@",
          {u"12"_qs, u"12.5"_qs, u"13"_qs, u"12.4999"_qs, u"918273640"_qs}},
+        {u"select x from t where n<=@ and val(x)>=@ and n<=918273641 and x=@",
+         {u"12"_qs, u"12.5"_qs, u"918273640"_qs}},
         {u"select x from t where val(x)<=@ order by n", {u"12"_qs, u"918273640"_qs, u"12.25"_qs}},
         {u"select x from t where x=@", {u"12"_qs, u"12.5"_qs, u"7"_qs}},
         {u"select x from t where n=918273640 or n=@", {u"12"_qs, u"5"_qs}},
