@@ -22,6 +22,7 @@ int searchBenchmark(const Options &options);
 /// Changing the current row with each tab of the detail active, against that tab's bare statements.
 int rowChangeBenchmark(const Options &options);
 /// The customers of listings of several kinds, against the bare statements; with the engine's plan of each.
+/// On either engine.
 int matchBenchmark(const Options &options);
 /// Opening the editor for a listing, against its bare statements; the building of its widgets beside it.
 int editorBenchmark(const Options &options);

@@ -21,6 +21,12 @@ struct Contender
 /// count.
 [[nodiscard]] std::vector<double> medians(const std::vector<Contender> &contenders, int rounds);
 
+/// The same for work in several stretches, each run by all contenders before the next one begins: the medians
+/// of each, summed up. A burst of other work then falls on few rounds of few stretches instead of on a whole
+/// round of one contender.
+[[nodiscard]] std::vector<double> sumsOfMedians(const std::vector<std::vector<Contender>> &stretches,
+                                                int rounds);
+
 /// To a thousandth: more digits would only be noise.
 [[nodiscard]] double rounded(double figure);
 

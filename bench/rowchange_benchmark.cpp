@@ -7,39 +7,61 @@
 
 #include <QJsonObject>
 
+#include <deque>
 #include <iostream>
 
 namespace ebtq::bench {
 
 namespace {
 
-constexpr int rowsVisited = 500;
+constexpr int mostVisited = 500;
+constexpr int rowsInStretch = 20;
 
-/// Goes down the list in even steps, and back to its first row.
-void goDown(VSFlexGrid &grid)
+/// Goes down a stretch of the list, whose rows are visited in even steps.
+void goDown(VSFlexGrid &grid, int stretch)
 {
     const int rows = grid.Rows() - grid.FixedRows();
-    const int visited = std::min(rows, rowsVisited);
-    for (int step = 1; step <= visited; ++step)
+    const int visited = std::min(rows, mostVisited);
+    const int last = std::min((stretch + 1) * rowsInStretch, visited);
+    for (int step = stretch * rowsInStretch + 1; step <= last; ++step)
         grid.setRow(static_cast<int>(static_cast<qint64>(rows) * step / visited));
-    grid.setRow(grid.FixedRows());
 }
+
+/// The statements of one stretch, and the ways to have them run.
+struct Stretch
+{
+    std::vector<QByteArray> texts;
+    std::unique_ptr<PreparedStatements> prepared;
+
+    [[nodiscard]] std::vector<Contender> contenders(sqlite3 *handle, const std::function<void()> &ours) const
+    {
+        return {{"bare",
+                 [this, handle] {
+                     for (const QByteArray &text : texts)
+                         runBare(handle, text);
+                 }},
+                {"prepared", [this] { prepared->run(); }},
+                {"ours", ours}};
+    }
+};
 
 QJsonObject measureTab(Fcxx &list, int tab, sqlite3 *handle, int rounds)
 {
     list.detail().qzVSTabCtl1().setActiveTab(tab);
-    const std::vector<QByteArray> texts = statementsOf(handle, [&] { goDown(list.VS()); });
-    const PreparedStatements prepared(handle, texts);
-    const auto times = medians({{"bare",
-                                 [&] {
-                                     for (const QByteArray &text : texts)
-                                         runBare(handle, text);
-                                 }},
-                                {"prepared", [&] { prepared.run(); }},
-                                {"ours", [&] { goDown(list.VS()); }}},
-                               rounds);
-    const double changes = std::min(list.VS().Rows() - 1, rowsVisited) + 1;
-    return {{QStringLiteral("statements"), static_cast<double>(texts.size()) / changes},
+    const int changes = std::min(list.VS().Rows() - 1, mostVisited);
+    std::deque<Stretch> stretches;
+    std::vector<std::vector<Contender>> contenders;
+    size_t statements = 0;
+    for (int at = 0; at * rowsInStretch < changes; ++at) {
+        const auto ours = [&list, at] { goDown(list.VS(), at); };
+        Stretch &stretch = stretches.emplace_back();
+        stretch.texts = statementsOf(handle, ours);
+        stretch.prepared = std::make_unique<PreparedStatements>(handle, stretch.texts);
+        contenders.push_back(stretch.contenders(handle, ours));
+        statements += stretch.texts.size();
+    }
+    const auto times = sumsOfMedians(contenders, rounds);
+    return {{QStringLiteral("statements"), static_cast<double>(statements) / changes},
             {QStringLiteral("bare_us"), rounded(times[0] * 1000 / changes)},
             {QStringLiteral("prepared_before_us"), rounded(times[1] * 1000 / changes)},
             {QStringLiteral("ours_us"), rounded(times[2] * 1000 / changes)},

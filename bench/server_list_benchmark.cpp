@@ -4,10 +4,9 @@
 #include "host/module_ids.h"
 #include "library/listings/fcxx.h"
 #include "measure.h"
+#include "server_statements.h"
 
 #include <QJsonObject>
-
-#include <libpq-fe.h>
 
 #include <iostream>
 
@@ -35,38 +34,12 @@ QByteArray listForServer(int moduleId)
            " order by 房源编号 desc nulls last";
 }
 
-/// Row by row, which costs libpq less than one result of all rows; `take` gets each cell.
-template<class Take> void fetch(PGconn *handle, const QByteArray &sql, Take take)
-{
-    PQsendQueryParams(handle, sql.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0);
-    PQsetSingleRowMode(handle);
-    int number = 0;
-    while (PGresult *result = PQgetResult(handle)) {
-        if (PQresultStatus(result) == PGRES_FATAL_ERROR)
-            throw std::runtime_error(PQresultErrorMessage(result));
-        for (int row = 0; row < PQntuples(result); ++row, ++number) {
-            for (int column = 0; column < PQnfields(result); ++column)
-                take(number, column,
-                     std::string_view(PQgetvalue(result, row, column),
-                                      static_cast<size_t>(PQgetlength(result, row, column))));
-        }
-        PQclear(result);
-    }
-}
-
-void readRaw(PGconn *handle, const QByteArray &sql)
-{
-    size_t bytes = 0;
-    fetch(handle, sql, [&](int, int, std::string_view cell) { bytes += cell.size(); });
-    keep(bytes);
-}
-
 /// The first cell that the grid shows otherwise; empty when there is none.
-QString firstDifference(PGconn *handle, const QByteArray &sql, const VSFlexGrid &grid)
+QString firstDifference(pg_conn *handle, const QByteArray &sql, const VSFlexGrid &grid)
 {
     QString difference;
     int rows = 0;
-    fetch(handle, sql, [&](int row, int column, std::string_view cell) {
+    fetchFromServer(handle, sql, [&](int row, int column, std::string_view cell) {
         rows = row + 1;
         std::string regional;
         appendRegionalDate(cell, regional);
@@ -88,7 +61,7 @@ int serverListBenchmark(const Options &options)
                      [](const QString &text) { std::cerr << qPrintable(text) << '\n'; });
     list.IReportUI_Init(agency.app(), host::ListingModule);
     const QByteArray sql = listForServer(host::ListingModule);
-    PGconn *handle = agency.server().handle();
+    pg_conn *handle = agency.server().handle();
     if (!list.IReportUI_Refresh())
         return 1;
     if (const QString difference = firstDifference(handle, sql, list.VS()); !difference.isEmpty()) {
@@ -96,7 +69,7 @@ int serverListBenchmark(const Options &options)
         return 1;
     }
     const auto times =
-        medians({{"raw", [&] { readRaw(handle, sql); }}, {"ours", [&] { list.IReportUI_Refresh(); }}},
+        medians({{"raw", [&] { readFromServer(handle, sql); }}, {"ours", [&] { list.IReportUI_Refresh(); }}},
                 options.rounds);
     const double rows = list.VS().Rows() - 1;
     print({{QStringLiteral("benchmark"), QStringLiteral("list")},
