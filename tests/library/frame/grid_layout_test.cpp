@@ -36,22 +36,14 @@ protected:
         block.finish();
         grid.LoadArray(std::move(block));
     }
-    void put(const QString &section, const QString &key, const QString &value) const
-    {
-        IniStore store;
-        store.setFileName(file);
-        store.SetString(section, key, value);
-        ASSERT_TRUE(store.save());
-    }
     [[nodiscard]] QString kept(const QString &section, const QString &key) const
     {
         IniStore store;
-        store.setFileName(file);
+        store.setFileName(layoutFile);
         return store.GetString(section, key, u"-"_qs);
     }
-    void restore(bool onlyColWidth = false) { GridRestore(file, grid, onlyColWidth, app); }
+    void restore(bool onlyColWidth = false) { GridRestore(layoutFile, grid, onlyColWidth, app); }
 
-    QString file = folder.filePath(u"Fcxx.txt"_qs);
     VSFlexGrid grid{u"VS"_qs};
 };
 
@@ -59,7 +51,7 @@ TEST_F(GridLayoutTest, AFirstStartWritesTheShapeThatTheScreenWasBuiltWith)
 {
     grid.setColWidth(2, 0);
     restore(true);
-    EXPECT_FALSE(QFile::exists(file)) << "widths alone write nothing";
+    EXPECT_FALSE(QFile::exists(layoutFile)) << "widths alone write nothing";
     restore();
     const QString written =
         u"VsIsHidden VsCol1 2,VsIsHidden VsCol2 1,VsColWidth VsCol1 %1,VsColWidth VsCol2 -,VsIsColMerge "
@@ -89,11 +81,11 @@ TEST_F(GridLayoutTest, EveryKeyComesBack)
     grid.setFrozenCols(2);
     grid.setGridColor(0x123456);
     grid.setWordWrap(true);
-    ASSERT_TRUE(GridSave(file, grid, false));
+    ASSERT_TRUE(GridSave(layoutFile, grid, false));
     VSFlexGrid other(u"Vs"_qs);
     other.setFormatString(grid.FormatString());
     other.LoadArray(blockOf(4, {{u"x"_qs, {}, {}, {}}}));
-    GridRestore(file, other, false, app);
+    GridRestore(layoutFile, other, false, app);
     EXPECT_EQ(other.ColWidth(0), 33);
     EXPECT_EQ(other.ColWidth(1), 0);
     EXPECT_TRUE(other.MergeCol(2));
@@ -107,10 +99,10 @@ TEST_F(GridLayoutTest, EveryKeyComesBack)
     EXPECT_EQ(other.FrozenCols(), 2);
     EXPECT_EQ(other.GridColor(), 0x123456);
     EXPECT_TRUE(other.WordWrap());
-    QFile in(file);
+    QFile in(layoutFile);
     ASSERT_TRUE(in.open(QIODevice::ReadOnly));
     const QByteArray before = in.readAll();
-    ASSERT_TRUE(GridSave(file, other, false));
+    ASSERT_TRUE(GridSave(layoutFile, other, false));
     in.seek(0);
     EXPECT_EQ(in.readAll(), before) << "what was restored is saved alike";
 }
@@ -118,18 +110,18 @@ TEST_F(GridLayoutTest, EveryKeyComesBack)
 TEST_F(GridLayoutTest, AShownColumnHasItsFormerWidthAgain)
 {
     grid.setColWidth(1, 77);
-    ASSERT_TRUE(GridSave(file, grid, true));
+    ASSERT_TRUE(GridSave(layoutFile, grid, true));
     EXPECT_EQ(kept(u"Vs"_qs, u"VsWordWrap"_qs), u"-") << "widths only";
     grid.setColWidth(1, 0);
-    ASSERT_TRUE(GridSave(file, grid, false));
+    ASSERT_TRUE(GridSave(layoutFile, grid, false));
     EXPECT_EQ(kept(u"VsColWidth"_qs, u"VsCol1"_qs), u"77");
     VSFlexGrid other(u"VS"_qs);
     other.setFormatString(grid.FormatString());
-    GridRestore(file, other, true, app);
+    GridRestore(layoutFile, other, true, app);
     EXPECT_EQ(other.ColWidth(1), 0);
     EXPECT_EQ(other.widthWhenShown(1), 77);
     put(u"VsIsHidden"_qs, u"VsCol1"_qs, u"2"_qs);
-    GridRestore(file, other, true, app);
+    GridRestore(layoutFile, other, true, app);
     EXPECT_EQ(other.ColWidth(1), 77);
 }
 
@@ -216,7 +208,7 @@ TEST_F(GridLayoutTest, DamagedNumbersLeaveAScreenThatCanBeUsed)
     for (const QString &value : wrong) {
         SCOPED_TRACE(value.toStdString());
         IniStore store;
-        store.setFileName(file);
+        store.setFileName(layoutFile);
         for (const QString &section : columnSections) {
             for (int col = -1; col < 6; ++col)
                 store.SetString(section, u"VsCol%1"_qs.arg(col), value);
@@ -293,7 +285,6 @@ using FormStatus = AgencyTest;
 
 TEST_F(FormStatus, EachKindOfControlIsKeptUnderItsName)
 {
-    const QString file = folder.filePath(u"form.txt"_qs);
     Form form;
     form.field.setText(u"营业\n一部"_qs);
     form.field.setValue(12);
@@ -304,10 +295,10 @@ TEST_F(FormStatus, EachKindOfControlIsKeptUnderItsName)
     form.widths.setColWidth(1, 61);
     form.list.setColWidth(1, 62);
     form.second.setColWidth(1, 63);
-    ASSERT_TRUE(saveForm(file, false, form.controls));
+    ASSERT_TRUE(saveForm(layoutFile, false, form.controls));
 
     IniStore store;
-    store.setFileName(file);
+    store.setFileName(layoutFile);
     for (const char16_t *key : {u"QZTXT_S_qzTxt_4_Text", u"QZTXT_S_qzTxt_4_Value", u"CHECKBOX_Chk_0",
                                 u"XPCOMBO_XPCmb", u"TEXTBOX_Txt_1", u"TREEVIEW_tv", u"QZGRID_qzGrid1_Col1"})
         EXPECT_TRUE(store.contains(u"Form"_qs, QString::fromUtf16(key)))
@@ -315,7 +306,7 @@ TEST_F(FormStatus, EachKindOfControlIsKeptUnderItsName)
     EXPECT_EQ(store.GetString(u"VsColWidth_VsGj"_qs, u"VsCol1"_qs, {}), u"63");
 
     Form other;
-    restoreForm(file, false, other.controls, app);
+    restoreForm(layoutFile, false, other.controls, app);
     EXPECT_EQ(other.field.Text(), form.field.Text());
     EXPECT_EQ(other.field.Value().toInt(), 12);
     EXPECT_EQ(other.box.Value(), 1);
@@ -329,7 +320,7 @@ TEST_F(FormStatus, EachKindOfControlIsKeptUnderItsName)
     store.SetString(u"Form"_qs, u"TREEVIEW_tv"_qs, u"二级"_qs);
     store.SetString(u"Form"_qs, u"CHECKBOX_Chk_0"_qs, u"坏"_qs);
     ASSERT_TRUE(store.save());
-    restoreForm(file, true, other.controls, app);
+    restoreForm(layoutFile, true, other.controls, app);
     EXPECT_EQ(other.tree.selected, u"二级");
     EXPECT_EQ(other.box.Value(), 1) << "no number, no change";
     Form untouched;

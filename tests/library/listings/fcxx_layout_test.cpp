@@ -1,4 +1,3 @@
-#include "library/frame/ini_store.h"
 #include "library/frame/layout_file.h"
 #include "library/listings/fcxx_fixture.h"
 
@@ -16,28 +15,19 @@ protected:
     FcxxLayoutTest()
     {
         QObject::connect(&list, &Fcxx::RefreshGetGridStatus,
-                         [this] { list.IReportUI_DoGetFormStatus(file); });
+                         [this] { list.IReportUI_DoGetFormStatus(layoutFile); });
     }
     void open()
     {
         init();
-        list.IReportUI_DoGetFormStatus(file);
+        list.IReportUI_DoGetFormStatus(layoutFile);
         refresh();
     }
     void close()
     {
-        list.IReportUI_DoSaveFormStatus(file);
+        list.IReportUI_DoSaveFormStatus(layoutFile);
         list.IReportUI_Clear();
     }
-    void put(const QString &section, const QString &key, const QString &value) const
-    {
-        IniStore store;
-        store.setFileName(file);
-        store.SetString(section, key, value);
-        ASSERT_TRUE(store.save());
-    }
-
-    QString file = folder.filePath(u"Fcxx.txt"_qs);
 };
 
 TEST_F(FcxxLayoutTest, AFilterIsBackBeforeTheFirstLoadAndNeverAfter)
@@ -51,9 +41,10 @@ TEST_F(FcxxLayoutTest, AFilterIsBackBeforeTheFirstLoadAndNeverAfter)
     close();
 
     Fcxx again{desktop};
-    QObject::connect(&again, &Fcxx::RefreshGetGridStatus, [&] { again.IReportUI_DoGetFormStatus(file); });
+    QObject::connect(&again, &Fcxx::RefreshGetGridStatus,
+                     [&] { again.IReportUI_DoGetFormStatus(layoutFile); });
     ASSERT_TRUE(again.IReportUI_Init(app, 101));
-    again.IReportUI_DoGetFormStatus(file);
+    again.IReportUI_DoGetFormStatus(layoutFile);
     EXPECT_EQ(again.qzTxt(0).Text(), u"天河区");
     EXPECT_EQ(again.XPCmb().Text(), u"半年内");
     ASSERT_TRUE(again.IReportUI_Refresh());
@@ -94,7 +85,7 @@ TEST_F(FcxxLayoutTest, ColumnsThatAPersonChangedAreKeptAtOnceAndFoundAgain)
     // No close: the program may end any way.
     Fcxx again{desktop};
     ASSERT_TRUE(again.IReportUI_Init(app, 101));
-    again.IReportUI_DoGetFormStatus(file);
+    again.IReportUI_DoGetFormStatus(layoutFile);
     EXPECT_EQ(again.VS().ColWidth(1), 123);
     EXPECT_EQ(again.VS().ColWidth(2), 0);
     EXPECT_EQ(again.VS().columnOrder().front(), 4);
@@ -111,7 +102,7 @@ TEST_F(FcxxLayoutTest, WhatTheDetailShowsOfAListingIsNotKept)
     owner->setProperty("Text", u"13800005678"_qs);
     remark->setProperty("Text", u"下午联系业主"_qs);
     close();
-    QFile kept(file);
+    QFile kept(layoutFile);
     ASSERT_TRUE(kept.open(QFile::ReadOnly));
     const QByteArray text = kept.readAll();
     EXPECT_TRUE(text.contains("QZTXT_S_qzTxt_0_Text"));
@@ -150,7 +141,7 @@ TEST_F(FcxxLayoutTest, NoLayoutFileStopsTheScreen)
     for (const QString &where :
          {folder.path(), readOnly, folder.filePath(u"none/below/Fcxx.txt"_qs), QString()}) {
         SCOPED_TRACE(where.toStdString());
-        file = where;
+        layoutFile = where;
         open();
         EXPECT_EQ(inSight(), QStringList({u"2"_qs, u"1"_qs}));
         events.clear();

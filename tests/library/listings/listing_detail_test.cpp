@@ -3,8 +3,6 @@
 #include "database/sqlite/sqlite_connection.h"
 #include "library/listings/fcxx_fixture.h"
 
-#include <QFile>
-
 #include <sqlite3.h>
 
 using namespace ebtq;
@@ -198,13 +196,9 @@ TEST_F(ListingDetailTest, FollowUpsShowNewestFirst)
     list.VS().setRow(2);
     EXPECT_EQ(grid.Rows(), 1);
 
-    const QString file = folder.filePath(u"Fcxx.txt"_qs);
-    list.IReportUI_DoGetFormStatus(file);
+    list.IReportUI_DoGetFormStatus(layoutFile);
     for (const int width : {77, 177}) {
-        QFile layout(file);
-        ASSERT_TRUE(layout.open(QIODevice::WriteOnly));
-        layout.write("[VsColWidth_VsGj]\nVsCol2=" + QByteArray::number(width) + '\n');
-        layout.close();
+        put(u"VsColWidth_VsGj"_qs, u"VsCol2"_qs, QString::number(width));
         list.VS().setRow(1);
         EXPECT_EQ(grid.ColWidth(2), width) << "a load restores the layout";
         list.VS().setRow(2);

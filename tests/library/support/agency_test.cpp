@@ -3,6 +3,7 @@
 #include "host/module_ids.h"
 #include "host/rights.h"
 #include "host/setup.h"
+#include "library/frame/ini_store.h"
 
 namespace ebtq::test {
 
@@ -46,6 +47,14 @@ void AgencyTest::insert(std::initializer_list<const char16_t *> rows)
 void AgencyTest::setRight(int right, bool allowed)
 {
     host::setRight(*connection, u"U1"_qs, host::ListingModule, right, allowed);
+}
+
+void AgencyTest::put(const QString &section, const QString &key, const QString &value) const
+{
+    IniStore store;
+    store.setFileName(layoutFile);
+    store.SetString(section, key, value);
+    ASSERT_TRUE(store.save());
 }
 
 QStringList AgencyTest::asked()

@@ -100,10 +100,13 @@ protected:
     void insert(std::initializer_list<const char16_t *> rows);
     [[nodiscard]] RowBlock rows(const QString &sql) const { return connection->query(sql); }
     void setRight(int right, bool allowed);
+    /// Writes an entry of the layout file.
+    void put(const QString &section, const QString &key, const QString &value) const;
     /// What was asked since the last call.
     [[nodiscard]] QStringList asked();
 
     QTemporaryDir folder;
+    QString layoutFile = folder.filePath(u"Fcxx.txt"_qs);
     std::unique_ptr<db::Connection> connection;
     ScriptedPanels panels;
     WatchedHost app{

@@ -262,28 +262,6 @@ TEST_F(FieldViewTest, ConfirmsByEnterAndByAChoiceButNotByAnEmptyOne)
     EXPECT_FALSE(district.Value().isValid());
 }
 
-TEST_F(FieldViewTest, CalendarAndShortListAreTheHosts)
-{
-    QStringList keys;
-    first.set_help_flag(true);
-    first.set_help_code(u"|本人;0|本部;1"_qs);
-    QObject::connect(&first, &qzTxt_S::FieldGenericHelp, [&](const QString &key) {
-        keys.append(key);
-        first.setValue(1);
-        first.setText(u"本部%1"_qs.arg(keys.size()));
-    });
-    const QSignalSpy confirmed(&before, &FieldView::confirmed);
-    before.setEnter(FieldView::Enter::Confirms);
-    for (const int type : {qzTxt_S::Calendar, qzTxt_S::InlineList}) {
-        first.set_help_type(type);
-        before.setFocus();
-        QTest::keyClick(&before, Qt::Key_F4);
-    }
-    EXPECT_EQ(keys, QStringList({u"date"_qs, u"|本人;0|本部;1"_qs}));
-    EXPECT_EQ(before.text(), u"本部2"_qs);
-    EXPECT_EQ(confirmed.size(), 2);
-}
-
 TEST_F(FieldViewTest, TheArrowOfAnotherFieldLeavesThisOneLikeAClick)
 {
     first.set_help_flag(true);
