@@ -10,6 +10,8 @@ struct Options
     int rounds = 5;
     int customers = 600;
     int followUps = 3000;
+    int clients = 32;
+    int seconds = 20;
     QString database; ///< an existing one or a server's URL; empty: a temporary one is made
 };
 
@@ -33,5 +35,8 @@ int dialectBenchmark(const Options &options);
 int layoutBenchmark(const Options &options);
 /// Exporting the loaded list as CSV, against writing the same bytes from memory; XLSX beside it.
 int exportBenchmark(const Options &options);
+/// Agents who open lists and save at once on a server, against its simple-update rate. Fails when anything of
+/// what they were told to be saved is not there.
+int clientsBenchmark(const Options &options);
 
 } // namespace ebtq::bench

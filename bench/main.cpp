@@ -25,6 +25,7 @@ constexpr Command commands[] = {
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
     {"layout", "restore a layout with sums by two groups", ebtq::bench::layoutBenchmark},
     {"export", "export the loaded list", ebtq::bench::exportBenchmark},
+    {"clients", "agents at one server, in bases of their own", ebtq::bench::clientsBenchmark},
 };
 
 QString commandHelp()
@@ -64,19 +65,25 @@ int main(int argc, char **argv)
                                        QStringLiteral("n"), QStringLiteral("600"));
     const QCommandLineOption rounds(QStringLiteral("rounds"), QStringLiteral("measured rounds"),
                                     QStringLiteral("n"), QStringLiteral("5"));
+    const QCommandLineOption clients(QStringLiteral("n"), QStringLiteral("agents at once"),
+                                     QStringLiteral("n"), QStringLiteral("32"));
+    const QCommandLineOption seconds(QStringLiteral("seconds"), QStringLiteral("how long agents work"),
+                                     QStringLiteral("n"), QStringLiteral("20"));
     const QCommandLineOption database(QStringLiteral("db"),
                                       QStringLiteral("an existing database, or an empty base on a"
                                                      " server that is filled, instead"),
                                       QStringLiteral("file or URL"));
-    parser.addOptions({rows, customers, rounds, database});
+    parser.addOptions({rows, customers, rounds, clients, seconds, database});
     parser.process(*application);
     ebtq::bench::Options options;
     options.rows = parser.value(rows).toInt();
     options.rounds = parser.value(rounds).toInt();
     options.database = parser.value(database);
     options.customers = parser.value(customers).toInt();
+    options.clients = parser.value(clients).toInt();
+    options.seconds = parser.value(seconds).toInt();
     if (parser.positionalArguments().size() != 1 || options.rows < 1 || options.rounds < 1 ||
-        options.customers < 0)
+        options.customers < 0 || options.clients < 1 || options.seconds < 1)
         parser.showHelp(2);
     try {
         return runCommand(parser.positionalArguments().constFirst(), options);

@@ -16,10 +16,20 @@ double secondsOf(const std::function<void()> &work)
     return std::chrono::duration<double>(Save::Clock::now() - begin).count();
 }
 
-void work(Agent &agent, const std::function<bool(int round)> &goesOn, Report &report)
+/// What all agents of a crew keep to.
+struct Shift
 {
-    for (int round = 0; goesOn(round); ++round) {
-        report.openings.push_back(secondsOf([&] { agent.openList(); }) * 1000);
+    const QString &database;
+    const std::function<bool(int round)> &goesOn;
+    const Habits &habits;
+    std::latch begin;
+};
+
+void work(Agent &agent, const Shift &shift, Report &report)
+{
+    for (int round = 0; shift.goesOn(round); ++round) {
+        if (round == 0 || !shift.habits.opensOneList)
+            report.openings.push_back(secondsOf([&] { agent.openList(); }) * 1000);
         agent.saveListing();
         agent.changeListing();
         agent.writeFollowUp();
@@ -28,16 +38,15 @@ void work(Agent &agent, const std::function<bool(int round)> &goesOn, Report &re
     report.failures = agent.failures();
 }
 
-void workFromBegin(const QString &database, int number, std::latch &begin,
-                   const std::function<bool(int round)> &goesOn, Report &report)
+void workFromBegin(int number, Shift &shift, Report &report)
 {
     try {
-        Agent agent(database, number);
-        begin.arrive_and_wait();
-        work(agent, goesOn, report);
+        Agent agent(shift.database, shift.habits.firstNumber + number);
+        shift.begin.arrive_and_wait();
+        work(agent, shift, report);
     } catch (const std::exception &failure) {
         report.failures.append(QString::fromUtf8(failure.what()));
-        begin.count_down();
+        shift.begin.count_down();
     }
 }
 
@@ -54,16 +63,16 @@ Report together(const std::vector<Report> &reports)
 
 } // namespace
 
-Report letWork(const QString &database, int agents, const std::function<bool(int round)> &goesOn)
+Report letWork(const QString &database, int agents, const std::function<bool(int round)> &goesOn,
+               const Habits &habits)
 {
     std::vector<Report> reports(static_cast<size_t>(agents));
-    std::latch begin(agents + 1);
+    Shift shift{database, goesOn, habits, std::latch(agents + 1)};
     std::vector<std::thread> threads;
     for (int number = 0; number < agents; ++number)
-        threads.emplace_back([&, number] {
-            workFromBegin(database, number, begin, goesOn, reports[static_cast<size_t>(number)]);
-        });
-    begin.arrive_and_wait();
+        threads.emplace_back(
+            [&, number] { workFromBegin(number, shift, reports[static_cast<size_t>(number)]); });
+    shift.begin.arrive_and_wait();
     const double seconds = secondsOf([&] {
         for (std::thread &thread : threads)
             thread.join();
