@@ -39,6 +39,10 @@ class Connection
 public:
     /// What may be done with a file that is not there.
     enum class Missing { IsAnError, IsCreated };
+    /// What a commit waits for. AfterCommit is for a counter whose number means nothing before a row with it
+    /// is saved: everybody queues for its row, and a server's disk is not what they should queue for. A crash
+    /// may undo such a commit, but never one without all that were committed after it, on every connection.
+    enum class Flush { BeforeCommit, AfterCommit };
 
     /// Opens a base on a server by its URL ("postgresql://user@host:port/base") or an embedded database by
     /// its file's path (":memory:" for one in memory). Throws for a file that is no database. A read-only
@@ -78,8 +82,9 @@ public:
     virtual void executeNative(const QByteArray &script) = 0;
     [[nodiscard]] virtual RowBlock queryNative(const QByteArray &statement) = 0;
 
-    /// Begins a transaction that writes. Throws when one is open.
-    virtual void begin() = 0;
+    /// Begins a transaction that writes. Throws when one is open. An embedded database flushes as it always
+    /// does.
+    virtual void begin(Flush flush = Flush::BeforeCommit) = 0;
     virtual void commit() = 0;
     /// Nothing when none is open. Never throws.
     virtual void rollback() noexcept = 0;
@@ -102,12 +107,12 @@ public:
 class Transaction
 {
 public:
-    explicit Transaction(Connection &connection)
+    explicit Transaction(Connection &connection, Connection::Flush flush = Connection::Flush::BeforeCommit)
         : m_connection(connection)
         , m_own(!connection.inTransaction())
     {
         if (m_own)
-            m_connection.begin();
+            m_connection.begin(flush);
     }
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;

@@ -80,7 +80,7 @@ QString previewBillCode(db::Connection &connection, int moduleId, const QDate &d
 QString issueBillCode(db::Connection &connection, int moduleId, const QDate &date)
 {
     const QString prefix = prefixOf(connection, moduleId);
-    db::Transaction transaction(connection);
+    db::Transaction transaction(connection, db::Connection::Flush::AfterCommit);
     if (!advance(connection, moduleId, date)) {
         beginPeriod(connection, moduleId, date);
         advance(connection, moduleId, date);

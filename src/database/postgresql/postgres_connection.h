@@ -24,7 +24,7 @@ public:
     void executeNative(const QByteArray &script) override;
     [[nodiscard]] RowBlock queryNative(const QByteArray &statement) override;
 
-    void begin() override { m_session.begin(); }
+    void begin(Flush flush) override { m_session.begin(flush); }
     void commit() override { m_session.commit(); }
     void rollback() noexcept override { m_session.rollback(); }
     [[nodiscard]] bool inTransaction() const override { return m_session.inTransaction(); }

@@ -318,9 +318,10 @@ PostgresSession::ExactNumbers::~ExactNumbers()
     const Result result(PQexec(m_session.handle(), "set extra_float_digits=0"));
 }
 
-void PostgresSession::begin()
+void PostgresSession::begin(Connection::Flush flush)
 {
-    beginWith("begin");
+    beginWith(flush == Connection::Flush::BeforeCommit ? "begin"
+                                                       : "begin; set local synchronous_commit to off");
 }
 
 /// The moment is that of the first statement.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/connection.h"
 #include "database/postgresql/postgres_address.h"
 #include "database/postgresql/statement_names.h"
 
@@ -49,7 +50,7 @@ public:
         PostgresSession &m_session;
     };
 
-    void begin();
+    void begin(Connection::Flush flush);
     void beginReading();
     void commit();
     void rollback() noexcept;

@@ -231,7 +231,7 @@ RowBlock SqliteConnection::queryNative(const QByteArray &statement)
     return readRows(m_handle.get(), prepared.get(), std::move(columns));
 }
 
-void SqliteConnection::begin()
+void SqliteConnection::begin(Flush)
 {
     if (inTransaction())
         throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));

@@ -30,7 +30,7 @@ public:
     void executeNative(const QByteArray &script) override;
     [[nodiscard]] RowBlock queryNative(const QByteArray &statement) override;
 
-    void begin() override;
+    void begin(Flush flush) override;
     void commit() override;
     void rollback() noexcept override;
     [[nodiscard]] bool inTransaction() const override;
