@@ -4,6 +4,7 @@
 #include "screens/frame/form_dialog.h"
 #include "screens/frame/view_registry.h"
 #include "screens/look/look.h"
+#include "screens/look/window_below.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -62,7 +63,7 @@ QtDesktop::QtDesktop(const ViewRegistry &views)
 
 Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons)
 {
-    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, QApplication::activeWindow());
+    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, look::windowBelow());
     showIcon(box, icon);
     box.setTextFormat(Qt::PlainText);
     if (buttons == Buttons::Ok) {
@@ -80,7 +81,7 @@ Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title,
 
 std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString &title, const QString &preset)
 {
-    QInputDialog dialog(QApplication::activeWindow());
+    QInputDialog dialog(look::windowBelow());
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
     dialog.setTextValue(preset);
@@ -93,7 +94,7 @@ std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString 
 
 QString QtDesktop::openDialog(const QString &title, const QString &folder, const QString &filter)
 {
-    QFileDialog dialog(QApplication::activeWindow(), title, folder, filter);
+    QFileDialog dialog(look::windowBelow(), title, folder, filter);
     dialog.setFileMode(QFileDialog::ExistingFile);
     return chooseFile(dialog, QStringLiteral("打开(&O)"));
 }
@@ -101,7 +102,7 @@ QString QtDesktop::openDialog(const QString &title, const QString &folder, const
 QString QtDesktop::saveDialog(const QString &title, const QString &proposedPath, const QString &filter)
 {
     const QFileInfo proposed(proposedPath);
-    QFileDialog dialog(QApplication::activeWindow(), title, proposed.path(), filter);
+    QFileDialog dialog(look::windowBelow(), title, proposed.path(), filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(proposed.suffix());
     dialog.selectFile(proposed.fileName());
@@ -110,7 +111,7 @@ QString QtDesktop::saveDialog(const QString &title, const QString &proposedPath,
 
 void QtDesktop::showModal(QObject &form)
 {
-    FormDialog dialog(QApplication::activeWindow());
+    FormDialog dialog(look::windowBelow());
     QWidget *view = m_views.createView(form, &dialog);
     if (!view)
         throw Failure(QStringLiteral("没有可以显示的窗体: ") + form.objectName());

@@ -1,5 +1,7 @@
 #include "shell/panels/popup.h"
 
+#include "screens/look/window_below.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -38,7 +40,7 @@ QPoint onScreen(const QPoint &corner, const QSize &size)
 } // namespace
 
 Popup::Popup()
-    : QFrame(QApplication::activeWindow(), Qt::Popup)
+    : QFrame(look::windowBelow(), Qt::Popup)
 {
     setProperty("kind", QStringLiteral("panel"));
 }

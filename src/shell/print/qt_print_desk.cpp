@@ -1,5 +1,6 @@
 #include "shell/print/qt_print_desk.h"
 
+#include "screens/look/window_below.h"
 #include "shell/print/preview_dialog.h"
 #include "shell/print/setup_dialog.h"
 
@@ -23,15 +24,15 @@ bool QtPrintDesk::hasPrinter() const
 
 bool QtPrintDesk::choosePrinter(QPrinter &printer)
 {
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    QPrintDialog dialog(&printer, look::windowBelow());
     dialog.setWindowTitle(QStringLiteral("打印"));
     return dialog.exec() == QDialog::Accepted;
 }
 
 QString QtPrintDesk::choosePdfFile(const QString &proposedPath)
 {
-    QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("存为 PDF"),
-                       QFileInfo(proposedPath).path(), QStringLiteral("PDF 文件 (*.pdf)"));
+    QFileDialog dialog(look::windowBelow(), QStringLiteral("存为 PDF"), QFileInfo(proposedPath).path(),
+                       QStringLiteral("PDF 文件 (*.pdf)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("pdf"));
     dialog.selectFile(QFileInfo(proposedPath).fileName());
@@ -40,7 +41,7 @@ QString QtPrintDesk::choosePdfFile(const QString &proposedPath)
 
 bool QtPrintDesk::editSettings(PrintSettings &settings)
 {
-    SetupDialog dialog(settings, QApplication::activeWindow());
+    SetupDialog dialog(settings, look::windowBelow());
     if (dialog.exec() != QDialog::Accepted)
         return false;
     settings = dialog.settings();
@@ -49,7 +50,7 @@ bool QtPrintDesk::editSettings(PrintSettings &settings)
 
 void QtPrintDesk::preview(PrintRun &run)
 {
-    PreviewDialog(run, QApplication::activeWindow()).run();
+    PreviewDialog(run, look::windowBelow()).run();
 }
 
 bool QtPrintDesk::goOn(const QString &what, int done, int total)
@@ -60,7 +61,7 @@ bool QtPrintDesk::goOn(const QString &what, int done, int total)
     }
     if (!m_progress) {
         m_progress = std::make_unique<QProgressDialog>(what, QStringLiteral("取消(&C)"), 0, total,
-                                                       QApplication::activeWindow());
+                                                       look::windowBelow());
         m_progress->setWindowModality(Qt::ApplicationModal);
         m_progress->setWindowTitle(QStringLiteral("打印"));
         m_progress->setMinimumDuration(patience);

@@ -1,6 +1,7 @@
 #include "shell/tour/person.h"
 
 #include "library/frame/host_contracts.h"
+#include "screens/look/look.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -20,6 +21,8 @@ namespace {
 
 constexpr int patience = 10'000; // milliseconds
 constexpr int glance = 10;
+constexpr int titleHeight = 30; // pixels
+constexpr int titleMargin = 12;
 
 void deliver(QWidget &receiver, QEvent *event)
 {
@@ -41,6 +44,21 @@ QWidget &keyboardOwner(QWidget &window)
     if (QWidget *owner = top->focusWidget())
         return *owner;
     return *top;
+}
+
+/// A window with the frame and the title that a desktop would give it; a panel has a frame of its own.
+void drawWindow(QPainter &painter, QPoint at, QWidget &window)
+{
+    if (window.windowType() != Qt::Popup) {
+        const QRect frame = QRect(at, window.size()).adjusted(-1, -titleHeight, 0, 0);
+        painter.setPen(look::tokens().muted);
+        painter.setBrush(look::tokens().card);
+        painter.drawRect(frame);
+        painter.setPen(look::tokens().ink);
+        painter.drawText(frame.adjusted(titleMargin, 0, 0, -window.height()), Qt::AlignVCenter,
+                         window.windowTitle());
+    }
+    painter.drawPixmap(at, window.grab());
 }
 
 } // namespace
@@ -165,7 +183,7 @@ QPixmap Person::picture() const
         above.append(popup);
     QPainter painter(&result);
     for (QWidget *each : above)
-        painter.drawPixmap(m_window.mapFromGlobal(each->pos()), each->grab());
+        drawWindow(painter, m_window.mapFromGlobal(each->pos()), *each);
     return result;
 }
 

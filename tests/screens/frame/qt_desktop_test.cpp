@@ -139,7 +139,11 @@ TEST_F(QtDesktopTest, FileDialogsGiveAPathOrNothing)
 TEST_F(QtDesktopTest, AModalFormEndsWhenItsScreenAgreesToClose)
 {
     Form form;
-    const WhenModal modal([](QWidget &dialog) {
+    QWidget program;
+    program.show();
+    QApplication::setActiveWindow(nullptr);
+    const WhenModal modal([&](QWidget &dialog) {
+        EXPECT_EQ(dialog.parentWidget(), &program) << "its dialogs stay above it while another has the focus";
         auto *view = dialog.findChild<FormView *>();
         ASSERT_TRUE(view);
         EXPECT_EQ(dialog.windowTitle(), u"登记"_qs);
