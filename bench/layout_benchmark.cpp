@@ -1,10 +1,10 @@
 #include "agency.h"
 #include "benchmarks.h"
+#include "contracts/host_contracts.h"
 #include "database/values/number_text.h"
 #include "library/controls/flex_grid.h"
-#include "library/frame/grid_layout.h"
-#include "library/frame/host_contracts.h"
-#include "library/frame/ini_store.h"
+#include "library/layout/grid_layout.h"
+#include "library/layout/ini_store.h"
 #include "measure.h"
 
 #include <QJsonObject>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "contracts/host_contracts.h"
 #include "database/connection.h"
 #include "host/host_session.h"
 #include "host/panel_presenter.h"
 #include "host/users.h"
-#include "library/frame/host_contracts.h"
 
 #include <QDate>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "host/bill_numbers.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 namespace ebtq::host {
 

@@ -1,10 +1,10 @@
 #include "host/setup.h"
 
+#include "contracts/host_contracts.h"
 #include "host/host_parameters.h"
 #include "host/module_ids.h"
 #include "host/rights.h"
 #include "host/users.h"
-#include "library/frame/host_contracts.h"
 
 namespace ebtq::host {
 

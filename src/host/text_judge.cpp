@@ -1,8 +1,8 @@
 #include "host/text_judge.h"
 
+#include "contracts/host_contracts.h"
+#include "contracts/inline_list.h"
 #include "database/values/date_text.h"
-#include "library/frame/host_contracts.h"
-#include "library/frame/inline_list.h"
 
 namespace ebtq::host {
 

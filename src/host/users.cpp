@@ -1,6 +1,6 @@
 #include "host/users.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QUuid>
 

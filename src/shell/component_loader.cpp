@@ -1,6 +1,6 @@
 #include "shell/component_loader.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "component/component_library.h"
+#include "contracts/host_contracts.h"
 #include "host/module_ids.h"
-#include "library/frame/host_contracts.h"
 
 #include <QDate>
 #include <QWidget>

@@ -1,6 +1,6 @@
 #include "shell/message_bar.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "screens/look/look.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "shell/options.h"
 
+#include "contracts/host_contracts.h"
 #include "database/connection.h"
-#include "library/frame/host_contracts.h"
 
 #include <QCommandLineParser>
 

@@ -1,6 +1,6 @@
 #include "shell/sign_in.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "shell/login_dialog.h"
 
 #include <QFileInfo>

@@ -6,12 +6,17 @@ set(rules
     "src/database/values|database/values/"
     "src/database/dialect|database/values/,database/dialect/"
     "src/database|database/"
-    "src/library|library/,database/values/"
-    "src/host|host/,library/frame/,database/"
-    "src/screens|screens/,library/,database/values/"
-    "src/component|component/,screens/,library/"
-    "src/shell/admin|shell/admin/,host/,library/frame/,database/"
-    "src/shell|shell/,component/component_library.h,screens/look/,host/,library/frame/,database/")
+    "src/contracts|contracts/,database/values/"
+    "src/library/controls|library/controls/,contracts/,database/values/"
+    "src/library/layout|library/layout/,library/controls/,contracts/,database/values/"
+    "src/library/frame|library/frame/,library/layout/,library/controls/,contracts/,database/values/"
+    "src/library|library/,contracts/,database/values/"
+    "src/host|host/,contracts/,database/"
+    "src/screens|screens/,library/,contracts/,database/values/"
+    "src/component|component/,screens/,library/,contracts/"
+    "src/shell/print|shell/print/,screens/look/,contracts/"
+    "src/shell/admin|shell/admin/,host/,contracts/,database/"
+    "src/shell|shell/,component/component_library.h,screens/look/,host/,contracts/,database/")
 set(widget_headers "^(QWidget|QApplication|QMainWindow|QDialog|QLabel|QLineEdit|QTable|QTree|QList(View|Widget)|QPainter|QIcon|QPixmap|QMessageBox|QPushButton|QComboBox|QMenu|QtWidgets|QtGui|QFileDialog|QColor|QBrush|QFont)")
 set(engine_headers "^(sqlite3|libpq)")
 set(broken 0)
@@ -54,7 +59,7 @@ foreach(rule IN LISTS rules)
                 endif()
             elseif(line MATCHES "^#include <([^>]+)>")
                 set(header ${CMAKE_MATCH_1})
-                if(header MATCHES "${widget_headers}" AND folder MATCHES "src/(database|library|host)")
+                if(header MATCHES "${widget_headers}" AND folder MATCHES "src/(database|contracts|library|host)")
                     message(SEND_ERROR "${path} includes <${header}>: no widgets in this room")
                     set(broken 1)
                 endif()

@@ -1,9 +1,9 @@
 #include "host/demo/demo.h"
 
+#include "contracts/host_contracts.h"
 #include "host/bill_numbers.h"
 #include "host/rights.h"
 #include "host/users.h"
-#include "library/frame/host_contracts.h"
 
 #include <gtest/gtest.h>
 

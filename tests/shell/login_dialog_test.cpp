@@ -1,6 +1,6 @@
 #include "shell/login_dialog.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "component/component_library.h"
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QDate>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "shell/tour/tour.h"
 
+#include "contracts/host_contracts.h"
 #include "host/application.h"
-#include "library/frame/host_contracts.h"
 #include "shell/panels/widget_panel_presenter.h"
 #include "shell/tour/tour_database.h"
 

@@ -1,11 +1,11 @@
 #include "host/demo/demo.h"
 
+#include "contracts/host_contracts.h"
 #include "host/demo/customers.h"
 #include "host/demo/dictionaries.h"
 #include "host/demo/listings.h"
 #include "host/host_parameters.h"
 #include "host/setup.h"
-#include "library/frame/host_contracts.h"
 
 namespace ebtq::host {
 

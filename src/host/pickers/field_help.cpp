@@ -1,9 +1,9 @@
 #include "host/pickers/field_help.h"
 
+#include "contracts/host_contracts.h"
 #include "database/values/date_text.h"
 #include "host/pickers/list_query.h"
 #include "host/text_judge.h"
-#include "library/frame/host_contracts.h"
 
 #include <QObject>
 #include <QVariant>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "contracts/host_contracts.h"
 #include "database/connection.h"
 #include "host/panel_presenter.h"
 #include "host/pickers/list_definition.h"
-#include "library/frame/host_contracts.h"
 
 #include <functional>
 

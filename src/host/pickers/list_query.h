@@ -1,9 +1,9 @@
 #pragma once
 
+#include "contracts/parameter_list.h"
 #include "database/values/sql_text.h"
 #include "host/panel_presenter.h"
 #include "host/pickers/list_definition.h"
-#include "library/frame/parameter_list.h"
 
 namespace ebtq::host {
 

@@ -1,8 +1,8 @@
 #include "library/controls/field_control.h"
 
+#include "contracts/inline_list.h"
+#include "contracts/null_conv.h"
 #include "database/values/date_text.h"
-#include "library/frame/inline_list.h"
-#include "library/frame/null_conv.h"
 
 #include <QScopedValueRollback>
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contracts/color_parts.h"
 #include "database/values/row_block.h"
 #include "library/controls/control.h"
 #include "library/controls/grid_colors.h"
@@ -8,7 +9,6 @@
 #include "library/controls/grid_rows.h"
 #include "library/controls/grid_sort.h"
 #include "library/controls/grid_subtotals.h"
-#include "library/frame/color_parts.h"
 
 #include <QList>
 

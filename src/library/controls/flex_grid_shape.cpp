@@ -1,6 +1,6 @@
 #include "library/controls/flex_grid.h"
 
-#include "library/frame/conversions.h"
+#include "contracts/conversions.h"
 
 #include <algorithm>
 #include <numeric>

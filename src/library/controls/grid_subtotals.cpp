@@ -1,7 +1,7 @@
 #include "library/controls/grid_subtotals.h"
 
+#include "contracts/conversions.h"
 #include "database/values/number_text.h"
-#include "library/frame/conversions.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "library/controls/search_box.h"
 
+#include "contracts/conversions.h"
 #include "library/controls/flex_grid.h"
-#include "library/frame/conversions.h"
 
 namespace ebtq {
 

@@ -1,7 +1,7 @@
 #include "library/controls/shown_grid.h"
 
+#include "contracts/color_parts.h"
 #include "library/controls/flex_grid.h"
-#include "library/frame/color_parts.h"
 
 #include <algorithm>
 

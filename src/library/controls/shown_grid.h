@@ -1,7 +1,7 @@
 #pragma once
 
+#include "contracts/print_contract.h"
 #include "database/values/row_block.h"
-#include "library/frame/print_contract.h"
 
 #include <string>
 #include <string_view>

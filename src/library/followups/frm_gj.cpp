@@ -1,10 +1,10 @@
 #include "library/followups/frm_gj.h"
 
+#include "contracts/conversions.h"
+#include "contracts/inline_list.h"
+#include "contracts/null_conv.h"
 #include "database/values/date_text.h"
-#include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
-#include "library/frame/inline_list.h"
-#include "library/frame/null_conv.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 #include "library/frame/editor_form.h"
 
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 #include "library/controls/check_box.h"
 #include "library/controls/text_box.h"
-#include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
 #include "library/frame/guid_text.h"
-#include "library/frame/null_conv.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "contracts/host_contracts.h"
 #include "library/controls/button.h"
 #include "library/controls/field_control.h"
-#include "library/frame/host_contracts.h"
 #include "library/frame/look_up.h"
 #include "library/frame/module.h"
 

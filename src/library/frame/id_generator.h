@@ -1,6 +1,6 @@
 #pragma once
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 namespace ebtq {
 

@@ -1,7 +1,7 @@
 #include "library/frame/module.h"
 
-#include "library/frame/form_status.h"
-#include "library/frame/null_conv.h"
+#include "contracts/null_conv.h"
+#include "library/layout/form_status.h"
 
 namespace ebtq {
 

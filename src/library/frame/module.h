@@ -1,7 +1,7 @@
 #pragma once
 
+#include "contracts/host_contracts.h"
 #include "library/controls/control_collection.h"
-#include "library/frame/host_contracts.h"
 
 #include <QObject>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "library/frame/self_print.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QDir>
 

@@ -1,9 +1,9 @@
 #include "library/listings/fcxx.h"
 
+#include "contracts/conversions.h"
 #include "database/values/number_text.h"
 #include "library/controls/drawn_later.h"
 #include "library/followups/frm_gj.h"
-#include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
 #include "library/frame/wait_cursor.h"
 #include "library/listings/fcxx_controls.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contracts/host_contracts.h"
 #include "library/controls/check_box.h"
 #include "library/controls/combo_box.h"
 #include "library/controls/field_control.h"
@@ -8,10 +9,9 @@
 #include "library/controls/mouse_wheel.h"
 #include "library/controls/nav_toolbar.h"
 #include "library/controls/search_box.h"
-#include "library/frame/host_contracts.h"
-#include "library/frame/list_layout.h"
 #include "library/frame/module.h"
 #include "library/listings/listing_detail.h"
+#include "library/lists/list_layout.h"
 
 #include <memory>
 

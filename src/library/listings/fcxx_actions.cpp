@@ -1,7 +1,7 @@
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 #include "library/followups/frm_gj.h"
-#include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
-#include "library/frame/null_conv.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/fcxx_list.h"
 

@@ -1,6 +1,6 @@
 #include "library/listings/fcxx_controls.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 #include "library/followups/frm_gj.h"
-#include "library/frame/conversions.h"
-#include "library/frame/null_conv.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/fcxx_list.h"
 #include "library/listings/frm_fx.h"

@@ -1,7 +1,7 @@
 #include "library/listings/fcxx_filter.h"
 
+#include "contracts/conversions.h"
 #include "database/values/date_text.h"
-#include "library/frame/conversions.h"
 
 #include <QStringList>
 

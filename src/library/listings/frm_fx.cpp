@@ -1,9 +1,9 @@
 #include "library/listings/frm_fx.h"
 
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 #include "database/values/date_text.h"
-#include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
-#include "library/frame/null_conv.h"
 #include "library/listings/frm_fx_fields.h"
 
 namespace ebtq {

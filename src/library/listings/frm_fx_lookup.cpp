@@ -1,5 +1,5 @@
-#include "library/frame/conversions.h"
-#include "library/frame/null_conv.h"
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 #include "library/listings/frm_fx.h"
 #include "library/listings/frm_fx_fields.h"
 #include "library/pickers/picked_rows.h"

@@ -1,4 +1,4 @@
-#include "library/frame/conversions.h"
+#include "contracts/conversions.h"
 #include "library/frame/desktop.h"
 #include "library/listings/frm_fx.h"
 #include "library/listings/frm_fx_fields.h"

@@ -5,8 +5,8 @@
 #include "library/controls/panel.h"
 #include "library/controls/tab_strip.h"
 #include "library/controls/text_box.h"
-#include "library/frame/kept_layout.h"
 #include "library/frame/module_part.h"
+#include "library/layout/kept_layout.h"
 
 #include <vector>
 

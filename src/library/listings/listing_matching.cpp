@@ -1,8 +1,8 @@
 #include "library/listings/listing_matching.h"
 
+#include "contracts/conversions.h"
+#include "contracts/host_contracts.h"
 #include "database/values/number_text.h"
-#include "library/frame/conversions.h"
-#include "library/frame/host_contracts.h"
 
 namespace ebtq {
 

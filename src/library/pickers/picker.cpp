@@ -1,8 +1,8 @@
 #include "library/pickers/picker.h"
 
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 #include "library/controls/grid_helper.h"
-#include "library/frame/conversions.h"
-#include "library/frame/null_conv.h"
 #include "library/frame/wait_cursor.h"
 
 #include <utility>

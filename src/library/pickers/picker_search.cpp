@@ -1,8 +1,8 @@
 #include "library/pickers/picker_search.h"
 
+#include "contracts/conversions.h"
 #include "library/controls/drawn_later.h"
 #include "library/controls/grid_helper.h"
-#include "library/frame/conversions.h"
 #include "library/frame/desktop.h"
 
 #include <algorithm>

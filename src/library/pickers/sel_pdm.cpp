@@ -1,8 +1,8 @@
 #include "library/pickers/sel_pdm.h"
 
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 #include "library/controls/drawn_later.h"
-#include "library/frame/conversions.h"
-#include "library/frame/null_conv.h"
 #include "library/pickers/picked_rows.h"
 
 namespace ebtq {

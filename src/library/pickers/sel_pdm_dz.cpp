@@ -1,6 +1,6 @@
 #include "library/pickers/sel_pdm_dz.h"
 
-#include "library/frame/null_conv.h"
+#include "contracts/null_conv.h"
 #include "library/pickers/picked_rows.h"
 
 namespace ebtq {

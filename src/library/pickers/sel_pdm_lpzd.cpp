@@ -1,7 +1,7 @@
 #include "library/pickers/sel_pdm_lpzd.h"
 
-#include "library/frame/conversions.h"
-#include "library/frame/null_conv.h"
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 #include "library/pickers/picked_rows.h"
 
 namespace ebtq {

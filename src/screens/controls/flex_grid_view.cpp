@@ -1,8 +1,8 @@
 #include "screens/controls/flex_grid_view.h"
 
+#include "contracts/color_parts.h"
 #include "library/controls/flex_grid.h"
 #include "library/controls/mouse_wheel.h"
-#include "library/frame/color_parts.h"
 #include "screens/controls/control_binding.h"
 #include "screens/controls/flex_grid_columns.h"
 #include "screens/controls/flex_grid_model.h"

@@ -1,7 +1,7 @@
 #include "screens/export/table_text.h"
 
+#include "contracts/host_contracts.h"
 #include "library/controls/shown_grid.h"
-#include "library/frame/host_contracts.h"
 
 #include <QRegularExpression>
 #include <QSaveFile>

@@ -1,8 +1,8 @@
 #include "screens/export/workbook.h"
 
+#include "contracts/host_contracts.h"
 #include "database/values/date_text.h"
 #include "library/controls/shown_grid.h"
-#include "library/frame/host_contracts.h"
 
 #include <QFile>
 #include <QFileInfo>

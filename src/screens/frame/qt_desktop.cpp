@@ -1,6 +1,6 @@
 #include "screens/frame/qt_desktop.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "screens/frame/form_dialog.h"
 #include "screens/frame/view_registry.h"
 #include "screens/look/look.h"

@@ -1,6 +1,6 @@
 #include "shell/admin/output.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 namespace ebtq::admin {
 

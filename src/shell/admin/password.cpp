@@ -1,6 +1,6 @@
 #include "shell/admin/password.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "shell/admin/utf8.h"
 
 #include <QtGlobal>

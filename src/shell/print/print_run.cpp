@@ -1,6 +1,6 @@
 #include "shell/print/print_run.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "shell/print/print_desk.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "library/frame/print_contract.h"
+#include "contracts/print_contract.h"
 #include "shell/print/print_settings.h"
 #include "shell/print/printout.h"
 

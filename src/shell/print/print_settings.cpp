@@ -1,6 +1,6 @@
 #include "shell/print/print_settings.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QFile>
 #include <QSaveFile>

@@ -1,6 +1,6 @@
 #include "shell/tour/layout_steps.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "shell/tour/tour.h"
 
 #include <QContextMenuEvent>

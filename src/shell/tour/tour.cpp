@@ -1,6 +1,6 @@
 #include "shell/tour/tour.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "shell/tour/tour_steps.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "contracts/host_contracts.h"
 #include "database/connection.h"
-#include "library/frame/host_contracts.h"
 #include "screens/look/look.h"
 #include "shell/tour/person.h"
 

@@ -1,6 +1,6 @@
 #include "shell/tour/tour_database.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 namespace ebtq::shell {
 

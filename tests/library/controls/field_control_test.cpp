@@ -1,5 +1,5 @@
+#include "contracts/inline_list.h"
 #include "library/controls/field_control.h"
-#include "library/frame/inline_list.h"
 
 #include <gtest/gtest.h>
 

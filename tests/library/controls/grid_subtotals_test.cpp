@@ -1,7 +1,7 @@
 // Sums among the rows against a plain walk over the same rows, and the orders that a column can be sorted in.
 
+#include "contracts/conversions.h"
 #include "library/controls/flex_grid.h"
-#include "library/frame/conversions.h"
 #include "library/support/blocks.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "library/frame/layout_file.h"
+#include "library/layout/layout_file.h"
 #include "library/listings/fcxx_fixture.h"
 
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "library/frame/print_contract.h"
+#include "contracts/print_contract.h"
 #include "library/listings/fcxx_fixture.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "library/listings/fcxx_filter.h"
 #include "library/listings/fcxx_list.h"
 

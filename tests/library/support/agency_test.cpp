@@ -3,7 +3,7 @@
 #include "host/module_ids.h"
 #include "host/rights.h"
 #include "host/setup.h"
-#include "library/frame/ini_store.h"
+#include "library/layout/ini_store.h"
 
 namespace ebtq::test {
 

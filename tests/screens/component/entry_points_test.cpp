@@ -1,5 +1,5 @@
 #include "component/component_library.h"
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
+#include "contracts/host_contracts.h"
 #include "library/controls/flex_grid.h"
 #include "library/controls/shown_grid.h"
-#include "library/frame/host_contracts.h"
 #include "screens/export/table_text.h"
 #include "screens/export/workbook.h"
 #include "support/messages.h"

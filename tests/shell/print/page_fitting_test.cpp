@@ -1,7 +1,7 @@
 #include "shell/print/page_fitting.h"
 #include "shell/print/print_settings.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 #include "screens/look/look.h"
 #include "screens/support/screen.h"
 #include "shell/print/page_view.h"

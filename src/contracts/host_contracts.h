@@ -1,8 +1,8 @@
 #pragma once
 
+#include "contracts/parameter_list.h"
 #include "database/values/row_block.h"
 #include "database/values/sql_text.h"
-#include "library/frame/parameter_list.h"
 
 #include <QDateTime>
 #include <QObject>

@@ -1,11 +1,11 @@
-#include "library/frame/form_status.h"
+#include "library/layout/form_status.h"
 
+#include "contracts/null_conv.h"
 #include "library/controls/control_collection.h"
 #include "library/controls/flex_grid.h"
-#include "library/frame/grid_layout.h"
-#include "library/frame/ini_store.h"
-#include "library/frame/layout_file.h"
-#include "library/frame/null_conv.h"
+#include "library/layout/grid_layout.h"
+#include "library/layout/ini_store.h"
+#include "library/layout/layout_file.h"
 
 namespace ebtq {
 

@@ -1,4 +1,4 @@
-#include "library/frame/color_parts.h"
+#include "contracts/color_parts.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
-#include "library/frame/ini_store.h"
+#include "library/layout/ini_store.h"
 
-#include "library/frame/conversions.h"
+#include "contracts/conversions.h"
 
 #include <QFile>
 #include <QSaveFile>

@@ -1,6 +1,6 @@
-#include "library/frame/conversions.h"
-#include "library/frame/host_contracts.h"
-#include "library/frame/null_conv.h"
+#include "contracts/conversions.h"
+#include "contracts/host_contracts.h"
+#include "contracts/null_conv.h"
 
 #include <gtest/gtest.h>
 

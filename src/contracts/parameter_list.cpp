@@ -1,7 +1,7 @@
-#include "library/frame/parameter_list.h"
+#include "contracts/parameter_list.h"
 
-#include "library/frame/conversions.h"
-#include "library/frame/null_conv.h"
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
 
 namespace ebtq {
 

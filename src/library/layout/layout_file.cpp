@@ -1,6 +1,6 @@
-#include "library/frame/layout_file.h"
+#include "library/layout/layout_file.h"
 
-#include "library/frame/host_contracts.h"
+#include "contracts/host_contracts.h"
 
 #include <QDir>
 

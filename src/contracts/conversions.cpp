@@ -1,8 +1,8 @@
-#include "library/frame/conversions.h"
+#include "contracts/conversions.h"
 
+#include "contracts/host_contracts.h"
+#include "contracts/null_conv.h"
 #include "database/values/number_text.h"
-#include "library/frame/host_contracts.h"
-#include "library/frame/null_conv.h"
 
 #include <QLocale>
 

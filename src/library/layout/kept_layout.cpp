@@ -1,6 +1,6 @@
-#include "library/frame/kept_layout.h"
+#include "library/layout/kept_layout.h"
 
-#include "library/frame/grid_layout.h"
+#include "library/layout/grid_layout.h"
 
 #include <QFileInfo>
 

@@ -1,8 +1,8 @@
-#include "library/frame/list_layout.h"
+#include "library/lists/list_layout.h"
 
 #include "library/controls/flex_grid.h"
-#include "library/frame/form_status.h"
-#include "library/frame/grid_layout.h"
+#include "library/layout/form_status.h"
+#include "library/layout/grid_layout.h"
 
 namespace ebtq {
 

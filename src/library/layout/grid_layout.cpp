@@ -1,11 +1,11 @@
-#include "library/frame/grid_layout.h"
+#include "library/layout/grid_layout.h"
 
+#include "contracts/color_parts.h"
+#include "contracts/conversions.h"
+#include "contracts/host_contracts.h"
 #include "library/controls/drawn_later.h"
-#include "library/frame/color_parts.h"
-#include "library/frame/conversions.h"
-#include "library/frame/host_contracts.h"
-#include "library/frame/ini_store.h"
-#include "library/frame/layout_file.h"
+#include "library/layout/ini_store.h"
+#include "library/layout/layout_file.h"
 
 #include <QFileInfo>
 

@@ -1,5 +1,6 @@
-#include "library/frame/grid_layout.h"
+#include "library/layout/grid_layout.h"
 
+#include "contracts/color_parts.h"
 #include "host/host_parameters.h"
 #include "library/controls/check_box.h"
 #include "library/controls/combo_box.h"
@@ -7,10 +8,9 @@
 #include "library/controls/field_control.h"
 #include "library/controls/qz_grid.h"
 #include "library/controls/text_box.h"
-#include "library/frame/color_parts.h"
-#include "library/frame/form_status.h"
-#include "library/frame/ini_store.h"
-#include "library/frame/layout_file.h"
+#include "library/layout/form_status.h"
+#include "library/layout/ini_store.h"
+#include "library/layout/layout_file.h"
 #include "library/support/agency_test.h"
 #include "library/support/blocks.h"
 

@@ -1,8 +1,8 @@
-#include "library/frame/null_conv.h"
+#include "contracts/null_conv.h"
 
+#include "contracts/conversions.h"
+#include "contracts/host_contracts.h"
 #include "database/values/date_text.h"
-#include "library/frame/conversions.h"
-#include "library/frame/host_contracts.h"
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "library/frame/inline_list.h"
+#include "contracts/inline_list.h"
 
 #include <QStringList>
 

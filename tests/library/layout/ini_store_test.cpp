@@ -1,4 +1,4 @@
-#include "library/frame/ini_store.h"
+#include "library/layout/ini_store.h"
 
 #include <QDir>
 #include <QFile>
