@@ -123,6 +123,17 @@ InstallReport install(Connection &connection)
     return report;
 }
 
+/// Table by table: a base on a server may hold tables of others, who alone may analyze them.
+void updateStatistics(Connection &connection)
+{
+    QByteArray script;
+    for (const TableDefinition &table : schemaTables()) {
+        if (const Catalog::Table *present = connection.catalog().table(table.name))
+            script += "analyze \"" + present->name.toUtf8() + "\";";
+    }
+    connection.executeNative(script);
+}
+
 QStringList checkSchema(Connection &connection)
 {
     if (!connection.catalog().table(u"host_schema"))

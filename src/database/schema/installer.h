@@ -22,6 +22,10 @@ struct InstallReport
 /// database of a newer version.
 InstallReport install(Connection &connection);
 
+/// Lets the engine count what our tables and indexes hold, by which it plans statements: for after a bulk
+/// load. Without it a list is sorted on disk. Joins an open transaction.
+void updateStatistics(Connection &connection);
+
 /// What is wrong with the schema and the file, one finding a line, in Chinese; empty when all is well. Throws
 /// DatabaseError when the database cannot be read at all.
 [[nodiscard]] QStringList checkSchema(Connection &connection);

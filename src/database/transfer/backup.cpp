@@ -112,10 +112,13 @@ void requireGood(const QString &path, BackupOutcome &outcome)
     }
 }
 
-void dropChecksums(const QString &path, const BackupOutcome &outcome)
+/// A backup made before there were statistics has none.
+void makeReady(const QString &path, const BackupOutcome &outcome)
 {
+    SqliteConnection connection(path, Connection::Missing::IsAnError);
     if (outcome.hasChecksums)
-        WholeFile(path, WholeFile::Access::Writes).run("drop table host_backup");
+        connection.executeNative("drop table host_backup");
+    updateStatistics(connection);
 }
 
 /// The pages of a database in a file of its own, which needs no log beside it.
@@ -190,7 +193,7 @@ BackupOutcome restore(const QString &file, const QString &location, const PagePr
         throw DatabaseError(QStringLiteral("无法从备份恢复，原数据库未动：%1").arg(error.message()));
     }
     requireGood(unfinished.path(), outcome);
-    dropChecksums(unfinished.path(), outcome);
+    makeReady(unfinished.path(), outcome);
     putInPlace(unfinished, database, outcome);
     return outcome;
 }

@@ -133,6 +133,7 @@ CopyReport copyDatabase(Connection &source, Connection &target, const CopyProgre
     auto expected = digests.begin();
     for (const TableDefinition &table : schemaTables())
         requireEqual(target, table, *expected++);
+    updateStatistics(target);
     transaction.commit();
     return report;
 }

@@ -1,6 +1,7 @@
 #include "host/demo/demo.h"
 
 #include "contracts/host_contracts.h"
+#include "database/schema/installer.h"
 #include "host/demo/customers.h"
 #include "host/demo/dictionaries.h"
 #include "host/demo/listings.h"
@@ -41,6 +42,7 @@ void writeDemo(db::Connection &connection, const DemoOptions &options, const Dem
     const auto customers = writeCustomers(connection, options, buildings, agents, random, report);
     writeFollowUps(connection, options, listings, customers, agents, random, report);
     writeAttachments(connection, listings, random);
+    db::updateStatistics(connection);
     transaction.commit();
 }
 

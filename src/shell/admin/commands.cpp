@@ -54,6 +54,7 @@ int initialise(const CommandLine &line)
     const db::InstallReport report = host::prepareDatabase(*connection);
     if (user)
         host::createFirstUser(*connection, user->name, user->password);
+    db::updateStatistics(*connection);
     transaction.commit();
     printLine(stdout, QStringLiteral("数据库结构已是版本 %1（新增 %2 项）：%3")
                           .arg(db::schemaVersion)

@@ -2,6 +2,7 @@
 
 #include "database/schema/installer.h"
 #include "database/schema/tables.h"
+#include "database/transfer/backup.h"
 #include "database/transfer/table_digest.h"
 #include "database/transfer/transfer_fixture.h"
 #include "support/postgres_base.h"
@@ -46,6 +47,28 @@ TEST_F(CopyTest, CarriesEveryValueFromEngineToEngineAndBack)
     EXPECT_THAT(refusal([&] { copyDatabase(*source, *Connection::open(other.url())); }),
                 HasSubstr("核对不符"));
     EXPECT_TRUE(Connection::open(other.url())->catalog().isEmpty());
+}
+
+TEST_F(CopyTest, EveryNewDatabaseHasStatistics)
+{
+    const auto rowsSeen = [](Connection &connection, const char *statement) {
+        const RowBlock rows = connection.queryNative(statement);
+        return rows.rowCount() == 0 ? 0 : rows.value(0, 0).toDouble();
+    };
+    const char *onFile = "select stat+0 from sqlite_stat1 where idx='ix_fygj_owner'";
+    const auto source = make(path("a.db"));
+    EXPECT_EQ(rowsSeen(*source, onFile), 30) << "sample data";
+    source->executeNative("drop table sqlite_stat1");
+    const test::PostgresBase base;
+    const auto server = Connection::open(base.url());
+    copyDatabase(*source, *server);
+    EXPECT_EQ(rowsSeen(*server, "select reltuples from pg_class where relname='ix_fygj_owner'"), 30);
+    const auto target = make(path("b.db"));
+    copyDatabase(*source, *target);
+    EXPECT_EQ(rowsSeen(*target, onFile), 30) << "copy";
+    backUp(path("a.db"), path("a.bak"), false);
+    restore(path("a.bak"), path("c.db"));
+    EXPECT_EQ(rowsSeen(*make(path("c.db")), onFile), 30) << "restore";
 }
 
 TEST_F(CopyTest, ChecksumsSeeEveryChangeOfAValueAndNoOrder)
