@@ -23,6 +23,7 @@ class NoDesktop final : public Desktop
 {
 public:
     Answer messageBox(const QString &, const QString &, Icon, Buttons) override { return Answer::No; }
+    std::optional<int> choose(const QString &, const QString &, const QStringList &) override { return {}; }
     std::optional<QString> inputBox(const QString &, const QString &, const QString &) override { return {}; }
     QString openDialog(const QString &, const QString &, const QString &) override { return {}; }
     QString saveDialog(const QString &, const QString &, const QString &) override { return {}; }

@@ -5,6 +5,7 @@
 #include "database/values/number_text.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <cstdio>
@@ -132,6 +133,20 @@ double Val(const QString &text)
 double Val(const QVariant &value)
 {
     return leadingNumber(QStringView(NullConv::ToText(value)));
+}
+
+std::optional<QString> TypedNumber(const QString &text)
+{
+    static const QRegularExpression number(
+        QStringLiteral(R"(\A[+-]?(?:(?:\d+|\d{1,3}(?:,\d{3})+)(?:\.\d*)?|\.\d+)(?:[Ee][+-]?\d{1,3})?\z)"));
+    // The compatible form has ASCII digits, signs, points and commas in place of full-width ones.
+    QString plain = text.normalized(QString::NormalizationForm_KC);
+    plain.removeIf([](QChar character) { return character.isSpace(); });
+    if (plain.isEmpty())
+        return plain;
+    if (!number.match(plain).hasMatch())
+        return std::nullopt;
+    return plain.remove(u',');
 }
 
 QString NumberText(double number)

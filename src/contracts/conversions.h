@@ -3,6 +3,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <optional>
+
 namespace ebtq {
 
 // The conversions that the modules' rules speak of. Dates have theirs in database/values/date_text.h.
@@ -10,6 +12,10 @@ namespace ebtq {
 /// The leading number of a text or of a value's text, 0 when there is none: "12.5万" is 12.5.
 [[nodiscard]] double Val(const QString &text);
 [[nodiscard]] double Val(const QVariant &value);
+
+/// A number that a person typed, as `Val` reads it: full-width digits, thousands separators and blanks become
+/// plain digits. Empty for blanks alone, nothing for a text that is no number from end to end.
+[[nodiscard]] std::optional<QString> TypedNumber(const QString &text);
 
 /// A number in the shortest form, without a trailing ".0"; with an exponent from 1E+15 on.
 [[nodiscard]] QString NumberText(double number);

@@ -10,6 +10,7 @@
 #include <QVariant>
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 /// What a module asks of its host, and the contracts through which a host drives a module. The host
@@ -91,6 +92,8 @@ public:
     [[nodiscard]] virtual QVariant Scalar(const QVariant &unused = {}) = 0;
     /// Never null; without rows when the statement failed.
     [[nodiscard]] virtual std::unique_ptr<Recordset> Open(const QVariant &unused = {}) = 0;
+    /// How many rows the last Execute has changed; nothing where the host does not know.
+    [[nodiscard]] virtual std::optional<qint64> RowsChanged() const { return std::nullopt; }
 };
 
 class HostDb

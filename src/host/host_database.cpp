@@ -29,9 +29,10 @@ public:
 
     void Execute(const QVariant & /*unused*/) override
     {
+        m_rowsChanged.reset();
         m_database.attempt([this] {
             m_database.requireTransaction();
-            m_database.m_connection.execute(m_sql);
+            m_rowsChanged = m_database.m_connection.execute(m_sql);
         });
     }
     QVariant Scalar(const QVariant & /*unused*/) override
@@ -43,6 +44,8 @@ public:
     {
         return std::make_unique<BlockRecordset>(select());
     }
+
+    std::optional<qint64> RowsChanged() const override { return m_rowsChanged; }
 
 private:
     RowBlock select()
@@ -57,6 +60,7 @@ private:
 
     HostDatabase &m_database;
     SqlText m_sql;
+    std::optional<qint64> m_rowsChanged;
 };
 
 std::unique_ptr<HostQuery> HostDatabase::CreateQuery(const SqlText &sql, int /*mode*/)

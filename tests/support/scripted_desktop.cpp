@@ -10,7 +10,7 @@ namespace ebtq::test {
 
 ScriptedDesktop::~ScriptedDesktop()
 {
-    EXPECT_EQ(m_answers.size() + m_inputs.size() + m_files.size() + m_forms.size(), 0)
+    EXPECT_EQ(m_answers.size() + m_choices.size() + m_inputs.size() + m_files.size() + m_forms.size(), 0)
         << "scripted, but never asked for";
     EXPECT_EQ(m_waiting, 0) << "the wait cursor was left on";
     for (const QString &path : std::as_const(m_tempFiles))
@@ -32,6 +32,14 @@ Desktop::Answer ScriptedDesktop::messageBox(const QString &text, const QString &
     const Answer closed = buttons == Buttons::Ok ? Answer::Ok : Answer::No;
     const Answer answer = take(m_answers, title + u'|' + text, closed);
     EXPECT_EQ(answer == Answer::Ok, buttons == Buttons::Ok) << "an answer that the box has not";
+    return answer;
+}
+
+std::optional<int> ScriptedDesktop::choose(const QString &text, const QString &title,
+                                           const QStringList &answers)
+{
+    const auto answer = take(m_choices, title + u'|' + text, std::optional<int>());
+    EXPECT_LT(answer.value_or(-1), answers.size()) << "an answer that the box has not";
     return answer;
 }
 

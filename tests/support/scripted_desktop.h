@@ -17,6 +17,7 @@ public:
     ~ScriptedDesktop() override;
 
     void willAnswer(Answer answer) { m_answers.append(answer); }
+    void willChoose(std::optional<int> answer) { m_choices.append(answer); }
     void willType(std::optional<QString> text) { m_inputs.append(std::move(text)); }
     void willChooseFile(const QString &path) { m_files.append(path); }
     /// Runs while the next form is shown.
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] int waits() const { return m_waits; }
 
     Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons) override;
+    std::optional<int> choose(const QString &text, const QString &title, const QStringList &answers) override;
     std::optional<QString> inputBox(const QString &prompt, const QString &title,
                                     const QString &preset) override;
     QString openDialog(const QString &title, const QString &folder, const QString &filter) override;
@@ -47,6 +49,7 @@ private:
     template<class T> T take(QList<T> &script, const QString &question, T otherwise);
 
     QList<Answer> m_answers;
+    QList<std::optional<int>> m_choices;
     QList<std::optional<QString>> m_inputs;
     QList<QString> m_files;
     QList<std::function<void(QObject &)>> m_forms;

@@ -1,5 +1,6 @@
 #include "library/controls/field_control.h"
 
+#include "contracts/conversions.h"
 #include "contracts/inline_list.h"
 #include "contracts/null_conv.h"
 #include "database/values/date_text.h"
@@ -155,6 +156,11 @@ bool qzTxt_S::judge(QVariant &value, QString &text)
         text = date ? regionalDate(*date) : text;
         value = text;
         return date.has_value();
+    }
+    if (m_judge_type == JudgeNumber) {
+        const auto number = TypedNumber(text);
+        text = number.value_or(text);
+        return number.has_value();
     }
     if (m_judge_type == JudgeInlineList) {
         const auto entry = ebtq::InlineList(m_help_code).find(text);

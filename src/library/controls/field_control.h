@@ -17,10 +17,10 @@ namespace ebtq {
 ///
 /// Check, on leaving a field into which a person typed or chose something since it was last accepted, unless
 /// judge_time is JudgeNever: by judge_type a statement or a custom field (FieldCheck), the inline list of
-/// help_code or a date. An empty text passes and empties the value, and so do blanks alone where a check
-/// would be made. With FieldCheck an empty value on return means no match. A failed check raises checkFailed
-/// with error_message and the view keeps the focus. What code puts in is accepted as it stands: a record that
-/// was loaded is not looked up again because the focus passes by.
+/// help_code, a date or a number. An empty text passes and empties the value, and so do blanks alone where a
+/// check would be made. With FieldCheck an empty value on return means no match. A failed check raises
+/// checkFailed with error_message and the view keeps the focus. What code puts in is accepted as it stands: a
+/// record that was loaded is not looked up again because the focus passes by.
 class qzTxt_S : public Control
 {
     Q_OBJECT
@@ -40,7 +40,14 @@ class qzTxt_S : public Control
 
 public:
     enum HelpType : int { HostList = 0, Calendar = 1, Custom = 2, InlineList = 3 };
-    enum JudgeType : int { JudgeNothing = 0, JudgeStatement = 1, JudgeInlineList = 3, JudgeDate = 7 };
+    /// JudgeNumber is ours: a number as people type it becomes the one that `Val` reads.
+    enum JudgeType : int {
+        JudgeNothing = 0,
+        JudgeStatement = 1,
+        JudgeInlineList = 3,
+        JudgeDate = 7,
+        JudgeNumber = 100,
+    };
     enum JudgeTime : int { JudgeNever = 0, JudgeOnLeaving = 1 };
     enum TextAlignment : int { AlignLeft = 0, AlignRight = 1, AlignCentre = 2 };
 

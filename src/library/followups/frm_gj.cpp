@@ -10,82 +10,72 @@
 
 namespace ebtq {
 
-/// One column of fygj and what on the form fills it.
-struct FollowUpValue
-{
-    enum Holder {
-        Contents,     ///< trimmed, between apostrophes, as all texts
-        Owner,        ///< the key that the form was opened with
-        Tick,         ///< 0 or 1
-        FieldText,    ///< a text
-        FieldDate,    ///< between "#": the database is to refuse what is no date
-        ReminderDate, ///< the same; the present time when none was given, so that every row has one
-        KeyNumber,    ///< the key behind a field, as a number
-        KeyText,      ///< the same as a text
-    };
-
-    QStringView column;
-    Holder holder;
-    int number = -1; ///< of the field
-    bool isOnlyInserted = false;
-};
-
 namespace {
 
 enum FieldNumber : int { Date, Department, Agent, ReminderTime, Range, Reminder, Result, Author };
 
 constexpr LookUp calendar{.kind = LookUp::Calendar};
 
-struct FollowUpField
-{
-    QStringView caption;
-    LookUp lookUp = {};
-};
-constexpr FollowUpField followUpFields[] = {
-    {u"跟进日期", calendar},
-    {u"    部门"},
-    {u"经纪人", {.kind = LookUp::Picker, .name = u"pdmgy"}},
-    {u"提醒时间", calendar},
-    {u"提醒范围", {.kind = LookUp::InlineList, .name = u"|本人;0|本部;1|全部;2"}},
-    {u"提醒内容"},
-    {u"处理结果"},
-    {u"制单人"},
+constexpr EditorField followUpFields[] = {
+    {u"跟进日期", u"跟进日期", calendar},
+    {u"    部门", u"部门"},
+    {u"经纪人", u"经纪人", {.kind = LookUp::Picker, .name = u"pdmgy"}},
+    {u"提醒时间", u"提醒时间", calendar},
+    {u"提醒范围", u"提醒范围", {.kind = LookUp::InlineList, .name = u"|本人;0|本部;1|全部;2"}},
+    {u"提醒内容", u"提醒内容"},
+    {u"处理结果", u"处理结果"},
+    {u"制单人", u"制单人"},
 };
 
 /// What the tick opens and closes.
 constexpr int reminderFields[] = {Result, Range, Reminder, ReminderTime};
 
-/// In the order in which both statements write them. An edit leaves the row its author.
-constexpr FollowUpValue values[] = {
-    {u"操作日期", FollowUpValue::FieldDate, Date},
-    {u"业务员ID", FollowUpValue::KeyNumber, Agent},
-    {u"用户ID", FollowUpValue::KeyText, Author, true},
-    {u"跟进内容", FollowUpValue::Contents},
-    {u"房源ID", FollowUpValue::Owner},
-    {u"下次提醒", FollowUpValue::Tick},
-    {u"提醒日期", FollowUpValue::ReminderDate, ReminderTime},
-    {u"提醒范围", FollowUpValue::KeyNumber, Range},
-    {u"提醒内容", FollowUpValue::FieldText, Reminder},
-    {u"处理结果", FollowUpValue::FieldText, Result},
-};
+using enum Holder;
 
-SqlText between(QStringView mark, const QString &text)
-{
-    return SqlText(mark.toString()) + typed(text) + mark.toString();
-}
+constexpr RecordColumn date{FieldText, Date, u"操作日期", Saved::Date, Loaded::AsItComes};
+constexpr RecordColumn trimmedDate{FieldText, Date, u"操作日期", Saved::TrimmedDate, Loaded::AsItComes};
+constexpr RecordColumn agent{FieldKey, Agent, u"业务员ID", Saved::Number, Loaded::Number};
+constexpr RecordColumn author{FieldKey, Author, u"用户ID"};
+constexpr RecordColumn contents{Memo, 0, u"跟进内容"};
+constexpr RecordColumn owner{Given, -1, u"房源ID", Saved::AsTyped, Loaded::Not};
+constexpr RecordColumn tick{Tick, 0, u"下次提醒", Saved::Number, Loaded::Number};
+/// The present time when no date was given, so that every row has one.
+constexpr RecordColumn reminderDate{FieldText, ReminderTime, u"提醒日期", Saved::Date, Loaded::AsItComes};
+constexpr RecordColumn range{FieldKey, Range, u"提醒范围", Saved::Number, Loaded::Number};
+constexpr RecordColumn reminder{FieldText, Reminder, u"提醒内容"};
+constexpr RecordColumn result{FieldText, Result, u"处理结果"};
+
+constexpr RecordColumn loadOrder[] = {
+    date,
+    contents,
+    {FieldText, Department, u"部门"},
+    agent,
+    {FieldText, Agent, u"业务员"},
+    author,
+    {FieldText, Author, u"制单人"},
+    result,
+    range,
+    reminder,
+    {FieldText, ReminderTime, u"提醒时间", Saved::Not, Loaded::AsItComes},
+    tick,
+};
+constexpr RecordColumn insertOrder[] = {date, agent,        author, contents, owner,
+                                        tick, reminderDate, range,  reminder, result};
+/// An edit leaves the row its author.
+constexpr RecordColumn updateOrder[] = {trimmedDate,  agent, contents, owner, tick,
+                                        reminderDate, range, reminder, result};
+
+constexpr RecordTable record{u"fygj", u"跟进ID", loadOrder, insertOrder, updateOrder};
 
 } // namespace
 
 FrmGj::FrmGj(Desktop &desktop)
-    : EditorForm(QStringLiteral("FrmGj"), QStringLiteral("qzTxt"), desktop)
+    : EditorForm(QStringLiteral("FrmGj"), QStringLiteral("qzTxt"), followUpFields, record, desktop)
     , m_contentsLabel(controls().add<Label>(QStringLiteral("lbl"), 0))
-    , m_contents(controls().add<TextBox>(QStringLiteral("Txt"), -1, TextBox::Lines::Many))
-    , m_reminds(controls().add<CheckBox>(QStringLiteral("Chk")))
+    , m_contents(addMemo(QStringLiteral("Txt"), -1, QStringLiteral("跟进内容")))
+    , m_reminds(addTick(QStringLiteral("Chk"), -1, QStringLiteral("下次提醒")))
 {
-    for (const FollowUpField &each : followUpFields)
-        addField(each.caption);
-    m_contentsLabel.setCaption(QStringLiteral("跟进内容"));
-    m_reminds.setCaption(QStringLiteral("下次提醒"));
+    m_contentsLabel.setCaption(m_contents.Caption());
     addButtons({u"保存(&S)", u"关闭(&X)"});
     connect(&m_reminds, &CheckBox::Click, this, [this] { openReminder(m_reminds.Value() != 0); });
 }
@@ -106,11 +96,6 @@ QString FrmGj::trappedText(QStringView tag, const QString &description) const
     return tag.sliced(3).chopped(1).toString() + description;
 }
 
-const LookUp &FrmGj::lookUpOf(int number) const
-{
-    return followUpFields[number].lookUp;
-}
-
 void FrmGj::setParameters(int, ParameterList &parameters)
 {
     parameters.Item(QStringLiteral("组织类型")).Value = 1;
@@ -128,6 +113,7 @@ void FrmGj::py_Init(HostApp &host, const QString &ownerID, const QString &follow
         reset();
         m_id.isEmpty() ? NewRecord() : LoadData();
         SetFieldsEnabled(!disable);
+        clearDirty();
         desktop().showModal(*this);
         return true;
     });
@@ -145,7 +131,8 @@ void FrmGj::activate()
 void FrmGj::NewRecord()
 {
     qzTxt(Date).setText(regionalDate(desktop().now()));
-    showAuthor(qzTxt(Author), qzTxt(Department));
+    showAuthor(qzTxt(Author));
+    showDepartment(qzTxt(Department), qzTxt(Author));
 }
 
 /// Deliberately as it is: one bracket for three joins, which the database refuses, and a field 提醒时间 where
@@ -161,33 +148,25 @@ void FrmGj::LoadData()
     sql += QStringView(u"'");
     const auto rows = rowsOf(sql);
     if (!(rows->Eof() && rows->Bof()))
-        takeRow(*rows);
+        showRow(*rows);
 }
 
-void FrmGj::takeRow(const Recordset &row)
+void FrmGj::showRow(const Recordset &row)
 {
-    const auto text = [&](QStringView column) {
-        return NullConv::ToText(row.Fields(column.toString()).Value);
-    };
-    const auto number = [&](QStringView column) { return WholePart(Val(text(column))); };
-    qzTxt(Date).setText(text(u"操作日期"));
-    m_contents.setText(Trim(text(u"跟进内容")));
-    qzTxt(Department).setText(Trim(text(u"部门")));
-    qzTxt(Agent).setValue(number(u"业务员ID"));
-    qzTxt(Agent).setText(Trim(text(u"业务员")));
-    qzTxt(Author).setValue(Trim(text(u"用户ID")));
-    qzTxt(Author).setText(Trim(text(u"制单人")));
-    qzTxt(Result).setText(Trim(text(u"处理结果")));
-    showRange(number(u"提醒范围"));
-    qzTxt(Reminder).setText(Trim(text(u"提醒内容")));
-    qzTxt(ReminderTime).setText(text(u"提醒时间"));
-    m_reminds.setValue(number(u"下次提醒"));
+    takeRow(row);
+    showRange(WholePart(Val(qzTxt(Range).Tag())));
+}
+
+bool FrmGj::reload()
+{
+    LoadData();
+    clearDirty();
+    return true;
 }
 
 void FrmGj::showRange(int range)
 {
-    qzTxt(Range).setValue(range);
-    if (const auto entry = InlineList(lookUpOf(Range).name.toString()).find(QString::number(range)))
+    if (const auto entry = InlineList(fieldOf(Range).lookUp.name.toString()).find(QString::number(range)))
         qzTxt(Range).setText(entry->text);
 }
 
@@ -216,71 +195,20 @@ bool FrmGj::DoSave()
 
 bool FrmGj::save()
 {
-    const bool isNew = m_id.isEmpty();
-    const std::optional<QVariant> tried = triedValue(u"fygj", u"跟进ID", u"跟进ID");
-    if (!tried)
+    const auto row = write(m_id);
+    if (!row)
         return false;
-    // Without a key, which is told by then, what was typed is saved all the same.
-    const QString id = isNew ? newKey() : m_id;
-    // One that an attempt before has written after all, its answer lost, is written over.
-    if (!execute(isNew && !tried->isValid() ? insertStatement(id) : updateStatement(id)))
-        return false;
-    forgetKey();
-    Q_EMIT ReturnData(id, isNew);
+    Q_EMIT ReturnData(row->key, row->isNew);
     return true;
 }
 
-SqlText FrmGj::literal(const FollowUpValue &value) const
+QString FrmGj::held(const RecordColumn &column) const
 {
-    const auto fieldText = [&] { return qzTxt(value.number).Text(); };
-    const auto key = [&] { return qzTxt(value.number).Tag(); };
-    switch (value.holder) {
-    case FollowUpValue::Contents:
-        return between(u"'", Trim(m_contents.Text()));
-    case FollowUpValue::Owner:
-        return between(u"'", m_ownerId);
-    case FollowUpValue::Tick:
-        return QString::number(m_reminds.Value());
-    case FollowUpValue::FieldDate:
-        return between(u"#", m_id.isEmpty() ? fieldText() : Trim(fieldText()));
-    case FollowUpValue::ReminderDate:
-        return between(u"#", fieldText().isEmpty() ? regionalDate(desktop().now()) : fieldText());
-    case FollowUpValue::KeyNumber:
-        return PlainDecimal(Val(key()));
-    case FollowUpValue::KeyText:
-        return between(u"'", Trim(key()));
-    default:
-        return between(u"'", Trim(fieldText()));
-    }
-}
-
-SqlText FrmGj::insertStatement(const QString &id) const
-{
-    QString columns = QStringLiteral("insert into fygj(跟进ID");
-    SqlText literals = SqlText(QStringLiteral(")values(")) + between(u"'", id);
-    for (const FollowUpValue &value : values) {
-        columns += u',';
-        columns += value.column;
-        literals += QStringView(u",");
-        literals += literal(value);
-    }
-    return SqlText(columns) + literals + QStringLiteral(")");
-}
-
-SqlText FrmGj::updateStatement(const QString &id) const
-{
-    SqlText sql(QStringLiteral("update fygj set "));
-    QStringView comma;
-    for (const FollowUpValue &value : values) {
-        if (value.isOnlyInserted)
-            continue;
-        sql += comma;
-        sql += value.column;
-        sql += QStringView(u"=");
-        sql += literal(value);
-        comma = u",";
-    }
-    return sql + QStringLiteral(" where 跟进ID=") + between(u"'", id);
+    if (column.holder == Holder::Given)
+        return m_ownerId;
+    const QString text = EditorForm::held(column);
+    const bool isMissing = column.column == reminderDate.column && text.isEmpty();
+    return isMissing ? regionalDate(desktop().now()) : text;
 }
 
 } // namespace ebtq

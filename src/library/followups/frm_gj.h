@@ -3,11 +3,9 @@
 #include "library/controls/check_box.h"
 #include "library/controls/label.h"
 #include "library/controls/text_box.h"
-#include "library/frame/editor_form.h"
+#include "library/records/editor_form.h"
 
 namespace ebtq {
-
-struct FollowUpValue;
 
 /// The editor of one follow-up on a listing or a customer, a row of fygj, with a reminder for later. Dates
 /// come from the machine's clock: a follow-up is written when it happens. Its own failures are told by
@@ -41,21 +39,19 @@ Q_SIGNALS:
 protected:
     void raiseError(const QString &message, int level, const QString &title) override;
     [[nodiscard]] QString trappedText(QStringView tag, const QString &description) const override;
-    [[nodiscard]] const LookUp &lookUpOf(int number) const override;
     void setParameters(int number, ParameterList &parameters) override;
     bool DoSave() override;
+    [[nodiscard]] QString held(const RecordColumn &column) const override;
+    bool reload() override;
 
 private:
     void NewRecord();
     void LoadData();
-    void takeRow(const Recordset &row);
+    void showRow(const Recordset &row);
     void showRange(int range);
     void SetFieldsEnabled(bool enabled);
     void openReminder(bool open);
     bool save();
-    [[nodiscard]] SqlText literal(const FollowUpValue &value) const;
-    [[nodiscard]] SqlText insertStatement(const QString &id) const;
-    [[nodiscard]] SqlText updateStatement(const QString &id) const;
 
     Label &m_contentsLabel;
     TextBox &m_contents;

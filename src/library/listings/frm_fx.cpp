@@ -10,18 +10,20 @@ namespace ebtq {
 
 namespace {
 
-constexpr int fieldCount = 55;
+using enum EditorNumber::Number;
+using enum EditorNumber::MemoNumber;
+
 constexpr QStringView labels[] = {u"基本信息", u"城区", u"楼盘字典", u"栋座/位置", u"房号",
                                   u"楼层",     u"总层", u"联系",     u"备注",      u"底价"};
 constexpr QStringView contactLabel = u"联系";
 constexpr QStringView ticks[] = {u"加密房", u"特别房", u"推介房"};
 
-constexpr int ownerFields[] = {50, 51, 52, 53};
+constexpr int ownerFields[] = {Owner, Contact, Nationality, Mobile};
 
 } // namespace
 
 FrmFx::FrmFx(Desktop &desktop)
-    : EditorForm(QStringLiteral("FrmFx"), QStringLiteral("qzFcTxt"), desktop)
+    : EditorForm(QStringLiteral("FrmFx"), QStringLiteral("qzFcTxt"), editorFields(), listingRecord(), desktop)
 {
     makeControls();
     connectFields();
@@ -34,16 +36,11 @@ QString FrmFx::Caption()
 
 void FrmFx::makeControls()
 {
-    for (int number = 0; number < fieldCount; ++number) {
-        const ListingValue &value = editorField(number);
-        addField(value.caption).setAlignment(value.alignment);
-    }
-    for (int number = 0; number < 2; ++number)
-        m_memos[number] = &controls().add<TextBox>(QStringLiteral("Txt"), number, TextBox::Lines::Many);
-    for (int number = 0; number < 3; ++number) {
-        m_ticks[number] = &controls().add<CheckBox>(QStringLiteral("Chk"), number);
-        m_ticks[number]->setCaption(ticks[number].toString());
-    }
+    addMemo(QStringLiteral("Txt"), ContactRemark, contactLabel.toString());
+    addMemo(QStringLiteral("Txt"), Remark, QStringLiteral("备注"));
+    int tickNumber = 0;
+    for (const QStringView caption : ticks)
+        addTick(QStringLiteral("Chk"), tickNumber++, caption.toString());
     addButtons({u"保存(&S)", u"关闭(&X)", u"选择(&R)", u"选择(&L)"});
     int number = 0;
     for (const QStringView caption : labels) {
@@ -68,6 +65,7 @@ void FrmFx::py_Init(HostApp &host, int moduleID, const QString &listingID, bool 
         SetFieldsEnabled(!hideOwner);
         if (hideOwner)
             hideOwnerBlock();
+        clearDirty();
         desktop().showModal(*this);
         return true;
     });
@@ -89,13 +87,15 @@ bool FrmFx::NewRecord()
     QString number;
     // A number that could not be had now is asked for again by the save, which tells why.
     app().NewBillCode(m_moduleID, session.LoginDate(), number, true);
-    qzFcTxt(0).setText(number);
-    for (const int date : {2, 35, 9, 33})
+    qzFcTxt(BillNumber).setText(number);
+    for (const int date : {RegisteredOn, HandedOverOn, AuthoredOn, EntrustedOn})
         qzFcTxt(date).setText(today);
-    qzFcTxt(52).setText(QStringLiteral("中国"));
-    showAuthor(qzFcTxt(12), qzFcTxt(11));
-    qzFcTxt(49).setEnabled(false);
+    qzFcTxt(Nationality).setText(QStringLiteral("中国"));
+    showAuthor(qzFcTxt(Author));
+    showDepartment(qzFcTxt(Department), qzFcTxt(Author));
+    qzFcTxt(KeyNumber).setEnabled(false);
     Chk(0).setValue(1);
+    clearDirty();
     return true;
 }
 
@@ -112,47 +112,16 @@ bool FrmFx::LoadData()
         const auto rows = rowsOf(sql);
         if (!(rows->Eof() && rows->Bof()))
             takeRow(*rows);
+        clearDirty();
         return true;
     });
-}
-
-void FrmFx::takeRow(const Recordset &row)
-{
-    for (const ListingValue &value : listingValues()) {
-        const auto read = [&] { return NullConv::ToText(row.Fields(value.column.toString()).Value); };
-        if (value.loaded == Loaded::AsItComes)
-            put(value, read());
-        else if (value.loaded == Loaded::Trimmed)
-            put(value, Trim(read()));
-        else if (value.loaded == Loaded::Number)
-            put(value, NumberText(Val(read())));
-    }
-}
-
-void FrmFx::put(const ListingValue &value, const QString &text)
-{
-    switch (value.holder) {
-    case Holder::FieldText:
-        qzFcTxt(value.number).setText(text);
-        break;
-    case Holder::Key:
-        qzFcTxt(value.number).setValue(text);
-        break;
-    case Holder::Memo:
-        Txt(value.number).setText(text);
-        break;
-    case Holder::Ticks:
-        // Whatever is no 1 or 2 is a recommended one, as a listing without a tick is stored.
-        Chk(text == u"1" ? 0 : text == u"2" ? 1 : 2).setValue(1);
-        break;
-    }
 }
 
 /// It is the last word of an opening: the key number is open at first whatever 看房 says, and closed when
 /// 看房 is changed to one without a key.
 void FrmFx::SetFieldsEnabled(bool enabled)
 {
-    setTypesEnabled(enabled, {11, 12, 9}); // department, author and the author's date
+    setTypesEnabled(enabled, {Department, Author, AuthoredOn});
     for (const int number : {2, 3, 0})
         Cmd(number).setEnabled(enabled);
 }
@@ -161,7 +130,7 @@ void FrmFx::hideOwnerBlock()
 {
     for (const int number : ownerFields)
         qzFcTxt(number).setVisible(false);
-    Txt(0).setVisible(false);
+    Txt(ContactRemark).setVisible(false);
     Cmd(3).setVisible(false);
     m_contactLabel->setVisible(false);
 }

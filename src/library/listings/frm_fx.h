@@ -3,13 +3,9 @@
 #include "library/controls/check_box.h"
 #include "library/controls/label.h"
 #include "library/controls/text_box.h"
-#include "library/frame/editor_form.h"
-
-#include <optional>
+#include "library/records/editor_form.h"
 
 namespace ebtq {
-
-struct ListingValue;
 
 /// The editor of one listing: opened for a new one or for a row of fyxx, shown modally, written by one
 /// statement. There is no record behind it: a load writes the fields, a save reads them. Buttons 2 and 3 pick
@@ -25,9 +21,9 @@ public:
     /// Numbers 0 to 54.
     [[nodiscard]] qzTxt_S &qzFcTxt(int number) const { return field(number); }
     /// 0 the contact remark, 1 the remark.
-    [[nodiscard]] TextBox &Txt(int number) const { return *m_memos[number]; }
+    [[nodiscard]] TextBox &Txt(int number) const { return memo(number); }
     /// 0 加密房, 1 特别房, 2 推介房.
-    [[nodiscard]] CheckBox &Chk(int number) const { return *m_ticks[number]; }
+    [[nodiscard]] CheckBox &Chk(int number) const { return tick(number); }
 
     /// Opens the form and returns when it was closed. `listingID` is the 房源ID of the row, empty for a new
     /// listing; `hideOwner` opens it without the owner and for reading only. A listing that cannot be read
@@ -45,11 +41,12 @@ protected:
     {
         Q_EMIT ErrMessage(message, level, title);
     }
-    [[nodiscard]] const LookUp &lookUpOf(int number) const override;
     void setParameters(int number, ParameterList &parameters) override;
     bool check(int number, const Check &check) override;
     void picked(int number, const HostPicker &picker) override;
     bool DoSave() override;
+    [[nodiscard]] QString held(const RecordColumn &column) const override;
+    bool reload() override { return LoadData(); }
 
 private:
     void makeControls();
@@ -59,19 +56,12 @@ private:
     void load();
     bool NewRecord();
     bool LoadData();
-    void takeRow(const Recordset &row);
-    void put(const ListingValue &value, const QString &text);
     void SetFieldsEnabled(bool enabled);
     void hideOwnerBlock();
 
     // Saving
     bool DoCheck();
     bool save();
-    [[nodiscard]] std::optional<QString> billNumber();
-    [[nodiscard]] QString held(const ListingValue &value) const;
-    [[nodiscard]] SqlText literal(const ListingValue &value, const QString &number) const;
-    [[nodiscard]] SqlText insertStatement(const QString &id, const QString &number) const;
-    [[nodiscard]] SqlText updateStatement(const QString &id, const QString &number) const;
 
     // Fields
     void fieldChanged(int number);
@@ -81,11 +71,10 @@ private:
     void fillFromPropertyRight(const QVariant &value);
     void pickRemark(const Button &button, QStringView kind, TextBox &target);
 
-    TextBox *m_memos[2] = {};
-    CheckBox *m_ticks[3] = {};
     Label *m_contactLabel = nullptr;
     int m_moduleID = 0;
-    QString m_id; ///< 房源ID of the row that is edited; empty for a new listing
+    QString m_id;     ///< 房源ID of the row that is edited; empty for a new listing
+    QString m_number; ///< 房源编号 that a save writes
 };
 
 } // namespace ebtq

@@ -1,53 +1,77 @@
 #pragma once
 
-#include "library/controls/field_control.h"
-#include "library/frame/look_up.h"
-
-#include <QString>
-#include <QStringView>
+#include "library/records/editor_form.h"
 
 #include <span>
 
 namespace ebtq {
 
-/// What on the form holds a value of a listing.
-enum class Holder {
-    FieldText, ///< the text of a field
-    Key,       ///< the key behind a field, in its Tag
-    Memo,      ///< the text of a box of many lines
-    Ticks,     ///< the three tick boxes, as one number
-};
-
-/// How a value goes into a statement.
-enum class Saved {
-    Not,
-    Text,   ///< trimmed, between apostrophes
-    Number, ///< its leading number, bare
-    Date,   ///< as it stands between "#": the database is to refuse what is no date
-};
-
-/// How a value comes out of a row.
-enum class Loaded { Not, Trimmed, Number, AsItComes };
-
-/// One value of a listing: a control of the form and its column.
-struct ListingValue
+/// What the listing editor is made of, by its numbers.
+struct EditorNumber
 {
-    Holder holder;
-    int number;
-    QStringView
-        caption;        ///< as the control draws it on its left: it ends with the unit of the field before it
-    QStringView column; ///< of fyxx, or of what the load adds to it
-    Saved saved = Saved::Text;
-    Loaded loaded = Loaded::Trimmed;
-    LookUp lookUp = {};
-    qzTxt_S::TextAlignment alignment = qzTxt_S::AlignLeft;
+    enum Number : int {
+        BillNumber,
+        District,
+        RegisteredOn,
+        Block,
+        Rooms,
+        UsableArea,
+        Building,
+        Area,
+        Room,
+        AuthoredOn,
+        Floors,
+        Department,
+        Author,
+        Agent,
+        Floor,
+        BalconyUnit,
+        Balconies,
+        Orientation,
+        Bathrooms,
+        Halls,
+        Usage,
+        PropertyType,
+        BuiltIn,
+        Deal,
+        State,
+        SalePrice,
+        SaleUnitPrice,
+        LowestSalePrice,
+        SaleTaxes,
+        Rent,
+        RentUnitPrice,
+        LowestRent,
+        PurchasePrice,
+        EntrustedOn,
+        EntrustedHow,
+        HandedOverOn,
+        EntrustNumber,
+        ManagementFee,
+        Source,
+        Condition,
+        Decoration,
+        Facilities,
+        Furniture,
+        Appliances,
+        PropertyRight,
+        Certificate,
+        Payment,
+        Commission,
+        Viewing,
+        KeyNumber,
+        Owner,
+        Contact,
+        Nationality,
+        Mobile,
+        Annex,
+    };
+    enum MemoNumber : int { ContactRemark, Remark };
 };
 
-/// All values in the order in which statements write them and a load reads them. The author's id stands
-/// twice, since it is written in front of a column behind which it is read. A field has one entry of
-/// Holder::FieldText.
-[[nodiscard]] std::span<const ListingValue> listingValues();
-/// The entry with the text of a field. Throws Failure for a number that no field has.
-[[nodiscard]] const ListingValue &editorField(int number);
+/// In the order of their numbers.
+[[nodiscard]] std::span<const EditorField> editorFields();
+/// The row of fyxx; all its statements have one order.
+[[nodiscard]] const RecordTable &listingRecord();
 
 } // namespace ebtq

@@ -8,23 +8,8 @@ namespace ebtq {
 
 namespace {
 
-enum FieldNumber : int {
-    District = 1,
-    Block = 3,
-    HouseType = 4,
-    Building = 6,
-    Area = 7,
-    Floors = 10,
-    Agent = 13,
-    Deal = 23,
-    SalePrice = 25,
-    SaleUnitPrice = 26,
-    Rent = 29,
-    RentUnitPrice = 30,
-    PropertyRight = 44,
-    Viewing = 48,
-    KeyNumber = 49,
-};
+using enum EditorNumber::Number;
+using enum EditorNumber::MemoNumber;
 
 void set(ParameterList &parameters, QStringView name, const QVariant &value)
 {
@@ -38,13 +23,9 @@ void FrmFx::connectFields()
     for (const qzTxt_S *field : fields())
         connect(field, &qzTxt_S::FieldChange, this,
                 [this, number = field->Index()] { fieldChanged(number); });
-    connect(&Cmd(2), &Button::Click, this, [this] { pickRemark(Cmd(2), u"房源备注", Txt(1)); });
-    connect(&Cmd(3), &Button::Click, this, [this] { pickRemark(Cmd(3), u"业主联系备注", Txt(0)); });
-}
-
-const LookUp &FrmFx::lookUpOf(int number) const
-{
-    return editorField(number).lookUp;
+    connect(&Cmd(2), &Button::Click, this, [this] { pickRemark(Cmd(2), u"房源备注", Txt(Remark)); });
+    connect(&Cmd(3), &Button::Click, this,
+            [this] { pickRemark(Cmd(3), u"业主联系备注", Txt(ContactRemark)); });
 }
 
 // A changed field
@@ -97,7 +78,7 @@ bool FrmFx::check(int number, const Check &check)
 {
     if (!EditorForm::check(number, check))
         return false;
-    if (number == HouseType)
+    if (number == Rooms)
         fillFromHouseType(check.value, check.text);
     else if (number == PropertyRight)
         fillFromPropertyRight(check.value);
@@ -115,10 +96,10 @@ void FrmFx::picked(int number, const HostPicker &picker)
     const auto row = rowOf(number, picker);
     if (number == Building) {
         if (const auto building = std::dynamic_pointer_cast<const clsLpzd>(row)) {
-            qzFcTxt(20).setText(building->s物业用途);
-            qzFcTxt(21).setText(building->s物业类型);
-            qzFcTxt(22).setText(building->s建房年代);
-            qzFcTxt(37).setText(NumberText(building->d管理费));
+            qzFcTxt(Usage).setText(building->s物业用途);
+            qzFcTxt(PropertyType).setText(building->s物业类型);
+            qzFcTxt(BuiltIn).setText(building->s建房年代);
+            qzFcTxt(ManagementFee).setText(NumberText(building->d管理费));
         }
     } else if (number == Block) {
         if (const auto block = std::dynamic_pointer_cast<const clsDz>(row))
@@ -137,10 +118,10 @@ void FrmFx::fillFromHouseType(const QVariant &value, QString &text)
     const auto read = [&](QStringView column) {
         return NullConv::ToText(rows->Fields(column.toString()).Value);
     };
-    qzFcTxt(HouseType).setText(read(u"房间数"));
-    qzFcTxt(19).setText(read(u"客厅数"));
-    qzFcTxt(18).setText(read(u"卫生间数"));
-    qzFcTxt(16).setText(read(u"阳台数"));
+    qzFcTxt(Rooms).setText(read(u"房间数"));
+    qzFcTxt(Halls).setText(read(u"客厅数"));
+    qzFcTxt(Bathrooms).setText(read(u"卫生间数"));
+    qzFcTxt(Balconies).setText(read(u"阳台数"));
     text = read(u"房间数"); // the field shows the number of rooms, not the name of the type
 }
 
@@ -152,7 +133,8 @@ void FrmFx::fillFromPropertyRight(const QVariant &value)
     const auto rows = rowsOf(sql);
     if (rows->Eof() && rows->Bof())
         return;
-    const std::pair<int, QStringView> filled[] = {{45, u"证件名称"}, {46, u"付款方式"}, {47, u"付佣金方式"}};
+    const std::pair<int, QStringView> filled[] = {
+        {Certificate, u"证件名称"}, {Payment, u"付款方式"}, {Commission, u"付佣金方式"}};
     for (const auto &[number, column] : filled)
         qzFcTxt(number).setText(NullConv::ToText(rows->Fields(column.toString()).Value));
 }

@@ -1,5 +1,3 @@
-#include "contracts/conversions.h"
-#include "library/frame/desktop.h"
 #include "library/listings/frm_fx.h"
 #include "library/listings/frm_fx_fields.h"
 
@@ -7,32 +5,21 @@ namespace ebtq {
 
 namespace {
 
+using enum EditorNumber::Number;
+
 constexpr QStringView numberColumn = u"房源编号";
 
-struct RequiredField
-{
-    int number;
-    QStringView message;
-};
-constexpr RequiredField requiredFields[] = {
-    {1, u"城区不能为空，请输入"},  {6, u"楼盘字典不能为空，请输入"}, {3, u"栋座不能为空，请输入"},
-    {23, u"交易不能为空，请输入"}, {24, u"状态不能为空，请输入"},
+constexpr std::pair<int, QStringView> requiredFields[] = {
+    {District, u"城区不能为空，请输入"}, {Building, u"楼盘字典不能为空，请输入"},
+    {Block, u"栋座不能为空，请输入"},    {Deal, u"交易不能为空，请输入"},
+    {State, u"状态不能为空，请输入"},
 };
 
 } // namespace
 
 bool FrmFx::DoCheck()
 {
-    for (const RequiredField &required : requiredFields) {
-        qzTxt_S &field = qzFcTxt(required.number);
-        if (!Trim(field.Text()).isEmpty())
-            continue;
-        desktop().messageBox(required.message.toString(), messageTitle(), Desktop::Icon::Information,
-                             Desktop::Buttons::Ok);
-        field.SetFocus();
-        return false;
-    }
-    return true;
+    return DoCheckRequired(requiredFields) && DoCheckNumbers();
 }
 
 bool FrmFx::DoSave()
@@ -44,106 +31,30 @@ bool FrmFx::DoSave()
 /// number that it has got.
 bool FrmFx::save()
 {
-    const bool isNew = m_id.isEmpty();
-    const std::optional<QVariant> tried = triedValue(u"fyxx", u"房源ID", numberColumn);
+    const std::optional<QVariant> tried = triedValue(numberColumn);
     if (!tried)
         return false;
-    const std::optional<QString> number = tried->isValid() ? tried->toString() : billNumber();
+    const std::optional<QString> number =
+        tried->isValid() ? tried->toString()
+                         : documentNumber(m_id.isEmpty(),
+                                          {m_moduleID, u"DoSave:%1", u"房源编号不能为空，请输入后重试!  "});
     if (!number)
         return false;
-    // Without a key, which is told by then, what was typed is saved all the same.
-    const QString id = isNew ? newKey() : m_id;
-    const bool isInserted = isNew && !tried->isValid();
-    if (!execute(isInserted ? insertStatement(id, *number) : updateStatement(id, *number)))
+    m_number = *number;
+    const auto row = write(m_id);
+    if (!row)
         return false;
-    forgetKey();
-    Q_EMIT ReturnData(id, isNew);
-    if (!isNew)
-        return true;
-    const auto goOn = desktop().messageBox(QStringLiteral("是否继续新建?"), messageTitle(),
-                                           Desktop::Icon::Information, Desktop::Buttons::YesNo);
-    if (goOn != Desktop::Answer::Yes)
+    Q_EMIT ReturnData(row->key, row->isNew);
+    if (!row->isNew || !wantsAnother())
         return true;
     NewRecord();
-    qzFcTxt(0).SetFocus();
+    qzFcTxt(BillNumber).SetFocus();
     return false;
 }
 
-/// The number to be stored; nothing when there is none. A new listing gets the one that is next now, which
-/// can differ from the one on the screen: somebody else may have saved meanwhile.
-std::optional<QString> FrmFx::billNumber()
+QString FrmFx::held(const RecordColumn &column) const
 {
-    QString number = Trim(qzFcTxt(0).Text());
-    if (m_id.isEmpty() && !app().NewBillCode(m_moduleID, app().Session().LoginDate(), number, false)) {
-        refuse(QStringLiteral("DoSave:") + app().LastError().Description);
-        return std::nullopt;
-    }
-    if (!number.isEmpty())
-        return number;
-    desktop().messageBox(QStringLiteral("房源编号不能为空，请输入后重试!  "), QStringLiteral("提示："),
-                         Desktop::Icon::Critical, Desktop::Buttons::Ok);
-    qzFcTxt(0).SetFocus();
-    return std::nullopt;
-}
-
-QString FrmFx::held(const ListingValue &value) const
-{
-    switch (value.holder) {
-    case Holder::Key:
-        return qzFcTxt(value.number).Tag();
-    case Holder::Memo:
-        return Txt(value.number).Text();
-    case Holder::Ticks:
-        // The third box is never asked: a listing without a tick counts as recommended.
-        return QString::number(Chk(0).Value() == 1 ? 1 : Chk(1).Value() == 1 ? 2 : 3);
-    default:
-        return qzFcTxt(value.number).Text();
-    }
-}
-
-SqlText FrmFx::literal(const ListingValue &value, const QString &number) const
-{
-    const QString text = value.column == numberColumn ? number : held(value);
-    if (value.saved == Saved::Number)
-        return PlainDecimal(Val(text));
-    const QString mark = value.saved == Saved::Date ? QStringLiteral("#") : QStringLiteral("'");
-    return SqlText(mark) + typed(value.saved == Saved::Date ? text : Trim(text)) + mark;
-}
-
-SqlText FrmFx::insertStatement(const QString &id, const QString &number) const
-{
-    QString columns = QStringLiteral("insert into fyxx(房源ID");
-    SqlText values(QStringLiteral(")values('"));
-    values += typed(id);
-    values += QStringView(u"'");
-    for (const ListingValue &value : listingValues()) {
-        if (value.saved == Saved::Not)
-            continue;
-        columns += u',';
-        columns += value.column;
-        values += QStringView(u",");
-        values += literal(value, number);
-    }
-    return SqlText(columns) + values + QStringLiteral(")");
-}
-
-SqlText FrmFx::updateStatement(const QString &id, const QString &number) const
-{
-    SqlText sql(QStringLiteral("update fyxx set "));
-    QStringView comma;
-    for (const ListingValue &value : listingValues()) {
-        if (value.saved == Saved::Not)
-            continue;
-        sql += comma;
-        sql += value.column;
-        sql += QStringView(u"=");
-        sql += literal(value, number);
-        comma = u",";
-    }
-    sql += QStringView(u" where 房源ID='");
-    sql += typed(id);
-    sql += QStringView(u"'");
-    return sql;
+    return column.column == numberColumn ? m_number : EditorForm::held(column);
 }
 
 } // namespace ebtq

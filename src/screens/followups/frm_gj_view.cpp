@@ -53,7 +53,7 @@ FrmGjView::FrmGjView(FrmGj &form, QWidget *parent)
 
 void FrmGjView::addContents(QGroupBox &card)
 {
-    const QString caption = QStringLiteral("跟进内容");
+    const QString caption = m_form.Txt().Caption();
     TextAreaView *box = makeBox(m_form.Txt(), caption, &card);
     box->setMinimumHeight(contentsLines * fontMetrics().lineSpacing() + 2 * box->frameWidth());
     QLabel *label = captionFor(caption, Entry::Free, &card);
@@ -74,7 +74,7 @@ void FrmGjView::addFields(int cardNumber)
             continue;
         QGroupBox *card = cards()[static_cast<size_t>(cardNumber)];
         qzTxt_S &field = m_form.qzTxt(place.number);
-        QLabel *caption = captionFor(field.Caption().trimmed(), Entry::Free, card);
+        QLabel *caption = captionFor(m_form.fieldOf(place.number).title.toString(), Entry::Free, card);
         put(*card, {place.row, place.pair, place.pairs}, caption, ofGridsWidth(new FieldView(field, card)));
     }
 }

@@ -1,12 +1,13 @@
 #include "screens/frame/editor_form_view.h"
 
-#include "library/frame/editor_form.h"
+#include "library/records/editor_form.h"
 #include "screens/controls/button_view.h"
 #include "screens/controls/control_binding.h"
 #include "screens/controls/field_view.h"
 #include "screens/controls/text_box_view.h"
 #include "screens/look/look.h"
 
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -46,7 +47,15 @@ EditorFormView::EditorFormView(EditorForm &form, const QString &title, QWidget *
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(16, 10, 16, 12);
     column->setSpacing(4);
-    connect(&form, &EditorForm::unloaded, this, &QWidget::close);
+    connect(&form, &EditorForm::unloaded, this, [this] {
+        m_isUnloaded = true;
+        close();
+    });
+}
+
+void EditorFormView::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(m_isUnloaded || m_form.mayClose());
 }
 
 QGroupBox *EditorFormView::addCard(const QString &title)

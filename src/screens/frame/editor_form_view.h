@@ -34,6 +34,8 @@ protected:
     enum class Entry { Free, Required };
 
     EditorFormView(EditorForm &form, const QString &title, QWidget *parent);
+    /// The form may refuse, unless it closes itself.
+    void closeEvent(QCloseEvent *event) override;
 
     QGroupBox *addCard(const QString &title);
     [[nodiscard]] const std::vector<QGroupBox *> &cards() const { return m_cards; }
@@ -64,6 +66,7 @@ private:
     [[nodiscard]] int widestCaption(int pair) const;
 
     EditorForm &m_form;
+    bool m_isUnloaded = false;
     std::vector<QGroupBox *> m_cards;
 };
 

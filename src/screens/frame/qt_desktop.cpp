@@ -79,6 +79,23 @@ Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title,
     return box.clickedButton() == yes ? Answer::Yes : Answer::No;
 }
 
+/// "取消" stands beside the answers, and Esc means it.
+std::optional<int> QtDesktop::choose(const QString &text, const QString &title, const QStringList &answers)
+{
+    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, look::windowBelow());
+    showIcon(box, Icon::Question);
+    box.setTextFormat(Qt::PlainText);
+    QList<QAbstractButton *> buttons;
+    for (const QString &answer : answers)
+        buttons.append(box.addButton(answer, QMessageBox::ActionRole));
+    QPushButton *cancel = box.addButton(QStringLiteral("取消(&C)"), QMessageBox::RejectRole);
+    box.setDefaultButton(cancel);
+    box.setEscapeButton(cancel);
+    box.exec();
+    const qsizetype chosen = buttons.indexOf(box.clickedButton());
+    return chosen < 0 ? std::nullopt : std::optional(static_cast<int>(chosen));
+}
+
 std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString &title, const QString &preset)
 {
     QInputDialog dialog(look::windowBelow());

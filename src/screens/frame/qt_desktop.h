@@ -14,6 +14,7 @@ public:
     explicit QtDesktop(const ViewRegistry &views);
 
     Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons) override;
+    std::optional<int> choose(const QString &text, const QString &title, const QStringList &answers) override;
     std::optional<QString> inputBox(const QString &prompt, const QString &title,
                                     const QString &preset) override;
     QString openDialog(const QString &title, const QString &folder, const QString &filter) override;

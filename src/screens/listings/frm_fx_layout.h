@@ -6,7 +6,7 @@
 
 namespace ebtq {
 
-/// One caption and what stands behind it on the editor of a listing. Each group counts its rows from 0; all
+/// Where a field with its caption stands on the editor of a listing. Each group counts its rows from 0; all
 /// groups share one grid of pairs of caption and field, so that the fields of the whole form line up.
 struct EditorCell
 {
@@ -18,8 +18,6 @@ struct EditorCell
     int pair;
     Kind kind;
     int number; ///< of the field, or of the box of many lines
-    QStringView caption;
-    QStringView unit = {}; ///< behind the caption
 };
 
 inline constexpr int editorPairs = 5;

@@ -19,11 +19,11 @@ constexpr int fieldCharacters = 10; ///< the least width of a field, in Chinese 
 constexpr int groupCount = 4;
 constexpr QChar tickMnemonics[] = {u'J', u'T', u'U'};
 
-QString captionText(const EditorCell &cell)
+QString captionText(const EditorField &field)
 {
-    QString text = cell.caption.toString();
-    if (!cell.unit.isEmpty())
-        text += u' ' + cell.unit.toString();
+    QString text = field.title.toString();
+    if (!field.unit.isEmpty())
+        text += u' ' + field.unit.toString();
     return text;
 }
 
@@ -66,14 +66,15 @@ void FrmFxView::addCell(const EditorCell &cell)
     QGroupBox *group = groupOf(cell);
     const bool isWide = cell.kind == EditorCell::Rooms;
     const Entry entry = cell.kind == EditorCell::Required ? Entry::Required : Entry::Free;
-    put(*group, {cell.row, cell.pair, isWide ? wideCell : 1}, captionFor(captionText(cell), entry, group),
+    put(*group, {cell.row, cell.pair, isWide ? wideCell : 1},
+        captionFor(captionText(m_form.fieldOf(cell.number)), entry, group),
         isWide ? makeRooms(group) : makeField(cell, group));
 }
 
 FieldView *FrmFxView::makeField(const EditorCell &cell, QWidget *parent)
 {
     auto *view = ofGridsWidth(new FieldView(m_form.qzFcTxt(cell.number), parent));
-    view->setAccessibleName(cell.caption.toString());
+    view->setAccessibleName(m_form.fieldOf(cell.number).title.toString());
     if (cell.kind == EditorCell::Computed) {
         view->setReadOnly(true);
         view->setFocusPolicy(Qt::ClickFocus); // to copy from; Tab passes by
@@ -102,13 +103,14 @@ QWidget *FrmFxView::makeRooms(QWidget *parent)
 /// A box of many lines, below its caption the button that picks a text for it.
 void FrmFxView::addMemo(const EditorCell &cell)
 {
-    TextAreaView *box = makeBox(m_form.Txt(cell.number), cell.caption.toString(), groupOf(cell));
+    TextBox &memo = m_form.Txt(cell.number);
+    TextAreaView *box = makeBox(memo, memo.Caption(), groupOf(cell));
     box->setMinimumHeight(0);
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     auto *pick = new ButtonView(m_form.Cmd(cell.number == 0 ? 3 : 2), groupOf(cell));
     pick->setProperty("kind", QStringLiteral("flat"));
     const Place place{cell.row, cell.pair, wideCell, memoRows};
-    QLabel *caption = captionFor(captionText(cell), Entry::Free, groupOf(cell));
+    QLabel *caption = captionFor(memo.Caption(), Entry::Free, groupOf(cell));
     put(*groupOf(cell), place, caption, box);
     putBelowCaption(*groupOf(cell), place, pick);
 }

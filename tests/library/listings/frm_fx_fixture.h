@@ -60,6 +60,13 @@ protected:
         const RowBlock found = rows(u"select "_qs + columns + u" from fyxx"_qs);
         return found.rowCount() == 1 ? found.value(0, 0).toString() : u"%1 rows"_qs.arg(found.rowCount());
     }
+    /// The one message since the last call.
+    std::string onlyMessage()
+    {
+        const QStringList told = asked();
+        EXPECT_EQ(told.size(), 1) << told.join(u'\n').toStdString();
+        return told.value(0).toStdString();
+    }
     [[nodiscard]] QString text(int number) const { return form.qzFcTxt(number).Text(); }
     [[nodiscard]] QString ticks() const
     {

@@ -62,7 +62,9 @@ TEST_F(FrmFxLookupTest, EachFieldIsHelpedJudgedAndAlignedAsItsKind)
             const qzTxt_S &field = form.qzFcTxt(number);
             const bool isLookUp = custom.contains(number) || lists.contains(number);
             EXPECT_EQ(field.help_flag() && field.help_menuflag(), isLookUp || dates.contains(number));
-            EXPECT_EQ(field.judge_time() == qzTxt_S::JudgeOnLeaving, isLookUp) << number;
+            EXPECT_EQ(field.judge_time() == qzTxt_S::JudgeOnLeaving,
+                      isLookUp || field.judge_type() == qzTxt_S::JudgeNumber)
+                << number;
             EXPECT_EQ(field.help_type() == qzTxt_S::Custom, custom.contains(number)) << number;
             EXPECT_EQ(field.judge_type() == qzTxt_S::JudgeDate, dates.contains(number)) << number;
             EXPECT_EQ(field.Alignment(), right.contains(number) + 2 * centred.contains(number)) << number;

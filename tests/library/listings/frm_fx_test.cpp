@@ -9,13 +9,13 @@ namespace {
 constexpr auto Ok = Desktop::Answer::Ok;
 constexpr auto No = Desktop::Answer::No;
 
-/// A text of its own for each field: dates, numbers with something behind them, blanks around texts.
-QString sample(const ListingValue &value)
+/// A text of its own for each field: dates, numbers as people type them, blanks around texts.
+QString sample(const RecordColumn &column)
 {
-    const QString pattern = value.saved == Saved::Date     ? u"2026-3-%1"_qs
-                            : value.saved == Saved::Number ? u"%1.5万"_qs
-                                                           : u" 文%1 "_qs;
-    return pattern.arg(value.saved == Saved::Date ? value.number / 2 + 1 : value.number);
+    const QString pattern = column.saved == Saved::Date     ? u"2026-3-%1"_qs
+                            : column.saved == Saved::Number ? u" %1．5"_qs
+                                                            : u" 文%1 "_qs;
+    return pattern.arg(column.saved == Saved::Date ? column.number / 2 + 1 : column.number);
 }
 
 class FrmFxSaveTest : public FrmFxTest
@@ -24,7 +24,7 @@ protected:
     using FrmFxTest::FrmFxTest;
     void fillEverything()
     {
-        for (const ListingValue &value : listingValues()) {
+        for (const RecordColumn &value : listingRecord().load) {
             if (value.holder == Holder::FieldText)
                 form.qzFcTxt(value.number).setText(sample(value));
             else if (value.holder == Holder::Memo)
@@ -69,11 +69,11 @@ TEST_F(FrmFxSaveTest, InsertThenUpdateWriteEveryColumnAndLoadReadsItBack)
         assignments += columns[at] + u'=' + literals[at];
     open(id, [&] {
         EXPECT_EQ(app.statements.size(), 1) << "a listing is opened with one statement";
-        for (const ListingValue &value : listingValues()) {
+        for (const RecordColumn &value : listingRecord().load) {
             if (value.holder != Holder::FieldText || value.saved == Saved::Not || value.number == 0)
                 continue;
             const QString stored = sample(value).trimmed();
-            EXPECT_EQ(text(value.number), value.saved == Saved::Number ? NumberText(Val(stored)) : stored);
+            EXPECT_EQ(text(value.number), value.saved == Saved::Number ? *TypedNumber(stored) : stored);
         }
         EXPECT_EQ(text(0) + form.qzFcTxt(6).Tag() + form.Txt(1).Text(), u"FY2026110001106第一行\n注1");
         EXPECT_EQ(ticks(), u"010");
@@ -182,14 +182,14 @@ TEST_F(FrmFxSaveTest, NoTextChangesTheStatementAndNothingTypedIsLost)
 {
     const QString id = makeListing();
     connection->execute(u"update fyxx set 备注='旧'"_qs);
-    for (const ListingValue &value : listingValues()) {
+    for (const RecordColumn &value : listingRecord().load) {
         const QString attack = value.saved == Saved::Date ? u"#,备注=#2026-1-1"_qs : u"x',备注='新"_qs;
         if (value.saved != Saved::Text && value.saved != Saved::Date)
             continue;
         open(id, [&] {
             if (value.holder == Holder::Memo)
                 form.Txt(value.number).setText(attack);
-            else if (value.holder == Holder::Key)
+            else if (value.holder == Holder::FieldKey)
                 form.qzFcTxt(value.number).setValue(attack);
             else
                 form.qzFcTxt(value.number).setText(attack);

@@ -69,8 +69,11 @@ TEST_F(FrmFxViewTest, EachFieldInTheOrderOfTabIsItsControls)
             walked.append(name);
             if (!qobject_cast<QAbstractButton *>(focused)) {
                 const int number = name.section(u'_', 1).toInt();
+                const bool isNumber =
+                    name.startsWith(u"qz") && form.qzFcTxt(number).judge_type() == qzTxt_S::JudgeNumber;
                 // A deal must be a known one, and the key number can be typed where there is a key.
-                const QString text = name == u"qzFcTxt_23"   ? u"出售"_qs
+                const QString text = isNumber                ? QString::number(number)
+                                     : name == u"qzFcTxt_23" ? u"出售"_qs
                                      : name == u"qzFcTxt_48" ? u"有匙"_qs
                                                              : u"文"_qs + name;
                 QTest::keyClick(focused, Qt::Key_A, Qt::ControlModifier);

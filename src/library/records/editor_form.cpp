@@ -1,4 +1,4 @@
-#include "library/frame/editor_form.h"
+#include "library/records/editor_form.h"
 
 #include "contracts/conversions.h"
 #include "contracts/null_conv.h"
@@ -21,6 +21,11 @@ QString bareId(QString id)
     return id;
 }
 
+QString inputError()
+{
+    return QStringLiteral("输入有误，请重新输入！");
+}
+
 bool isFilledIn(const QString &type)
 {
     return type == u"TextBox" || type == u"qzTxt_S" || type == u"ComboBox" || type == u"CheckBox";
@@ -28,11 +33,23 @@ bool isFilledIn(const QString &type)
 
 } // namespace
 
-EditorForm::EditorForm(const QString &name, QString fields, Desktop &desktop)
+EditorForm::EditorForm(const QString &name, QString arrayName, std::span<const EditorField> fields,
+                       const RecordTable &record, Desktop &desktop)
     : Module(name, desktop)
-    , m_fieldsName(std::move(fields))
+    , m_arrayName(std::move(arrayName))
+    , m_descriptions(fields)
+    , m_record(record)
 {
     setObjectName(name);
+    for (const EditorField &description : fields)
+        addField(description);
+}
+
+const EditorField &EditorForm::fieldOf(int number) const
+{
+    if (number < 0 || static_cast<size_t>(number) >= m_descriptions.size())
+        throw Failure(QStringLiteral("没有编号为 %1 的输入框！").arg(number));
+    return m_descriptions[static_cast<size_t>(number)];
 }
 
 QString EditorForm::messageTitle()
@@ -42,15 +59,33 @@ QString EditorForm::messageTitle()
 
 QString EditorForm::tag(QStringView event) const
 {
-    return QStringLiteral("-->%1_%2::").arg(m_fieldsName, event);
+    return QStringLiteral("-->%1_%2::").arg(m_arrayName, event);
 }
 
-qzTxt_S &EditorForm::addField(QStringView caption)
+void EditorForm::addField(const EditorField &description)
 {
-    auto &result = controls().add<qzTxt_S>(m_fieldsName, static_cast<int>(m_fields.size()));
-    result.setCaption(caption.toString());
-    connectField(result);
+    auto &result = controls().add<qzTxt_S>(m_arrayName, static_cast<int>(m_fields.size()));
+    result.setCaption(description.caption.toString());
+    result.setAlignment(description.alignment);
     m_fields.push_back(&result);
+    connectField(result);
+}
+
+TextBox &EditorForm::addMemo(const QString &name, int index, const QString &caption)
+{
+    auto &result = controls().add<TextBox>(name, index, TextBox::Lines::Many);
+    result.setCaption(caption);
+    connect(&result, &TextBox::Change, this, [this] { m_isDirty = true; });
+    m_memos.push_back(&result);
+    return result;
+}
+
+CheckBox &EditorForm::addTick(const QString &name, int index, const QString &caption)
+{
+    auto &result = controls().add<CheckBox>(name, index);
+    result.setCaption(caption);
+    connect(&result, &CheckBox::Click, this, [this] { m_isDirty = true; });
+    m_ticks.push_back(&result);
     return result;
 }
 
@@ -68,8 +103,11 @@ void EditorForm::addButtons(std::initializer_list<QStringView> captions)
 void EditorForm::connectField(qzTxt_S &field)
 {
     const int number = field.Index();
-    connect(&field, &qzTxt_S::valueChanged, &field,
-            [&field] { field.setTag(NullConv::ToText(field.Value())); });
+    connect(&field, &qzTxt_S::FieldChange, this, [this] { m_isDirty = true; });
+    connect(&field, &qzTxt_S::valueChanged, this, [this, &field] {
+        field.setTag(NullConv::ToText(field.Value()));
+        m_isDirty = true;
+    });
     connect(&field, &qzTxt_S::FieldHelp, this, [=, this](int left, int top, QString &text, QVariant &value) {
         trapped(tag(u"FieldHelp"), [&] {
             HostPicker *list = picker(number);
@@ -93,17 +131,12 @@ void EditorForm::connectField(qzTxt_S &field)
             });
 }
 
-void EditorForm::saveAndClose()
-{
-    if (DoSave())
-        Q_EMIT unloaded();
-}
-
 // Opening
 
 void EditorForm::reset()
 {
-    forgetKey();
+    m_triedKey.clear();
+    m_takenNumber.clear();
     emptyFields();
     for (const auto &control : controls()) {
         control->setVisible(true);
@@ -126,17 +159,28 @@ void EditorForm::emptyFields()
     }
 }
 
+void EditorForm::clearDirty()
+{
+    m_isDirty = false;
+}
+
 void EditorForm::InitFields()
 {
     for (qzTxt_S *field : m_fields) {
-        const LookUp &source = lookUpOf(field->Index());
-        if (source.kind != LookUp::None)
-            InitField(*field, source);
+        const EditorField &description = fieldOf(field->Index());
+        if (description.lookUp.kind != LookUp::None)
+            InitField(*field, description);
+        else if (isNumber(*field)) {
+            field->set_judge_type(qzTxt_S::JudgeNumber);
+            field->set_judge_time(qzTxt_S::JudgeOnLeaving);
+            field->set_error_message(description.title.toString() + inputError());
+        }
     }
 }
 
-void EditorForm::InitField(qzTxt_S &field, const LookUp &source)
+void EditorForm::InitField(qzTxt_S &field, const EditorField &description)
 {
+    const LookUp &source = description.lookUp;
     field.set_help_flag(true);
     field.set_help_menuflag(true);
     if (source.kind == LookUp::Calendar) {
@@ -148,7 +192,7 @@ void EditorForm::InitField(qzTxt_S &field, const LookUp &source)
     field.set_judge_type(source.kind == LookUp::InlineList ? qzTxt_S::JudgeInlineList
                                                            : qzTxt_S::JudgeStatement);
     field.set_judge_time(qzTxt_S::JudgeOnLeaving);
-    field.set_error_message(Trim(field.Caption()) + QStringLiteral("输入有误，请重新输入！"));
+    field.set_error_message(Trim(field.Caption()) + inputError());
     if (source.kind == LookUp::Picker) {
         field.set_help_type(qzTxt_S::Custom);
         return;
@@ -174,11 +218,15 @@ void EditorForm::setTypesEnabled(bool enabled, std::initializer_list<int> fixed)
         field(number).setEnabled(false);
 }
 
-void EditorForm::showAuthor(qzTxt_S &author, qzTxt_S &department)
+void EditorForm::showAuthor(qzTxt_S &author)
 {
     const HostSession &session = app().Session();
     author.setValue(bareId(session.UserID()));
     author.setText(session.UserName());
+}
+
+void EditorForm::showDepartment(qzTxt_S &department, const qzTxt_S &author)
+{
     SqlText sql(QStringLiteral("select mtname from su_usertype where mtID in(select usertypeID from "
                                "su_membership where userID='"));
     sql += typed(author.Tag());
@@ -191,7 +239,7 @@ void EditorForm::showAuthor(qzTxt_S &author, qzTxt_S &department)
 /// The picker of a field, ready and with its parameters; nullptr when it cannot be used.
 HostPicker *EditorForm::picker(int number)
 {
-    HostPicker &list = app().Picker(lookUpOf(number).name.toString());
+    HostPicker &list = app().Picker(fieldOf(number).lookUp.name.toString());
     if (!list.Ready(0))
         return nullptr;
     setParameters(number, list.Parameters());
@@ -201,7 +249,7 @@ HostPicker *EditorForm::picker(int number)
 bool EditorForm::check(int number, const Check &check)
 {
     const QString typedText = field(number).Text();
-    if (lookUpOf(number).kind != LookUp::Picker) {
+    if (fieldOf(number).lookUp.kind != LookUp::Picker) {
         app().JudgeText(check.base, check.valueField, check.textField, typedText, check.value, check.text);
         return true;
     }
@@ -222,6 +270,92 @@ std::shared_ptr<const PickedRow> EditorForm::rowOf(int number, const HostPicker 
     return isChosen ? m_chosenRow : picker.Objects();
 }
 
+// The row
+
+void EditorForm::takeRow(const Recordset &row)
+{
+    m_loaded.take(m_record, row);
+    for (const RecordColumn &column : m_record.load) {
+        if (column.loaded != Loaded::Not)
+            put(column, loadedText(column, row));
+    }
+}
+
+void EditorForm::put(const RecordColumn &column, const QString &text)
+{
+    switch (column.holder) {
+    case Holder::FieldText:
+        field(column.number).setText(text);
+        break;
+    case Holder::FieldKey:
+        field(column.number).setValue(text);
+        break;
+    case Holder::Memo:
+        memo(column.number).setText(text);
+        break;
+    case Holder::Tick:
+        tick(column.number).setValue(WholePart(Val(text)));
+        break;
+    case Holder::FirstTick:
+        putFirstTick(WholePart(Val(text)));
+        break;
+    case Holder::Given:
+        break;
+    }
+}
+
+/// Whatever is no number of a box is the last one, as a row without a tick is stored.
+void EditorForm::putFirstTick(int number)
+{
+    const int last = static_cast<int>(m_ticks.size());
+    const int ticked = number >= 1 && number < last ? number : last;
+    for (int each = 1; each <= last; ++each)
+        tick(each - 1).setValue(each == ticked ? 1 : 0);
+}
+
+QString EditorForm::held(const RecordColumn &column) const
+{
+    switch (column.holder) {
+    case Holder::FieldText:
+        return field(column.number).Text();
+    case Holder::FieldKey:
+        return field(column.number).Tag();
+    case Holder::Memo:
+        return memo(column.number).Text();
+    case Holder::Tick:
+        return QString::number(tick(column.number).Value());
+    case Holder::FirstTick:
+        return QString::number(firstTick());
+    case Holder::Given:
+        break;
+    }
+    return {};
+}
+
+/// The last box is never asked: a row without a tick counts as its.
+int EditorForm::firstTick() const
+{
+    const int last = static_cast<int>(m_ticks.size());
+    for (int number = 1; number < last; ++number) {
+        if (tick(number - 1).Value() == 1)
+            return number;
+    }
+    return last;
+}
+
+HeldText EditorForm::heldTexts() const
+{
+    return [this](const RecordColumn &column) { return held(column); };
+}
+
+bool EditorForm::isNumber(const qzTxt_S &field) const
+{
+    return std::ranges::any_of(m_record.insert, [&](const RecordColumn &column) {
+        return column.holder == Holder::FieldText && column.number == field.Index() &&
+               column.saved == Saved::Number;
+    });
+}
+
 // Statements
 
 QVariant EditorForm::single(const SqlText &sql)
@@ -238,38 +372,6 @@ std::unique_ptr<Recordset> EditorForm::rowsOf(const SqlText &sql)
     if (const QString error = app().Db().LastError().Description; !error.isEmpty())
         throw Failure(error);
     return rows;
-}
-
-bool EditorForm::execute(const SqlText &sql)
-{
-    app().Db().CreateQuery(sql, 1)->Execute();
-    return hasSucceeded();
-}
-
-bool EditorForm::hasSucceeded()
-{
-    const QString error = app().Db().LastError().Description;
-    if (!error.isEmpty())
-        refuse(error);
-    return error.isEmpty();
-}
-
-QString EditorForm::newKey()
-{
-    if (m_triedKey.isEmpty())
-        m_triedKey = NewGuidText(desktop());
-    return m_triedKey;
-}
-
-std::optional<QVariant> EditorForm::triedValue(QStringView table, QStringView keyColumn, QStringView column)
-{
-    if (m_triedKey.isEmpty())
-        return QVariant();
-    SqlText sql(QStringLiteral("select %1 from %2 where %3='").arg(column, table, keyColumn));
-    sql += typed(m_triedKey);
-    sql += QStringView(u"'");
-    const QVariant value = app().Db().CreateQuery(sql, 1)->Scalar();
-    return hasSucceeded() ? std::optional(value) : std::nullopt;
 }
 
 void EditorForm::refuse(const QString &message)

@@ -1,4 +1,4 @@
-#include "library/frame/look_up.h"
+#include "library/records/look_up.h"
 
 namespace ebtq {
 

@@ -1,0 +1,204 @@
+#pragma once
+
+#include "contracts/host_contracts.h"
+#include "library/controls/button.h"
+#include "library/controls/field_control.h"
+#include "library/frame/module.h"
+#include "library/records/loaded_row.h"
+#include "library/records/look_up.h"
+#include "library/records/record_table.h"
+
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace ebtq {
+
+class CheckBox;
+class TextBox;
+
+/// One field of a form's array, in the array's order.
+struct EditorField
+{
+    QStringView caption; ///< as the control draws it on its left; it may be the unit of the field before it
+    QStringView title;   ///< what the field is called on the screen and in messages
+    LookUp lookUp = {};
+    qzTxt_S::TextAlignment alignment = qzTxt_S::AlignLeft;
+    QStringView unit = {};
+};
+
+/// What the forms that edit one row have in common: an array of fields that know where their values come
+/// from, the row behind them as a table, a save that refuses by message box, buttons 0 for saving and 1 for
+/// closing. One form is kept and opened again and again; each opening finds it as it was made.
+class EditorForm : public Module
+{
+    Q_OBJECT
+
+public:
+    /// 0 save, 1 close, and those that a form has besides.
+    [[nodiscard]] Button &Cmd(int number) const { return *m_buttons.at(static_cast<size_t>(number)); }
+    [[nodiscard]] const EditorField &fieldOf(int number) const;
+
+    /// Something on the form was changed since it was loaded or emptied.
+    [[nodiscard]] bool isDirty() const { return m_isDirty; }
+    /// What a view asks before Esc, the close box or the window manager closes the form: a changed one asks
+    /// whether to save. False when it stays open.
+    bool mayClose();
+
+Q_SIGNALS:
+    /// For the view: the form is to be closed.
+    void unloaded();
+
+protected:
+    /// A typed text that is looked up, and where value and text of what was found go.
+    struct Check
+    {
+        const QString &base;
+        const QString &valueField;
+        const QString &textField;
+        QVariant &value; ///< stays empty when nothing matches
+        QString &text;
+    };
+    /// The number of a field and what is said when it is empty.
+    using RequiredField = std::pair<int, QStringView>;
+    /// How a form gets its row's document number.
+    struct NumberRule
+    {
+        int moduleId;
+        QStringView failure; ///< "%1" is the host's reason
+        QStringView missing; ///< said when the number is empty
+    };
+    /// A row that was written.
+    struct SavedRow
+    {
+        QString key;
+        bool isNew;
+    };
+
+    /// `arrayName` names the array of fields; `fields` and `record` outlive the form.
+    EditorForm(const QString &name, QString arrayName, std::span<const EditorField> fields,
+               const RecordTable &record, Desktop &desktop);
+
+    void addButtons(std::initializer_list<QStringView> captions);
+    TextBox &addMemo(const QString &name, int index, const QString &caption);
+    CheckBox &addTick(const QString &name, int index, const QString &caption);
+    [[nodiscard]] qzTxt_S &field(int number) const { return *m_fields.at(static_cast<size_t>(number)); }
+    [[nodiscard]] const std::vector<qzTxt_S *> &fields() const { return m_fields; }
+    [[nodiscard]] TextBox &memo(int number) const { return *m_memos.at(static_cast<size_t>(number)); }
+    [[nodiscard]] CheckBox &tick(int number) const { return *m_ticks.at(static_cast<size_t>(number)); }
+
+    /// What the picker of a field is to be asked with.
+    virtual void setParameters(int number, ParameterList &parameters) = 0;
+    /// Looks up what was typed into a field: with its picker, else with the host. False when that cannot be
+    /// done.
+    virtual bool check(int number, const Check &check);
+    /// Called after a picker has looked a field's text up, found or not; not when the database failed, since
+    /// what goes with the text is not known then.
+    virtual void picked(int, const HostPicker &) {}
+    /// The row that goes with a field when its picker has looked it up: the chosen one while the choice
+    /// stands, since the look-up finds the first of those that have one name.
+    [[nodiscard]] std::shared_ptr<const PickedRow> rowOf(int number, const HostPicker &picker) const;
+    /// True when the form may close.
+    virtual bool DoSave() = 0;
+
+    /// The form as it was designed, whatever its last opening left in it.
+    void reset();
+    void emptyFields();
+    /// What is on the form now is what it was opened with.
+    void clearDirty();
+    /// Enables or disables everything that can be filled in but the `fixed` fields, which are never typed.
+    void setTypesEnabled(bool enabled, std::initializer_list<int> fixed);
+    /// The signed-in user as the author, by id and name.
+    void showAuthor(qzTxt_S &author);
+    /// The author's department.
+    void showDepartment(qzTxt_S &department, const qzTxt_S &author);
+
+    /// Fills the form by the record's table and keeps what the row holds, to find others' changes later.
+    void takeRow(const Recordset &row);
+    /// The text that is saved in a column. A form answers for the columns that no control holds
+    /// (Holder::Given).
+    [[nodiscard]] virtual QString held(const RecordColumn &column) const;
+    /// Reads the row again after somebody else has changed it; false when it could not be read.
+    virtual bool reload() = 0;
+
+    /// True when all have a text; the first that has none is named and gets the keyboard.
+    bool DoCheckRequired(std::span<const RequiredField> required);
+    /// Typed numbers in the form that `Val` reads. False when one is none: the user has been told and the
+    /// field has the keyboard.
+    bool DoCheckNumbers();
+    /// The document number to be saved, from field 0, for a new row from the host, which may give another one
+    /// than the screen shows. A number that a failed save has taken is kept for the next attempt, so that
+    /// none is left out. Nothing when there is none; the user has been told.
+    [[nodiscard]] std::optional<QString> documentNumber(bool isNew, const NumberRule &rule);
+    /// Asks whether to go on with another new row.
+    [[nodiscard]] bool wantsAnother();
+    /// Writes the row with one statement: `id` of the row that was loaded, empty for a new one. Nothing when
+    /// it was not written; the user has been told and what was typed stays.
+    [[nodiscard]] std::optional<SavedRow> write(const QString &id);
+    /// What a column of the new row holds that an attempt before this one has written after all; invalid when
+    /// there is no such row. Nothing when that cannot be found out; the user has been told.
+    [[nodiscard]] std::optional<QVariant> triedValue(QStringView column);
+
+    /// Both throw Failure for a statement that failed: what it should have filled would be saved as empty.
+    [[nodiscard]] QVariant single(const SqlText &sql);
+    [[nodiscard]] std::unique_ptr<Recordset> rowsOf(const SqlText &sql);
+    void refuse(const QString &message);
+    [[nodiscard]] static QString messageTitle();
+
+private:
+    // Making
+    void addField(const EditorField &description);
+    void connectField(qzTxt_S &field);
+    void InitFields();
+    static void InitField(qzTxt_S &field, const EditorField &description);
+
+    // Help and check
+    [[nodiscard]] HostPicker *picker(int number);
+    /// The tag of an event of the array of fields.
+    [[nodiscard]] QString tag(QStringView event) const;
+
+    // The row
+    void put(const RecordColumn &column, const QString &text);
+    void putFirstTick(int number);
+    [[nodiscard]] int firstTick() const;
+    [[nodiscard]] HeldText heldTexts() const;
+    [[nodiscard]] QString titleOf(const RecordColumn &column) const;
+    [[nodiscard]] bool isNumber(const qzTxt_S &field) const;
+
+    // Saving
+    void saveAndClose();
+    bool hasSucceeded();
+    [[nodiscard]] QString newKey();
+    bool insert(const QString &key);
+    bool update(const QString &key);
+    /// Empty on success, else what to tell the user once the transaction has ended.
+    [[nodiscard]] QString tryUpdate(const QString &key);
+    /// The same, if nobody else has changed the row since it was loaded; else these changes.
+    [[nodiscard]] QString tryUpdateUnchanged(const QString &key, std::vector<ForeignChange> &changes);
+    [[nodiscard]] QString updateUnchanged(const QString &key, std::vector<ForeignChange> &changes);
+    [[nodiscard]] std::vector<ForeignChange> foreignChanges(const QString &key);
+    /// Runs a statement on the row that is edited; a row that is gone is a failure too.
+    [[nodiscard]] QString runOnRow(const SqlText &sql);
+    [[nodiscard]] bool isSaveChecked();
+    bool settle(const std::vector<ForeignChange> &changes);
+    void takeOver(const ForeignChange &change);
+    [[nodiscard]] QString described(const ForeignChange &change) const;
+
+    QString m_arrayName;
+    std::span<const EditorField> m_descriptions;
+    const RecordTable &m_record;
+    std::vector<qzTxt_S *> m_fields;
+    std::vector<Button *> m_buttons;
+    std::vector<TextBox *> m_memos;
+    std::vector<CheckBox *> m_ticks;
+    int m_chosenField = -1;
+    std::shared_ptr<const PickedRow> m_chosenRow;
+    LoadedRow m_loaded;
+    bool m_isDirty = false;
+    QString m_triedKey;    ///< of the new row that could not be saved yet
+    QString m_takenNumber; ///< of the same row
+};
+
+} // namespace ebtq

@@ -1,0 +1,281 @@
+#include "contracts/conversions.h"
+#include "library/frame/desktop.h"
+#include "library/frame/guid_text.h"
+#include "library/records/editor_form.h"
+
+namespace ebtq {
+
+namespace {
+
+constexpr int parameterGroup = 12;
+/// Switches the look for a colleague's changes on; without it the later write wins.
+const QString checkParameter = QStringLiteral("savecheck");
+
+constexpr qsizetype namedChanges = 10;
+constexpr qsizetype longestValue = 30;
+
+QString shownValue(const QString &text)
+{
+    const QString line = text.simplified();
+    if (line.isEmpty())
+        return QStringLiteral("（空）");
+    return line.size() <= longestValue ? line : line.first(longestValue) + u'…';
+}
+
+} // namespace
+
+// Closing
+
+bool EditorForm::mayClose()
+{
+    if (!m_isDirty || !Cmd(0).Enabled())
+        return true;
+    enum Answer : int { Save, Discard };
+    const auto answer = desktop().choose(QStringLiteral("数据已变动，是否保存！"), QStringLiteral("提示："),
+                                         {QStringLiteral("保存(&S)"), QStringLiteral("不保存(&N)")});
+    return answer && (*answer == Discard || DoSave());
+}
+
+void EditorForm::saveAndClose()
+{
+    if (DoSave())
+        Q_EMIT unloaded();
+}
+
+// Before a save
+
+bool EditorForm::DoCheckRequired(std::span<const RequiredField> required)
+{
+    for (const auto &[number, message] : required) {
+        if (!Trim(field(number).Text()).isEmpty())
+            continue;
+        desktop().messageBox(message.toString(), messageTitle(), Desktop::Icon::Information,
+                             Desktop::Buttons::Ok);
+        field(number).SetFocus();
+        return false;
+    }
+    return true;
+}
+
+/// A field whose text is looked up may hold a name, of which `Val` takes what it can.
+bool EditorForm::DoCheckNumbers()
+{
+    for (qzTxt_S *field : m_fields) {
+        if (!isNumber(*field))
+            continue;
+        if (const auto number = TypedNumber(field->Text())) {
+            field->setText(*number);
+            continue;
+        }
+        if (fieldOf(field->Index()).lookUp.kind != LookUp::None)
+            continue;
+        desktop().messageBox(field->error_message(), messageTitle(), Desktop::Icon::Information,
+                             Desktop::Buttons::Ok);
+        field->SetFocus();
+        return false;
+    }
+    return true;
+}
+
+std::optional<QString> EditorForm::documentNumber(bool isNew, const NumberRule &rule)
+{
+    QString number = isNew && !m_takenNumber.isEmpty() ? m_takenNumber : Trim(field(0).Text());
+    if (isNew && m_takenNumber.isEmpty()) {
+        if (!app().NewBillCode(rule.moduleId, app().Session().LoginDate(), number, false)) {
+            refuse(rule.failure.toString().arg(app().LastError().Description));
+            return std::nullopt;
+        }
+        m_takenNumber = number;
+    }
+    if (!number.isEmpty())
+        return number;
+    desktop().messageBox(rule.missing.toString(), QStringLiteral("提示："), Desktop::Icon::Critical,
+                         Desktop::Buttons::Ok);
+    field(0).SetFocus();
+    return std::nullopt;
+}
+
+bool EditorForm::wantsAnother()
+{
+    return desktop().messageBox(QStringLiteral("是否继续新建?"), messageTitle(), Desktop::Icon::Information,
+                                Desktop::Buttons::YesNo) == Desktop::Answer::Yes;
+}
+
+// Writing
+
+bool EditorForm::hasSucceeded()
+{
+    const QString error = app().Db().LastError().Description;
+    if (!error.isEmpty())
+        refuse(error);
+    return error.isEmpty();
+}
+
+/// A save that failed may have come through all the same, when the connection broke before the answer was
+/// there. So the key is kept for the next attempt, which must not write the row twice.
+QString EditorForm::newKey()
+{
+    if (m_triedKey.isEmpty())
+        m_triedKey = NewGuidText(desktop());
+    return m_triedKey;
+}
+
+std::optional<QVariant> EditorForm::triedValue(QStringView column)
+{
+    if (m_triedKey.isEmpty())
+        return QVariant();
+    const SqlText sql = SqlText(QStringLiteral("select %1 from %2").arg(column, m_record.table)) +
+                        whereKey(m_record, m_triedKey);
+    const QVariant value = app().Db().CreateQuery(sql, 1)->Scalar();
+    return hasSucceeded() ? std::optional(value) : std::nullopt;
+}
+
+std::optional<EditorForm::SavedRow> EditorForm::write(const QString &id)
+{
+    const bool isNew = id.isEmpty();
+    const auto tried = triedValue(m_record.key);
+    if (!tried)
+        return std::nullopt;
+    // Without a key, of which the user has been told, what was typed is saved all the same.
+    const QString key = isNew ? newKey() : id;
+    if (!(isNew && !tried->isValid() ? insert(key) : update(key)))
+        return std::nullopt;
+    m_triedKey.clear();
+    m_takenNumber.clear();
+    return SavedRow{key, isNew};
+}
+
+bool EditorForm::insert(const QString &key)
+{
+    app().Db().CreateQuery(insertStatement(m_record, key, heldTexts()), 1)->Execute();
+    return hasSucceeded();
+}
+
+bool EditorForm::update(const QString &key)
+{
+    for (;;) {
+        std::vector<ForeignChange> changes;
+        const QString failure = isSaveChecked() ? tryUpdateUnchanged(key, changes) : tryUpdate(key);
+        if (!failure.isEmpty())
+            refuse(failure);
+        if (!failure.isEmpty() || changes.empty())
+            return failure.isEmpty();
+        if (!settle(changes))
+            return false;
+    }
+}
+
+QString EditorForm::runOnRow(const SqlText &sql)
+{
+    const auto query = app().Db().CreateQuery(sql, 1);
+    query->Execute();
+    if (const QString error = app().Db().LastError().Description; !error.isEmpty())
+        return error;
+    return query->RowsChanged() == 0
+               ? QStringLiteral("这条记录已被他人删除，没有保存！输入的内容仍在窗口中。")
+               : QString();
+}
+
+QString EditorForm::tryUpdate(const QString &key)
+{
+    return runOnRow(updateStatement(m_record, key, heldTexts()));
+}
+
+QString EditorForm::tryUpdateUnchanged(const QString &key, std::vector<ForeignChange> &changes)
+{
+    try {
+        app().Db().BeginTrans();
+        const QString failure = updateUnchanged(key, changes);
+        if (failure.isEmpty() && changes.empty())
+            app().Db().CommitTrans();
+        else
+            app().Db().RollbackTrans();
+        return failure;
+    } catch (const Failure &failure) {
+        app().Db().RollbackTrans();
+        return QString::fromUtf8(failure.what());
+    }
+}
+
+/// The row is written to first, though with what it holds, so that it is locked until the transaction ends:
+/// nobody's change comes between the look and the update.
+QString EditorForm::updateUnchanged(const QString &key, std::vector<ForeignChange> &changes)
+{
+    const SqlText lock(QStringLiteral("update %1 set %2=%2").arg(m_record.table, m_record.key));
+    if (const QString failure = runOnRow(lock + whereKey(m_record, key)); !failure.isEmpty())
+        return failure;
+    changes = foreignChanges(key);
+    return changes.empty() ? tryUpdate(key) : QString();
+}
+
+// Others' changes
+
+bool EditorForm::isSaveChecked()
+{
+    return !m_loaded.isEmpty() && Val(app().SystemParameter(parameterGroup, checkParameter).Text) != 0;
+}
+
+/// What a colleague has changed to what stands here anyway is no matter between the two; so is this form's
+/// own earlier attempt, if its answer was lost.
+std::vector<ForeignChange> EditorForm::foreignChanges(const QString &key)
+{
+    auto changes = m_loaded.changesIn(m_record, *rowsOf(LoadedRow::statement(m_record, key)));
+    std::erase_if(changes, [this](const ForeignChange &change) {
+        return isSameValue(*change.column, change.stored, held(*change.column));
+    });
+    return changes;
+}
+
+/// True when the save is to be tried again.
+bool EditorForm::settle(const std::vector<ForeignChange> &changes)
+{
+    QStringList lines;
+    for (const ForeignChange &change : changes) {
+        if (lines.size() < namedChanges)
+            lines += described(change);
+    }
+    if (std::ssize(changes) > namedChanges)
+        lines += QStringLiteral("……共 %1 项").arg(changes.size());
+    enum Answer : int { Merge, Overwrite, Reload };
+    const auto answer = desktop().choose(
+        QStringLiteral(
+            "打开之后，他人修改并保存了这条记录：\n%1\n\n合并：本窗口没有改过的内容取他人的，其余按本窗口"
+            "保存。\n覆盖：全部按本窗口保存。\n重新读取：放弃本窗口的改动。")
+            .arg(lines.join(u'\n')),
+        messageTitle(),
+        {QStringLiteral("合并(&M)"), QStringLiteral("覆盖(&O)"), QStringLiteral("重新读取(&R)")});
+    if (answer == Reload)
+        reload();
+    if (!answer || answer == Reload)
+        return false;
+    for (const ForeignChange &change : changes) {
+        if (answer == Merge)
+            takeOver(change);
+        m_loaded.accept(change);
+    }
+    return true;
+}
+
+void EditorForm::takeOver(const ForeignChange &change)
+{
+    if (isSameValue(*change.column, held(*change.column), change.loaded))
+        put(*change.column, change.stored);
+}
+
+QString EditorForm::titleOf(const RecordColumn &column) const
+{
+    const bool isField = column.holder == Holder::FieldText || column.holder == Holder::FieldKey;
+    const QString title = isField ? fieldOf(column.number).title.toString() : QString();
+    return title.isEmpty() ? column.column.toString() : title;
+}
+
+QString EditorForm::described(const ForeignChange &change) const
+{
+    // A key says nothing to a person; what it stands for is often a column beside it.
+    if (change.column->holder == Holder::FieldKey)
+        return titleOf(*change.column);
+    return QStringLiteral("%1：%2 → %3")
+        .arg(titleOf(*change.column), shownValue(change.loaded), shownValue(change.stored));
+}
+
+} // namespace ebtq

@@ -1,0 +1,58 @@
+#include "library/records/loaded_row.h"
+
+#include "contracts/host_contracts.h"
+
+#include <QStringList>
+
+namespace ebtq {
+
+namespace {
+
+/// What the form itself answers for is no matter between two people.
+bool isCompared(const RecordColumn &column)
+{
+    return column.saved != Saved::Not && column.holder != Holder::Given;
+}
+
+} // namespace
+
+void LoadedRow::take(const RecordTable &record, const Recordset &row)
+{
+    clear();
+    for (const RecordColumn &column : record.update) {
+        if (isCompared(column))
+            m_texts.insert(column.column, loadedText(column, row));
+    }
+}
+
+SqlText LoadedRow::statement(const RecordTable &record, const QString &key)
+{
+    QStringList columns;
+    for (const RecordColumn &column : record.update) {
+        if (isCompared(column))
+            columns += column.column.toString();
+    }
+    return SqlText(QStringLiteral("select %1 from %2").arg(columns.join(u','), record.table)) +
+           whereKey(record, key);
+}
+
+std::vector<ForeignChange> LoadedRow::changesIn(const RecordTable &record, const Recordset &row) const
+{
+    std::vector<ForeignChange> result;
+    for (const RecordColumn &column : record.update) {
+        if (!isCompared(column))
+            continue;
+        const QString stored = loadedText(column, row);
+        const QString loaded = m_texts.value(column.column);
+        if (stored != loaded)
+            result.push_back({&column, loaded, stored});
+    }
+    return result;
+}
+
+void LoadedRow::accept(const ForeignChange &change)
+{
+    m_texts.insert(change.column->column, change.stored);
+}
+
+} // namespace ebtq

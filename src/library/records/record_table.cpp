@@ -1,0 +1,88 @@
+#include "library/records/record_table.h"
+
+#include "contracts/conversions.h"
+#include "contracts/host_contracts.h"
+#include "contracts/null_conv.h"
+#include "database/values/date_text.h"
+
+namespace ebtq {
+
+namespace {
+
+bool isDate(Saved saved)
+{
+    return saved == Saved::Date || saved == Saved::TrimmedDate;
+}
+
+SqlText literal(const RecordColumn &column, const QString &text)
+{
+    if (column.saved == Saved::Number)
+        return PlainDecimal(Val(text));
+    const bool isTrimmed = column.saved == Saved::Text || column.saved == Saved::TrimmedDate;
+    const QString mark = isDate(column.saved) ? QStringLiteral("#") : QStringLiteral("'");
+    return SqlText(mark) + typed(isTrimmed ? Trim(text) : text) + mark;
+}
+
+} // namespace
+
+SqlText insertStatement(const RecordTable &record, const QString &key, const HeldText &held)
+{
+    QString columns = QStringLiteral("insert into %1(%2").arg(record.table, record.key);
+    SqlText values(QStringLiteral(")values('"));
+    values += typed(key);
+    values += QStringView(u"'");
+    for (const RecordColumn &column : record.insert) {
+        if (column.saved == Saved::Not)
+            continue;
+        columns += u',';
+        columns += column.column;
+        values += QStringView(u",");
+        values += literal(column, held(column));
+    }
+    return SqlText(columns) + values + QStringLiteral(")");
+}
+
+SqlText updateStatement(const RecordTable &record, const QString &key, const HeldText &held)
+{
+    SqlText sql(QStringLiteral("update %1 set ").arg(record.table));
+    QStringView comma;
+    for (const RecordColumn &column : record.update) {
+        if (column.saved == Saved::Not)
+            continue;
+        sql += comma;
+        sql += column.column;
+        sql += QStringView(u"=");
+        sql += literal(column, held(column));
+        comma = u",";
+    }
+    return sql + whereKey(record, key);
+}
+
+SqlText whereKey(const RecordTable &record, const QString &key)
+{
+    return SqlText(QStringLiteral(" where %1='").arg(record.key)) + typed(key) + QStringLiteral("'");
+}
+
+QString loadedText(const RecordColumn &column, const Recordset &row)
+{
+    const QString text = NullConv::ToText(row.Fields(column.column.toString()).Value);
+    switch (column.loaded) {
+    case Loaded::Trimmed:
+        return Trim(text);
+    case Loaded::Number:
+        return NumberText(Val(text));
+    default:
+        return text;
+    }
+}
+
+bool isSameValue(const RecordColumn &column, const QString &one, const QString &other)
+{
+    if (column.saved == Saved::Number)
+        return Val(one) == Val(other);
+    if (isDate(column.saved) && parseDate(one) && parseDate(other))
+        return parseDate(one) == parseDate(other);
+    return column.saved == Saved::AsTyped ? one == other : Trim(one) == Trim(other);
+}
+
+} // namespace ebtq

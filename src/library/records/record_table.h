@@ -1,0 +1,77 @@
+#pragma once
+
+#include "database/values/sql_text.h"
+
+#include <QString>
+#include <QStringView>
+
+#include <functional>
+#include <span>
+
+namespace ebtq {
+
+class Recordset;
+
+/// What on a form holds a value of its row. Numbers count the controls of one kind, in the order in which the
+/// form has made them.
+enum class Holder {
+    FieldText, ///< the text of a field
+    FieldKey,  ///< the key that goes with the text of a field, in its Tag
+    Memo,      ///< the text of a box of many lines
+    Tick,      ///< a tick box: 0 or 1
+    FirstTick, ///< the first of the tick boxes that is ticked, counted from 1; the last when none is
+    Given,     ///< no control: what the form answers for the column
+};
+
+/// How a value goes into a statement.
+enum class Saved {
+    Not,
+    Text,    ///< trimmed, between apostrophes
+    AsTyped, ///< between apostrophes
+    Number,  ///< its leading number, bare
+    Date,    ///< as it stands between "#": the database is to refuse what is no date
+    TrimmedDate,
+};
+
+/// How a value comes out of a row.
+enum class Loaded {
+    Not,
+    Trimmed,
+    Number, ///< its leading number: 0 for Null
+    AsItComes,
+};
+
+/// One value of a row: a control of the form and its column.
+struct RecordColumn
+{
+    Holder holder;
+    int number;         ///< of the control; -1 for Given
+    QStringView column; ///< of the table, or of what the load adds to it
+    Saved saved = Saved::Text;
+    Loaded loaded = Loaded::Trimmed;
+};
+
+/// The row behind a form. The three lists are the orders in which a load fills the form and the statements
+/// are written; entries that are not loaded or not saved are left out there.
+struct RecordTable
+{
+    QStringView table; ///< as the statements spell it
+    QStringView key;
+    std::span<const RecordColumn> load;
+    std::span<const RecordColumn> insert;
+    std::span<const RecordColumn> update;
+};
+
+/// The present text of a value on the form.
+using HeldText = std::function<QString(const RecordColumn &)>;
+
+[[nodiscard]] SqlText insertStatement(const RecordTable &record, const QString &key, const HeldText &held);
+[[nodiscard]] SqlText updateStatement(const RecordTable &record, const QString &key, const HeldText &held);
+/// " where KEYCOLUMN='key'".
+[[nodiscard]] SqlText whereKey(const RecordTable &record, const QString &key);
+/// The text that a column gives to its control, Null as an empty one.
+[[nodiscard]] QString loadedText(const RecordColumn &column, const Recordset &row);
+/// Both texts are saved as the same value.
+[[nodiscard]] bool isSameValue(const RecordColumn &column, const QString &one, const QString &other);
+
+} // namespace ebtq
