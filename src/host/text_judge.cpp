@@ -63,11 +63,7 @@ int columnFor(const RowBlock &rows, const QString &name, int otherwise)
 
 Match matchOf(const RowBlock &rows, qsizetype row, int valueColumn, int textColumn)
 {
-    const auto text = [&](int column) {
-        const std::string_view cell = rows.cell(row, column);
-        return QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
-    };
-    return {text(valueColumn), text(textColumn)};
+    return {cellText(rows.cell(row, valueColumn)), cellText(rows.cell(row, textColumn))};
 }
 
 std::optional<Match> judge(db::Connection &connection, const QString &base, const QString &valueField,

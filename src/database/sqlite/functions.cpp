@@ -3,6 +3,7 @@
 #include "database/connection.h"
 #include "database/sqlite/function_call.h"
 #include "database/sqlite/utf8.h"
+#include "database/values/row_block.h"
 
 #include <algorithm>
 #include <cmath>
@@ -94,8 +95,7 @@ std::string_view FunctionCall::text(int at) const
 
 QString FunctionCall::string(int at) const
 {
-    const std::string_view bytes = text(at);
-    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    return cellText(text(at));
 }
 
 void FunctionCall::give(std::string_view text)

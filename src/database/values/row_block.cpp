@@ -10,6 +10,13 @@
 
 namespace ebtq {
 
+QString cellText(std::string_view utf8)
+{
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    return utf8.starts_with(byteOrderMark) ? QChar(QChar::ByteOrderMark) + text : text;
+}
+
 /// A detail reads fifty columns of each row that the user passes: the name as it is written mostly fits.
 int RowBlock::columnNamed(QStringView name) const
 {
@@ -31,7 +38,7 @@ QVariant RowBlock::value(qsizetype row, int column) const
     const std::string_view bytes = cell(row, column);
     if (m_columns[static_cast<size_t>(column)].type == ColumnType::Binary)
         return QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    const QString text = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    const QString text = cellText(bytes);
     bool read = false;
     switch (m_columns[static_cast<size_t>(column)].type) {
     case ColumnType::Integer: {

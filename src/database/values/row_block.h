@@ -13,6 +13,10 @@ namespace ebtq {
 /// What a column holds, as the database says. Number is any floating-point value; Flag columns are Integer.
 enum class ColumnType : quint8 { Text, Integer, Number, Date, Binary };
 
+/// A cell's text. Unlike QString::fromUtf8 it keeps a U+FEFF at the beginning: what is saved again must be
+/// what was read.
+[[nodiscard]] QString cellText(std::string_view utf8);
+
 struct Column
 {
     QString name; ///< as written in the select list or behind "as"; may be empty

@@ -65,8 +65,7 @@ std::vector<Panel::ShownColumn> shownColumns(const ListDefinition &list, const R
 bool hasText(const Panel &panel, qsizetype row, const QString &text)
 {
     for (const Panel::ShownColumn &shown : panel.shown) {
-        const std::string_view cell = panel.rows.cell(row, shown.column);
-        const QString shownText = QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
+        const QString shownText = cellText(panel.rows.cell(row, shown.column));
         if (shownText.compare(text, Qt::CaseInsensitive) == 0)
             return true;
     }

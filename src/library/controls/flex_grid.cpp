@@ -48,8 +48,7 @@ bool VSFlexGrid::hasCell(int row, int col) const
 
 QString VSFlexGrid::TextMatrix(int row, int col) const
 {
-    const std::string_view text = cell(row, col);
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return cellText(cell(row, col));
 }
 
 std::string_view VSFlexGrid::cell(int row, int col) const

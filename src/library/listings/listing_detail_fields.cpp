@@ -113,8 +113,7 @@ constexpr DetailBox boxes[] = {{0, u"联系", u"联系说明"}, {1, u"备注", u
 
 QString ListingRecord::text(QStringView column) const
 {
-    const std::string_view cell = m_row.cell(0, at(column));
-    return QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
+    return cellText(m_row.cell(0, at(column)));
 }
 
 double ListingRecord::number(QStringView column) const

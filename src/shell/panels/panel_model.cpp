@@ -5,15 +5,6 @@
 
 namespace ebtq::shell {
 
-namespace {
-
-QString text(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-} // namespace
-
 PanelModel::PanelModel(const host::Panel &panel, QObject *parent)
     : QAbstractItemModel(parent)
     , m_panel(panel)
@@ -77,7 +68,7 @@ bool PanelModel::matches(qsizetype row) const
     if (m_filter.isEmpty())
         return true;
     for (const auto &shown : m_panel.shown)
-        if (text(m_panel.rows.cell(row, shown.column)).contains(m_filter, Qt::CaseInsensitive))
+        if (cellText(m_panel.rows.cell(row, shown.column)).contains(m_filter, Qt::CaseInsensitive))
             return true;
     return false;
 }
@@ -143,7 +134,7 @@ QVariant PanelModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || role != Qt::DisplayRole)
         return {};
-    return text(
+    return cellText(
         m_panel.rows.cell(panelRow(index), m_panel.shown[static_cast<size_t>(index.column())].column));
 }
 

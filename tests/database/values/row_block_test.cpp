@@ -55,6 +55,7 @@ TEST(RowBlock, KeepsCellsNullsAndTypes)
     EXPECT_EQ(block.value(2, 1), QVariant(5'000'000'000LL));
     EXPECT_EQ(block.value(2, 2), QVariant(QStringLiteral("无"))) << "a foreign value is shown, not lost";
     EXPECT_EQ(block.value(2, 3), QVariant(QStringLiteral("不详")));
+    EXPECT_EQ(cellText("\xEF\xBB\xBF\xEF\xBB\xBF中"), QStringLiteral("\xFEFF\xFEFF中"));
 }
 
 TEST(RowBlock, FindsColumnsWithoutRegardToCase)
