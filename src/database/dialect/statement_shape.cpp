@@ -1,5 +1,8 @@
 #include "database/dialect/statement_shape.h"
 
+#include "database/dialect/lexer.h"
+#include "database/dialect/translator.h"
+
 #include <algorithm>
 
 namespace ebtq::db {
@@ -56,19 +59,31 @@ bool isDecimal(QStringView text)
            std::all_of(decimals.begin(), decimals.end(), isDigit);
 }
 
-/// What stands in front of a span and behind it decides whether the value is the whole literal.
-std::optional<StatementShape::Kind> kindOf(QStringView text, const SqlText::Span &span)
+/// Nothing unless the value is a whole literal and, if a number, the whole side of a comparison.
+std::optional<StatementShape::Kind> kindOf(QStringView text, const SqlText::Span &span, const Token &token)
 {
     using enum StatementShape::Kind;
+    if (span.begin != token.contentBegin() || span.end() != token.contentEnd())
+        return std::nullopt;
     const QStringView value = text.sliced(span.begin, span.length);
+    if (token.kind == TokenKind::Text)
+        return text[token.begin] == u'\'' && isKey(value) ? std::optional(Key) : std::nullopt;
     const QChar before = span.begin > 0 ? text[span.begin - 1] : QChar();
-    const QChar behind = span.end() < text.size() ? text[span.end()] : QChar(u' ');
-    if (before == u'\'' && behind == u'\'' && isKey(value))
-        return Key;
+    const QChar after = span.end() < text.size() ? text[span.end()] : QChar(u' ');
     const bool isCompared = before == u'=' || before == u'<' || before == u'>';
-    if (!isCompared || (behind != u' ' && behind != u')'))
+    if (token.kind != TokenKind::Number || !isCompared || (after != u' ' && after != u')'))
         return std::nullopt;
     return isWhole(value) ? std::optional(Whole) : isDecimal(value) ? std::optional(Decimal) : std::nullopt;
+}
+
+/// Nothing for a text that the lexer refuses: the translation says why.
+std::vector<Token> tokensOf(const SqlText &statement)
+{
+    try {
+        return statement.typedSpans().isEmpty() ? std::vector<Token>() : tokenize(statement.text());
+    } catch (const DialectError &) {
+        return {};
+    }
 }
 
 bool isPrivate(QChar c)
@@ -92,9 +107,12 @@ std::optional<StatementShape> StatementShape::of(const SqlText &statement)
         return std::nullopt;
     StatementShape shape;
     shape.m_text.reserve(text.size());
+    const std::vector<Token> tokens = tokensOf(statement);
+    auto token = tokens.begin();
     qsizetype copied = 0;
     for (const SqlText::Span &span : statement.typedSpans()) {
-        const auto kind = kindOf(text, span);
+        token = std::find_if(token, tokens.end(), [&](const Token &each) { return each.end > span.begin; });
+        const auto kind = token == tokens.end() ? std::nullopt : kindOf(text, span, *token);
         if (!kind)
             return std::nullopt;
         shape.m_text += QStringView(text).sliced(copied, span.begin - copied);
