@@ -14,6 +14,9 @@ namespace ebtq::bench {
 
 namespace {
 
+/// The fastest statement that was found. Attachments are counted once and joined. The order is that of the
+/// column, but on a text, of which each row's lower case is made once: with a join by hashing in between the
+/// server must sort.
 QByteArray listForServer(int moduleId)
 {
     return "select '', 房源编号, 交易方式, 交易状态, 地区, 楼盘字典, 栋座位置, 房号,"
@@ -23,15 +26,15 @@ QByteArray listForServer(int moduleId)
            "||coalesce(房型_阳台::text,'')||'阳台',"
            " 总面积, 朝向, 装修, coalesce(售房价格::text,'')||'万元', coalesce(租房价格::text,'')||'元/月', "
            "委托日期,"
-           " C.mtname, D.姓名, \"房源ID\","
-           " (select count(\"rowIndex\") from \"pubAttach\" where \"isActive\"=1 and \"isPicture\"<>1"
-           " and \"progID\"=" +
-           QByteArray::number(moduleId) +
-           " and \"IDs\"=A.\"房源ID\")"
+           " C.mtname, D.姓名, \"房源ID\", coalesce(E.n,0)"
            " from fyxx A left join su_membership B on A.\"用户ID\"=B.\"userID\""
            " left join su_usertype C on B.\"UserTypeID\"=C.\"mtID\""
            " left join pdmgy D on A.\"业务员ID\"=D.\"雇员ID\""
-           " order by 房源编号 desc nulls last";
+           " left join (select \"IDs\", count(\"rowIndex\") as n from \"pubAttach\""
+           " where \"isActive\"=1 and \"isPicture\"<>1 and \"progID\"=" +
+           QByteArray::number(moduleId) +
+           " group by \"IDs\") E on E.\"IDs\"=A.\"房源ID\""
+           " order by lower(房源编号::text collate \"default\") collate \"C\" desc nulls last";
 }
 
 /// The first cell that the grid shows otherwise; empty when there is none.
@@ -69,15 +72,15 @@ int serverListBenchmark(const Options &options)
         return 1;
     }
     const auto times =
-        medians({{"raw", [&] { readFromServer(handle, sql); }}, {"ours", [&] { list.IReportUI_Refresh(); }}},
+        medians({{"copy", [&] { copyFromServer(handle, sql); }}, {"ours", [&] { list.IReportUI_Refresh(); }}},
                 options.rounds);
     const double rows = list.VS().Rows() - 1;
     print({{QStringLiteral("benchmark"), QStringLiteral("list")},
            {QStringLiteral("engine"), QStringLiteral("postgresql")},
            {QStringLiteral("rows"), rows},
-           {QStringLiteral("raw_ms"), rounded(times[0])},
+           {QStringLiteral("copy_ms"), rounded(times[0])},
            {QStringLiteral("ours_ms"), rounded(times[1])},
-           {QStringLiteral("ratio_raw"), rounded(times[1] / times[0])},
+           {QStringLiteral("ratio_copy"), rounded(times[1] / times[0])},
            {QStringLiteral("ours_us_per_row"), rounded(times[1] * 1000 / rows)}});
     return 0;
 }

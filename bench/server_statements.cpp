@@ -44,4 +44,23 @@ void readFromServer(pg_conn *handle, const QByteArray &sql)
     keep(bytes);
 }
 
+void copyFromServer(pg_conn *handle, const QByteArray &sql)
+{
+    PQclear(PQexec(handle, ("copy (" + sql + ") to stdout").constData()));
+    size_t bytes = 0;
+    char *row = nullptr;
+    for (int size = PQgetCopyData(handle, &row, 0); size > 0; size = PQgetCopyData(handle, &row, 0)) {
+        bytes += static_cast<size_t>(size);
+        PQfreemem(row);
+    }
+    PGresult *end = PQgetResult(handle);
+    const bool isGood = PQresultStatus(end) == PGRES_COMMAND_OK;
+    PQclear(end);
+    while (PGresult *rest = PQgetResult(handle))
+        PQclear(rest);
+    if (!isGood)
+        throw std::runtime_error(PQerrorMessage(handle));
+    keep(bytes);
+}
+
 } // namespace ebtq::bench

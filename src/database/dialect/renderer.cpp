@@ -155,6 +155,12 @@ void Renderer::statement(const Delete &deletion)
     where(deletion.where);
 }
 
+void Renderer::statement(const SelectPtr &select)
+{
+    m_list = select.get();
+    this->select(*select);
+}
+
 /// A single select stands in place of a value.
 void Renderer::select(const Select &select, bool isDerived, bool isSingle, bool isCompared)
 {
@@ -179,7 +185,10 @@ void Renderer::items(const Select &select, bool isDerived, bool isCompared)
         if (at > 0)
             write(',');
         const Expression &item = *select.items[at].expression;
-        if (areCompared)
+        const auto count = &select == m_list ? keyedCount(item, select) : std::nullopt;
+        if (count)
+            countApart(at, *count);
+        else if (areCompared)
             caseless(item);
         else
             value(item);
@@ -188,6 +197,31 @@ void Renderer::items(const Select &select, bool isDerived, bool isCompared)
             m_out.append(QByteArray::number(static_cast<qulonglong>(at)));
         }
     }
+}
+
+void Renderer::countApart(size_t column, const KeyedCount &count)
+{
+    value(*count.listKey);
+    m_counts.push_back({column, Renderer(m_dialect).countStatement(count)});
+}
+
+QByteArray Renderer::countStatement(const KeyedCount &count)
+{
+    const Pieces pieces(*this, piecesOfStatement, count.select->position);
+    write("SELECT ");
+    value(*count.key);
+    write(',');
+    value(*count.select->items.front().expression);
+    from(*count.select);
+    const char *before = " WHERE ";
+    for (const Expression *each : count.conditions) {
+        write(before);
+        bracketed(*each, &Renderer::condition);
+        before = " AND ";
+    }
+    write(" GROUP BY ");
+    value(*count.key);
+    return std::move(m_out);
 }
 
 void Renderer::from(const Select &select)

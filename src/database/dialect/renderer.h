@@ -1,7 +1,8 @@
 #pragma once
 
 #include "database/dialect/dialect.h"
-#include "database/dialect/tree.h"
+#include "database/dialect/keyed_count.h"
+#include "database/dialect/translator.h"
 
 namespace ebtq::db {
 
@@ -15,6 +16,8 @@ public:
     {}
     /// Throws DialectError for what is nested deeper than the engine's parser can follow.
     [[nodiscard]] QByteArray render(const Statement &statement, qsizetype sizeHint);
+    /// What is to be counted beside the rendered select.
+    [[nodiscard]] const std::vector<CountStatement> &counts() const { return m_counts; }
 
 private:
     class Pieces;
@@ -30,12 +33,14 @@ private:
     void statement(const Insert &insert);
     void statement(const Update &update);
     void statement(const Delete &deletion);
-    void statement(const SelectPtr &select) { this->select(*select); }
+    void statement(const SelectPtr &select);
     void table(const Source &source);
     void where(const ExpressionPtr &condition);
 
     void select(const Select &select, bool isDerived = false, bool isSingle = false, bool isCompared = false);
     void items(const Select &select, bool isDerived, bool isCompared);
+    void countApart(size_t column, const KeyedCount &count);
+    [[nodiscard]] QByteArray countStatement(const KeyedCount &count);
     void from(const Select &select);
     void fromItem(const FromItem &item, const Select &select);
     void joinSide(const FromItem &item, const Select &select);
@@ -96,6 +101,8 @@ private:
 
     const Dialect &m_dialect;
     QByteArray m_out;
+    const Select *m_list = nullptr; ///< the statement itself, if it is a select
+    std::vector<CountStatement> m_counts;
     int m_openPieces = 0;
 };
 

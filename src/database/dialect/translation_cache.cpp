@@ -14,7 +14,8 @@ std::optional<Translation> translateShape(const StatementShape &shape, const Dia
     try {
         Translation translation = translate(shape.sample(), dialect, catalog);
         auto sql = shape.withParameters(std::move(translation.sql));
-        if (!sql)
+        const bool hasValuesInCounts = !translation.counts.empty() && !shape.values().empty();
+        if (!sql || hasValuesInCounts)
             return std::nullopt;
         translation.sql = std::move(*sql);
         return translation;

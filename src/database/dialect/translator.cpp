@@ -27,7 +27,8 @@ Translation translate(const SqlText &statement, const Dialect &dialect, const Ca
     checkTypedSpans(statement, tokens);
     Statement tree = Parser(text, tokens).statement();
     Resolver(text, catalog).resolve(tree);
-    Translation result{Renderer(dialect).render(tree, text.size()), kindOf(tree), {}};
+    Renderer renderer(dialect);
+    Translation result{renderer.render(tree, text.size()), kindOf(tree), {}, renderer.counts()};
     if (const auto *select = std::get_if<SelectPtr>(&tree))
         result.columns = std::move((*select)->columns);
     return result;

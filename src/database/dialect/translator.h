@@ -29,12 +29,21 @@ private:
 
 enum class StatementKind : quint8 { Select, Insert, Update, Delete };
 
+/// A count that is read for all rows of a list at once: for each of its rows the engine would look for what
+/// is to be counted anew.
+struct CountStatement
+{
+    size_t column;  ///< of the list, which gives the key in place of the count
+    QByteArray sql; ///< gives each key with its count; a key that it does not give counts 0
+};
+
 /// A statement in the engine's own language.
 struct Translation
 {
     QByteArray sql; ///< UTF-8
     StatementKind kind = StatementKind::Select;
     std::vector<Column> columns; ///< of the result, in order; empty but for a select
+    std::vector<CountStatement> counts;
 };
 
 /// Reads one statement of the dialect and writes it for an engine. Throws DialectError for what the dialect

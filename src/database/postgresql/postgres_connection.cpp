@@ -101,7 +101,11 @@ RowBlock PostgresConnection::query(const SqlText &statement)
     return runTranslated(statement, [this](Translation translation) {
         if (translation.kind != StatementKind::Select)
             throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
-        return read(translation.sql, std::move(translation.columns));
+        const ListCounts counts(translation.counts,
+                                [this](const QByteArray &sql, std::vector<Column> columns) {
+                                    return read(sql, std::move(columns));
+                                });
+        return read(translation.sql, std::move(translation.columns), counts);
     });
 }
 
@@ -111,10 +115,11 @@ qint64 PostgresConnection::execute(const SqlText &statement)
                          [this](const Translation &translation) { return m_session.run(translation.sql); });
 }
 
-RowBlock PostgresConnection::read(const QByteArray &statement, std::vector<Column> columns)
+RowBlock PostgresConnection::read(const QByteArray &statement, std::vector<Column> columns,
+                                  const ListCounts &counts)
 {
     RowBlock block(std::move(columns));
-    m_session.run(statement, [&](const pg_result *rows) { appendRows(block, rows); });
+    m_session.run(statement, [&](const pg_result *rows) { appendRows(block, rows, counts); });
     block.finish();
     return block;
 }

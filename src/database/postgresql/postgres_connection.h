@@ -1,7 +1,7 @@
 #pragma once
 
 #include "database/connection.h"
-#include "database/dialect/translator.h"
+#include "database/list_counts.h"
 #include "database/postgresql/postgres_session.h"
 
 namespace ebtq::db {
@@ -42,7 +42,8 @@ public:
 private:
     template<class Run> auto runTranslated(const SqlText &statement, Run run);
     [[nodiscard]] Translation translated(const SqlText &statement);
-    [[nodiscard]] RowBlock read(const QByteArray &statement, std::vector<Column> columns);
+    [[nodiscard]] RowBlock read(const QByteArray &statement, std::vector<Column> columns,
+                                const ListCounts &counts = {});
     /// False when the tables are still those that the catalog was read from.
     bool refreshCatalog();
 

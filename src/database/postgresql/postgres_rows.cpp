@@ -106,32 +106,40 @@ void copyCell(std::string_view text, ColumnType type, QByteArray &out)
         copyEscaped(text, out);
 }
 
-template<class Append> void forEachCell(RowBlock &block, const pg_result *rows, Append append)
+template<class Append> void forEachCell(const RowBlock &block, const pg_result *rows, Append append)
 {
     const int columns = block.columnCount();
     for (int row = 0; row < PQntuples(rows); ++row) {
         for (int column = 0; column < columns; ++column) {
-            if (PQgetisnull(rows, row, column)) {
-                block.appendNull();
-                continue;
-            }
             const std::string_view text(PQgetvalue(rows, row, column),
                                         static_cast<size_t>(PQgetlength(rows, row, column)));
-            append(block, text, block.columns()[static_cast<size_t>(column)].type);
+            append(column, text, PQgetisnull(rows, row, column) != 0);
         }
     }
 }
 
 } // namespace
 
-void appendRows(RowBlock &block, const pg_result *rows)
+void appendRows(RowBlock &block, const pg_result *rows, const ListCounts &counts)
 {
-    forEachCell(block, rows, appendCell);
+    forEachCell(block, rows, [&](int column, std::string_view text, bool isNull) {
+        if (counts.has(column))
+            counts.append(block, column, isNull ? std::nullopt : std::optional(text));
+        else if (isNull)
+            block.appendNull();
+        else
+            appendCell(block, text, block.columns()[static_cast<size_t>(column)].type);
+    });
 }
 
 void appendStoredRows(RowBlock &block, const pg_result *rows)
 {
-    forEachCell(block, rows, appendStoredCell);
+    forEachCell(block, rows, [&](int column, std::string_view text, bool isNull) {
+        if (isNull)
+            block.appendNull();
+        else
+            appendStoredCell(block, text, block.columns()[static_cast<size_t>(column)].type);
+    });
 }
 
 QByteArray copyText(const RowBlock &rows)

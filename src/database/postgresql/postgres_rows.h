@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/values/row_block.h"
+#include "database/list_counts.h"
 
 #include <QByteArray>
 
@@ -8,8 +8,9 @@ struct pg_result;
 
 namespace ebtq::db {
 
-/// Appends the rows of a result, which came as text, to a block that has its columns.
-void appendRows(RowBlock &block, const pg_result *rows);
+/// Appends the rows of a result, which came as text, to a block that has its columns, with counts in place of
+/// their keys.
+void appendRows(RowBlock &block, const pg_result *rows, const ListCounts &counts = {});
 
 /// Likewise, with the values as they are stored, for Connection::readTable.
 void appendStoredRows(RowBlock &block, const pg_result *rows);

@@ -2,7 +2,7 @@
 
 #include "database/connection.h"
 #include "database/sqlite/function_call.h"
-#include "database/sqlite/utf8.h"
+#include "database/utf8.h"
 #include "database/values/row_block.h"
 
 #include <algorithm>

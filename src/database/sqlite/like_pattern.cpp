@@ -1,6 +1,6 @@
 #include "database/sqlite/like_pattern.h"
 
-#include "database/sqlite/utf8.h"
+#include "database/utf8.h"
 
 #include <QChar>
 

@@ -164,8 +164,16 @@ RowBlock SqliteConnection::query(const SqlText &statement)
     return runTranslated(statement, [this](const Translation &translation, sqlite3_stmt *prepared) {
         if (translation.kind != StatementKind::Select)
             throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
-        return readRows(m_handle.get(), prepared, translation.columns);
+        return readRows(m_handle.get(), prepared, translation.columns, countsFor(translation));
     });
+}
+
+/// They are of a moment of their own, as are the rows that follow.
+ListCounts SqliteConnection::countsFor(const Translation &translation)
+{
+    return {translation.counts, [this](const QByteArray &sql, std::vector<Column> columns) {
+                return readRows(m_handle.get(), m_statements->prepare(sql).get(), std::move(columns));
+            }};
 }
 
 qint64 SqliteConnection::execute(const SqlText &statement)

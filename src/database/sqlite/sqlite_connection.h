@@ -2,6 +2,7 @@
 
 #include "database/connection.h"
 #include "database/dialect/translation_cache.h"
+#include "database/list_counts.h"
 #include "database/sqlite/statement_cache.h"
 
 #include <memory>
@@ -57,6 +58,7 @@ private:
     template<class Run> auto runTranslated(const SqlText &statement, Run run);
     /// Prepares the statement, by its shape where it has one, and hands it to `run` with its values bound.
     template<class Run> auto runPrepared(const SqlText &statement, Run run);
+    [[nodiscard]] ListCounts countsFor(const Translation &translation);
     [[nodiscard]] Translation translated(const SqlText &statement);
     /// False when the schema is still the one that the catalog was read from.
     bool refreshCatalog();

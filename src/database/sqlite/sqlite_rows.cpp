@@ -36,6 +36,24 @@ void appendWhole(RowBlock &block, qint64 number)
         block.appendNumber(static_cast<double>(number));
 }
 
+/// How the cells of a column come into a block.
+enum class CellForm : quint8 { AsItIs, Date, Count };
+
+std::optional<std::string_view> keyOf(sqlite3_value *cell)
+{
+    return sqlite3_value_type(cell) == SQLITE_NULL ? std::nullopt : std::optional(bytesOf(cell));
+}
+
+std::vector<CellForm> formsOf(const RowBlock &block, const ListCounts &counts)
+{
+    std::vector<CellForm> forms;
+    for (int column = 0; column < block.columnCount(); ++column) {
+        const bool isDate = block.columns()[static_cast<size_t>(column)].type == ColumnType::Date;
+        forms.push_back(counts.has(column) ? CellForm::Count : isDate ? CellForm::Date : CellForm::AsItIs);
+    }
+    return forms;
+}
+
 void appendCell(RowBlock &block, sqlite3_value *cell, bool isDate)
 {
     switch (sqlite3_value_type(cell)) {
@@ -118,18 +136,22 @@ void bindCell(sqlite3_stmt *statement, int parameter, ColumnType type, std::stri
 
 } // namespace
 
-RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> columns)
+RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> columns,
+                  const ListCounts &counts)
 {
     RowBlock block(std::move(columns));
     const int count = block.columnCount();
-    std::vector<char> isDate;
-    for (const Column &column : block.columns())
-        isDate.push_back(column.type == ColumnType::Date);
+    const std::vector<CellForm> forms = formsOf(block, counts);
     int result = sqlite3_step(statement);
     for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
-        for (int column = 0; column < count; ++column)
-            appendCell(block, sqlite3_column_value(statement, column),
-                       isDate[static_cast<size_t>(column)] != 0);
+        for (int column = 0; column < count; ++column) {
+            sqlite3_value *cell = sqlite3_column_value(statement, column);
+            const CellForm form = forms[static_cast<size_t>(column)];
+            if (form == CellForm::Count)
+                counts.append(block, column, keyOf(cell));
+            else
+                appendCell(block, cell, form == CellForm::Date);
+        }
     }
     if (result != SQLITE_DONE)
         throw DatabaseError(sqliteErrorText(handle));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "database/dialect/statement_shape.h"
-#include "database/values/row_block.h"
+#include "database/list_counts.h"
 
 #include <functional>
 
@@ -10,8 +10,10 @@ struct sqlite3_stmt;
 
 namespace ebtq::db {
 
-/// Steps a statement to its end into one block; throws DatabaseError when a step fails.
-[[nodiscard]] RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> columns);
+/// Steps a statement to its end into one block, with counts in place of their keys; throws DatabaseError when
+/// a step fails.
+[[nodiscard]] RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> columns,
+                                const ListCounts &counts = {});
 
 /// Steps a statement to its end into blocks of a few megabytes, each cell with the value as it is stored, for
 /// Connection::readTable; throws DatabaseError when a step fails.

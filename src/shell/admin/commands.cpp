@@ -104,6 +104,8 @@ int translate(const CommandLine &line)
         throw UsageError(QStringLiteral("选项 --to 应为 sqlite 或 postgresql"));
     const db::Dialect &dialect = engine == u"sqlite" ? db::sqliteDialect() : db::postgresDialect();
     const db::Translation translation = db::translate(line.argument(), dialect, db::schemaCatalog());
+    for (const db::CountStatement &count : translation.counts)
+        std::fprintf(stdout, "%s\n", count.sql.constData());
     std::fprintf(stdout, "%s\n", translation.sql.constData());
     return 0;
 }
