@@ -67,6 +67,11 @@ struct Dialect
     /// reads all of them in the wanted order. Empty where the engine knows better.
     const char *rareCondition;
 
+    /// Whether the counts of a filtered list are read for all of its rows at once, as those of a whole list are
+    /// on every engine. Where looking for one count costs little, a short list waits less as it is written:
+    /// SQLite.
+    bool isFilteredListLong;
+
     /// How many pieces of a statement the engine's parser can have open at a time. SQLite has a stack of 100;
     /// the others keep to it, so that what runs on one engine runs on all.
     int openPieces;

@@ -22,6 +22,7 @@ const Dialect &sqliteDialect()
         .joinFunction = "join",
         .refusesSeveralRows = false,
         .rareCondition = "unlikely",
+        .isFilteredListLong = false,
         .openPieces = 95,
     };
     return dialect;
@@ -47,6 +48,7 @@ const Dialect &postgresDialect()
         .joinFunction = "",
         .refusesSeveralRows = true,
         .rareCondition = "",
+        .isFilteredListLong = true,
         .openPieces = 95,
     };
     return dialect;

@@ -86,18 +86,22 @@ bool place(const Expression &condition, const Select &list, KeyedCount &count)
     return isTextColumn(*count.key, counted) && isTextColumn(*count.listKey, list.sources);
 }
 
-bool isOfOneKey(const Select &list, const Expression &key)
+bool isLong(const Select &list, const Expression &key, bool isFilteredLong)
 {
-    return std::ranges::any_of(conjunctsOf(list.where), [&](const Expression *each) {
+    return std::ranges::all_of(conjunctsOf(list.where), [&](const Expression *each) {
+        if (isConstant(*each))
+            return true;
         const auto *comparison = isEquality(*each) ? each->as<Comparison>() : nullptr;
-        return comparison && ((isSameColumn(*comparison->left, key) && isLiteral(*comparison->right)) ||
-                              (isSameColumn(*comparison->right, key) && isLiteral(*comparison->left)));
+        const bool isOfOneKey =
+            comparison && ((isSameColumn(*comparison->left, key) && isLiteral(*comparison->right)) ||
+                           (isSameColumn(*comparison->right, key) && isLiteral(*comparison->left)));
+        return isFilteredLong && !isOfOneKey;
     });
 }
 
 } // namespace
 
-std::optional<KeyedCount> keyedCount(const Expression &item, const Select &list)
+std::optional<KeyedCount> keyedCount(const Expression &item, const Select &list, bool isFilteredLong)
 {
     const Select *select = plainCount(item);
     if (!select || list.isGrouped || list.isDistinct || list.top)
@@ -107,7 +111,7 @@ std::optional<KeyedCount> keyedCount(const Expression &item, const Select &list)
         if (!place(*each, list, count))
             return std::nullopt;
     }
-    return count.key && !isOfOneKey(list, *count.listKey) ? std::optional(count) : std::nullopt;
+    return count.key && isLong(list, *count.listKey, isFilteredLong) ? std::optional(count) : std::nullopt;
 }
 
 } // namespace ebtq::db

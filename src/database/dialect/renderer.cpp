@@ -32,17 +32,6 @@ void appendUtf8(QByteArray &out, char32_t c)
     }
 }
 
-/// Nothing in it can differ from row to row; as a sorting term an engine might even take it for a position.
-bool isConstant(const Expression &expression)
-{
-    if (expression.as<ColumnReference>() || expression.as<Call>() || expression.as<SubSelect>() ||
-        expression.as<ExistsTest>() || expression.as<SelectTest>())
-        return false;
-    bool result = true;
-    forEachChild(expression, [&](const Expression &child) { result = result && isConstant(child); });
-    return result;
-}
-
 } // namespace
 
 Renderer::Pieces::Pieces(Renderer &renderer, int count, qsizetype position)
@@ -185,7 +174,8 @@ void Renderer::items(const Select &select, bool isDerived, bool isCompared)
         if (at > 0)
             write(',');
         const Expression &item = *select.items[at].expression;
-        const auto count = &select == m_list ? keyedCount(item, select) : std::nullopt;
+        const auto count =
+            &select == m_list ? keyedCount(item, select, m_dialect.isFilteredListLong) : std::nullopt;
         if (count)
             countApart(at, *count);
         else if (areCompared)

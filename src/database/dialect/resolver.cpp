@@ -234,8 +234,7 @@ void Resolver::checkGroups(Select &select)
 void Resolver::checkGroupTerms(const Select &select)
 {
     for (const ExpressionPtr &each : select.groupBy) {
-        const auto *negation = each->as<Negation>();
-        if (isLiteral(negation ? *negation->operand : *each) || each->type == Type::Null)
+        if (isConstant(*each) || each->type == Type::Null)
             fail(each->position, u"group by 中应为列或算式，而%1不是"_qs.arg(describe(*each)));
     }
 }

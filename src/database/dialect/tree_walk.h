@@ -60,4 +60,17 @@ template<class Visit> void forEachChild(const Expression &expression, Visit visi
     std::visit(Walker{visit}, expression.node);
 }
 
+/// Whether nothing in it can differ from row to row. Where rows are grouped or sorted an engine may even take
+/// it for the position of a column: a conversion of a literal is written as the literal.
+[[nodiscard]] inline bool isConstant(const Expression &expression)
+{
+    const auto *call = expression.as<Call>();
+    if (expression.as<ColumnReference>() || expression.as<SubSelect>() || expression.as<ExistsTest>() ||
+        expression.as<SelectTest>() || (call && call->function->form != Function::Form::Conversion))
+        return false;
+    bool result = true;
+    forEachChild(expression, [&](const Expression &child) { result = result && isConstant(child); });
+    return result;
+}
+
 } // namespace ebtq::db

@@ -80,9 +80,8 @@ template<class Run> auto PostgresConnection::runTranslated(const SqlText &statem
         if (!refreshCatalog())
             throw DatabaseError(error.message());
     } catch (const ServerError &error) {
-        if (!error.isAboutTables() || !(refreshCatalog() || error.state() == "0A000"))
+        if (!error.isAboutTables() || !refreshCatalog())
             throw;
-        m_session.forgetStatements();
     }
     try {
         return run(translated(statement));
@@ -163,7 +162,6 @@ void PostgresConnection::executeNative(const QByteArray &script)
 {
     m_hasCatalog = false;
     m_session.runScript(script);
-    m_session.forgetStatements();
 }
 
 RowBlock PostgresConnection::queryNative(const QByteArray &statement)

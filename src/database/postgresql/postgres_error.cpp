@@ -100,7 +100,7 @@ ServerError::ServerError(const QByteArray &state, const QString &engineText)
 
 bool ServerError::isAboutTables() const
 {
-    return m_state.startsWith("42") || m_state == "0A000";
+    return m_state.startsWith("42");
 }
 
 ServerError serverError(const pg_result *result)

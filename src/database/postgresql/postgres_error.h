@@ -15,9 +15,8 @@ class ServerError : public DatabaseError
 public:
     /// `state` is the server's five-character code.
     ServerError(const QByteArray &state, const QString &engineText);
-    /// Whether tables are not as they were read, or a prepared statement is older than they are.
+    /// Whether tables are not as they were read.
     [[nodiscard]] bool isAboutTables() const;
-    [[nodiscard]] const QByteArray &state() const { return m_state; }
 
 private:
     QByteArray m_state;

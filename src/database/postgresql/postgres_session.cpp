@@ -110,7 +110,6 @@ PostgresSession::~PostgresSession() = default;
 
 void PostgresSession::connect()
 {
-    m_names.clear();
     m_handle.reset();
     std::unique_ptr<pg_conn, Closer> handle(
         PQconnectdbParams(m_address.keywords().data(), m_address.values().data(), 0));
@@ -188,22 +187,7 @@ void PostgresSession::require(int isSent)
 
 void PostgresSession::sendAlone(const QByteArray &statement)
 {
-    const StatementNames::Answer answer = m_names.ask(statement);
-    if (!answer.replaced.isEmpty())
-        simple("deallocate " + answer.replaced);
-    if (answer.use == StatementNames::Use::PrepareFirst) {
-        const Result result(PQprepare(handle(), answer.name.constData(), statement.constData(), 0, nullptr));
-        if (!isGood(result.get())) {
-            m_names.clear();
-            if (isLost())
-                lose();
-            throw serverError(result.get());
-        }
-    }
-    const bool isDirect = answer.use == StatementNames::Use::Directly;
-    require(isDirect
-                ? PQsendQueryParams(handle(), statement.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0)
-                : PQsendQueryPrepared(handle(), answer.name.constData(), 0, nullptr, nullptr, nullptr, 0));
+    require(PQsendQueryParams(handle(), statement.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0));
     PQsetSingleRowMode(handle());
 }
 
@@ -371,13 +355,6 @@ void PostgresSession::setLockTimeout(int milliseconds)
     m_lockTimeout = qMax(1, milliseconds);
     const Result result(
         PQexec(handle(), ("set lock_timeout=" + QByteArray::number(m_lockTimeout)).constData()));
-}
-
-void PostgresSession::forgetStatements()
-{
-    m_names.clear();
-    if (!isLost() && !inTransaction())
-        simple("deallocate all");
 }
 
 } // namespace ebtq::db

@@ -2,7 +2,6 @@
 
 #include "database/connection.h"
 #include "database/postgresql/postgres_address.h"
-#include "database/postgresql/statement_names.h"
 
 #include <functional>
 #include <memory>
@@ -56,7 +55,6 @@ public:
     void rollback() noexcept;
     [[nodiscard]] bool inTransaction() const;
     void setLockTimeout(int milliseconds);
-    void forgetStatements();
 
     [[nodiscard]] const PostgresAddress &address() const { return m_address; }
     /// libpq's own handle, for measuring against it.
@@ -84,7 +82,6 @@ private:
 
     PostgresAddress m_address;
     std::unique_ptr<pg_conn, Closer> m_handle;
-    StatementNames m_names;
     int m_lockTimeout = 5000;
     bool m_hadTransaction = false; ///< when the operation that is at work began
     bool m_isReading = false;      ///< all that it does

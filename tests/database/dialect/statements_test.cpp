@@ -99,22 +99,24 @@ TEST(Translation, WritesPostgresInItsOwnForms)
 TEST(Translation, CountsForAWholeListAtOnce)
 {
     const Catalog catalog = schemaCatalog();
-    const auto countsOf = [&](const char16_t *rest) {
+    const auto countsOf = [&](const Dialect &dialect, const char16_t *rest) {
         const QString select =
             QStringLiteral("select %1 房源编号,(select count(*) from pubAttach where progID=1"
                            " and ids=A.房源ID) from fyxx A %2");
         const QString end = QString::fromUtf16(rest);
         const QString top = end.isEmpty() ? QStringLiteral("top 5") : QString();
-        return translate(select.arg(top, end), sqliteDialect(), catalog).counts;
+        return translate(select.arg(top, end), dialect, catalog).counts;
     };
-    const auto counts = countsOf(u"where 1=1 and 地区='x' order by 1");
+    const auto counts = countsOf(postgresDialect(), u"where 1=1 and 地区='x' order by 1");
     ASSERT_EQ(counts.size(), 1);
     EXPECT_EQ(counts[0].column, 1);
     EXPECT_EQ(counts[0].sql.toStdString(), "SELECT t0.\"IDs\",count(*) FROM \"pubAttach\" AS t0"
                                            " WHERE (t0.\"progID\"=1) GROUP BY t0.\"IDs\"");
-    EXPECT_TRUE(countsOf(u"where 地区='x' and 房源ID='G-1'").empty()) << "one row";
-    EXPECT_TRUE(countsOf(u"").empty()) << "the first of them";
-    EXPECT_TRUE(countsOf(u"group by 房源编号,房源ID").empty());
+    EXPECT_EQ(countsOf(sqliteDialect(), u"where 1=1 order by 1").size(), 1);
+    EXPECT_TRUE(countsOf(sqliteDialect(), u"where 地区='x'").empty());
+    EXPECT_TRUE(countsOf(postgresDialect(), u"where 地区='x' and 房源ID='G-1'").empty()) << "one row";
+    EXPECT_TRUE(countsOf(postgresDialect(), u"").empty()) << "the first of them";
+    EXPECT_TRUE(countsOf(postgresDialect(), u"group by 房源编号,房源ID").empty());
 }
 
 } // namespace ebtq::db::test
