@@ -5,6 +5,7 @@
 #include "library/frame/desktop.h"
 #include "library/frame/wait_cursor.h"
 #include "screens/controls/flex_grid_view.h"
+#include "screens/controls/passing_menu.h"
 #include "screens/controls/tool_bar_view.h"
 #include "screens/export/table_text.h"
 #include "screens/export/workbook.h"
@@ -16,7 +17,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QItemSelectionModel>
-#include <QMenu>
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QShortcut>
@@ -104,9 +104,8 @@ QPoint GridMenu::placeOfCurrentRow() const
 
 void GridMenu::popUp(const QPoint &place)
 {
-    auto *menu = new QMenu(&m_view);
+    auto *menu = new PassingMenu(&m_view);
     menu->setObjectName(QStringLiteral("GridMenu"));
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     addCommands(*menu);
     addExport(*menu);
     if (m_print)
@@ -115,7 +114,7 @@ void GridMenu::popUp(const QPoint &place)
 }
 
 /// A command is given by its button, with everything that the button sees to.
-void GridMenu::addCommands(QMenu &menu)
+void GridMenu::addCommands(PassingMenu &menu)
 {
     for (const NavToolbar::Item &item : m_commands.items()) {
         if (item.key.isEmpty()) {
@@ -125,34 +124,34 @@ void GridMenu::addCommands(QMenu &menu)
         auto *button = m_toolBar.findChild<QToolButton *>(m_commands.Name() + u'_' + item.key);
         if (!item.visible || !button)
             continue;
-        QAction *action = menu.addAction(item.icon.isEmpty() ? QIcon() : look::icon(item.icon),
-                                         item.caption + u'\t' + button->shortcut().toString());
+        QAction *action =
+            menu.offer(item.icon.isEmpty() ? QIcon() : look::icon(item.icon),
+                       item.caption + u'\t' + button->shortcut().toString(), button, &QToolButton::click);
         action->setObjectName(item.key);
         action->setEnabled(item.enabled && m_commands.Enabled());
-        connect(action, &QAction::triggered, button, &QToolButton::click);
     }
 }
 
-void GridMenu::addExport(QMenu &menu)
+void GridMenu::addExport(PassingMenu &menu)
 {
     static constexpr Format formats[] = {
         {u"导出 Excel(&L)…", u"xlsx", u"Excel 工作簿 (*.xlsx)", &writeWorkbook},
         {u"导出 CSV(&S)…", u"csv", u"CSV 文件 (*.csv)", &writeCsv},
     };
     menu.addSeparator();
-    QAction *copying = menu.addAction(QStringLiteral("复制(&C)\tCtrl+C"), this, &GridMenu::copy);
+    QAction *copying = menu.offer(QStringLiteral("复制(&C)\tCtrl+C"), this, &GridMenu::copy);
     copying->setEnabled(m_view.currentIndex().isValid());
     for (const Format &format : formats)
-        menu.addAction(format.caption.toString(), this, [this, &format] { exportAs(format); });
+        menu.offer(format.caption.toString(), this, [this, &format] { exportAs(format); });
 }
 
-void GridMenu::addPrint(QMenu &menu)
+void GridMenu::addPrint(PassingMenu &menu)
 {
     menu.addSeparator();
-    menu.addAction(QStringLiteral("打印预览(&V)"), this, [this] { print(false, false); });
-    menu.addAction(look::icon(QStringLiteral("document-print")), QStringLiteral("打印(&P)…\tCtrl+P"), this,
-                   [this] { print(true, false); });
-    menu.addAction(QStringLiteral("页面设置(&U)…"), this, [this] { print(false, true); });
+    menu.offer(QStringLiteral("打印预览(&V)"), this, [this] { print(false, false); });
+    menu.offer(look::icon(QStringLiteral("document-print")), QStringLiteral("打印(&P)…\tCtrl+P"), this,
+               [this] { print(true, false); });
+    menu.offer(QStringLiteral("页面设置(&U)…"), this, [this] { print(false, true); });
 }
 
 void GridMenu::print(bool bPrint, bool bSetup)

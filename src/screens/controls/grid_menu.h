@@ -5,13 +5,12 @@
 
 #include <functional>
 
-class QMenu;
-
 namespace ebtq {
 
 class Desktop;
 class FlexGridView;
 class NavToolbar;
+class PassingMenu;
 class ShownGrid;
 class ToolBarView;
 class VSFlexGrid;
@@ -44,9 +43,9 @@ protected:
 private:
     void addShortcuts();
     void popUp(const QPoint &place);
-    void addCommands(QMenu &menu);
-    void addExport(QMenu &menu);
-    void addPrint(QMenu &menu);
+    void addCommands(PassingMenu &menu);
+    void addExport(PassingMenu &menu);
+    void addPrint(PassingMenu &menu);
     [[nodiscard]] QPoint placeOfCurrentRow() const;
     void print(bool bPrint, bool bSetup);
     void copy();

@@ -32,14 +32,18 @@ protected:
         commands.setItems({{u"edit"_qs, u"修改"_qs, {}, true, true},
                            {u"delete"_qs, u"删除"_qs, {}, false, true},
                            {u"secret"_qs, u"隐藏"_qs, {}, true, false}});
-        QObject::connect(&commands, &NavToolbar::ButtonClick,
-                         [this](const QString &key) { done.append(u"command "_qs + key); });
+        QObject::connect(&commands, &NavToolbar::ButtonClick, [this](const QString &key) {
+            during();
+            done.append(u"command "_qs + key);
+        });
         grid.setFormatString(u" |编号      |城区      |键"_qs);
         grid.setColHidden(3, true);
         grid.LoadArray(
             textBlock({{"", "A1", "天河", "K"}, {"", "A2", "海珠", "K"}, {"", "A3", "=1+1", "K"}}));
-        menu.setPrint(
-            [this](bool bPrint, bool bSetup) { done.append(u"print %1%2"_qs.arg(bPrint).arg(bSetup)); });
+        menu.setPrint([this](bool bPrint, bool bSetup) {
+            during();
+            done.append(u"print %1%2"_qs.arg(bPrint).arg(bSetup));
+        });
         QObject::connect(&menu, &GridMenu::message, [this](const QString &text) { done.append(text); });
         QObject::connect(&menu, &GridMenu::failed,
                          [this](const QString &text) { done.append(u"failed "_qs + text); });
@@ -73,6 +77,7 @@ protected:
                 action->trigger();
         }
         shown->close();
+        QCoreApplication::sendPostedEvents();
     }
     [[nodiscard]] static QString copied() { return QApplication::clipboard()->text(); }
 
@@ -84,6 +89,7 @@ protected:
     FlexGridView view{grid, &window};
     GridMenu &menu = *new GridMenu(view, grid, commands, toolBar, desktop);
     QStringList done;
+    std::function<void()> during = [] {}; ///< what a command does while it works
 };
 
 TEST_F(GridMenuTest, OffersTheCommandsInTheirStateAtTheRowOfThePress)
@@ -126,6 +132,26 @@ TEST_F(GridMenuTest, TheKeyOpensItAtTheCurrentRowAndTheHeaderHasItsOwn)
     ASSERT_TRUE(open());
     EXPECT_EQ(open()->objectName(), u"ColumnMenu"_qs);
     open()->close();
+}
+
+/// The mouse chooses an action that waits in an event loop, as every dialog does.
+TEST_F(GridMenuTest, AnActionBeginsOnceTheMenuIsGone)
+{
+    for (const QString &chosen : {u"打印预览"_qs, u"页面设置"_qs, u"修改"_qs}) {
+        done.clear();
+        rightClick(0);
+        const QPointer<QMenu> shown = open();
+        ASSERT_TRUE(shown);
+        during = [&] {
+            EXPECT_FALSE(shown) << chosen.toStdString();
+            QTest::qWait(1);
+        };
+        const auto actions = shown->actions();
+        const auto action = std::ranges::find_if(
+            actions, [&](const QAction *each) { return each->text().startsWith(chosen); });
+        QTest::mouseClick(shown, Qt::LeftButton, {}, shown->actionGeometry(*action).center());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !done.isEmpty(); }));
+    }
 }
 
 TEST_F(GridMenuTest, CopiesTheRowOrTheChosenRowsAndNeverKeys)
