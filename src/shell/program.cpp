@@ -58,7 +58,7 @@ void showWindow(MainWindow &window)
 }
 
 int runSession(GuardedApplication &application, const Options &options, db::Connection &connection,
-               const host::User &user)
+               const host::User &user, const Drive &drive)
 {
     // A tour must see the same on every machine: it starts without the layouts that a person keeps.
     const QTemporaryDir tourFolder;
@@ -79,12 +79,14 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
     application.setFailureReport(report);
     const auto endOfReports = qScopeGuard([&application] { application.setFailureReport({}); });
     showWindow(window);
-    return options.tour.isEmpty() ? QApplication::exec() : runTour(window, {options.tour, connection, app});
+    if (!options.tour.isEmpty())
+        return runTour(window, {options.tour, connection, app});
+    return drive ? drive(window) : QApplication::exec();
 }
 
 } // namespace
 
-int runProgram(GuardedApplication &application, const Options &options)
+int runProgram(GuardedApplication &application, const Options &options, const Drive &drive)
 {
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     translateQt(application);
@@ -96,7 +98,7 @@ int runProgram(GuardedApplication &application, const Options &options)
         if (!options.tour.isEmpty())
             connection = openTourDatabase(*connection, tourFolder.path());
         const std::optional<host::User> user = signInUser(*connection, options);
-        return user ? runSession(application, options, *connection, *user) : 0;
+        return user ? runSession(application, options, *connection, *user, drive) : 0;
     } catch (const std::exception &failure) {
         tellStartFailure(QString::fromUtf8(failure.what()), options);
         return 1;

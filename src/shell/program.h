@@ -2,12 +2,19 @@
 
 #include "shell/options.h"
 
+#include <functional>
+
 namespace ebtq::shell {
 
 class GuardedApplication;
+class MainWindow;
+
+/// Runs the desktop whose window is open until it ends; the exit status.
+using Drive = std::function<int(MainWindow &)>;
 
 /// Opens the database, signs in and runs the desktop, or the tour, to its end; the program's exit status. A
-/// failure to start is told to the user and gives 1.
-[[nodiscard]] int runProgram(GuardedApplication &application, const Options &options);
+/// failure to start is shown to the user and gives 1. `drive` takes the place of the event loop.
+[[nodiscard]] int runProgram(GuardedApplication &application, const Options &options,
+                             const Drive &drive = {});
 
 } // namespace ebtq::shell
