@@ -15,6 +15,8 @@
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QThread>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -22,6 +24,7 @@ namespace ebtq::shell {
 
 namespace {
 
+constexpr int untilReturned = 20; // milliseconds
 /// Narrower than this, the navigation would take room that a list needs.
 constexpr int collapseBelow = 1100;
 /// Of the text that tells where the database lies; its tool tip has it whole.
@@ -255,7 +258,14 @@ bool MainWindow::isWaitedFor(const std::function<void()> &again)
         if (isWaited)
             return true;
     }
-    return QApplication::activeModalWidget();
+    if (QApplication::activeModalWidget())
+        return true;
+    // A dialog may be hidden already while the module's operation that has shown it is still to return from
+    // its event loop.
+    const bool isReturning = QThread::currentThread()->loopLevel() > 1;
+    if (isReturning)
+        QTimer::singleShot(untilReturned, this, again);
+    return isReturning;
 }
 
 void MainWindow::removePage(ModulePage &page)

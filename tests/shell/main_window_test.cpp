@@ -145,6 +145,29 @@ TEST_F(MainWindowTest, AnOpenListIsPutAwayBeforeItsModuleEnds)
     }
 }
 
+/// A dialog is gone from the screen before the operation that waits for it has returned.
+TEST_F(MainWindowTest, AModuleOutlivesTheEventLoopsThatItHasBegun)
+{
+    library.prepare = [&](test::TestModule &module) {
+        module.duringRefresh = [&] {
+            QEventLoop outer;
+            QTimer::singleShot(0, &window(), [&] {
+                QEventLoop inner;
+                QTimer::singleShot(0, &window(), [&] {
+                    child<QToolButton>("CloseTab_101")->click();
+                    EXPECT_EQ(library.log.count(u"module gone"_qs), 0);
+                    inner.quit();
+                });
+                inner.exec();
+                outer.quit();
+            });
+            outer.exec();
+        };
+    };
+    window().openModule(ListingModule);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return library.log.count(u"module gone"_qs) == 1; }));
+}
+
 TEST_F(MainWindowTest, AMessageBoxKeepsTheWindowOpen)
 {
     window().openModule(ListingModule);

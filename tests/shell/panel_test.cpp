@@ -6,6 +6,7 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -218,6 +219,28 @@ TEST(PanelModel, TenThousandRowsAreFound)
     EXPECT_THAT(choose(panel, {typed(u"楼盘9999"), {Qt::Key_Return}}), Optional(9999));
     EXPECT_THAT(choose(panel, {{Qt::Key_PageDown}, {Qt::Key_PageUp}, {Qt::Key_Down}, {Qt::Key_Return}}),
                 Optional(1));
+}
+
+/// A press on the form's button closes the popup, and the form closes with a question.
+TEST(PanelPopup, IsNotWaitedForLongerThanTheFormBelow)
+{
+    const host::Panel panel = employees();
+    QDialog form;
+    bool hasReturned = false;
+    const auto closeForm = [&] {
+        QApplication::activePopupWidget()->close();
+        QDialog question(&form);
+        QTimer::singleShot(0, &question, &QDialog::accept);
+        question.exec();
+        form.accept();
+    };
+    QTimer::singleShot(0, &form, [&] {
+        QTimer::singleShot(0, &form, closeForm);
+        EXPECT_EQ(WidgetPanelPresenter().choose(panel), std::nullopt);
+        hasReturned = true;
+    });
+    form.exec();
+    EXPECT_TRUE(hasReturned);
 }
 
 TEST(CalendarPopup, KeyboardChoosesADay)

@@ -50,6 +50,8 @@ void Popup::showAndWait(const QPoint &corner)
     QEventLoop loop;
     m_wait = &loop;
     m_dialogBelow = QApplication::activeModalWidget();
+    if (m_dialogBelow)
+        m_dialogBelow->installEventFilter(this);
     ensurePolished(); // the style sheet decides on the sizes
     layout()->activate();
     const QSize size = sizeHint().expandedTo(minimumSizeHint()).boundedTo(areaAt(corner).size());
@@ -86,7 +88,11 @@ void Popup::endUnlessAside()
 
 bool Popup::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_wait && event->type() == QEvent::Hide && static_cast<QWidget *>(watched)->isModal())
+    if (event->type() != QEvent::Hide || !m_wait)
+        return QFrame::eventFilter(watched, event);
+    if (watched == m_dialogBelow)
+        m_wait->quit();
+    else if (static_cast<QWidget *>(watched)->isModal())
         QMetaObject::invokeMethod(this, &QWidget::show, Qt::QueuedConnection);
     return QFrame::eventFilter(watched, event);
 }
