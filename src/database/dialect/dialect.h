@@ -51,6 +51,10 @@ struct Dialect
     /// The function that gives the place of one text in another, characters counted from 1, case regarded.
     const char *position;
 
+    /// Whether everything has a type before the statement is run: what is always Null is then written as
+    /// NULL, which takes any type, and not as what it is made of: PostgreSQL.
+    bool typesNull;
+
     /// Whether division by 0 is an error that has to be kept from happening. SQLite gives Null by itself.
     bool zeroDivisionFails;
 
@@ -67,9 +71,9 @@ struct Dialect
     /// reads all of them in the wanted order. Empty where the engine knows better.
     const char *rareCondition;
 
-    /// Whether the counts of a filtered list are read for all of its rows at once, as those of a whole list are
-    /// on every engine. Where looking for one count costs little, a short list waits less as it is written:
-    /// SQLite.
+    /// Whether the counts of a filtered list are read for all of its rows at once, as those of a whole list
+    /// are on every engine. Where looking for one count costs little, a short list waits less as it is
+    /// written: SQLite.
     bool isFilteredListLong;
 
     /// How many pieces of a statement the engine's parser can have open at a time. SQLite has a stack of 100;

@@ -287,8 +287,10 @@ Type Resolver::infer(ListTest &node, Expression &, Scope &scope)
 {
     expression(node.value, scope);
     expressions(node.items, scope);
-    for (ExpressionPtr &item : node.items)
+    for (ExpressionPtr &item : node.items) {
         makeComparable(node.value, item);
+        makeComparable(node.items.front(), item);
+    }
     return Type::Condition;
 }
 
@@ -303,7 +305,10 @@ Type Resolver::infer(SelectTest &node, Expression &, Scope &scope)
     expression(node.value, scope);
     select(*node.select, &scope);
     requireOneColumn(*node.select);
-    makeComparable(node.value, node.select->items.front().expression);
+    ExpressionPtr &item = node.select->items.front().expression;
+    makeComparable(node.value, item);
+    if (item->type == Type::Null)
+        item = makeTyped(Conversion{std::move(item)}, *node.value, node.value->type);
     return Type::Condition;
 }
 
@@ -316,6 +321,7 @@ Type Resolver::infer(RangeTest &node, Expression &, Scope &scope)
     refuseNumberInTextOrder(*node.value, *node.high);
     makeComparable(node.value, node.low);
     makeComparable(node.value, node.high);
+    makeComparable(node.low, node.high);
     return Type::Condition;
 }
 
@@ -360,7 +366,31 @@ Type Resolver::infer(Call &node, Expression &self, Scope &scope)
     expressions(node.arguments, scope);
     scope.takesAggregates = before;
     scope.hasAggregate = scope.hasAggregate || isAggregate;
+    if (isAggregate)
+        checkAggregate(node, self, scope);
     return callType(node, self);
+}
+
+/// An aggregate of outer columns alone would belong to the select around.
+void Resolver::checkAggregate(const Call &node, const Expression &self, const Scope &scope) const
+{
+    bool hasColumn = false;
+    bool hasOwn = false;
+    const auto look = [&](const Expression &each, const auto &again) -> void {
+        if (const auto *reference = each.as<ColumnReference>()) {
+            hasColumn = true;
+            for (size_t at = scope.first; at < scope.end; ++at)
+                hasOwn = hasOwn || scope.sources[at].number == reference->source;
+        }
+        const auto inside = [&](const Expression &child) { again(child, again); };
+        forEachChild(each, inside);
+        if (const Select *inner = selectIn(each))
+            forEachExpression(*inner, inside);
+    };
+    for (const ExpressionPtr &each : node.arguments)
+        look(*each, look);
+    if (hasColumn && !hasOwn)
+        fail(self.position, u"汇总函数 %1 只用了外层查询的列"_qs.arg(QLatin1String(node.function->name)));
 }
 
 Type Resolver::callType(Call &node, const Expression &self)
@@ -385,6 +415,8 @@ Type Resolver::callType(Call &node, const Expression &self)
         return node.function->result;
     default:
         plainArguments(node);
+        if (node.function->form == Function::Form::Aggregate && node.arguments[0]->type == Type::Binary)
+            fail(self.position, u"汇总函数 %1 不能用于二进制内容"_qs.arg(QLatin1String(node.function->name)));
         if (node.function->result != Type::Null)
             return node.function->result;
         // Of conditions what it gives is a number: the sum of two that are true is -2.

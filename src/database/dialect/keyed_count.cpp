@@ -25,7 +25,7 @@ std::vector<const Expression *> conjunctsOf(const ExpressionPtr &condition)
 /// Whether an expression reads columns of that source alone.
 bool readsOnly(const Expression &expression, int source)
 {
-    if (expression.as<SubSelect>() || expression.as<ExistsTest>() || expression.as<SelectTest>())
+    if (selectIn(expression))
         return false;
     const auto *reference = expression.as<ColumnReference>();
     bool result = !reference || reference->source == source;

@@ -3,6 +3,8 @@
 #include "database/dialect/errors.h"
 #include "database/dialect/tree_walk.h"
 
+#include <algorithm>
+
 namespace ebtq::db {
 
 namespace {
@@ -30,6 +32,22 @@ void appendUtf8(QByteArray &out, char32_t c)
             static_cast<char>(0x80 | ((c >> 6) & 0x3F)), static_cast<char>(0x80 | (c & 0x3F))};
         out.append(bytes, sizeof bytes);
     }
+}
+
+bool hasNullAggregate(const Expression &expression)
+{
+    const auto *call = expression.as<Call>();
+    bool result = call && call->function->isAggregate() && expression.type == Type::Null;
+    forEachChild(expression, [&](const Expression &child) { result = result || hasNullAggregate(child); });
+    return result;
+}
+
+/// Whether all rows become one for aggregates of Null, which are not written.
+bool hasNullAggregate(const Select &select)
+{
+    return select.groupBy.empty() && std::ranges::any_of(select.items, [](const SelectItem &item) {
+               return hasNullAggregate(*item.expression);
+           });
 }
 
 } // namespace
@@ -161,6 +179,8 @@ void Renderer::select(const Select &select, bool isDerived, bool isSingle, bool 
     if (select.having) {
         write(" HAVING ");
         condition(*select.having);
+    } else if (m_dialect.typesNull && hasNullAggregate(select)) {
+        write(" HAVING true"); // keeps it one row
     }
     orderBy(select);
     limit(select, isSingle);

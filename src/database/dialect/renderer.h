@@ -60,6 +60,7 @@ private:
     void otherSides(const std::vector<ExpressionPtr> &expressions);
     [[nodiscard]] bool isGroupedText(const Expression &expression) const;
     void real(const Expression &expression);
+    void typedNull(const Expression &null, Type type);
     void list(const std::vector<ExpressionPtr> &expressions, size_t from = 0);
     void beginCall(const char *name);
 

@@ -89,6 +89,8 @@ const char *wordOf(Operator op)
 /// In place of a value a condition counts -1 for true and 0 for false, Null staying Null.
 void Renderer::value(const Expression &expression)
 {
+    if (m_dialect.typesNull && expression.type == Type::Null)
+        return write("NULL");
     if (isGroupedText(expression)) {
         write('(');
         std::visit([&](const auto &each) { node(each, expression); }, expression.node);
@@ -116,7 +118,9 @@ void Renderer::condition(const Expression &expression)
 
 void Renderer::bareCondition(const Expression &expression)
 {
-    if (expression.type == Type::Condition || expression.type == Type::Null)
+    if (expression.type == Type::Null)
+        return value(expression);
+    if (expression.type == Type::Condition)
         return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
     operand(expression);
     write("<>0");
@@ -367,11 +371,27 @@ void Renderer::node(const SubSelect &inner, const Expression &self)
 
 void Renderer::node(const Conversion &conversion, const Expression &self)
 {
+    if (conversion.operand->type == Type::Null)
+        return typedNull(*conversion.operand, self.type);
     if (self.type == Type::Text)
         return asText(*conversion.operand);
     const Pieces pieces(*this, piecesOfCall, self.position);
     beginCall(self.type == Type::Date ? "cdate" : self.type == Type::Integer ? "clng" : "cdbl");
     value(*conversion.operand);
+    write(')');
+}
+
+/// A bare NULL of a sub-select would be taken for a text.
+void Renderer::typedNull(const Expression &null, Type type)
+{
+    const bool isBare = !m_dialect.typesNull || type == Type::Null;
+    if (isBare)
+        return value(null);
+    write("CAST(NULL AS ");
+    write(type == Type::Date     ? "timestamp"
+          : type == Type::Binary ? "bytea"
+          : type == Type::Text   ? "citext"
+                                 : m_dialect.realType);
     write(')');
 }
 

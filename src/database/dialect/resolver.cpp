@@ -124,6 +124,8 @@ void Resolver::select(Select &select, const Scope *outer)
             fail(select.having->position, u"having 只能与 group by 或汇总函数一起使用"_qs);
         condition(select.having, scope);
     }
+    // Without it each row would be one of the result, and nothing there to be taken together.
+    scope.takesAggregates = scope.hasAggregate || !select.groupBy.empty();
     orderBy(select, scope);
     select.isGrouped = scope.hasAggregate || !select.groupBy.empty() || select.having;
     checkCount(select.groupBy.size() + select.orderBy.size(), select.position);
@@ -252,6 +254,25 @@ void Resolver::checkGrouped(Expression &expression, const Select &select)
     if (reference && isOwn(*reference, select))
         fail(expression.position, u"列 %1 既不在 group by 里，也不在汇总函数里"_qs.arg(reference->name));
     forEachChild(expression, [&](Expression &child) { checkGrouped(child, select); });
+    if (const Select *inner = selectIn(expression))
+        checkGroupedInside(*inner, select);
+}
+
+/// A select inside of a grouped one finds the columns grouped by, and no expression of others.
+void Resolver::checkGroupedInside(const Select &inner, const Select &select) const
+{
+    forEachExpression(inner, [&](const Expression &each) { checkGroupedInside(each, select); });
+}
+
+void Resolver::checkGroupedInside(const Expression &expression, const Select &select) const
+{
+    const auto *reference = expression.as<ColumnReference>();
+    const auto isIt = [&](const ExpressionPtr &each) { return isSame(*each, expression); };
+    if (reference && isOwn(*reference, select) && std::ranges::none_of(select.groupBy, isIt))
+        fail(expression.position, u"列 %1 既不在 group by 里，也不在汇总函数里"_qs.arg(reference->name));
+    forEachChild(expression, [&](const Expression &child) { checkGroupedInside(child, select); });
+    if (const Select *inner = selectIn(expression))
+        checkGroupedInside(*inner, select);
 }
 
 /// The same column, or the same words.

@@ -40,6 +40,8 @@ private:
     void checkGroups(Select &select);
     void checkGroupTerms(const Select &select);
     void checkGrouped(Expression &expression, const Select &select);
+    void checkGroupedInside(const Select &inner, const Select &select) const;
+    void checkGroupedInside(const Expression &expression, const Select &select) const;
     void table(Source &source);
     void insert(Insert &insert);
     void insertSelect(Insert &insert, const std::vector<const Column *> &columns);
@@ -73,6 +75,7 @@ private:
     Type infer(Call &node, Expression &self, Scope &scope);
     Type infer(Conversion &node, Expression &self, Scope &scope);
 
+    void checkAggregate(const Call &node, const Expression &self, const Scope &scope) const;
     Type callType(Call &node, const Expression &self);
     Type unite(std::vector<ExpressionPtr> &arguments, size_t first, size_t step);
     Type nzType(Call &node, const Expression &self);

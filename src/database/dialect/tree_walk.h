@@ -60,13 +60,57 @@ template<class Visit> void forEachChild(const Expression &expression, Visit visi
     std::visit(Walker{visit}, expression.node);
 }
 
+/// The select inside an expression; nullptr when there is none.
+[[nodiscard]] inline const Select *selectIn(const Expression &expression)
+{
+    if (const auto *exists = expression.as<ExistsTest>())
+        return exists->select.get();
+    if (const auto *inner = expression.as<SubSelect>())
+        return inner->select.get();
+    const auto *test = expression.as<SelectTest>();
+    return test ? test->select.get() : nullptr;
+}
+
+/// Calls `visit` with the condition of each join.
+template<class Visit> void forEachCondition(const FromItem &item, Visit &visit)
+{
+    if (!item.isJoin())
+        return;
+    forEachCondition(*item.left, visit);
+    forEachCondition(*item.right, visit);
+    visit(*item.condition);
+}
+
+/// Calls `visit` with each expression of the select's own clauses and of those of the tables derived in it.
+template<class Visit> void forEachExpression(const Select &select, Visit visit)
+{
+    for (const Source &source : select.sources) {
+        if (source.derived)
+            forEachExpression(*source.derived, visit);
+    }
+    for (const FromItem &item : select.from)
+        forEachCondition(item, visit);
+    for (const SelectItem &item : select.items)
+        visit(*item.expression);
+    for (const ExpressionPtr &each : select.groupBy)
+        visit(*each);
+    for (const OrderItem &item : select.orderBy)
+        visit(*item.expression);
+    if (select.where)
+        visit(*select.where);
+    if (select.having)
+        visit(*select.having);
+}
+
 /// Whether nothing in it can differ from row to row. Where rows are grouped or sorted an engine may even take
 /// it for the position of a column: a conversion of a literal is written as the literal.
 [[nodiscard]] inline bool isConstant(const Expression &expression)
 {
+    if (expression.type == Type::Null)
+        return true;
     const auto *call = expression.as<Call>();
-    if (expression.as<ColumnReference>() || expression.as<SubSelect>() || expression.as<ExistsTest>() ||
-        expression.as<SelectTest>() || (call && call->function->form != Function::Form::Conversion))
+    if (expression.as<ColumnReference>() || selectIn(expression) ||
+        (call && call->function->form != Function::Form::Conversion))
         return false;
     bool result = true;
     forEachChild(expression, [&](const Expression &child) { result = result && isConstant(child); });
