@@ -26,10 +26,10 @@ struct Dialect
     const char *ascendingSuffix;
     const char *descendingSuffix;
 
-    /// Whether a text beside a caseless one takes its caselessness away, so that each side of a comparison
-    /// has to say it for itself, and a grouped expression has to stand alike wherever it is written:
+    /// Whether a text beside a case-insensitive one makes the comparison case-sensitive, so that both sides
+    /// need a collation, and a grouped expression has to stand alike wherever it is written:
     /// PostgreSQL.
-    bool eachSideSaysCaseless;
+    bool bothSidesNeedCollation;
 
     /// Before the quoted form of a date. Empty where dates are stored as text: SQLite.
     const char *datePrefix;
@@ -41,8 +41,8 @@ struct Dialect
     /// without end. Empty where it is a floating-point number anyway: SQLite.
     const char *realSuffix;
 
-    /// Whether whole numbers that grow too large are an error. Then sums, products and averages are reckoned
-    /// as numbers with a fraction, which hold whole ones of 15 digits as well. SQLite turns over by itself.
+    /// Whether integer overflow is an error. Then sums, products and averages are computed in floating point,
+    /// which holds integers of 15 digits exactly. SQLite promotes on overflow.
     bool wholeNumbersOverflow;
 
     /// Behind a condition in brackets, to count it as 1 or 0. Empty where it is a number anyway: SQLite.
@@ -76,9 +76,9 @@ struct Dialect
     /// written: SQLite.
     bool isFilteredListLong;
 
-    /// How many pieces of a statement the engine's parser can have open at a time. SQLite has a stack of 100;
+    /// How many tokens of a statement the engine's parser can have open at a time. SQLite has a stack of 100;
     /// the others keep to it, so that what runs on one engine runs on all.
-    int openPieces;
+    int mostOpenTokens;
 };
 
 [[nodiscard]] const Dialect &sqliteDialect();

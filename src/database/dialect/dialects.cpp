@@ -11,7 +11,7 @@ const Dialect &sqliteDialect()
         .caselessCollation = " COLLATE ebtq_nocase",
         .ascendingSuffix = "",
         .descendingSuffix = " DESC",
-        .eachSideSaysCaseless = false,
+        .bothSidesNeedCollation = false,
         .datePrefix = "",
         .realType = "REAL",
         .realSuffix = "",
@@ -24,7 +24,7 @@ const Dialect &sqliteDialect()
         .refusesSeveralRows = false,
         .rareCondition = "unlikely",
         .isFilteredListLong = false,
-        .openPieces = 95,
+        .mostOpenTokens = 95,
     };
     return dialect;
 }
@@ -38,7 +38,7 @@ const Dialect &postgresDialect()
         .caselessCollation = " COLLATE \"C\"",
         .ascendingSuffix = " NULLS FIRST",
         .descendingSuffix = " DESC NULLS LAST",
-        .eachSideSaysCaseless = true,
+        .bothSidesNeedCollation = true,
         .datePrefix = "timestamp ",
         .realType = "double precision",
         .realSuffix = "::double precision",
@@ -51,7 +51,7 @@ const Dialect &postgresDialect()
         .refusesSeveralRows = true,
         .rareCondition = "",
         .isFilteredListLong = true,
-        .openPieces = 95,
+        .mostOpenTokens = 95,
     };
     return dialect;
 }

@@ -6,7 +6,7 @@
 
 namespace ebtq::db {
 
-/// What a piece of a statement is. Lexical errors are kinds too: the parser reports them where it meets them,
+/// What a token of a statement is. Lexical errors are kinds too: the parser reports them where it meets them,
 /// and the guard of typed values sees them before that.
 enum class TokenKind : quint8 {
     Word,            // fyxx 楼盘ID
@@ -15,7 +15,7 @@ enum class TokenKind : quint8 {
     Number,          // 12 3.5 1e5 &H1F
     Date,            // #2026-9-8#
     Symbol,          // <=
-    End,             // behind the last piece
+    End,             // after the last token
     UnclosedText,    // 'abc
     UnclosedDate,    // #2026
     UnclosedBracket, // [abc
@@ -108,7 +108,7 @@ struct Token
 inline constexpr qsizetype longestStatement = 64 * 1024 * 1024;
 inline constexpr size_t mostTokens = 20000;
 
-/// The pieces of a statement, an End token last. Throws DialectError for a statement that is too long, and
+/// The tokens of a statement, an End token last. Throws DialectError for a statement that is too long, and
 /// for nothing else.
 [[nodiscard]] std::vector<Token> tokenize(QStringView text);
 

@@ -5,9 +5,9 @@
 
 namespace ebtq::db {
 
-/// Reads the tokens of one statement into its tree, one function a clause, with one token of foresight and no
-/// way back: the token at which reading stops is the furthest that can be reached, and its message says what
-/// could stand there. Throws DialectError. Names are not looked at.
+/// Reads the tokens of one statement into its tree, one function a clause, with one-token lookahead and no
+/// backtracking: the token at which reading stops is the furthest that can be reached, and its message says
+/// what could stand there. Throws DialectError. Names are not looked at.
 class Parser
 {
 public:

@@ -1,6 +1,7 @@
 #include "database/dialect/renderer.h"
 
 #include "database/dialect/errors.h"
+#include "database/dialect/open_tokens.h"
 #include "database/dialect/tree_walk.h"
 
 #include <algorithm>
@@ -8,11 +9,6 @@
 namespace ebtq::db {
 
 namespace {
-
-/// The pieces open at the deepest place of the clauses themselves.
-constexpr int piecesOfStatement = 14;
-constexpr int piecesOfSelect = 13;
-constexpr int piecesOfJoin = 6;
 
 void appendUtf8(QByteArray &out, char32_t c)
 {
@@ -52,21 +48,21 @@ bool hasNullAggregate(const Select &select)
 
 } // namespace
 
-Renderer::Pieces::Pieces(Renderer &renderer, int count, qsizetype position)
+Renderer::OpenTokens::OpenTokens(Renderer &renderer, int count, qsizetype position)
     : m_renderer(renderer)
     , m_count(count)
 {
-    m_renderer.m_openPieces += count;
-    if (m_renderer.m_openPieces <= m_renderer.m_dialect.openPieces)
+    m_renderer.m_openTokens += count;
+    if (m_renderer.m_openTokens <= m_renderer.m_dialect.mostOpenTokens)
         return;
-    m_renderer.m_openPieces -= count;
+    m_renderer.m_openTokens -= count;
     fail(position, u"语句嵌套过深，请简化后重试"_qs);
 }
 
 QByteArray Renderer::render(const Statement &statement, qsizetype sizeHint)
 {
     m_out.reserve(sizeHint * 3 + 512);
-    const Pieces pieces(*this, piecesOfStatement, 0);
+    const OpenTokens open(*this, open_tokens::statement, 0);
     std::visit([this](const auto &each) { this->statement(each); }, statement);
     return std::move(m_out);
 }
@@ -217,7 +213,7 @@ void Renderer::countApart(size_t column, const KeyedCount &count)
 
 QByteArray Renderer::countStatement(const KeyedCount &count)
 {
-    const Pieces pieces(*this, piecesOfStatement, count.select->position);
+    const OpenTokens open(*this, open_tokens::statement, count.select->position);
     write("SELECT ");
     value(*count.key);
     write(',');
@@ -251,7 +247,7 @@ void Renderer::fromItem(const FromItem &item, const Select &select)
         const Source &source = select.sources[item.source];
         if (!source.derived)
             return table(source);
-        const Pieces pieces(*this, piecesOfSelect, source.position);
+        const OpenTokens open(*this, open_tokens::derivedTable, source.position);
         write('(');
         this->select(*source.derived, true);
         write(") AS ");
@@ -262,7 +258,7 @@ void Renderer::fromItem(const FromItem &item, const Select &select)
     write(item.kind == JoinKind::Inner ? " JOIN " : " LEFT JOIN ");
     joinSide(isRight ? *item.left : *item.right, select);
     write(" ON ");
-    const Pieces pieces(*this, piecesOfJoin, item.condition->position);
+    const OpenTokens open(*this, open_tokens::join, item.condition->position);
     condition(*item.condition);
 }
 
@@ -270,7 +266,7 @@ void Renderer::joinSide(const FromItem &item, const Select &select)
 {
     if (!item.isJoin())
         return fromItem(item, select);
-    const Pieces pieces(*this, piecesOfJoin, item.condition->position);
+    const OpenTokens open(*this, open_tokens::join, item.condition->position);
     write('(');
     fromItem(item, select);
     write(')');

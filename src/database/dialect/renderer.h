@@ -20,7 +20,7 @@ public:
     [[nodiscard]] const std::vector<CountStatement> &counts() const { return m_counts; }
 
 private:
-    class Pieces;
+    class OpenTokens;
 
     void write(QLatin1String text) { m_out.append(text.data(), text.size()); }
     void write(const char *text) { m_out.append(text); }
@@ -55,9 +55,9 @@ private:
     void bracketed(const Expression &expression, void (Renderer::*write)(const Expression &));
     void caseless(const Expression &expression);
     void comparedText(const Expression &left, bool needsNoCase);
-    void otherSide(const Expression &expression);
+    void comparedOperand(const Expression &expression);
     void bound(const Expression &expression);
-    void otherSides(const std::vector<ExpressionPtr> &expressions);
+    void comparedOperands(const std::vector<ExpressionPtr> &expressions);
     [[nodiscard]] bool isGroupedText(const Expression &expression) const;
     void real(const Expression &expression);
     void typedNull(const Expression &null, Type type);
@@ -104,17 +104,17 @@ private:
     QByteArray m_out;
     const Select *m_list = nullptr; ///< the statement itself, if it is a select
     std::vector<CountStatement> m_counts;
-    int m_openPieces = 0;
+    int m_openTokens = 0;
 };
 
-/// Counts the pieces that the engine's parser holds open while what lies inside is read.
-class Renderer::Pieces
+/// Counts the tokens that the engine's parser holds open while what lies inside is read.
+class Renderer::OpenTokens
 {
 public:
-    Pieces(Renderer &renderer, int count, qsizetype position);
-    Pieces(const Pieces &) = delete;
-    Pieces &operator=(const Pieces &) = delete;
-    ~Pieces() { m_renderer.m_openPieces -= m_count; }
+    OpenTokens(Renderer &renderer, int count, qsizetype position);
+    OpenTokens(const OpenTokens &) = delete;
+    OpenTokens &operator=(const OpenTokens &) = delete;
+    ~OpenTokens() { m_renderer.m_openTokens -= m_count; }
 
 private:
     Renderer &m_renderer;

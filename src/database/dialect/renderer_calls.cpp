@@ -1,3 +1,4 @@
+#include "database/dialect/open_tokens.h"
 #include "database/dialect/renderer.h"
 #include "database/dialect/text_match.h"
 #include "database/values/date_text.h"
@@ -8,11 +9,6 @@
 namespace ebtq::db {
 
 namespace {
-
-/// Of a call "f(a," stands open, of one with a single argument "f(".
-constexpr int piecesOfCall = 5;
-constexpr int piecesOfSingle = 3;
-constexpr int piecesOfCase = 6;
 
 bool isNeverNull(const Expression &expression)
 {
@@ -57,6 +53,8 @@ void Renderer::node(const Call &call, const Expression &self)
     case Function::Form::Instr:
         return instr(call, self);
     case Function::Form::Conversion:
+        if (call.arguments[0]->type == Type::Null)
+            return typedNull(*call.arguments[0], self.type);
         return value(*call.arguments[0]);
     case Function::Form::IsNull:
         operand(*call.arguments[0]);
@@ -71,7 +69,8 @@ void Renderer::node(const Call &call, const Expression &self)
 
 void Renderer::plainCall(const Call &call, const Expression &self)
 {
-    const Pieces pieces(*this, call.arguments.size() > 1 ? piecesOfCall : piecesOfSingle, self.position);
+    const OpenTokens open(*this, call.arguments.size() > 1 ? open_tokens::call : open_tokens::singleArgument,
+                          self.position);
     if (call.function->form == Function::Form::Nz)
         write("coalesce(");
     else
@@ -83,7 +82,7 @@ void Renderer::plainCall(const Call &call, const Expression &self)
 /// What is told apart or sorted by the engine is compared without regard to case.
 void Renderer::aggregate(const Call &call, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfCall, self.position);
+    const OpenTokens open(*this, open_tokens::call, self.position);
     write(call.function->name);
     write(call.isDistinct ? "(DISTINCT " : "(");
     const bool isReal = m_dialect.wholeNumbersOverflow && !call.isStar &&
@@ -100,7 +99,7 @@ void Renderer::aggregate(const Call &call, const Expression &self)
 /// A further iif in the third place becomes one more branch, so that a long row of them is not a deep one.
 void Renderer::conditional(const Call &call, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfCase, self.position);
+    const OpenTokens open(*this, open_tokens::caseForm, self.position);
     write("CASE");
     const Call *each = &call;
     for (;;) {
@@ -120,7 +119,7 @@ void Renderer::conditional(const Call &call, const Expression &self)
 
 void Renderer::switched(const Call &call, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfCase, self.position);
+    const OpenTokens open(*this, open_tokens::caseForm, self.position);
     write("CASE");
     for (size_t at = 0; at < call.arguments.size(); at += 2) {
         write(" WHEN ");
@@ -133,7 +132,7 @@ void Renderer::switched(const Call &call, const Expression &self)
 
 void Renderer::chosen(const Call &call, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfCase, self.position);
+    const OpenTokens open(*this, open_tokens::caseForm, self.position);
     write("CASE ");
     if (call.arguments[0]->type == Type::Null)
         real(*call.arguments[0]);
@@ -151,7 +150,7 @@ void Renderer::chosen(const Call &call, const Expression &self)
 /// The engine's own search does where case cannot matter; it is the one of the statements of every list.
 void Renderer::instr(const Call &call, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfCall, self.position);
+    const OpenTokens open(*this, open_tokens::call, self.position);
     const bool hasStart = call.arguments.size() == 3;
     const size_t at = hasStart ? 1 : 0;
     const auto *sought = call.arguments[at + 1]->as<TextLiteral>();
@@ -171,7 +170,7 @@ void Renderer::instr(const Call &call, const Expression &self)
 
 void Renderer::concatenation(const Chain &chain)
 {
-    const Pieces pieces(*this, piecesOfCall, chain.first->position);
+    const OpenTokens open(*this, open_tokens::call, chain.first->position);
     std::vector<const Expression *> operands{chain.first.get()};
     for (const Chain::Link &link : chain.links)
         operands.push_back(link.operand.get());
@@ -225,7 +224,7 @@ void Renderer::joined(const Expression &expression)
 /// A value of any type but binary as a text, Null as Null.
 void Renderer::asText(const Expression &expression)
 {
-    const Pieces pieces(*this, piecesOfSingle, expression.position);
+    const OpenTokens open(*this, open_tokens::singleArgument, expression.position);
     if (expression.type == Type::Text || expression.type == Type::Null)
         return value(expression);
     beginCall(expression.type == Type::Date ? "datetext" : "text");

@@ -1,3 +1,4 @@
+#include "database/dialect/open_tokens.h"
 #include "database/dialect/renderer.h"
 #include "database/dialect/text_match.h"
 
@@ -8,15 +9,6 @@
 namespace ebtq::db {
 
 namespace {
-
-/// What is open of each form while its last part is read: "a + (" has three pieces open.
-constexpr int piecesOfBracket = 1;
-constexpr int piecesOfOperator = 2;
-constexpr int piecesOfCondition = 3;
-constexpr int piecesOfCall = 5;
-constexpr int piecesOfList = 5;
-constexpr int piecesOfRange = 4;
-constexpr int piecesOfSelect = 15;
 
 /// What comes out as one piece that no operator beside it can tear apart.
 bool isAtomic(const Expression &expression)
@@ -99,7 +91,7 @@ void Renderer::value(const Expression &expression)
     }
     if (expression.type != Type::Condition)
         return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
-    const Pieces pieces(*this, piecesOfCondition, expression.position);
+    const OpenTokens open(*this, open_tokens::condition, expression.position);
     write("(-(");
     bareCondition(expression);
     write(')');
@@ -110,7 +102,7 @@ void Renderer::value(const Expression &expression)
 /// One of group by has to stand there as it does in that clause.
 void Renderer::condition(const Expression &expression)
 {
-    if (!m_dialect.eachSideSaysCaseless || !expression.isGrouped || expression.type != Type::Condition)
+    if (!m_dialect.bothSidesNeedCollation || !expression.isGrouped || expression.type != Type::Condition)
         return bareCondition(expression);
     value(expression);
     write("<>0");
@@ -128,7 +120,7 @@ void Renderer::bareCondition(const Expression &expression)
 
 void Renderer::bracketed(const Expression &expression, void (Renderer::*writeInside)(const Expression &))
 {
-    const Pieces pieces(*this, piecesOfBracket, expression.position);
+    const OpenTokens open(*this, open_tokens::bracket, expression.position);
     write('(');
     (this->*writeInside)(expression);
     write(')');
@@ -158,26 +150,26 @@ void Renderer::comparedText(const Expression &expression, bool needsNoCase)
     write(m_dialect.caselessCollation);
 }
 
-/// What is compared with a text that is caseless already. A literal takes over what stands beside it.
-void Renderer::otherSide(const Expression &expression)
+/// What is compared with a case-insensitive text. A literal inherits the other side's collation.
+void Renderer::comparedOperand(const Expression &expression)
 {
-    comparedText(expression, m_dialect.eachSideSaysCaseless && !expression.as<TextLiteral>());
+    comparedText(expression, m_dialect.bothSidesNeedCollation && !expression.as<TextLiteral>());
 }
 
 /// Between its words a grammar takes a collation in brackets only.
 void Renderer::bound(const Expression &expression)
 {
-    if (!m_dialect.eachSideSaysCaseless)
+    if (!m_dialect.bothSidesNeedCollation)
         return operand(expression);
     write('(');
-    otherSide(expression);
+    comparedOperand(expression);
     write(')');
 }
 
 /// An expression of group by, where the engine knows it again by its form only.
 bool Renderer::isGroupedText(const Expression &expression) const
 {
-    return m_dialect.eachSideSaysCaseless && expression.isGrouped && isBareText(expression);
+    return m_dialect.bothSidesNeedCollation && expression.isGrouped && isBareText(expression);
 }
 
 void Renderer::real(const Expression &expression)
@@ -198,13 +190,13 @@ void Renderer::list(const std::vector<ExpressionPtr> &expressions, size_t from)
     }
 }
 
-void Renderer::otherSides(const std::vector<ExpressionPtr> &expressions)
+void Renderer::comparedOperands(const std::vector<ExpressionPtr> &expressions)
 {
     for (size_t at = 0; at < expressions.size(); ++at) {
         if (at > 0)
             write(',');
-        if (m_dialect.eachSideSaysCaseless)
-            otherSide(*expressions[at]);
+        if (m_dialect.bothSidesNeedCollation)
+            comparedOperand(*expressions[at]);
         else
             value(*expressions[at]);
     }
@@ -264,7 +256,7 @@ void Renderer::node(const ColumnReference &reference, const Expression &)
 
 void Renderer::node(const Negation &negation, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfOperator, self.position);
+    const OpenTokens open(*this, open_tokens::operation, self.position);
     write("(-");
     if (negation.operand->type == Type::Null)
         real(*negation.operand);
@@ -275,15 +267,15 @@ void Renderer::node(const Negation &negation, const Expression &self)
 
 void Renderer::node(const Comparison &comparison, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfOperator, self.position);
+    const OpenTokens open(*this, open_tokens::operation, self.position);
     const Expression &left = *comparison.left;
     const Expression &right = *comparison.right;
     const bool isEquality = comparison.op == Operator::Equal || comparison.op == Operator::NotEqual;
     const bool hasNoCase = isEquality && (isCaselessLiteral(left) || isCaselessLiteral(right));
-    if (m_dialect.eachSideSaysCaseless && !hasNoCase) {
+    if (m_dialect.bothSidesNeedCollation && !hasNoCase) {
         comparedText(left, !left.as<TextLiteral>() || right.as<TextLiteral>());
         write(wordOf(comparison.op));
-        return otherSide(right);
+        return comparedOperand(right);
     }
     comparedText(left, !isColumn(right) && !hasNoCase);
     write(wordOf(comparison.op));
@@ -302,7 +294,7 @@ void Renderer::node(const LikeTest &test, const Expression &)
         textLiteral(contained);
         return write(test.negated ? ")=0" : ")>0");
     }
-    const Pieces pieces(*this, piecesOfCall, test.pattern->position);
+    const OpenTokens open(*this, open_tokens::call, test.pattern->position);
     if (test.negated)
         write("NOT ");
     beginCall("like");
@@ -314,25 +306,25 @@ void Renderer::node(const LikeTest &test, const Expression &)
 
 void Renderer::node(const ListTest &test, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfList, self.position);
+    const OpenTokens open(*this, open_tokens::list, self.position);
     caseless(*test.value);
     write(test.negated ? " NOT IN (" : " IN (");
-    otherSides(test.items);
+    comparedOperands(test.items);
     write(')');
 }
 
 void Renderer::node(const SelectTest &test, const Expression &self)
 {
     caseless(*test.value);
-    const Pieces pieces(*this, piecesOfSelect, self.position);
+    const OpenTokens open(*this, open_tokens::subSelect, self.position);
     write(test.negated ? " NOT IN (" : " IN (");
-    select(*test.select, false, false, m_dialect.eachSideSaysCaseless);
+    select(*test.select, false, false, m_dialect.bothSidesNeedCollation);
     write(')');
 }
 
 void Renderer::node(const RangeTest &test, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfRange, self.position);
+    const OpenTokens open(*this, open_tokens::range, self.position);
     caseless(*test.value);
     write(test.negated ? " NOT BETWEEN " : " BETWEEN ");
     bound(*test.low);
@@ -348,14 +340,14 @@ void Renderer::node(const NullTest &test, const Expression &)
 
 void Renderer::node(const Not &negation, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfOperator, self.position);
+    const OpenTokens open(*this, open_tokens::operation, self.position);
     write("NOT ");
     bracketed(*negation.operand, &Renderer::condition);
 }
 
 void Renderer::node(const ExistsTest &test, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfSelect, self.position);
+    const OpenTokens open(*this, open_tokens::subSelect, self.position);
     write("EXISTS (");
     select(*test.select);
     write(')');
@@ -363,7 +355,7 @@ void Renderer::node(const ExistsTest &test, const Expression &self)
 
 void Renderer::node(const SubSelect &inner, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfSelect, self.position);
+    const OpenTokens open(*this, open_tokens::subSelect, self.position);
     write('(');
     select(*inner.select, false, true);
     write(')');
@@ -375,29 +367,41 @@ void Renderer::node(const Conversion &conversion, const Expression &self)
         return typedNull(*conversion.operand, self.type);
     if (self.type == Type::Text)
         return asText(*conversion.operand);
-    const Pieces pieces(*this, piecesOfCall, self.position);
+    const OpenTokens open(*this, open_tokens::call, self.position);
     beginCall(self.type == Type::Date ? "cdate" : self.type == Type::Integer ? "clng" : "cdbl");
     value(*conversion.operand);
     write(')');
 }
 
-/// A bare NULL of a sub-select would be taken for a text.
+/// A bare NULL would be taken for a text, or for no type at all.
 void Renderer::typedNull(const Expression &null, Type type)
 {
     const bool isBare = !m_dialect.typesNull || type == Type::Null;
     if (isBare)
         return value(null);
     write("CAST(NULL AS ");
-    write(type == Type::Date     ? "timestamp"
-          : type == Type::Binary ? "bytea"
-          : type == Type::Text   ? "citext"
-                                 : m_dialect.realType);
+    switch (type) {
+    case Type::Date:
+        write("timestamp");
+        break;
+    case Type::Binary:
+        write("bytea");
+        break;
+    case Type::Text:
+        write("citext");
+        break;
+    case Type::Number:
+        write(m_dialect.realType);
+        break;
+    default:
+        write("integer");
+    }
     write(')');
 }
 
 void Renderer::node(const Chain &chain, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfOperator, self.position);
+    const OpenTokens open(*this, open_tokens::operation, self.position);
     switch (chain.links.front().op) {
     case Operator::And:
         return junction(chain, " AND ");
@@ -442,7 +446,7 @@ void Renderer::junction(const Chain &chain, const char *word)
 void Renderer::rare(const Expression &expression)
 {
     const bool isSaid = *m_dialect.rareCondition != '\0';
-    const Pieces pieces(*this, piecesOfCall, expression.position);
+    const OpenTokens open(*this, open_tokens::call, expression.position);
     if (isSaid) {
         write(m_dialect.rareCondition);
         write('(');
@@ -472,7 +476,7 @@ void Renderer::quotients(const Chain &chain)
         std::ranges::find(chain.links, Operator::Divide, &Chain::Link::op) != chain.links.end();
     if (!divides)
         return arithmetic(chain);
-    const Pieces pieces(*this, piecesOfOperator, chain.first->position);
+    const OpenTokens open(*this, open_tokens::operation, chain.first->position);
     real(*chain.first);
     for (const Chain::Link &link : chain.links) {
         write(wordOf(link.op));
@@ -488,7 +492,7 @@ void Renderer::quotients(const Chain &chain)
 /// a \ b \ c as f(f(a,b),c).
 void Renderer::nestedCalls(const Chain &chain, const Expression &self)
 {
-    const Pieces pieces(*this, piecesOfCall * static_cast<int>(chain.links.size()), self.position);
+    const OpenTokens open(*this, open_tokens::call * static_cast<int>(chain.links.size()), self.position);
     for (auto link = chain.links.rbegin(); link != chain.links.rend(); ++link)
         beginCall(link->op == Operator::Power ? "power" : link->op == Operator::Modulo ? "mod" : "intdiv");
     value(*chain.first);

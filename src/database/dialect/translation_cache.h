@@ -7,7 +7,7 @@
 
 namespace ebtq::db {
 
-/// The translations of the shapes used last. To be cleared whenever the catalog is another.
+/// The translations of the shapes used last. Clear when the catalog changes.
 class TranslationCache
 {
 public:
