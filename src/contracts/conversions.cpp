@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -123,6 +124,17 @@ std::optional<double> wholeNumberOf(const QVariant &value)
     return read && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
+/// The ASCII character that a full-width one or a blank stands for. No compatible form of Unicode: "10²" is
+/// not 102.
+QChar plainCharacter(QChar character)
+{
+    constexpr char16_t first = u'！';
+    constexpr char16_t last = u'～';
+    if (character.unicode() >= first && character.unicode() <= last)
+        return QChar(character.unicode() - first + u'!');
+    return character.isSpace() ? QChar(u' ') : character;
+}
+
 } // namespace
 
 double Val(const QString &text)
@@ -138,15 +150,16 @@ double Val(const QVariant &value)
 std::optional<QString> TypedNumber(const QString &text)
 {
     static const QRegularExpression number(
-        QStringLiteral(R"(\A[+-]?(?:(?:\d+|\d{1,3}(?:,\d{3})+)(?:\.\d*)?|\.\d+)(?:[Ee][+-]?\d{1,3})?\z)"));
-    // The compatible form has ASCII digits, signs, points and commas in place of full-width ones.
-    QString plain = text.normalized(QString::NormalizationForm_KC);
-    plain.removeIf([](QChar character) { return character.isSpace(); });
+        QStringLiteral(R"(\A[+-]?(?:(?:\d+|\d{1,3}(?:[, ]\d{3})+)(?:\.\d*)?|\.\d+)(?:[Ee][+-]?\d{1,3})?\z)"));
+    QString plain = text;
+    std::transform(plain.begin(), plain.end(), plain.begin(), plainCharacter);
+    plain = Trim(plain);
     if (plain.isEmpty())
         return plain;
     if (!number.match(plain).hasMatch())
         return std::nullopt;
-    return plain.remove(u',');
+    plain.removeIf([](QChar character) { return character == u',' || character == u' '; });
+    return wholeNumberOf(plain) ? std::optional(plain) : std::nullopt;
 }
 
 QString NumberText(double number)

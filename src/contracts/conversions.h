@@ -13,8 +13,9 @@ namespace ebtq {
 [[nodiscard]] double Val(const QString &text);
 [[nodiscard]] double Val(const QVariant &value);
 
-/// A number that a person typed, as `Val` reads it: full-width digits, thousands separators and blanks become
-/// plain digits. Empty for blanks alone, nothing for a text that is no number from end to end.
+/// A number that a person typed, as `Val` reads it: full-width digits become plain ones, blanks around it and
+/// commas or blanks between thousands go. Empty for blanks alone, nothing for a text that is no number from
+/// end to end.
 [[nodiscard]] std::optional<QString> TypedNumber(const QString &text);
 
 /// A number in the shortest form, without a trailing ".0"; with an exponent from 1E+15 on.
