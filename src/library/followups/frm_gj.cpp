@@ -190,7 +190,7 @@ void FrmGj::openReminder(bool open)
 /// Nothing is required: an empty follow-up can be saved.
 bool FrmGj::DoSave()
 {
-    return trapped(u"-->DoSave::", [this] { return save(); });
+    return trapped(u"-->DoSave::", [this] { return DoCheckTyped() && save(); });
 }
 
 bool FrmGj::save()

@@ -19,7 +19,7 @@ constexpr std::pair<int, QStringView> requiredFields[] = {
 
 bool FrmFx::DoCheck()
 {
-    return DoCheckRequired(requiredFields) && DoCheckNumbers();
+    return DoCheckTyped() && DoCheckRequired(requiredFields);
 }
 
 bool FrmFx::DoSave()

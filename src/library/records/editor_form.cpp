@@ -135,14 +135,20 @@ void EditorForm::connectField(qzTxt_S &field)
 
 void EditorForm::reset()
 {
-    m_triedKey.clear();
-    m_takenNumber.clear();
+    beginNew();
     emptyFields();
     for (const auto &control : controls()) {
         control->setVisible(true);
         control->setEnabled(true);
     }
     InitFields();
+}
+
+void EditorForm::beginNew()
+{
+    m_triedKey.clear();
+    m_takenNumber.clear();
+    m_loaded.clear();
 }
 
 void EditorForm::emptyFields()

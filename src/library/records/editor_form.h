@@ -108,6 +108,8 @@ protected:
     void emptyFields();
     /// What is on the form now is what it was opened with.
     void clearDirty();
+    /// The form shows a new row, whose document number and key are still to come.
+    void beginNew();
     /// Enables or disables everything that can be filled in but the `fixed` fields, which are never typed.
     void setTypesEnabled(bool enabled, std::initializer_list<int> fixed);
     /// The signed-in user as the author, by id and name.
@@ -125,9 +127,10 @@ protected:
 
     /// True when all have a text; the first that has none is named and gets the keyboard.
     bool DoCheckRequired(std::span<const RequiredField> required);
-    /// Typed numbers in the form that `Val` reads. False when one is none: the user has been told and the
-    /// field has the keyboard.
-    bool DoCheckNumbers();
+    /// Checks what was typed and not checked yet, since a save can come without the keyboard leaving the
+    /// field, and brings numbers into the form that `Val` reads. False when a field refuses: the user has
+    /// been told and the field has the keyboard.
+    bool DoCheckTyped();
     /// The document number to be saved, from field 0, for a new row from the host, which may give another one
     /// than the screen shows. A number that a failed save has taken is kept for the next attempt, so that
     /// none is left out. Nothing when there is none; the user has been told.
@@ -166,6 +169,7 @@ private:
     [[nodiscard]] HeldText heldTexts() const;
     [[nodiscard]] QString titleOf(const RecordColumn &column) const;
     [[nodiscard]] bool isNumber(const qzTxt_S &field) const;
+    [[nodiscard]] bool takeNumber(qzTxt_S &field) const;
 
     // Saving
     void saveAndClose();

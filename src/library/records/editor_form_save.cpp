@@ -57,17 +57,10 @@ bool EditorForm::DoCheckRequired(std::span<const RequiredField> required)
     return true;
 }
 
-/// A field whose text is looked up may hold a name, of which `Val` takes what it can.
-bool EditorForm::DoCheckNumbers()
+bool EditorForm::DoCheckTyped()
 {
     for (qzTxt_S *field : m_fields) {
-        if (!isNumber(*field))
-            continue;
-        if (const auto number = TypedNumber(field->Text())) {
-            field->setText(*number);
-            continue;
-        }
-        if (fieldOf(field->Index()).lookUp.kind != LookUp::None)
+        if ((!field->isTyped() || field->check()) && takeNumber(*field))
             continue;
         desktop().messageBox(field->error_message(), messageTitle(), Desktop::Icon::Information,
                              Desktop::Buttons::Ok);
@@ -75,6 +68,16 @@ bool EditorForm::DoCheckNumbers()
         return false;
     }
     return true;
+}
+
+/// A field whose text is looked up may hold a name, of which `Val` takes what it can.
+bool EditorForm::takeNumber(qzTxt_S &field) const
+{
+    if (!isNumber(field))
+        return true;
+    const auto number = TypedNumber(field.Text());
+    field.setText(number.value_or(field.Text()));
+    return number || fieldOf(field.Index()).lookUp.kind != LookUp::None;
 }
 
 std::optional<QString> EditorForm::documentNumber(bool isNew, const NumberRule &rule)
@@ -140,8 +143,7 @@ std::optional<EditorForm::SavedRow> EditorForm::write(const QString &id)
     const QString key = isNew ? newKey() : id;
     if (!(isNew && !tried->isValid() ? insert(key) : update(key)))
         return std::nullopt;
-    m_triedKey.clear();
-    m_takenNumber.clear();
+    beginNew();
     return SavedRow{key, isNew};
 }
 

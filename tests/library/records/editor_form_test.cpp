@@ -24,9 +24,9 @@ protected:
 TEST_F(EditorFormTest, NumbersAreReadAsPeopleTypeThem)
 {
     const QString id = makeListing();
-    const QString cases =
-        u"２６０ 260|1,250 1250|1\u3000250.5 1250.5|１，２５０．５ 1250.5|-3 -3|.5 0.5|1E3 1000| 0|"
-        u"   0"_qs;
+    const QString cases = u"２６０ 260|1,250 1250|1\u3000250.5 1250.5|１，２５０．５ 1250.5|1 250　000 "
+                          u"1250000|-3 -3|.5 0.5|1E3 1000| 0|"
+                          u"   0"_qs;
     for (const QString &each : cases.split(u'|')) {
         const QString typed = each.section(u' ', 0, -2);
         open(id, [&] {
@@ -40,7 +40,8 @@ TEST_F(EditorFormTest, NumbersAreReadAsPeopleTypeThem)
 TEST_F(EditorFormTest, WhatIsNoNumberIsRefusedAtTheFieldAndAtTheSave)
 {
     const QString id = makeListing();
-    for (const QString &typed : u"26abc|一百|1,25|12万|1.2.3|0x1F|--1|1e9999"_qs.split(u'|')) {
+    for (const QString &typed :
+         u"26abc|一百|1,25|12万|1.2.3|0x1F|--1|1e9999|1e400|10²|½|12 50|1,250,0"_qs.split(u'|')) {
         open(id, [&] {
             qzTxt_S &area = form.qzFcTxt(Number::Area);
             area.type(typed);
@@ -51,6 +52,20 @@ TEST_F(EditorFormTest, WhatIsNoNumberIsRefusedAtTheFieldAndAtTheSave)
         });
     }
     EXPECT_EQ(events, QStringList()) << "nothing saved, nothing closed";
+}
+
+TEST_F(EditorFormTest, ASaveChecksWhatWasTypedAndNotLeft)
+{
+    const QString id = makeListing();
+    open(id, [&] {
+        form.qzFcTxt(Number::Deal).type(u"交换"_qs);
+        desktop.willChoose(0);
+        desktop.willAnswer(Ok);
+        EXPECT_FALSE(form.mayClose());
+        EXPECT_EQ(asked().value(1), u"提示:|交易输入有误，请重新输入！");
+        EXPECT_EQ(text(Number::Deal), u"交换");
+    });
+    EXPECT_EQ(stored(u"交易方式"_qs), u"出售");
 }
 
 TEST_F(EditorFormTest, AChangedFormAsksBeforeItCloses)
@@ -182,6 +197,26 @@ TEST_F(EditorFormTest, OnlyARealDifferenceIsAskedAbout)
     saveAfter(u"业主='旧'"_qs, u"137"_qs); // the later write wins where the host wants it so
     EXPECT_EQ(stored(u"业主 & 手机"_qs), u"陈先生137");
     EXPECT_EQ(asked(), QStringList());
+}
+
+TEST_F(EditorFormTest, AnEarlierAttemptOfItsOwnIsNoColleaguesChange)
+{
+    open(makeListing(), [] {});
+    open({}, [&] {
+        fill(form, required);
+        app.asRun = [&](const SqlText &sql) {
+            if (!sql.text().startsWith(u"insert"))
+                return sql;
+            connection->execute(sql);
+            return SqlText(u"answer lost"_qs);
+        };
+        save(Ok);
+        form.qzFcTxt(Number::Owner).setText(u"王女士"_qs);
+        (void)asked();
+        save(No);
+        EXPECT_EQ(asked(), QStringList(u"提示:|是否继续新建?"_qs));
+    });
+    EXPECT_EQ(events, u"new closed"_qs.split(u' '));
 }
 
 TEST_F(EditorFormTest, ANumberTakenByARefusedSaveIsUsedByTheNext)

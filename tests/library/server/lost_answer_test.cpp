@@ -138,6 +138,28 @@ TEST_F(TwoPeopleTest, NoChangeSlipsBetweenTheLookAndTheSave)
     EXPECT_EQ(stored(u"业主 & 手机"_qs), u"新138");
 }
 
+TEST_F(TwoPeopleTest, AServerLostBetweenTheLookAndTheSaveSavesNothing)
+{
+    const QString id = makeListing();
+    open(id, [&] {
+        form.qzFcTxt(EditorNumber::Owner).setText(u"新"_qs);
+        app.asRun = [this](const SqlText &sql) {
+            if (sql.text().startsWith(u"update fyxx set 房源编号"))
+                db::Connection::open(url())->queryNative(
+                    "select pg_terminate_backend(pid) from pg_stat_activity"
+                    " where datname=current_database() and pid<>pg_backend_pid()");
+            return sql;
+        };
+        save(Desktop::Answer::Ok);
+        EXPECT_THAT(onlyMessage(), HasSubstr("没有保存"));
+        EXPECT_EQ(text(EditorNumber::Owner), u"新");
+        EXPECT_EQ(stored(u"业主"_qs), u"陈先生");
+        app.asRun = [](const SqlText &sql) { return sql; };
+        save();
+    });
+    EXPECT_EQ(stored(u"业主"_qs), u"新");
+}
+
 TEST_F(LostAnswerTest, AFollowUpIsWrittenOnce)
 {
     FrmGj followUp(desktop);
