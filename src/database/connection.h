@@ -89,6 +89,8 @@ public:
     /// Nothing when none is open. Never throws.
     virtual void rollback() noexcept = 0;
     [[nodiscard]] virtual bool inTransaction() const = 0;
+    /// Every statement that writes will fail: the file is only to be read by this user.
+    [[nodiscard]] virtual bool isReadOnly() const = 0;
 
     [[nodiscard]] virtual const Dialect &dialect() const = 0;
     /// How the engine writes definitions, and native statements that make what the tables rest on where it is

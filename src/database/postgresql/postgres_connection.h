@@ -29,6 +29,9 @@ public:
     void rollback() noexcept override { m_session.rollback(); }
     [[nodiscard]] bool inTransaction() const override { return m_session.inTransaction(); }
 
+    /// A session only begins with a server that can be written.
+    [[nodiscard]] bool isReadOnly() const override { return false; }
+
     [[nodiscard]] const Dialect &dialect() const override;
     [[nodiscard]] const DdlWords &ddlWords() const override;
     [[nodiscard]] QByteArray missingFoundation() override;

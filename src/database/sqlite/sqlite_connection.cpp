@@ -11,6 +11,8 @@
 
 #include <sqlite3.h>
 
+#include <sys/stat.h>
+
 namespace ebtq::db {
 
 namespace {
@@ -53,13 +55,24 @@ Catalog readCatalog(SqliteConnection &connection)
     return catalog;
 }
 
-/// Neither the file nor its folder can be written and no log lies beside it: nothing can change under a
-/// reader, and the engine need not make its own files there.
-bool isSealed(const QString &location)
+/// A database holds what nobody else is to read; logs get the access of their database from the engine.
+class PrivateFiles
 {
-    const QFileInfo file(location);
-    return !file.isWritable() && !QFileInfo(file.absolutePath()).isWritable() &&
-           !QFileInfo::exists(location + QStringLiteral("-wal"));
+public:
+    PrivateFiles()
+        : m_before(::umask(0177))
+    {}
+    PrivateFiles(const PrivateFiles &) = delete;
+    PrivateFiles &operator=(const PrivateFiles &) = delete;
+    ~PrivateFiles() { ::umask(m_before); }
+
+private:
+    mode_t m_before;
+};
+
+bool isPlainFile(const QString &location)
+{
+    return !location.startsWith(u"file:") && location != u":memory:";
 }
 
 int openFlags(Connection::Missing missing)
@@ -79,30 +92,50 @@ void SqliteConnection::Closer::operator()(sqlite3 *handle) const
 SqliteConnection::SqliteConnection(const QString &location, Missing missing)
     : m_location(location)
 {
-    const bool plainFile = !location.startsWith(u"file:") && location != u":memory:";
+    const bool plainFile = isPlainFile(location);
     if (plainFile && missing == Missing::IsAnError && !QFileInfo::exists(location))
         throw DatabaseError(QStringLiteral("找不到数据库文件：%1").arg(location));
-    open(location, missing);
     try {
+        open(location, missing);
         configure(missing);
-    } catch (const DatabaseError &) {
-        if (!plainFile || !isSealed(location))
+    } catch (const DatabaseError &failure) {
+        if (!plainFile)
             throw;
-        open(QStringLiteral("file:%1?immutable=1")
-                 .arg(QString::fromLatin1(QUrl::toPercentEncoding(location, "/"))),
-             missing);
-        configure(missing);
+        if (isOnReadOnlyMount(location)) {
+            openSealed();
+            return;
+        }
+        const QString obstacle = folderObstacle(location);
+        throw obstacle.isEmpty() ? failure : DatabaseError(QStringLiteral("无法打开数据库文件！") + obstacle);
     }
+}
+
+/// Nothing can change under a reader there, and the engine need not make its own files. What lies in a log
+/// would be missed.
+void SqliteConnection::openSealed()
+{
+    if (QFileInfo(m_location + QStringLiteral("-wal")).size() > 0)
+        throw DatabaseError(QStringLiteral("磁盘是只读的，数据库旁的日志（-wal）无法并入，"
+                                           "请把两个文件一起复制到可写的文件夹中打开！"));
+    open(QStringLiteral("file:%1?immutable=1")
+             .arg(QString::fromLatin1(QUrl::toPercentEncoding(m_location, "/"))),
+         Missing::IsAnError);
+    configure(Missing::IsAnError);
 }
 
 void SqliteConnection::open(const QString &location, Missing missing)
 {
     sqlite3 *handle = nullptr;
+    const PrivateFiles masked;
     const int result = sqlite3_open_v2(location.toUtf8().constData(), &handle, openFlags(missing), nullptr);
     m_statements.reset();
     m_handle.reset(handle);
     if (result != SQLITE_OK)
         fail();
+    // The engine's own name of a file is that behind a link.
+    m_path = isPlainFile(location) ? QFileInfo(location).absoluteFilePath()
+                                   : QString::fromUtf8(sqlite3_db_filename(handle, "main"));
+    m_file = FileIdentity::of(m_path);
 }
 
 SqliteConnection::~SqliteConnection()
@@ -114,6 +147,7 @@ SqliteConnection::~SqliteConnection()
 void SqliteConnection::configure(Missing missing)
 {
     sqlite3_extended_result_codes(m_handle.get(), 1);
+    distrust(m_handle.get());
     setLockTimeout(5000);
     registerFunctions(m_handle.get());
     m_statements = std::make_unique<StatementCache>(m_handle.get());
@@ -126,7 +160,7 @@ void SqliteConnection::configure(Missing missing)
     if (isNew)
         run("pragma page_size=16384");
     // Somebody else's database is looked at, not changed.
-    if ((isNew || isOurs) && !sqlite3_db_readonly(m_handle.get(), "main"))
+    if ((isNew || isOurs) && !isReadOnly())
         run("pragma journal_mode=wal");
     run("pragma synchronous=full; pragma temp_store=memory; pragma cache_size=-65536");
 }
@@ -179,6 +213,8 @@ ListCounts SqliteConnection::countsFor(const Translation &translation)
 qint64 SqliteConnection::execute(const SqlText &statement)
 {
     return runTranslated(statement, [this](const Translation &translation, sqlite3_stmt *prepared) -> qint64 {
+        if (translation.kind != StatementKind::Select && !inTransaction())
+            requireSameFile();
         int result = sqlite3_step(prepared);
         while (result == SQLITE_ROW)
             result = sqlite3_step(prepared);
@@ -243,6 +279,7 @@ void SqliteConnection::begin(Flush)
 {
     if (inTransaction())
         throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
+    requireSameFile();
     run("begin immediate");
 }
 
@@ -261,7 +298,20 @@ void SqliteConnection::beginReading()
 
 void SqliteConnection::commit()
 {
+    requireSameFile();
     run("commit");
+}
+
+void SqliteConnection::requireSameFile()
+{
+    if (m_path.isEmpty())
+        return;
+    int moved = 0;
+    sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    if (moved != 0 || FileIdentity::of(m_path) != m_file)
+        throw DatabaseError(QStringLiteral("数据库文件已被移动、删除或替换，未保存！"
+                                           "请记下未保存的内容，重新启动程序后再保存：%1")
+                                .arg(m_path));
 }
 
 void SqliteConnection::rollback() noexcept
@@ -273,6 +323,11 @@ void SqliteConnection::rollback() noexcept
 bool SqliteConnection::inTransaction() const
 {
     return sqlite3_get_autocommit(m_handle.get()) == 0;
+}
+
+bool SqliteConnection::isReadOnly() const
+{
+    return sqlite3_db_readonly(m_handle.get(), "main") == 1;
 }
 
 const Dialect &SqliteConnection::dialect() const

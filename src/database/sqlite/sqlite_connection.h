@@ -3,6 +3,7 @@
 #include "database/connection.h"
 #include "database/dialect/translation_cache.h"
 #include "database/list_counts.h"
+#include "database/sqlite/file_state.h"
 #include "database/sqlite/statement_cache.h"
 
 #include <memory>
@@ -35,6 +36,7 @@ public:
     void commit() override;
     void rollback() noexcept override;
     [[nodiscard]] bool inTransaction() const override;
+    [[nodiscard]] bool isReadOnly() const override;
 
     [[nodiscard]] const Dialect &dialect() const override;
     [[nodiscard]] const DdlWords &ddlWords() const override;
@@ -54,7 +56,10 @@ private:
     };
 
     void open(const QString &location, Missing missing);
+    void openSealed();
     void configure(Missing missing);
+    /// Throws when another file, or none, stands under the name by now: nobody would find what is written.
+    void requireSameFile();
     template<class Run> auto runTranslated(const SqlText &statement, Run run);
     /// Prepares the statement, by its shape where it has one, and hands it to `run` with its values bound.
     template<class Run> auto runPrepared(const SqlText &statement, Run run);
@@ -67,6 +72,8 @@ private:
     [[noreturn]] void fail();
 
     QString m_location;
+    QString m_path; ///< empty for a database in memory
+    FileIdentity m_file;
     std::unique_ptr<sqlite3, Closer> m_handle;
     std::unique_ptr<StatementCache> m_statements;
     TranslationCache m_translations; ///< by the catalog as it was read

@@ -1,5 +1,7 @@
 #include "database/sqlite/sqlite_error.h"
 
+#include "database/sqlite/file_state.h"
+
 #include <QRegularExpression>
 
 #include <sqlite3.h>
@@ -23,8 +25,11 @@ constexpr Message messages[] = {
     {SQLITE_CONSTRAINT, u"数据不符合规定，未保存！"},
     {SQLITE_BUSY, u"数据库正被其他程序占用，请稍后重试！"},
     {SQLITE_LOCKED, u"数据库正被其他程序占用，请稍后重试！"},
+    {SQLITE_READONLY_DBMOVED, u"数据库文件已被移动或删除，未保存！"},
+    {SQLITE_READONLY_DIRECTORY, u"数据库所在的文件夹不可写，不能保存！"},
     {SQLITE_READONLY, u"数据库是只读的，不能保存！"},
     {SQLITE_FULL, u"磁盘空间不足，未保存！"},
+    {SQLITE_IOERR_WRITE, u"磁盘空间不足或磁盘出错，未保存！"},
     {SQLITE_IOERR, u"读写数据库文件时出错，请检查磁盘！"},
     {SQLITE_CORRUPT, u"数据库文件已损坏，请用备份恢复！"},
     {SQLITE_NOTADB, u"该文件不是数据库，无法打开！"},
@@ -46,6 +51,15 @@ constexpr struct
     {"no such column: ", u"列 %1 不存在"},
 };
 
+/// The code by which the user understands it: a disk without room even for a log is a failure to open or
+/// write some file to the engine.
+int meantCode(int extended, int systemError)
+{
+    const int code = extended & 0xff;
+    return (code == SQLITE_IOERR || code == SQLITE_CANTOPEN) && isDiskFull(systemError) ? SQLITE_FULL
+                                                                                        : extended;
+}
+
 QString forCode(int extended, const QString &engineText)
 {
     for (const Message &message : messages) {
@@ -60,7 +74,7 @@ QString forCode(int extended, const QString &engineText)
 QString sqliteErrorText(sqlite3 *handle)
 {
     const QString engineText = QString::fromUtf8(sqlite3_errmsg(handle));
-    const int extended = sqlite3_extended_errcode(handle);
+    const int extended = meantCode(sqlite3_extended_errcode(handle), sqlite3_system_errno(handle));
     if ((extended & 0xff) != SQLITE_ERROR)
         return forCode(extended, engineText);
     for (const auto &entry : missing) {

@@ -1,6 +1,7 @@
 #include "database/transfer/whole_file.h"
 
 #include "database/connection.h"
+#include "database/sqlite/file_state.h"
 #include "database/sqlite/sqlite_error.h"
 
 #include <sqlite3.h>
@@ -29,6 +30,7 @@ WholeFile::WholeFile(const QString &path, Access access)
     m_handle.reset(handle);
     if (result != SQLITE_OK)
         throw DatabaseError(QStringLiteral("%1：%2").arg(sqliteErrorText(handle), path));
+    distrust(handle);
     sqlite3_busy_timeout(handle, lockTimeout);
 }
 

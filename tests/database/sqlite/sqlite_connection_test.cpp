@@ -8,8 +8,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 namespace ebtq::db {
 
 namespace {
@@ -116,39 +114,6 @@ TEST_F(SqliteConnectionTest, TransactionsEndOneWayOrTheOther)
     EXPECT_THAT(messageOf([&] { second->begin(); }), HasSubstr("占用"));
     EXPECT_FALSE(second->inTransaction());
     EXPECT_EQ(second->execute(QStringLiteral("select * from t")), 0) << "readers are not kept waiting";
-}
-
-/// Modes of files do not bind root: the test reads as nobody.
-class AsNobody
-{
-public:
-    AsNobody()
-        : m_isRoot(geteuid() == 0 && setresuid(65534, 65534, 0) == 0)
-    {}
-    AsNobody(const AsNobody &) = delete;
-    AsNobody &operator=(const AsNobody &) = delete;
-    ~AsNobody() { EXPECT_TRUE(!m_isRoot || setresuid(0, 0, 0) == 0); }
-
-private:
-    bool m_isRoot;
-};
-
-TEST_F(SqliteConnectionTest, ReadsFromAFolderThatCannotBeWritten)
-{
-    make()->executeNative("create table host_schema(version integer); insert into t(id) values(1)");
-    const QString folder = QFileInfo(path()).absolutePath();
-    constexpr auto readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
-    constexpr auto passable = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
-    ASSERT_TRUE(QFile::setPermissions(path(), readable));
-    ASSERT_TRUE(QFile::setPermissions(folder, readable | passable));
-    {
-        const AsNobody nobody;
-        auto connection = Connection::open(path());
-        EXPECT_EQ(count(*connection), 1);
-        EXPECT_THAT(messageOf([&] { connection->execute(QStringLiteral("delete from t")); }),
-                    HasSubstr("只读"));
-    }
-    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 TEST_F(SqliteConnectionTest, LooksAtAForeignDatabaseWithoutChangingIt)
