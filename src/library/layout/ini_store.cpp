@@ -3,10 +3,12 @@
 #include "contracts/conversions.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStringList>
 
 #include <algorithm>
+#include <optional>
 
 namespace ebtq {
 
@@ -40,18 +42,27 @@ bool isComment(QStringView line)
     return line.startsWith(u';') || line.startsWith(u'#');
 }
 
-QString fileContents(const QString &name)
+/// The file's text; nothing when it is there and could not be read.
+std::optional<QString> fileContents(const QString &name)
 {
     QFile file(name);
-    if (name.isEmpty() || file.size() > largestFile || !file.open(QIODevice::ReadOnly))
-        return {};
-    QString text = QString::fromUtf8(file.read(largestFile));
-    if (text.startsWith(QChar::ByteOrderMark))
-        text.remove(0, 1);
-    return text;
+    if (!name.isEmpty() && file.open(QIODevice::ReadOnly)) {
+        const QByteArray bytes = file.size() > largestFile ? QByteArray() : file.read(largestFile);
+        if (file.error() != QFileDevice::NoError)
+            return std::nullopt;
+        return QString::fromUtf8(bytes.startsWith("\xEF\xBB\xBF") ? bytes.sliced(3) : bytes);
+    }
+    if (name.isEmpty() || !QFileInfo::exists(name))
+        return QString();
+    return std::nullopt;
 }
 
 } // namespace
+
+bool IniStore::isUnreadable(const QString &file)
+{
+    return !fileContents(file);
+}
 
 void IniStore::setFileName(const QString &file)
 {
@@ -59,7 +70,9 @@ void IniStore::setFileName(const QString &file)
     m_sections.clear();
     m_sectionOfName.clear();
     m_isChanged = false;
-    read(fileContents(file));
+    const auto contents = fileContents(file);
+    m_isUnread = !contents;
+    read(contents.value_or(QString()));
 }
 
 void IniStore::read(const QString &text)
@@ -193,7 +206,7 @@ bool IniStore::save()
 {
     if (!m_isChanged)
         return true;
-    if (m_file.isEmpty())
+    if (m_file.isEmpty() || m_isUnread)
         return false;
     QSaveFile file(m_file);
     const QByteArray contents = text();

@@ -13,10 +13,13 @@ namespace ebtq {
 /// (";" or "#") stay where an administrator put them.
 ///
 /// Nothing about the file ever fails but save(): one that is missing, cannot be read or is no such text reads
-/// as far as it can be understood.
+/// as far as it can be understood. One that could not be read is not written over either.
 class IniStore
 {
 public:
+    /// Whether a file is there that cannot be read at this moment.
+    [[nodiscard]] static bool isUnreadable(const QString &file);
+
     /// Reads the file; must come first.
     void setFileName(const QString &file);
 
@@ -36,7 +39,8 @@ public:
     void removeSection(const QString &section);
 
     /// Writes the file when something was changed, as a whole under another name that then takes its place:
-    /// whatever happens meanwhile leaves the old file or the new one. False when it could not be written.
+    /// whatever happens meanwhile leaves the old file or the new one. False when it could not be written,
+    /// or is there and could not be read.
     [[nodiscard]] bool save();
 
 private:
@@ -63,6 +67,7 @@ private:
     std::vector<Section> m_sections;
     QHash<QString, size_t> m_sectionOfName;
     bool m_isChanged = false;
+    bool m_isUnread = false; ///< the file holds what is not here
 };
 
 } // namespace ebtq

@@ -3,6 +3,7 @@
 #include "library/controls/flex_grid.h"
 #include "library/layout/form_status.h"
 #include "library/layout/grid_layout.h"
+#include "library/layout/ini_store.h"
 
 namespace ebtq {
 
@@ -16,6 +17,7 @@ void ListLayout::get(const QString &file)
 {
     setLayoutFile(file);
     watchColumns();
+    m_wasUnread = m_wasUnread || IniStore::isUnreadable(file);
     if (m_isFormRestored)
         return GridRestore(file, m_list, false, app());
     m_isFormRestored = true;
@@ -24,13 +26,14 @@ void ListLayout::get(const QString &file)
 
 bool ListLayout::save(const QString &file)
 {
-    return m_module.sbSaveFormStatus(file, false);
+    return !m_wasUnread && m_module.sbSaveFormStatus(file, false);
 }
 
 void ListLayout::clear()
 {
     setLayoutFile({});
     m_isFormRestored = false;
+    m_wasUnread = false;
 }
 
 void ListLayout::watchColumns()
@@ -43,7 +46,7 @@ void ListLayout::watchColumns()
 
 void ListLayout::saveColumns()
 {
-    if (const QString file = layoutFile(); !file.isEmpty() && !saveGrids(file, controls()))
+    if (const QString file = layoutFile(); !file.isEmpty() && (m_wasUnread || !saveGrids(file, controls())))
         Q_EMIT notSaved(file);
 }
 

@@ -21,7 +21,8 @@ public:
 
     /// What IReportUI_DoGetFormStatus does.
     void get(const QString &file);
-    /// What IReportUI_DoSaveFormStatus does. False when the file could not be written.
+    /// What IReportUI_DoSaveFormStatus does. False when the file could not be written, or holds a layout that
+    /// could not be read when it was asked for: then what the screen shows is not the person's.
     bool save(const QString &file);
     /// A load begins: fields are not restored any more.
     void beginLoad() { m_isFormRestored = true; }
@@ -39,6 +40,7 @@ private:
     Module &m_module;
     VSFlexGrid &m_list;
     bool m_isFormRestored = false;
+    bool m_wasUnread = false;
 };
 
 } // namespace ebtq

@@ -1,5 +1,7 @@
 #include "library/layout/ini_store.h"
 
+#include "support/as_nobody.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -7,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace ebtq;
+using ebtq::test::AsNobody;
 
 namespace {
 
@@ -122,6 +125,16 @@ TEST_F(IniStoreTest, AFileThatCannotBeWrittenStaysAsItWas)
     EXPECT_EQ(contents(), "[Vs]\na=1\n");
     EXPECT_TRUE(store.save());
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList(u"Fcxx.txt"_qs)) << "nothing left over";
+    ASSERT_TRUE(QFile::setPermissions(file, {}) &&
+                QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
+    {
+        const AsNobody nobody; // who may replace the file and not read it
+        IniStore unread = opened();
+        unread.SetInt(u"Vs"_qs, u"a"_qs, 3);
+        EXPECT_FALSE(unread.save());
+    }
+    ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner));
+    EXPECT_EQ(contents(), "[Vs]\na=2\n");
     IniStore folderForFile;
     folderForFile.setFileName(folder.path());
     EXPECT_FALSE(folderForFile.contains(u"Vs"_qs, u"a"_qs));

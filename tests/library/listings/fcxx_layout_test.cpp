@@ -1,5 +1,6 @@
 #include "library/layout/layout_file.h"
 #include "library/listings/fcxx_fixture.h"
+#include "support/as_nobody.h"
 
 #include <QFile>
 
@@ -29,6 +30,28 @@ protected:
         list.IReportUI_Clear();
     }
 };
+
+TEST_F(FcxxLayoutTest, ALayoutThatCouldNotBeReadOnceIsNotReplacedByTheDefault)
+{
+    const auto readable = [this](bool yes) {
+        QFile::setPermissions(layoutFile, yes ? QFile::ReadOwner | QFile::WriteOwner : QFile::Permissions());
+    };
+    QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
+    put(u"Vs"_qs, u"VsColWidth1"_qs, u"1234"_qs);
+    QFile file(layoutFile);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray kept = file.readAll();
+    readable(false);
+    {
+        const AsNobody nobody;
+        open();
+    }
+    readable(true);
+    list.VS().setColWidth(3, 777);
+    close();
+    ASSERT_TRUE(file.seek(0));
+    EXPECT_EQ(kept, QFile(layoutFile).size() == kept.size() ? file.readAll() : QByteArray());
+}
 
 TEST_F(FcxxLayoutTest, AFilterIsBackBeforeTheFirstLoadAndNeverAfter)
 {
