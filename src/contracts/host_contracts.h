@@ -111,6 +111,8 @@ public:
     /// Undoes the whole transaction; nothing when none is open.
     virtual void RollbackTrans() = 0;
     [[nodiscard]] virtual HostDbError LastError() const = 0;
+    /// True when nothing can be saved: whatever writes is then switched off. The rights say so as well.
+    [[nodiscard]] virtual bool ReadOnly() const { return false; }
 };
 
 class HostSession

@@ -24,6 +24,7 @@ public:
     void CommitTrans() override;
     void RollbackTrans() override;
     [[nodiscard]] HostDbError LastError() const override { return m_lastError; }
+    [[nodiscard]] bool ReadOnly() const override { return m_connection.isReadOnly(); }
 
 private:
     class Query;

@@ -16,6 +16,9 @@ SqlText ofUser(const QString &userId, int moduleId)
 
 ModuleRights::ModuleRights(db::Connection &connection, const QString &userId, int moduleId)
 {
+    // Every right is one to write.
+    if (connection.isReadOnly())
+        return;
     const RowBlock rows = connection.query(SqlText(QStringLiteral("select rightID from host_rights")) +
                                            ofUser(userId, moduleId) + QStringLiteral(" and allowed=1"));
     for (qsizetype row = 0; row < rows.rowCount(); ++row)

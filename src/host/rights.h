@@ -11,8 +11,8 @@ namespace ebtq::host {
 class ModuleRights : public HostRights
 {
 public:
-    /// A right is granted by a row that says so and by nothing else: without a row it is refused. Throws
-    /// db::DatabaseError.
+    /// A right is granted by a row that says so and by nothing else: without a row it is refused. In a
+    /// database that cannot be written all are. Throws db::DatabaseError.
     ModuleRights(db::Connection &connection, const QString &userId, int moduleId);
     [[nodiscard]] bool Allowed(int right) const override { return m_allowed.contains(right); }
 

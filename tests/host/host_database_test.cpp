@@ -1,6 +1,7 @@
 #include "host/host_database.h"
 
 #include "host/host_fixture.h"
+#include "host/rights.h"
 #include "host/setup.h"
 #include "support/messages.h"
 
@@ -132,6 +133,36 @@ TEST_F(HostDatabaseTest, ALockedDatabaseCanBeReadAndSaysWhyItIsNotWritten)
     holder->rollback();
     EXPECT_TRUE(locked.NewBillCode(101, loginDate, code, false));
     EXPECT_EQ(locked.LastError().Description, QString());
+}
+
+TEST_F(HostDatabaseTest, ADatabaseThatCannotBeWrittenGivesNoRightToWrite)
+{
+    const QString file = m_folder.filePath(u"agency.db"_qs);
+    const auto connection = db::Connection::open(file, db::Connection::Missing::IsCreated);
+    host::prepareDatabase(*connection);
+    host::grantAll(*connection, agentId);
+    for (const QString &mode : {u"rw"_qs, u"ro"_qs}) {
+        const auto opened = db::Connection::open(u"file:%1?mode=%2"_qs.arg(file, mode));
+        host::Application app(*opened, {agentId, {}, {}}, {m_folder.path(), loginDate}, m_panels);
+        EXPECT_EQ(app.Db().ReadOnly(), mode == u"ro");
+        for (const int right : {RightNew, RightDelete, RightEdit})
+            EXPECT_EQ(app.Rights(101)->Allowed(right), mode == u"rw") << right;
+    }
+}
+
+TEST_F(HostDatabaseTest, ACommitIntoAFileThatWasReplacedIsUndone)
+{
+    const QString file = m_folder.filePath(u"agency.db"_qs);
+    const auto connection = db::Connection::open(file, db::Connection::Missing::IsCreated);
+    host::prepareDatabase(*connection);
+    host::HostDatabase database(*connection);
+    database.BeginTrans();
+    database.CreateQuery(u"delete from host_modules"_qs)->Execute();
+    ASSERT_TRUE(QFile::rename(file, file + u".old"_qs));
+    EXPECT_THROW(database.CommitTrans(), Failure);
+    EXPECT_TRUE(database.LastError().Description.contains(u"已被移动"));
+    EXPECT_EQ(database.CreateQuery(u"select count(*) from host_modules"_qs)->Scalar().toInt(), 7);
+    EXPECT_THROW(database.BeginTrans(), Failure);
 }
 
 TEST_F(HostDatabaseTest, PreparingTwiceKeepsWhatWasSet)

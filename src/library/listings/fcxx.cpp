@@ -191,6 +191,7 @@ void Fcxx::applyRights()
     m_toolbar.setEnabled(QStringLiteral("new"), rights->Allowed(RightNew));
     m_toolbar.setEnabled(QStringLiteral("edit"), rights->Allowed(RightEdit));
     m_toolbar.setEnabled(QStringLiteral("delete"), rights->Allowed(RightDelete));
+    m_toolbar.setEnabled(QStringLiteral("gj"), !app().Db().ReadOnly());
 }
 
 bool Fcxx::IReportUI_Clear()

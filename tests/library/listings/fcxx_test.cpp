@@ -8,6 +8,17 @@ using ebtq::test::FcxxTest;
 
 namespace {
 
+TEST_F(FcxxTest, ADatabaseThatCannotBeWrittenSwitchesOffWhatWrites)
+{
+    const QString file = folder.filePath(u"sealed.db"_qs);
+    connection->executeNative("vacuum into '" + file.toUtf8() + '\'');
+    const auto sealed = db::Connection::open(u"file:%1?mode=ro"_qs.arg(file));
+    host::Application readOnly(*sealed, {u"U1"_qs, {}, {}}, {folder.path(), {}}, panels);
+    list.IReportUI_Init(readOnly, 101);
+    for (const QString &key : {u"new"_qs, u"edit"_qs, u"delete"_qs, u"gj"_qs})
+        EXPECT_FALSE(list.NavToolbar1().isEnabled(key)) << key.toStdString();
+}
+
 TEST_F(FcxxTest, InitSetsUpTheScreenAndLoadsNothing)
 {
     init();
