@@ -49,9 +49,9 @@ void writeMissingParameters(db::Connection &connection)
 
 } // namespace
 
-db::InstallReport prepareDatabase(db::Connection &connection)
+db::InstallReport prepareDatabase(db::Connection &connection, db::Foreign foreign)
 {
-    db::InstallReport report = db::install(connection);
+    db::InstallReport report = db::install(connection, foreign);
     db::Transaction transaction(connection);
     writeModules(connection);
     writeMissingParameters(connection);

@@ -1,5 +1,4 @@
 #include "database/private_arguments.h"
-#include "shell/core_dumps.h"
 #include "shell/guarded_application.h"
 #include "shell/options.h"
 #include "shell/program.h"
@@ -9,7 +8,6 @@
 
 int main(int argc, char **argv)
 {
-    ebtq::shell::forbidCoreDumps();
     ebtq::db::PrivateArguments arguments(argc, argv);
     ebtq::shell::GuardedApplication application(arguments.count(), arguments.values());
     QCoreApplication::setApplicationName(QStringLiteral("ebtq"));

@@ -1,7 +1,7 @@
 #include "shell/sign_in.h"
 
 #include "contracts/host_contracts.h"
-#include "database/private_arguments.h"
+#include "database/schema/identity.h"
 #include "shell/login_dialog.h"
 
 #include <QFileInfo>
@@ -58,27 +58,27 @@ std::unique_ptr<db::Connection> openDatabase(const QString &named)
                           .arg(location));
     try {
         auto connection = db::Connection::open(location);
-        if (connection->catalog().table(u"host_users"))
-            return connection;
+        db::requireCurrent(*connection);
+        return connection;
     } catch (const db::DatabaseError &failure) {
         throw Failure(QStringLiteral("无法打开数据库：%1\n\n%2")
                           .arg(db::Connection::shownLocation(location), failure.message()));
     }
-    throw Failure(QStringLiteral("这不是房源管理的数据库：%1\n\n请用 ebtq-admin init --db 文件 建立数据库。")
-                      .arg(db::Connection::shownLocation(location)));
 }
 
 QString databasePlace(const db::Connection &connection)
 {
     const QString location = connection.location();
-    return (isUrl(location) ? QStringLiteral("数据库 · %1") : QStringLiteral("本地数据库 · %1"))
-        .arg(location);
+    const QString kind = isUrl(location)           ? QStringLiteral("数据库")
+                         : connection.isReadOnly() ? QStringLiteral("本地数据库（只读，不能保存）")
+                                                   : QStringLiteral("本地数据库");
+    return QStringLiteral("%1 · %2").arg(kind, location);
 }
 
 std::optional<host::User> signInUser(db::Connection &connection, const Options &options)
 {
-    if (const auto password = db::takeFromEnvironment(passwordVariable))
-        return host::signIn(connection, options.user, QString::fromLocal8Bit(*password));
+    if (qEnvironmentVariableIsSet(passwordVariable))
+        return host::signIn(connection, options.user, qEnvironmentVariable(passwordVariable));
     if (!options.tour.isEmpty())
         throw Failure(QStringLiteral("自动演示需要用户名（--user）和环境变量 EBTQ_PASSWORD 中的密码。"));
     return askForUser(connection, options.user);

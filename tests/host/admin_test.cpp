@@ -1,3 +1,4 @@
+#include "database/schema/installer.h"
 #include "support/postgres_base.h"
 
 #include <QDir>
@@ -66,7 +67,7 @@ protected:
     }
     void initialise() const
     {
-        const Outcome outcome = run(u"init --db @ --admin 甲"_qs, {}, "secret-1\n");
+        const Outcome outcome = run(u"init --db @ --admin 甲"_qs, {}, "secret\n");
         ASSERT_EQ(outcome.status, 0) << outcome.errors.toStdString();
     }
 
@@ -78,11 +79,8 @@ protected:
 
 TEST_F(AdminTest, InitWritesNothingWithoutAFirstUser)
 {
-    const std::pair<QString, QByteArray> refused[] = {{u"甲"_qs, "\n"},
-                                                      {u"甲"_qs, "1234567\n"},
-                                                      {u"O'Neil"_qs, "secret-1\n"},
-                                                      {u"甲\n乙"_qs, "secret-1\n"},
-                                                      {u" "_qs, "secret-1\n"}};
+    const std::pair<QString, QByteArray> refused[] = {
+        {u"甲"_qs, "\n"}, {u"甲"_qs, ""}, {u"O'Neil"_qs, "x\n"}, {u"甲\n乙"_qs, "x\n"}, {u" "_qs, "x\n"}};
     for (const auto &[name, password] : refused) {
         expectRefusal(run(u"init --db @ --admin"_qs, {name}, password), 1, name);
         expectRefusal(sql(u"select count(*) from host_users"_qs), 1, u"a schema was written"_qs);
@@ -101,6 +99,18 @@ TEST_F(AdminTest, InitMakesTheFirstUserOnce)
                   ->queryNative("select stat+0 from sqlite_stat1 where tbl='host_users'")
                   .cell(0, 0),
               "1");
+}
+
+TEST_F(AdminTest, SomebodyElsesFileIsTakenOverOnlyWhenAsked)
+{
+    db::Connection::open(m_file, db::Connection::Missing::IsCreated)
+        ->executeNative("create table notes(text text); create view 报表 as select 1 as x");
+    for (const QString &call : {u"init --db @"_qs, u"demo --db @"_qs, u"sql --db @ select"_qs})
+        expectRefusal(run(call, {}, "x\n"), 1, call);
+    EXPECT_EQ(run(u"init --db @ --take-over"_qs, {}, "x\n").status, 0);
+    const Outcome checked = run(u"check --db @"_qs);
+    EXPECT_EQ(checked.status, 0);
+    EXPECT_TRUE(checked.output.contains(u"视图 报表")) << checked.output.toStdString();
 }
 
 TEST_F(AdminTest, SqlPrintsRowsAsEscapedLines)
@@ -260,7 +270,9 @@ TEST_F(AdminTest, ADiskThatFillsLeavesNoFileBehind)
 
 TEST_F(AdminTest, APasswordOnTheCommandLineIsSeenByNobody)
 {
-    const QString url = postgresServer();
+    const PostgresBase base;
+    const QString url = base.url();
+    db::install(*db::Connection::open(url));
     const QByteArray secret = url.section(u':', 2).section(u'@', 0, 0).toUtf8();
     for (const QStringList &call : {QStringList({u"sql"_qs, u"--batch"_qs, u"--db"_qs, url}),
                                     QStringList({u"sql"_qs, u"--db="_qs + url, u"--batch"_qs})}) {

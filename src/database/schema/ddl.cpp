@@ -98,6 +98,12 @@ const DdlWords &sqliteWords()
         .autoKeyGuard = "",
         .findIndex = "select 1 from sqlite_master where type='index' and name='%1'",
         .findDamage = "pragma integrity_check(20)",
+        .readMark = "pragma application_id",
+        .writeMark = "pragma application_id=%1",
+        .listTrees = "select name from sqlite_master where type in('table','index')",
+        .lookAtTable = "select 1 from \"%1\" not indexed limit 1",
+        .lookAtIndex = "select 1 from \"%1\" indexed by \"%2\" limit 1",
+        .findRoutines = "select type,name from sqlite_master where type in('trigger','view') order by name",
     };
     return words;
 }
@@ -121,6 +127,15 @@ const DdlWords &postgresWords()
         .findIndex = "select 1 from pg_indexes where schemaname='ebtq' and indexname='%1'",
         .findDamage = "select '索引 '||indexrelid::regclass||' 无效，请执行 reindex' from pg_index"
                       " where not indisvalid",
+        .readMark = "",
+        .writeMark = "",
+        .listTrees = "",
+        .lookAtTable = "",
+        .lookAtIndex = "",
+        .findRoutines = "select 'trigger',tgname from pg_trigger join pg_class c on c.oid=tgrelid"
+                        " where relnamespace='ebtq'::regnamespace and not tgisinternal and tgname<>'keep_key'"
+                        " union select 'view',relname from pg_class"
+                        " where relnamespace='ebtq'::regnamespace and relkind in('v','m') order by 2",
     };
     return words;
 }

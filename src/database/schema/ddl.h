@@ -28,6 +28,16 @@ struct DdlWords
     /// A row when there is an index of the name %1; a row for each damage, in words, or "ok".
     const char *findIndex;
     const char *findDamage;
+    /// The number in a file's header, and what writes %1 there. Empty: a server's schema has a name.
+    const char *readMark;
+    const char *writeMark;
+    /// Names of all tables and indexes, and what reads the first row of table %1 or of its index %2. Empty: a
+    /// server looks after its files.
+    const char *listTrees;
+    const char *lookAtTable;
+    const char *lookAtIndex;
+    /// Kind and name of all triggers and views.
+    const char *findRoutines;
 };
 
 [[nodiscard]] const DdlWords &sqliteWords();

@@ -8,14 +8,6 @@ namespace ebtq::db {
 
 namespace {
 
-int installedVersion(Connection &connection)
-{
-    if (!connection.catalog().table(u"host_schema"))
-        return 0;
-    const RowBlock rows = connection.query(QStringLiteral("select version from host_schema"));
-    return rows.rowCount() == 0 ? 0 : rows.value(0, 0).toInt();
-}
-
 bool hasIndex(Connection &connection, const QString &name)
 {
     const QString statement = QString::fromUtf8(connection.ddlWords().findIndex).arg(name);
@@ -78,6 +70,13 @@ void writeVersion(Connection &connection)
     connection.execute(QStringLiteral("insert into host_schema(version)values(%1)").arg(schemaVersion));
 }
 
+/// A file may also be of an earlier version, which wrote no mark.
+void writeMark(Connection &connection)
+{
+    if (QByteArray statement = connection.ddlWords().writeMark; !statement.isEmpty())
+        connection.executeNative(statement.replace("%1", QByteArray::number(fileMark)));
+}
+
 void findWrongTypes(const TableDefinition &table, const Catalog::Table &present, QStringList &findings)
 {
     for (const ColumnDefinition &column : table.columns) {
@@ -100,15 +99,12 @@ void findDamage(Connection &connection, QStringList &findings)
 
 } // namespace
 
-InstallReport install(Connection &connection)
+InstallReport install(Connection &connection, Foreign foreign)
 {
     InstallReport report;
     Transaction transaction(connection);
-    report.versionBefore = installedVersion(connection);
-    if (report.versionBefore > schemaVersion)
-        throw DatabaseError(QStringLiteral("数据库的版本（%1）比本程序（%2）新，请升级程序！")
-                                .arg(report.versionBefore)
-                                .arg(schemaVersion));
+    requireInstallable(connection, foreign);
+    report.versionBefore = Identity::of(connection).version;
     for (const Gap &gap : findGaps(connection)) {
         if (gap.statement.isEmpty())
             throw DatabaseError(QStringLiteral("缺少%1，它是主键，无法补建，请用备份恢复！").arg(gap.name));
@@ -119,6 +115,7 @@ InstallReport install(Connection &connection)
         dropRetiredIndexes(connection);
         writeVersion(connection);
     }
+    writeMark(connection);
     transaction.commit();
     return report;
 }
@@ -134,20 +131,31 @@ void updateStatistics(Connection &connection)
     connection.executeNative(script);
 }
 
+QStringList foreignRoutines(Connection &connection)
+{
+    QStringList names;
+    const RowBlock found = connection.queryNative(connection.ddlWords().findRoutines);
+    for (qsizetype row = 0; row < found.rowCount(); ++row)
+        names << (found.cell(row, 0) == "view" ? QStringLiteral("视图 %1") : QStringLiteral("触发器 %1"))
+                     .arg(found.value(row, 1).toString());
+    return names;
+}
+
 QStringList checkSchema(Connection &connection)
 {
-    if (!connection.catalog().table(u"host_schema"))
-        return {QStringLiteral("数据库尚未初始化，请先运行 ebtq-admin init！")};
+    const Identity identity = Identity::of(connection);
+    const bool isOwn = identity.standing == Identity::Current || identity.standing == Identity::Older;
     QStringList findings;
+    if (const QString obstacle = identity.obstacle(); !obstacle.isEmpty())
+        findings << obstacle;
+    if (!isOwn)
+        return findings;
     for (const Gap &gap : findGaps(connection))
         findings << QStringLiteral("缺少%1").arg(gap.name);
     for (const TableDefinition &table : schemaTables()) {
         if (const Catalog::Table *present = connection.catalog().table(table.name))
             findWrongTypes(table, *present, findings);
     }
-    const int version = installedVersion(connection);
-    if (version != schemaVersion)
-        findings << QStringLiteral("数据库的版本是 %1，应为 %2").arg(version).arg(schemaVersion);
     findDamage(connection, findings);
     return findings;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/schema/identity.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -19,12 +21,15 @@ struct InstallReport
 /// Makes the schema, or upgrades one of an older version: every table, column and index of this build that is
 /// missing is added in one transaction, nothing is ever dropped or changed but indexes that no statement uses
 /// any more, and the version is written. Doing it again does nothing. Throws DatabaseError, also for a
-/// database of a newer version.
-InstallReport install(Connection &connection);
+/// database of a newer version, and for one that holds tables of others unless that was asked for.
+InstallReport install(Connection &connection, Foreign foreign = Foreign::IsRefused);
 
 /// Lets the engine count what our tables and indexes hold, by which it plans statements: for after a bulk
 /// load. Without it a list is sorted on disk. Joins an open transaction.
 void updateStatistics(Connection &connection);
+
+/// Triggers and views that are not ours: whoever made them sees or changes what is saved.
+[[nodiscard]] QStringList foreignRoutines(Connection &connection);
 
 /// What is wrong with the schema and the file, one finding a line, in Chinese; empty when all is well. Throws
 /// DatabaseError when the database cannot be read at all.

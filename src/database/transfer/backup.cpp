@@ -52,23 +52,10 @@ QByteArray checksumScript(Connection &database, BackupOutcome &outcome)
     return (script + QStringLiteral("commit")).toUtf8();
 }
 
-int versionOf(Connection &connection)
-{
-    if (!connection.catalog().table(u"host_schema"))
-        throw DatabaseError(QStringLiteral("该文件不是本系统的数据库！"));
-    const int version =
-        connection.query(QStringLiteral("select version from host_schema")).value(0, 0).toInt();
-    if (version > schemaVersion)
-        throw DatabaseError(QStringLiteral("数据库的版本（%1）比本程序（%2）新，请升级程序！")
-                                .arg(version)
-                                .arg(schemaVersion));
-    return version;
-}
-
 /// A backup of an older version lacks what came later; it is brought up after the restore.
 void requireSound(Connection &connection)
 {
-    if (versionOf(connection) == schemaVersion) {
+    if (requireOwn(connection).standing == Identity::Current) {
         const QStringList findings = checkSchema(connection);
         if (!findings.isEmpty())
             throw DatabaseError(findings.join(u'\n'));
@@ -129,9 +116,19 @@ void writePages(const QString &path, sqlite3 *source, const PageProgress &progre
     file.run("pragma journal_mode=delete");
 }
 
+/// Another restore may have ended within the same second.
 QString asideName(const QString &database)
 {
-    return QStringLiteral("%1.%2").arg(database, QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"));
+    const QString moment =
+        QStringLiteral("%1.%2").arg(database, QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"));
+    const auto isTaken = [](const QString &name) {
+        return QFile::exists(name) || QFile::exists(name + QStringLiteral("-wal")) ||
+               QFile::exists(name + QStringLiteral("-journal"));
+    };
+    QString name = moment;
+    for (int number = 2; isTaken(name); ++number)
+        name = QStringLiteral("%1-%2").arg(moment).arg(number);
+    return name;
 }
 
 void putInPlace(UnfinishedFile &restored, const QString &database, BackupOutcome &outcome)
@@ -145,6 +142,7 @@ void putInPlace(UnfinishedFile &restored, const QString &database, BackupOutcome
     if (!replaced.seize())
         throw DatabaseError(
             QStringLiteral("数据库正被其他程序使用，请关闭后再恢复，未恢复：%1").arg(database));
+    restored.takeOverAccess(database);
     keepAside(database, aside);
     restored.takeName(true);
     outcome.keptAside = aside;
@@ -168,12 +166,14 @@ BackupOutcome backUp(const QString &database, const QString &file, bool replaced
     BackupOutcome outcome;
     SqliteConnection source(database, Connection::Missing::IsAnError);
     source.beginReading();
-    (void)versionOf(source);
+    (void)requireOwn(source);
     UnfinishedFile unfinished(file);
     writePages(unfinished.path(), source.handle(), progress);
     const QByteArray checksums = checksumScript(source, outcome);
     WholeFile(unfinished.path(), WholeFile::Access::Writes).run(checksums);
     requireGood(unfinished.path(), outcome);
+    if (replaced)
+        unfinished.takeOverAccess(file);
     unfinished.takeName(replaced);
     return outcome;
 }

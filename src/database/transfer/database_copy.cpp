@@ -41,21 +41,15 @@ QStringList columnsOf(const TableDefinition &table)
 
 void requireSource(Connection &source)
 {
-    if (!source.catalog().table(u"host_schema"))
-        throw DatabaseError(
-            QStringLiteral("源数据库尚未初始化，没有可复制的内容：%1").arg(source.location()));
-    const RowBlock version = source.query(QStringLiteral("select version from host_schema"));
-    if (version.rowCount() != 1 || version.value(0, 0).toInt() != schemaVersion)
-        throw DatabaseError(
-            QStringLiteral("源数据库的版本与本程序（%1）不同，请先用 ebtq-admin init 升级：%2")
-                .arg(schemaVersion)
-                .arg(source.location()));
+    const QString obstacle = Identity::of(source).obstacle();
+    if (!obstacle.isEmpty())
+        throw DatabaseError(QStringLiteral("源数据库：%1 %2").arg(obstacle, source.location()));
 }
 
 /// The version is no content: a schema that was made and never filled is as good as none.
 void requireEmpty(Connection &target)
 {
-    if (!target.catalog().isEmpty() && !target.catalog().table(u"host_schema"))
+    if (Identity::of(target).standing == Identity::Foreign)
         throw DatabaseError(QStringLiteral("目标数据库中有其他程序的表，未复制：%1").arg(target.location()));
     for (const TableDefinition &table : schemaTables()) {
         const Catalog::Table *present = target.catalog().table(table.name);

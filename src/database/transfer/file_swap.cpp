@@ -1,13 +1,13 @@
 #include "database/transfer/file_swap.h"
 
 #include "database/connection.h"
+#include "database/sqlite/file_state.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -19,8 +19,7 @@ namespace {
 
 [[noreturn]] void fail(const QString &text, const QString &path)
 {
-    throw DatabaseError(
-        QStringLiteral("%1：%2（%3）").arg(text, path, QString::fromLocal8Bit(std::strerror(errno))));
+    throw DatabaseError(QStringLiteral("%1：%2（%3）").arg(text, path, systemReason(errno)));
 }
 
 QString freeName(const QString &name)
@@ -55,20 +54,6 @@ void flushFolderOf(const QString &path)
     flush(QFileInfo(path).absolutePath());
 }
 
-/// Whoever could use the old file can use the new one, also when somebody else restores it. Another owner is
-/// for root to give, so that may fail.
-void takeOverAccess(const QString &from, const QString &to)
-{
-    struct stat old = {};
-    const QByteArray target = QFile::encodeName(to);
-    if (::stat(QFile::encodeName(from).constData(), &old) != 0)
-        return;
-    if (::chown(target.constData(), old.st_uid, old.st_gid) != 0 && errno != EPERM)
-        fail(QStringLiteral("无法设置文件的属主"), to);
-    if (::chmod(target.constData(), old.st_mode & 07777) != 0)
-        fail(QStringLiteral("无法设置文件的权限"), to);
-}
-
 int renameFile(const QString &from, const QString &to, bool replacing)
 {
     const QByteArray source = QFile::encodeName(from);
@@ -96,10 +81,23 @@ UnfinishedFile::~UnfinishedFile()
         QFile::remove(m_path + QLatin1String(ending));
 }
 
+/// Another owner is for root to give. A group is for its members as well; without it people would be locked
+/// out, or others let in.
+void UnfinishedFile::takeOverAccess(const QString &other)
+{
+    struct stat old = {};
+    const QByteArray target = QFile::encodeName(m_path);
+    if (::stat(QFile::encodeName(other).constData(), &old) != 0)
+        return;
+    if (::chown(target.constData(), old.st_uid, old.st_gid) != 0 &&
+        ::chown(target.constData(), static_cast<uid_t>(-1), old.st_gid) != 0)
+        fail(QStringLiteral("无法保留文件的属组，请由属主或管理员操作"), other);
+    if (::chmod(target.constData(), old.st_mode & 07777) != 0)
+        fail(QStringLiteral("无法设置文件的权限"), m_path);
+}
+
 void UnfinishedFile::takeName(bool replacing)
 {
-    if (replacing)
-        takeOverAccess(m_name, m_path);
     flush(m_path);
     if (renameFile(m_path, m_name, replacing) != 0)
         fail(QStringLiteral("无法写入文件"), m_name);

@@ -16,6 +16,9 @@ public:
     UnfinishedFile &operator=(const UnfinishedFile &) = delete;
 
     [[nodiscard]] const QString &path() const { return m_path; }
+    /// Whoever could use the other file can use this one: its mode and group, and for root its owner as well.
+    /// Nothing when there is none. Throws DatabaseError.
+    void takeOverAccess(const QString &other);
     /// Gives the file its name once it is on the disk, in one step: under the name stands the old file or
     /// the new, whole. Throws DatabaseError, also when the name is taken and may not be `replacing`.
     void takeName(bool replacing);

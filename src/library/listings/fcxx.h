@@ -142,8 +142,7 @@ private:
     void mFrmGj_ReturnData(const QString &psID, bool pbNew);
     void deleteListing();
     [[nodiscard]] bool isDeletionAgreed();
-    /// The query that was run; nullptr when it failed, of which the host has been told.
-    std::unique_ptr<HostQuery> executed(const SqlText &sql);
+    bool executed(const SqlText &sql);
     bool showSavedRow(const QString &listing, int row);
     void showDetailOfNumber();
     /// What the list is filtered by, as it stands below the title.

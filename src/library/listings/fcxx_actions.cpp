@@ -103,13 +103,9 @@ void Fcxx::deleteListing()
             return false;
         const int row = m_grid.Row();
         const QString listing = m_grid.TextMatrix(row, ListingKey);
-        if (!isDeletionAgreed() || !executed(deletion(QStringLiteral("fygj"), listing)))
+        if (!isDeletionAgreed() || !executed(deletion(QStringLiteral("fygj"), listing)) ||
+            !executed(deletion(QStringLiteral("fyxx"), listing)))
             return false;
-        const auto deleted = executed(deletion(QStringLiteral("fyxx"), listing));
-        if (!deleted)
-            return false;
-        if (deleted->RowsChanged() == 0)
-            raiseError(QStringLiteral("所选房源已被他人删除，现从列表中移除！"), Refusal, name());
         m_grid.RemoveItem(row);
         setWheelRange();
         return true;
@@ -131,15 +127,13 @@ bool Fcxx::isDeletionAgreed()
     return false;
 }
 
-std::unique_ptr<HostQuery> Fcxx::executed(const SqlText &sql)
+bool Fcxx::executed(const SqlText &sql)
 {
-    auto query = app().Db().CreateQuery(sql, 1);
-    query->Execute();
+    app().Db().CreateQuery(sql, 1)->Execute();
     const QString error = app().Db().LastError().Description;
-    if (error.isEmpty())
-        return query;
-    raiseError(error, FailureLevel, name());
-    return nullptr;
+    if (!error.isEmpty())
+        raiseError(error, FailureLevel, name());
+    return error.isEmpty();
 }
 
 } // namespace ebtq

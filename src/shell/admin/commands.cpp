@@ -49,9 +49,12 @@ std::optional<host::NewUser> readFirstUser(const CommandLine &line, Connection &
 int initialise(const CommandLine &line)
 {
     const auto connection = openDatabase(line, Connection::Missing::IsCreated);
+    const db::Foreign foreign =
+        line.isSet(QStringLiteral("take-over")) ? db::Foreign::IsTakenOver : db::Foreign::IsRefused;
+    db::requireInstallable(*connection, foreign);
     const std::optional<host::NewUser> user = readFirstUser(line, *connection);
     db::Transaction transaction(*connection);
-    const db::InstallReport report = host::prepareDatabase(*connection);
+    const db::InstallReport report = host::prepareDatabase(*connection, foreign);
     if (user)
         host::createFirstUser(*connection, user->name, user->password);
     db::updateStatistics(*connection);
@@ -91,6 +94,8 @@ int check(const CommandLine &line)
         printLine(stdout, finding);
     if (!findings.isEmpty())
         return 1;
+    for (const QString &routine : db::foreignRoutines(*connection))
+        printLine(stdout, QStringLiteral("提示：%1 不是本系统的").arg(routine));
     for (const QString &orphans : countOrphans(*connection))
         printLine(stdout, QStringLiteral("提示：%1").arg(orphans));
     printLine(stdout, QStringLiteral("数据库完好：%1").arg(connection->location()));
@@ -116,6 +121,7 @@ int runSql(const CommandLine &line)
     if (batch == line.hasArgument())
         throw UsageError(QStringLiteral("请给出一条语句，或用 --batch 从标准输入逐行读取语句"));
     const auto connection = openDatabase(line);
+    db::requireCurrent(*connection);
     if (batch)
         runBatch(*connection, std::cin, stdout);
     else
@@ -130,8 +136,10 @@ struct Command
 };
 
 constexpr Command commands[] = {
-    {{u"init", u"创建或升级数据库，并创建首个用户（密码取自环境变量 EBTQ_PASSWORD 或标准输入）",
-      u"db=文件或地址 admin=用户名", u""},
+    {{u"init",
+      u"创建或升级数据库，并创建首个用户（密码取自环境变量 EBTQ_PASSWORD 或标准输入；"
+      u"--take-over：写入其他程序的数据库）",
+      u"db=文件或地址 admin=用户名 take-over", u""},
      initialise},
     {{u"demo", u"写入示例数据，文件不存在时先创建",
       u"db=文件或地址 listings=数量 customers=数量 follow-ups=数量 seed=整数 date=日期", u""},

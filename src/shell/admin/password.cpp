@@ -1,8 +1,9 @@
 #include "shell/admin/password.h"
 
 #include "contracts/host_contracts.h"
-#include "database/private_arguments.h"
 #include "shell/admin/utf8.h"
+
+#include <QtGlobal>
 
 #include <cstdio>
 #include <iostream>
@@ -46,8 +47,8 @@ private:
 
 std::string readBytes()
 {
-    if (const auto password = db::takeFromEnvironment("EBTQ_PASSWORD"))
-        return password->toStdString();
+    if (qEnvironmentVariableIsSet("EBTQ_PASSWORD"))
+        return qgetenv("EBTQ_PASSWORD").toStdString();
     const HiddenInput hidden;
     std::string line;
     std::getline(std::cin, line);

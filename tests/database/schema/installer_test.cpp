@@ -5,6 +5,9 @@
 #include "database/schema/tables.h"
 #include "support/messages.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -72,6 +75,44 @@ TEST(Installer, LeavesANewerSchemaAlone)
     EXPECT_THROW(install(*connection), DatabaseError);
     EXPECT_FALSE(connection->catalog().table(u"fygj"));
     EXPECT_FALSE(connection->inTransaction());
+}
+
+TEST(Installer, MarksAFileOfAnEarlierVersionAndRefusesOneOfAnother)
+{
+    auto connection = installed();
+    const auto mark = [&connection] {
+        return connection->queryNative("pragma application_id").value(0, 0).toInt();
+    };
+    EXPECT_EQ(mark(), 0x45425451);
+    connection->executeNative("pragma application_id=0; update host_schema set version=1");
+    install(*connection);
+    EXPECT_EQ(mark(), 0x45425451);
+    for (const char *script :
+         {"pragma application_id=7", "drop table host_schema; pragma application_id=0"}) {
+        connection->executeNative(script);
+        EXPECT_THAT(messageOf([&] { requireCurrent(*connection); }), HasSubstr("不是本系统")) << script;
+        EXPECT_THAT(messageOf([&] { install(*connection); }), HasSubstr("--take-over")) << script;
+    }
+    connection->executeNative("pragma application_id=1161974865");
+    EXPECT_THAT(messageOf([&] { requireCurrent(*connection); }), HasSubstr("没有记录版本"));
+}
+
+TEST(Installer, ADamagedTreeIsFoundBeforeWorkBegins)
+{
+    for (const char *tree : {"fyxx", "ix_fykh_number"}) {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("a.db"));
+        const auto made = Connection::open(path, Connection::Missing::IsCreated);
+        install(*made);
+        const auto page =
+            made->queryNative(QByteArray("select rootpage-1 from sqlite_master where name='") + tree + "'");
+        made->executeNative("pragma journal_mode=delete");
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(16384 * page.value(0, 0).toLongLong()));
+        file.write(QByteArray(16384, 'x'));
+        file.close();
+        EXPECT_THAT(messageOf([&] { requireCurrent(*Connection::open(path)); }), HasSubstr("已损坏")) << tree;
+    }
 }
 
 TEST(Installer, KeepsWrongKindsOfValuesOut)

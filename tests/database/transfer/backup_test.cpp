@@ -3,9 +3,13 @@
 #include "database/schema/installer.h"
 #include "database/transfer/transfer_fixture.h"
 
+#include "support/as_nobody.h"
+
 #include <QFile>
 
 #include <gmock/gmock.h>
+
+#include <sys/stat.h>
 
 namespace ebtq::db {
 
@@ -77,9 +81,9 @@ TEST_F(BackupTest, KeepsWhatARestoreReplaces)
 
     make(path("a.db"))->executeNative("delete from fyxx");
     ASSERT_TRUE(QFile::link(path("a.db"), path("link.db")));
-    QFile::remove(outcome.keptAside); // the next one may have the same second in its name
-    restore(path("a.bak"), path("link.db"));
+    const QString keptNext = restore(path("a.bak"), path("link.db")).keptAside;
     EXPECT_TRUE(contents("a.db") == before) << "the link was replaced";
+    EXPECT_NE(keptNext, restore(path("a.bak"), path("a.db")).keptAside) << "within one second";
 
     // A database that is past reading goes aside with the log that belongs to it.
     write("b.db", QByteArray(40000, 'x'));
@@ -87,6 +91,36 @@ TEST_F(BackupTest, KeepsWhatARestoreReplaces)
     const BackupOutcome damaged = restore(path("a.bak"), path("b.db"));
     EXPECT_TRUE(contents("b.db") == before);
     EXPECT_TRUE(QFile::exists(damaged.keptAside + QStringLiteral("-wal")));
+}
+
+TEST_F(BackupTest, WhoeverCouldUseTheReplacedDatabaseCanUseTheRestored)
+{
+    backUp(path("a.db"), path("a.bak"), false);
+    const QByteArray database = QFile::encodeName(path("a.db"));
+    constexpr gid_t agency = 4321;
+    const auto accessOf = [](const QByteArray &name) {
+        struct stat file = {};
+        EXPECT_EQ(::stat(name.constData(), &file), 0);
+        return std::pair(file.st_gid, file.st_mode & 0777);
+    };
+    ASSERT_EQ(::chmod(QFile::encodeName(path("")).constData(), 0777), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(path("a.bak")).constData(), 0644), 0);
+    if (::chown(database.constData(), 0, agency) != 0)
+        GTEST_SKIP() << "only root gives files away";
+    ASSERT_EQ(::chmod(database.constData(), 0660), 0);
+    {
+        const ebtq::test::AsNobody member(agency);
+        restore(path("a.bak"), path("a.db"));
+    }
+    EXPECT_EQ(accessOf(database), std::pair(agency, 0660U));
+    ASSERT_EQ(::chmod(database.constData(), 0666), 0);
+    {
+        const ebtq::test::AsNobody stranger;
+        EXPECT_THAT(refusal([&] { restore(path("a.bak"), path("a.db")); }), HasSubstr("属组"));
+        restore(path("a.bak"), path("b.db"));
+    }
+    EXPECT_EQ(accessOf(database), std::pair(agency, 0666U));
+    EXPECT_EQ(accessOf(QFile::encodeName(path("b.db"))).second, 0600U);
 }
 
 TEST_F(BackupTest, ADamagedBackupIsRefusedAndNothingIsTouched)
@@ -122,6 +156,7 @@ TEST_F(BackupTest, ADamagedBackupIsRefusedAndNothingIsTouched)
 TEST_F(BackupTest, RefusesWhatWouldLoseSomething)
 {
     make(path("other.db"))->executeNative("create table t(x)");
+    make(path("blank.db"))->executeNative("create table host_schema(version integer)");
     write("taken", "mine");
     struct Case
     {
@@ -131,15 +166,17 @@ TEST_F(BackupTest, RefusesWhatWouldLoseSomething)
         const char *message;
     };
     const Case cases[] = {
-        {"a.db", "taken", false, "--replace"}, {"a.db", "a.db", true, "同一个文件"},
-        {"none.db", "b", false, "找不到"},     {"other.db", "b", false, "不是本系统"},
-        {"taken", "b", false, "不是数据库"},   {"a.db", "no/folder/b", false, "无法创建"},
+        {"a.db", "taken", false, "--replace"},       {"a.db", "a.db", true, "同一个文件"},
+        {"none.db", "b", false, "找不到"},           {"other.db", "b", false, "不是本系统"},
+        {"taken", "b", false, "不是数据库"},         {"a.db", "no/folder/b", false, "文件夹不存在"},
+        {"blank.db", "b", false, "ebtq-admin init"},
     };
     const QStringList before = names();
     for (const auto &[database, file, replaced, message] : cases)
         EXPECT_THAT(refusal([&] { backUp(path(database), path(file), replaced); }), HasSubstr(message));
     EXPECT_THAT(refusal([&] { restore(path("a.db"), path("a.db")); }), HasSubstr("同一个文件"));
     EXPECT_EQ(names(), before);
+    EXPECT_THAT(refusal([&] { restore(path("blank.db"), path("b")); }), HasSubstr("ebtq-admin init"));
     EXPECT_EQ(bytes("taken"), "mine");
 }
 

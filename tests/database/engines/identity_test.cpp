@@ -1,0 +1,82 @@
+#include "database/schema/identity.h"
+
+#include "database/schema/installer.h"
+#include "support/engine_database.h"
+#include "support/messages.h"
+
+#include <gmock/gmock.h>
+
+namespace ebtq::db::test {
+
+namespace {
+
+using ebtq::test::Engine;
+using ebtq::test::EngineDatabase;
+using ebtq::test::joined;
+using ebtq::test::messageOf;
+using ebtq::test::nameOf;
+using ::testing::HasSubstr;
+using IdentityTest = ::testing::TestWithParam<Engine>;
+
+QByteArray with(QByteArray script, Engine engine)
+{
+    return engine == Engine::Postgres ? "create schema if not exists ebtq; " + script : script;
+}
+
+} // namespace
+
+TEST_P(IdentityTest, WhatIsNotOfThisVersionIsSaidEverywhere)
+{
+    struct Case
+    {
+        const char *script;
+        const char *message; ///< of what stops the work
+        bool isInstallable;
+        bool isOwn; ///< may be backed up and restored
+    };
+    constexpr char version[] = "create table host_schema(version integer); ";
+    const Case cases[] = {
+        {"", "ebtq-admin init", true, false},
+        {"create table notes(text text)", "不是本系统", false, false},
+        {"create table host_schema(other integer)", "不是本系统", false, false},
+        {"@", "没有记录版本", true, false},
+        {"@insert into host_schema values(null)", "没有记录版本", true, false},
+        {"@insert into host_schema values(1)", "请先备份，再运行 ebtq-admin init", true, true},
+        {"@insert into host_schema values(99)", "请升级程序", false, false},
+    };
+    for (const auto &[script, message, isInstallable, isOwn] : cases) {
+        SCOPED_TRACE(script);
+        const EngineDatabase database(GetParam());
+        const auto connection = database.connect();
+        if (*script)
+            connection->executeNative(with(QByteArray(script).replace('@', version), GetParam()));
+        EXPECT_THAT(messageOf([&] { requireCurrent(*connection); }), HasSubstr(message));
+        EXPECT_THAT(joined(checkSchema(*connection)), HasSubstr(message));
+        EXPECT_EQ(messageOf([&] { requireOwn(*connection); }).empty(), isOwn);
+        EXPECT_EQ(messageOf([&] { install(*connection); }).empty(), isInstallable);
+        EXPECT_EQ(messageOf([&] { requireCurrent(*connection); }).empty(), isInstallable);
+    }
+}
+
+TEST_P(IdentityTest, TablesOfOthersAreTakenOverOnlyWhenAsked)
+{
+    const EngineDatabase database(GetParam());
+    const auto connection = database.connect();
+    connection->executeNative(with("create table notes(text text)", GetParam()));
+    EXPECT_THAT(messageOf([&] { install(*connection); }), HasSubstr("--take-over"));
+    install(*connection, Foreign::IsTakenOver);
+    requireCurrent(*connection);
+    EXPECT_TRUE(foreignRoutines(*connection).isEmpty());
+    connection->executeNative(
+        with(GetParam() == Engine::Postgres
+                 ? "create trigger 窃取 after insert on fyxx for each row execute function ebtq.keep_key()"
+                 : "create trigger 窃取 after insert on fyxx begin delete from fygj; end",
+             GetParam()));
+    connection->executeNative("create view 报表 as select 1 as x");
+    EXPECT_EQ(joined(foreignRoutines(*connection)), "视图 报表\n触发器 窃取");
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, IdentityTest, ::testing::Values(Engine::Sqlite, Engine::Postgres),
+                         [](const auto &engine) { return nameOf(engine.param); });
+
+} // namespace ebtq::db::test
