@@ -2,6 +2,7 @@
 
 #include "database/connection.h"
 
+#include <cstdlib>
 #include <cstring>
 
 namespace ebtq::db {
@@ -33,6 +34,17 @@ PrivateArguments::PrivateArguments(int count, char **values)
     m_values.push_back(nullptr);
     for (char **value = values; value != values + count; ++value)
         hidePassword(*value);
+}
+
+std::optional<QByteArray> takeFromEnvironment(const char *name)
+{
+    char *value = std::getenv(name);
+    if (!value)
+        return std::nullopt;
+    const QByteArray taken(value);
+    std::memset(value, 0, std::strlen(value));
+    qunsetenv(name);
+    return taken;
 }
 
 } // namespace ebtq::db

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 
+#include <optional>
 #include <vector>
 
 namespace ebtq::db {
@@ -24,5 +25,9 @@ private:
     std::vector<QByteArray> m_texts;
     std::vector<char *> m_values; ///< ended by nullptr
 };
+
+/// The value of a variable of the environment, which is taken out of it: programs that are started from here
+/// do not inherit it, and nobody finds it in the list of processes. Nothing when it is not set.
+[[nodiscard]] std::optional<QByteArray> takeFromEnvironment(const char *name);
 
 } // namespace ebtq::db

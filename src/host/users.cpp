@@ -1,17 +1,17 @@
 #include "host/users.h"
 
-#include "contracts/host_contracts.h"
-
 #include <QUuid>
 
 #include <algorithm>
 
 #include <sodium.h>
+#include <syslog.h>
 
 namespace ebtq::host {
 
 namespace {
 
+constexpr qsizetype shortestPassword = 8;
 constexpr auto cannotHash = u"系统内存不足，无法处理密码！";
 
 void startSodium()
@@ -78,8 +78,8 @@ void requireUserName(const QString &name)
 
 void requirePassword(const QString &password)
 {
-    if (password.isEmpty())
-        throw Failure(QStringLiteral("密码不能为空，请输入！"));
+    if (password.size() < shortestPassword)
+        throw Failure(QStringLiteral("密码至少要有 %1 个字符，请重新输入！").arg(shortestPassword));
 }
 
 QByteArray hashPassword(const QString &password, PasswordCost cost)
@@ -93,7 +93,12 @@ QByteArray hashPassword(const QString &password, PasswordCost cost)
     return hash;
 }
 
-User signIn(db::Connection &connection, const QString &name, const QString &password)
+void writeSystemLog(const QString &line)
+{
+    syslog(LOG_AUTHPRIV | LOG_WARNING, "%s", line.toUtf8().constData());
+}
+
+User signIn(db::Connection &connection, const QString &name, const QString &password, const SignInLog &log)
 {
     startSodium();
     // An apostrophe can stand in no user's name, and a refused statement would say more than a wrong name
@@ -103,8 +108,12 @@ User signIn(db::Connection &connection, const QString &name, const QString &pass
         connection.query(userNamed(u"userID,username,password,isActive", askable ? name : QString()));
     const bool known = rows.rowCount() == 1 && rows.value(0, 3).toInt() == 1;
     const bool matches = verifies(known ? bytes(rows.cell(0, 2)) : QByteArray(hashOfNobody), password);
-    if (!known || !matches)
-        throw Failure(QStringLiteral("用户名或密码不正确，请重新输入！"));
+    if (!known || !matches) {
+        const QString who =
+            rows.rowCount() == 1 ? u'“' + rows.value(0, 1).toString() + u'”' : QStringLiteral("（未知用户）");
+        log(QStringLiteral("房源管理登录失败：用户%1，数据库 %2").arg(who, connection.location()));
+        throw WrongPassword(QStringLiteral("用户名或密码不正确，请重新输入！"));
+    }
     const QString id = rows.value(0, 0).toString();
     return {id, rows.value(0, 1).toString(), departmentOf(connection, id)};
 }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "contracts/host_contracts.h"
 #include "database/connection.h"
 
 #include <QByteArray>
 #include <QString>
+
+#include <functional>
 
 namespace ebtq::host {
 
@@ -30,15 +33,29 @@ struct PasswordCost
 [[nodiscard]] QByteArray hashPassword(const QString &password,
                                       PasswordCost cost = PasswordCost::interactive());
 
-/// The user whose name and password match. Throws Failure with a text for the user otherwise; the text does
-/// not tell whether the name or the password was wrong, and finding out takes as long in both cases.
-[[nodiscard]] User signIn(db::Connection &connection, const QString &name, const QString &password);
+/// A sign-in with a wrong name or password: what is to be slowed down when it comes again and again.
+class WrongPassword : public Failure
+{
+public:
+    using Failure::Failure;
+};
+
+/// Takes a line about a refused sign-in.
+using SignInLog = std::function<void(const QString &line)>;
+/// The machine's own log of sign-ins, which a user cannot change.
+void writeSystemLog(const QString &line);
+
+/// The user whose name and password match. Throws WrongPassword with a text for the user otherwise; the text
+/// does not tell whether the name or the password was wrong, and finding out takes as long in both cases. The
+/// log names known users only: what was typed in a name's place may be a password.
+[[nodiscard]] User signIn(db::Connection &connection, const QString &name, const QString &password,
+                          const SignInLog &log = writeSystemLog);
 
 /// Throws Failure for a name that no user can have: an empty one, one with an apostrophe, which no statement
 /// can carry, and one with control characters, which nobody sees and nobody can type. Blanks around a name
 /// do not count.
 void requireUserName(const QString &name);
-/// Throws Failure for an empty password.
+/// Throws Failure for a password that is too short to be chosen; those chosen before stay good.
 void requirePassword(const QString &password);
 
 struct NewUser
@@ -53,7 +70,7 @@ struct NewUser
 QString createUser(db::Connection &connection, const NewUser &user,
                    PasswordCost cost = PasswordCost::interactive());
 
-/// Throws Failure for an unknown name and an empty password.
+/// Throws Failure for an unknown name and as requirePassword.
 void setPassword(db::Connection &connection, const QString &name, const QString &password,
                  PasswordCost cost = PasswordCost::interactive());
 

@@ -1,5 +1,7 @@
 #include "shell/login_dialog.h"
 
+#include "host/users.h"
+
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -7,6 +9,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <chrono>
 #include <stdexcept>
 
 namespace ebtq::shell {
@@ -31,6 +35,14 @@ QLabel *labelOfKind(const QString &text, const QString &kind)
     return label;
 }
 
+/// Seconds; a slip of the finger costs none.
+int pauseAfter(int wrong)
+{
+    constexpr int longest = 60;
+    constexpr int lastDoubling = 6;
+    return wrong < 2 ? 0 : std::min(longest, 1 << std::min(wrong - 1, lastDoubling));
+}
+
 } // namespace
 
 LoginDialog::LoginDialog(const QString &presetName, const QString &database, SignIn signIn)
@@ -38,7 +50,10 @@ LoginDialog::LoginDialog(const QString &presetName, const QString &database, Sig
     , m_name(inputField(QStringLiteral("name")))
     , m_password(inputField(QStringLiteral("password")))
     , m_error(labelOfKind({}, QStringLiteral("error")))
+    , m_enter(new QPushButton(QStringLiteral("登录(&L)")))
 {
+    m_second.setInterval(std::chrono::seconds(1));
+    connect(&m_second, &QTimer::timeout, this, &LoginDialog::countDown);
     setWindowTitle(QStringLiteral("登录"));
     m_name->setText(presetName);
     m_password->setEchoMode(QLineEdit::Password);
@@ -69,15 +84,14 @@ QLayout *LoginDialog::fields()
 
 QLayout *LoginDialog::buttons()
 {
-    auto *enter = new QPushButton(QStringLiteral("登录(&L)"));
-    enter->setProperty("kind", QStringLiteral("primary"));
-    enter->setDefault(true);
+    m_enter->setProperty("kind", QStringLiteral("primary"));
+    m_enter->setDefault(true);
     auto *leave = new QPushButton(QStringLiteral("退出(&X)"));
-    connect(enter, &QPushButton::clicked, this, &LoginDialog::accept);
+    connect(m_enter, &QPushButton::clicked, this, &LoginDialog::accept);
     connect(leave, &QPushButton::clicked, this, &LoginDialog::reject);
     auto *row = new QHBoxLayout;
     row->addStretch();
-    row->addWidget(enter);
+    row->addWidget(m_enter);
     row->addWidget(leave);
     return row;
 }
@@ -89,6 +103,8 @@ QString LoginDialog::name() const
 
 void LoginDialog::accept()
 {
+    if (m_secondsLeft > 0)
+        return;
     if (name().isEmpty()) {
         m_name->setFocus();
         showError(QStringLiteral("请输入用户名。"));
@@ -96,13 +112,45 @@ void LoginDialog::accept()
     }
     try {
         m_signIn(name(), m_password->text());
+    } catch (const host::WrongPassword &failure) {
+        refuse(QString::fromUtf8(failure.what()));
+        return;
     } catch (const std::exception &failure) {
-        m_password->setFocus();
-        m_password->selectAll();
-        showError(QString::fromUtf8(failure.what()));
+        tryAgain(QString::fromUtf8(failure.what()));
         return;
     }
     QDialog::accept();
+}
+
+void LoginDialog::tryAgain(const QString &reason)
+{
+    m_password->setFocus();
+    m_password->selectAll();
+    showError(reason);
+}
+
+void LoginDialog::refuse(const QString &reason)
+{
+    m_refusal = reason;
+    m_secondsLeft = pauseAfter(++m_wrong);
+    tryAgain(reason);
+    if (m_secondsLeft == 0)
+        return;
+    m_enter->setEnabled(false);
+    ++m_secondsLeft;
+    m_second.start();
+    countDown();
+}
+
+void LoginDialog::countDown()
+{
+    if (--m_secondsLeft > 0) {
+        showError(QStringLiteral("%1\n%2 秒后可以再试。").arg(m_refusal).arg(m_secondsLeft));
+        return;
+    }
+    m_second.stop();
+    m_enter->setEnabled(true);
+    showError(m_refusal);
 }
 
 void LoginDialog::showError(const QString &text)

@@ -2,21 +2,25 @@
 
 #include <QDialog>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 
 class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace ebtq::shell {
 
-/// Asks for name and password until a sign-in succeeds or the person leaves.
+/// Asks for name and password until a sign-in succeeds or the person leaves. From the second wrong password
+/// on each costs a pause, twice as long as the one before it, during which nothing can be tried.
 class LoginDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Throws an exception with a text for the user when the sign-in fails.
+    /// Throws an exception with a text for the user when the sign-in fails, a host::WrongPassword for what
+    /// costs a pause.
     using SignIn = std::function<void(const QString &name, const QString &password)>;
 
     /// `database` tells the person where the sign-in goes.
@@ -29,11 +33,19 @@ private:
     [[nodiscard]] QLayout *fields();
     [[nodiscard]] QLayout *buttons();
     void showError(const QString &text);
+    void tryAgain(const QString &reason);
+    void refuse(const QString &reason);
+    void countDown();
 
     SignIn m_signIn;
     QLineEdit *m_name;
     QLineEdit *m_password;
     QLabel *m_error;
+    QPushButton *m_enter;
+    QTimer m_second;
+    QString m_refusal;
+    int m_wrong = 0;
+    int m_secondsLeft = 0; ///< until the next try
 };
 
 } // namespace ebtq::shell

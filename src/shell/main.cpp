@@ -1,4 +1,5 @@
 #include "database/private_arguments.h"
+#include "shell/core_dumps.h"
 #include "shell/guarded_application.h"
 #include "shell/options.h"
 #include "shell/program.h"
@@ -8,6 +9,7 @@
 
 int main(int argc, char **argv)
 {
+    ebtq::shell::forbidCoreDumps();
     ebtq::db::PrivateArguments arguments(argc, argv);
     ebtq::shell::GuardedApplication application(arguments.count(), arguments.values());
     QCoreApplication::setApplicationName(QStringLiteral("ebtq"));

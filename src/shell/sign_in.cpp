@@ -1,6 +1,7 @@
 #include "shell/sign_in.h"
 
 #include "contracts/host_contracts.h"
+#include "database/private_arguments.h"
 #include "database/schema/identity.h"
 #include "shell/login_dialog.h"
 
@@ -77,8 +78,8 @@ QString databasePlace(const db::Connection &connection)
 
 std::optional<host::User> signInUser(db::Connection &connection, const Options &options)
 {
-    if (qEnvironmentVariableIsSet(passwordVariable))
-        return host::signIn(connection, options.user, qEnvironmentVariable(passwordVariable));
+    if (const auto password = db::takeFromEnvironment(passwordVariable))
+        return host::signIn(connection, options.user, QString::fromLocal8Bit(*password));
     if (!options.tour.isEmpty())
         throw Failure(QStringLiteral("自动演示需要用户名（--user）和环境变量 EBTQ_PASSWORD 中的密码。"));
     return askForUser(connection, options.user);

@@ -20,9 +20,10 @@ namespace ebtq::shell {
 /// What the window tells about where the database lies.
 [[nodiscard]] QString databasePlace(const db::Connection &connection);
 
-/// Signs in without asking when the environment has a password, as scripts do, else with the dialog; nothing
-/// when the person left it. Throws an exception with a text for the user when the password of the environment
-/// is wrong, and when there is none for a tour, during which nobody is there to be asked.
+/// Signs in without asking when the environment has a password, as scripts do, and takes it from there; else
+/// with the dialog; nothing when the person left it. Throws an exception with a text for the user when the
+/// password of the environment is wrong, and when there is none for a tour, during which nobody is there to
+/// be asked.
 [[nodiscard]] std::optional<host::User> signInUser(db::Connection &connection, const Options &options);
 
 } // namespace ebtq::shell

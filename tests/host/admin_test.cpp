@@ -67,7 +67,7 @@ protected:
     }
     void initialise() const
     {
-        const Outcome outcome = run(u"init --db @ --admin 甲"_qs, {}, "secret\n");
+        const Outcome outcome = run(u"init --db @ --admin 甲"_qs, {}, "secret-1\n");
         ASSERT_EQ(outcome.status, 0) << outcome.errors.toStdString();
     }
 
@@ -79,8 +79,11 @@ protected:
 
 TEST_F(AdminTest, InitWritesNothingWithoutAFirstUser)
 {
-    const std::pair<QString, QByteArray> refused[] = {
-        {u"甲"_qs, "\n"}, {u"甲"_qs, ""}, {u"O'Neil"_qs, "x\n"}, {u"甲\n乙"_qs, "x\n"}, {u" "_qs, "x\n"}};
+    const std::pair<QString, QByteArray> refused[] = {{u"甲"_qs, "\n"},
+                                                      {u"甲"_qs, "1234567\n"},
+                                                      {u"O'Neil"_qs, "secret-1\n"},
+                                                      {u"甲\n乙"_qs, "secret-1\n"},
+                                                      {u" "_qs, "secret-1\n"}};
     for (const auto &[name, password] : refused) {
         expectRefusal(run(u"init --db @ --admin"_qs, {name}, password), 1, name);
         expectRefusal(sql(u"select count(*) from host_users"_qs), 1, u"a schema was written"_qs);

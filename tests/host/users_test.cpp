@@ -45,16 +45,28 @@ TEST_F(UsersTest, RefusalsDoNotTellWhatWasWrong)
     EXPECT_EQ(signInFailure(m_name, m_password), refusal);
 }
 
+TEST_F(UsersTest, RefusedSignInsAreLoggedWithoutWhatWasTyped)
+{
+    createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
+    QStringList lines;
+    const auto log = [&](const QString &line) { lines += line; };
+    (void)signIn(*m_connection, m_name, m_password, log);
+    EXPECT_EQ(lines, QStringList());
+    EXPECT_THROW((void)signIn(*m_connection, m_name, u"secret"_qs, log), host::WrongPassword);
+    EXPECT_THROW((void)signIn(*m_connection, u"secret"_qs, {}, log), host::WrongPassword);
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[0].contains(m_name));
+    EXPECT_FALSE(lines.join(u'\n').contains(u"secret"));
+}
+
 TEST_F(UsersTest, NewUsersNeedAFreeNameAndAPassword)
 {
     createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
-    const host::NewUser refused[] = {{m_name, m_password},
-                                     {u"  "_qs, m_password},
-                                     {u"乙"_qs, QString()},
-                                     {u"O'Neil"_qs, m_password},
-                                     {u"乙\t丙"_qs, m_password},
-                                     {u"乙\u0085丙"_qs, m_password},
-                                     {u"乙"_qs + QChar(QChar::Null), m_password}};
+    const host::NewUser refused[] = {
+        {m_name, m_password},           {u"  "_qs, m_password},
+        {u"乙"_qs, QString()},          {u"乙"_qs, u"1234567"_qs},
+        {u"O'Neil"_qs, m_password},     {u"乙\t丙"_qs, m_password},
+        {u"乙\u0085丙"_qs, m_password}, {u"乙"_qs + QChar(QChar::Null), m_password}};
     for (const host::NewUser &user : refused)
         EXPECT_THROW(createUser(*m_connection, user, PasswordCost::lowest()), Failure)
             << user.name.toStdString();
@@ -67,9 +79,9 @@ TEST_F(UsersTest, NewUsersNeedAFreeNameAndAPassword)
 TEST_F(UsersTest, PasswordsCanBeChanged)
 {
     createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
-    host::setPassword(*m_connection, m_name, u"new"_qs, PasswordCost::lowest());
+    host::setPassword(*m_connection, m_name, u"new password"_qs, PasswordCost::lowest());
     EXPECT_FALSE(signInFailure(m_name, m_password).isEmpty());
-    EXPECT_EQ(signInFailure(m_name, u"new"_qs), QString());
+    EXPECT_EQ(signInFailure(m_name, u"new password"_qs), QString());
     EXPECT_THROW(host::setPassword(*m_connection, u"无此人"_qs, m_password, PasswordCost::lowest()), Failure);
 }
 

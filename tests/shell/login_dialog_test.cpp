@@ -1,6 +1,6 @@
 #include "shell/login_dialog.h"
 
-#include "contracts/host_contracts.h"
+#include "host/users.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -21,7 +21,7 @@ protected:
                                                [this](const QString &name, const QString &password) {
                                                    attempts << name + u'/' + password;
                                                    if (password != u"demo")
-                                                       throw Failure(u"用户名或密码不正确。"_qs);
+                                                       throw host::WrongPassword(u"用户名或密码不正确。"_qs);
                                                });
         dialog->show();
         dialog->activateWindow();
@@ -63,6 +63,23 @@ TEST_F(LoginDialogTest, ARefusalIsShownAndThePasswordIsTypedAnew)
     QTest::keyClicks(dialog->focusWidget(), u"demo"_qs);
     QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(attempts.back(), u"演示/demo"_qs);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(LoginDialogTest, WrongPasswordsAreSlowedDown)
+{
+    open(u"演示"_qs);
+    const auto press = [this](const QString &password) {
+        field("password").setText(password);
+        QTest::keyClick(&field("password"), Qt::Key_Return);
+    };
+    press(u"1"_qs);
+    press(u"2"_qs);
+    EXPECT_EQ(shownError(), u"用户名或密码不正确。\n2 秒后可以再试。");
+    press(u"demo"_qs);
+    EXPECT_EQ(attempts.size(), 2) << "nothing is tried during the pause";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return shownError() == u"用户名或密码不正确。"; }, 10000));
+    press(u"demo"_qs);
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
 }
 

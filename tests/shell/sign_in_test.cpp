@@ -1,6 +1,7 @@
 #include "shell/sign_in.h"
 
 #include "database/schema/installer.h"
+#include "shell/core_dumps.h"
 #include "support/messages.h"
 
 #include <QFile>
@@ -8,6 +9,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
 
 namespace ebtq::shell {
 namespace {
@@ -24,7 +28,7 @@ protected:
     {
         auto connection = db::Connection::open(u":memory:"_qs);
         db::install(*connection);
-        host::createUser(*connection, {u"张敏"_qs, u"demo"_qs}, host::PasswordCost::lowest());
+        host::createUser(*connection, {u"张敏"_qs, u"demo-demo"_qs}, host::PasswordCost::lowest());
         return connection;
     }
     QTemporaryDir folder;
@@ -53,10 +57,23 @@ TEST_F(SignInTest, APasswordInTheEnvironmentAsksNobody)
     const auto connection = agency();
     Options options;
     options.user = u"张敏"_qs;
-    qputenv("EBTQ_PASSWORD", "demo");
+    qputenv("EBTQ_PASSWORD", "demo-demo");
+    const char *place = std::getenv("EBTQ_PASSWORD");
     EXPECT_EQ(signInUser(*connection, options)->name, u"张敏");
+    EXPECT_FALSE(qEnvironmentVariableIsSet("EBTQ_PASSWORD"));
+    EXPECT_STREQ(place, "") << "other programs can read it there";
     qputenv("EBTQ_PASSWORD", "wrong");
     EXPECT_NE(messageOf([&] { (void)signInUser(*connection, options); }), "");
+}
+
+TEST_F(SignInTest, ACrashWritesNoMemoryToTheDisk)
+{
+    forbidCoreDumps();
+    rlimit limit{1, 1};
+    getrlimit(RLIMIT_CORE, &limit);
+    EXPECT_EQ(limit.rlim_max, 0U);
+    EXPECT_EQ(prctl(PR_GET_DUMPABLE, 0, 0, 0, 0), 0);
+    prctl(PR_SET_DUMPABLE, 1, 0, 0, 0);
 }
 
 TEST_F(SignInTest, ATourWithoutAPasswordDoesNotWaitForAPerson)

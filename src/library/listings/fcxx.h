@@ -142,7 +142,8 @@ private:
     void mFrmGj_ReturnData(const QString &psID, bool pbNew);
     void deleteListing();
     [[nodiscard]] bool isDeletionAgreed();
-    bool executed(const SqlText &sql);
+    /// The query that was run; nullptr when it failed, of which the host has been told.
+    std::unique_ptr<HostQuery> executed(const SqlText &sql);
     bool showSavedRow(const QString &listing, int row);
     void showDetailOfNumber();
     /// What the list is filtered by, as it stands below the title.

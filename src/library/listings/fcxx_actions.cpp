@@ -103,9 +103,13 @@ void Fcxx::deleteListing()
             return false;
         const int row = m_grid.Row();
         const QString listing = m_grid.TextMatrix(row, ListingKey);
-        if (!isDeletionAgreed() || !executed(deletion(QStringLiteral("fygj"), listing)) ||
-            !executed(deletion(QStringLiteral("fyxx"), listing)))
+        if (!isDeletionAgreed() || !executed(deletion(QStringLiteral("fygj"), listing)))
             return false;
+        const auto deleted = executed(deletion(QStringLiteral("fyxx"), listing));
+        if (!deleted)
+            return false;
+        if (deleted->RowsChanged() == 0)
+            raiseError(QStringLiteral("所选房源已被他人删除，现从列表中移除！"), Refusal, name());
         m_grid.RemoveItem(row);
         setWheelRange();
         return true;
@@ -127,13 +131,15 @@ bool Fcxx::isDeletionAgreed()
     return false;
 }
 
-bool Fcxx::executed(const SqlText &sql)
+std::unique_ptr<HostQuery> Fcxx::executed(const SqlText &sql)
 {
-    app().Db().CreateQuery(sql, 1)->Execute();
+    auto query = app().Db().CreateQuery(sql, 1);
+    query->Execute();
     const QString error = app().Db().LastError().Description;
-    if (!error.isEmpty())
-        raiseError(error, FailureLevel, name());
-    return error.isEmpty();
+    if (error.isEmpty())
+        return query;
+    raiseError(error, FailureLevel, name());
+    return nullptr;
 }
 
 } // namespace ebtq

@@ -1,9 +1,8 @@
 #include "shell/admin/password.h"
 
 #include "contracts/host_contracts.h"
+#include "database/private_arguments.h"
 #include "shell/admin/utf8.h"
-
-#include <QtGlobal>
 
 #include <cstdio>
 #include <iostream>
@@ -47,8 +46,8 @@ private:
 
 std::string readBytes()
 {
-    if (qEnvironmentVariableIsSet("EBTQ_PASSWORD"))
-        return qgetenv("EBTQ_PASSWORD").toStdString();
+    if (const auto password = db::takeFromEnvironment("EBTQ_PASSWORD"))
+        return password->toStdString();
     const HiddenInput hidden;
     std::string line;
     std::getline(std::cin, line);

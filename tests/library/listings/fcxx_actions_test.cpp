@@ -63,13 +63,15 @@ TEST_F(FcxxActionsTest, ADeletionAsksAndRemovesWhatIsSeen)
          },
          Yes, u"kept"_qs, 3, 0},
         {"yes", [&] { connection->executeNative("drop trigger keep"); }, Yes, {}, 2, 0},
-        {"no row", [&] { list.VS().setRows(1); }, std::nullopt, {}, 2, 0},
+        {"gone", [&] { connection->executeNative("delete from fyxx where 房源编号='FY2026110001'"); }, Yes,
+         u"已被他人删除"_qs, 1, 0},
+        {"no row", [&] { list.VS().setRows(1); }, std::nullopt, {}, 1, 0},
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.what);
+        const qsizetype listingsBefore = listings();
         c.prepare();
         const int rowsBefore = list.VS().Rows();
-        const qsizetype listingsBefore = listings();
         listEvents.clear();
         app.statements.clear();
         if (c.answer)
@@ -78,7 +80,8 @@ TEST_F(FcxxActionsTest, ADeletionAsksAndRemovesWhatIsSeen)
         EXPECT_EQ(asked(), c.answer ? QStringList(question) : QStringList());
         EXPECT_EQ(listEvents.size(), c.error.isEmpty() ? 0 : 1);
         if (listEvents.size() == 1) {
-            EXPECT_TRUE(listEvents[0].contains(c.error) && listEvents[0].endsWith(u"|8|Fcxx"))
+            EXPECT_TRUE(listEvents[0].contains(c.error) &&
+                        listEvents[0].endsWith(c.what == std::string("gone") ? u"|2|Fcxx" : u"|8|Fcxx"))
                 << listEvents[0].toStdString();
         }
         EXPECT_EQ(listings(), c.listingsLeft);
