@@ -145,6 +145,12 @@ QHBoxLayout *EditorFormView::addBottomRow()
 void EditorFormView::addButtons(QHBoxLayout &bottomRow)
 {
     bottomRow.addStretch(1);
+    if (!m_form.Cmd(0).Enabled()) {
+        auto *readOnly = new QLabel(QStringLiteral("只读"), this);
+        readOnly->setObjectName(QStringLiteral("readOnly"));
+        readOnly->setProperty("kind", QStringLiteral("title"));
+        bottomRow.addWidget(readOnly);
+    }
     auto *save = new ButtonView(m_form.Cmd(0), this);
     save->setProperty("kind", QStringLiteral("primary"));
     save->setGuard(&FieldView::checkFocused);

@@ -114,6 +114,29 @@ TEST_F(FrmFxViewTest, ARefusedDealHoldsTheSaveBackButNotTheWayOut)
     EXPECT_EQ(stored(u"交易方式"_qs), u"出售");
 }
 
+TEST_F(FrmFxViewTest, ForReadingOnlyItSaysSoAndTakesNothing)
+{
+    const QString id = makeListing();
+    openOnScreen(
+        id,
+        [&](QWidget &view) {
+            EXPECT_TRUE(child(view, u"readOnly"_qs).isVisible());
+            const QString before = app.lastStatement.text();
+            for (QWidget *input : view.findChildren<QWidget *>()) {
+                if (qobject_cast<QLineEdit *>(input) || qobject_cast<QPlainTextEdit *>(input)) {
+                    input->setFocus();
+                    QTest::keyClicks(input, u"1"_qs);
+                    QTest::keyClick(input, Qt::Key_F4);
+                }
+            }
+            click(view, u"Cmd_0");
+            EXPECT_FALSE(form.isDirty());
+            EXPECT_EQ(app.lastStatement.text(), before);
+        },
+        true);
+    openOnScreen(id, [](QWidget &view) { EXPECT_FALSE(view.findChild<QWidget *>(u"readOnly"_qs)); });
+}
+
 TEST_F(FrmFxViewTest, WithoutTheOwnerNoWidgetKnowsAnythingOfHim)
 {
     const QString id = makeListing();
