@@ -112,7 +112,7 @@ void FrmGj::py_Init(HostApp &host, const QString &ownerID, const QString &follow
     trapped(u"-->Py_Init::", [&] {
         reset();
         m_id.isEmpty() ? NewRecord() : LoadData();
-        SetFieldsEnabled(!disable);
+        SetFieldsEnabled(!disable && isWritable());
         clearDirty();
         desktop().showModal(*this);
         return true;

@@ -62,7 +62,7 @@ void FrmFx::py_Init(HostApp &host, int moduleID, const QString &listingID, bool 
         load();
         if (!(m_id.isEmpty() ? NewRecord() : LoadData()))
             return false; // a form without its listing would be saved over it
-        SetFieldsEnabled(!hideOwner);
+        SetFieldsEnabled(!hideOwner && isWritable());
         if (hideOwner)
             hideOwnerBlock();
         clearDirty();

@@ -210,6 +210,11 @@ void EditorForm::InitField(qzTxt_S &field, const EditorField &description)
     field.set_judge_base(source.check());
 }
 
+bool EditorForm::isWritable()
+{
+    return !app().Db().ReadOnly();
+}
+
 /// A list of types, since the forms of this family are walked alike.
 void EditorForm::setTypesEnabled(bool enabled, std::initializer_list<int> fixed)
 {

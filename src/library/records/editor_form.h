@@ -110,6 +110,8 @@ protected:
     void clearDirty();
     /// The form shows a new row, whose document number and key are still to come.
     void beginNew();
+    /// False where the whole database is for reading only: a form opens closed then, whoever asks.
+    [[nodiscard]] bool isWritable();
     /// Enables or disables everything that can be filled in but the `fixed` fields, which are never typed.
     void setTypesEnabled(bool enabled, std::initializer_list<int> fixed);
     /// The signed-in user as the author, by id and name.

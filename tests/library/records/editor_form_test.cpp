@@ -1,4 +1,5 @@
 #include "host/host_parameters.h"
+#include "library/followups/frm_gj.h"
 #include "library/listings/frm_fx_fixture.h"
 
 using namespace ebtq;
@@ -217,6 +218,31 @@ TEST_F(EditorFormTest, AnEarlierAttemptOfItsOwnIsNoColleaguesChange)
         EXPECT_EQ(asked(), QStringList(u"提示:|是否继续新建?"_qs));
     });
     EXPECT_EQ(events, u"new closed"_qs.split(u' '));
+}
+
+TEST_F(EditorFormTest, ADatabaseThatCannotBeWrittenOpensEveryFormClosed)
+{
+    const QString id = makeListing();
+    const QString file = folder.filePath(u"sealed.db"_qs);
+    connection->executeNative("vacuum into '" + file.toUtf8() + '\'');
+    const auto sealed = db::Connection::open(u"file:%1?mode=ro"_qs.arg(file));
+    host::Application readOnly(*sealed, {u"U1"_qs, {}, {}}, {folder.path(), {}}, panels);
+    FrmGj followUp(desktop);
+    desktop.willShow([&](QObject &) {
+        bool isOpen = form.Cmd(0).Enabled() || form.Txt(1).Enabled() || form.Chk(0).Enabled();
+        for (int number = 0; number <= Number::Annex; ++number)
+            isOpen = isOpen || form.qzFcTxt(number).Enabled();
+        EXPECT_FALSE(isOpen);
+        EXPECT_TRUE(form.Cmd(1).Enabled());
+    });
+    desktop.willShow([&](QObject &) {
+        bool isOpen = followUp.Cmd(0).Enabled() || followUp.Txt().Enabled() || followUp.Chk().Enabled();
+        for (int number = 0; number < 8; ++number)
+            isOpen = isOpen || followUp.qzTxt(number).Enabled();
+        EXPECT_FALSE(isOpen);
+    });
+    form.py_Init(readOnly, host::ListingModule, id, false);
+    followUp.py_Init(readOnly, id, {}, false);
 }
 
 TEST_F(EditorFormTest, ANumberTakenByARefusedSaveIsUsedByTheNext)
