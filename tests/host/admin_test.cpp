@@ -109,8 +109,8 @@ TEST_F(AdminTest, SomebodyElsesFileIsTakenOverOnlyWhenAsked)
     db::Connection::open(m_file, db::Connection::Missing::IsCreated)
         ->executeNative("create table notes(text text); create view 报表 as select 1 as x");
     for (const QString &call : {u"init --db @"_qs, u"demo --db @"_qs, u"sql --db @ select"_qs})
-        expectRefusal(run(call, {}, "x\n"), 1, call);
-    EXPECT_EQ(run(u"init --db @ --take-over"_qs, {}, "x\n").status, 0);
+        expectRefusal(run(call, {}, "secret-1\n"), 1, call);
+    EXPECT_EQ(run(u"init --db @ --take-over"_qs, {}, "secret-1\n").status, 0);
     const Outcome checked = run(u"check --db @"_qs);
     EXPECT_EQ(checked.status, 0);
     EXPECT_TRUE(checked.output.contains(u"视图 报表")) << checked.output.toStdString();
