@@ -97,6 +97,21 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
     }
 }
 
+TEST_F(QtDesktopTest, AQuestionGivesTheChosenAnswerOrNothing)
+{
+    const std::pair<std::function<void(QWidget &)>, std::optional<int>> cases[] = {
+        {[](QWidget &box) { buttonWith(box, u"合并(&M)"_qs)->click(); }, 0},
+        {[](QWidget &box) { buttonWith(box, u"覆盖(&O)"_qs)->click(); }, 1},
+        {[](QWidget &box) { buttonWith(box, u"取消(&C)"_qs)->click(); }, std::nullopt},
+        {[](QWidget &box) { QTest::keyClick(&box, Qt::Key_Escape); }, std::nullopt},
+        {[](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); }, std::nullopt},
+    };
+    for (const auto &[answer, result] : cases) {
+        const WhenModal modal(answer);
+        EXPECT_EQ(desktop.choose(u"<b>"_qs, u"提示:"_qs, {u"合并(&M)"_qs, u"覆盖(&O)"_qs}), result);
+    }
+}
+
 TEST_F(QtDesktopTest, InputBoxGivesTheTextOrNothing)
 {
     {

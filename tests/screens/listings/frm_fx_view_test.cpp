@@ -1,6 +1,7 @@
 #include "screens/listings/frm_fx_view.h"
 
 #include "library/listings/frm_fx_fixture.h"
+#include "screens/frame/form_dialog.h"
 #include "screens/listings/frm_fx_layout.h"
 #include "screens/support/screen.h"
 
@@ -112,6 +113,26 @@ TEST_F(FrmFxViewTest, ARefusedDealHoldsTheSaveBackButNotTheWayOut)
         EXPECT_FALSE(view.isVisible());
     });
     EXPECT_EQ(stored(u"交易方式"_qs), u"出售");
+}
+
+TEST_F(FrmFxViewTest, EscapeAndTheCloseBoxAskBeforeTheyDiscard)
+{
+    open(makeListing(), [&] {
+        FormDialog dialog(nullptr);
+        dialog.setView(new FrmFxView(form, &dialog));
+        showActive(dialog);
+        form.Txt(1).setText(u"注"_qs);
+        const std::function<void()> ways[] = {[&] { QTest::keyClick(&dialog, Qt::Key_Escape); },
+                                              [&] { dialog.close(); }};
+        for (const auto &close : ways) {
+            desktop.willChoose(std::nullopt);
+            close();
+            EXPECT_TRUE(dialog.isVisible());
+        }
+        desktop.willChoose(1);
+        dialog.close();
+        EXPECT_FALSE(dialog.isVisible());
+    });
 }
 
 TEST_F(FrmFxViewTest, ForReadingOnlyItSaysSoAndTakesNothing)
