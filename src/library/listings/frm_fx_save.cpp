@@ -36,8 +36,8 @@ bool FrmFx::save()
         return false;
     const std::optional<QString> number =
         tried->isValid() ? tried->toString()
-                         : documentNumber(m_id.isEmpty(),
-                                          {m_moduleID, u"DoSave:%1", u"房源编号不能为空，请输入后重试!  "});
+                         : documentNumber(m_id.isEmpty(), {m_moduleID, numberColumn, u"DoSave:%1",
+                                                           u"房源编号不能为空，请输入后重试!  "});
     if (!number)
         return false;
     m_number = *number;

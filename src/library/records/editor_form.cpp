@@ -135,7 +135,7 @@ void EditorForm::connectField(qzTxt_S &field)
 
 void EditorForm::reset()
 {
-    beginNew();
+    forgetRow();
     emptyFields();
     for (const auto &control : controls()) {
         control->setVisible(true);
@@ -144,10 +144,9 @@ void EditorForm::reset()
     InitFields();
 }
 
-void EditorForm::beginNew()
+void EditorForm::forgetRow()
 {
     m_triedKey.clear();
-    m_takenNumber.clear();
     m_loaded.clear();
 }
 

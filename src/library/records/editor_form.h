@@ -8,6 +8,8 @@
 #include "library/records/look_up.h"
 #include "library/records/record_table.h"
 
+#include <QDate>
+
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -67,8 +69,16 @@ protected:
     struct NumberRule
     {
         int moduleId;
+        QStringView column;  ///< that holds it
         QStringView failure; ///< "%1" is the host's reason
         QStringView missing; ///< said when the number is empty
+    };
+    /// A document number that the host has given and no row has got.
+    struct TakenNumber
+    {
+        int moduleId;
+        QDate date;
+        QString number;
     };
     /// A row that was written.
     struct SavedRow
@@ -108,8 +118,8 @@ protected:
     void emptyFields();
     /// What is on the form now is what it was opened with.
     void clearDirty();
-    /// The form shows a new row, whose document number and key are still to come.
-    void beginNew();
+    /// Forgets which row the form has shown.
+    void forgetRow();
     /// False where the whole database is for reading only: a form opens closed then, whoever asks.
     [[nodiscard]] bool isWritable();
     /// Enables or disables everything that can be filled in but the `fixed` fields, which are never typed.
@@ -134,8 +144,8 @@ protected:
     /// been told and the field has the keyboard.
     bool DoCheckTyped();
     /// The document number to be saved, from field 0, for a new row from the host, which may give another one
-    /// than the screen shows. A number that a failed save has taken is kept for the next attempt, so that
-    /// none is left out. Nothing when there is none; the user has been told.
+    /// than the screen shows. A number that a failed save has taken is kept for the next new row, also after
+    /// the form was closed, so that none is left out. Nothing when there is none; the user has been told.
     [[nodiscard]] std::optional<QString> documentNumber(bool isNew, const NumberRule &rule);
     /// Asks whether to go on with another new row.
     [[nodiscard]] bool wantsAnother();
@@ -175,6 +185,8 @@ private:
 
     // Saving
     void saveAndClose();
+    [[nodiscard]] std::optional<QString> numberOfNewRow(const NumberRule &rule);
+    [[nodiscard]] bool isStillFree(const NumberRule &rule);
     bool hasSucceeded();
     [[nodiscard]] QString newKey();
     bool insert(const QString &key);
@@ -203,8 +215,8 @@ private:
     std::shared_ptr<const PickedRow> m_chosenRow;
     LoadedRow m_loaded;
     bool m_isDirty = false;
-    QString m_triedKey;    ///< of the new row that could not be saved yet
-    QString m_takenNumber; ///< of the same row
+    QString m_triedKey; ///< of the new row that could not be saved yet
+    std::optional<TakenNumber> m_taken;
 };
 
 } // namespace ebtq

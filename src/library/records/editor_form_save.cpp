@@ -82,20 +82,38 @@ bool EditorForm::takeNumber(qzTxt_S &field) const
 
 std::optional<QString> EditorForm::documentNumber(bool isNew, const NumberRule &rule)
 {
-    QString number = isNew && !m_takenNumber.isEmpty() ? m_takenNumber : Trim(field(0).Text());
-    if (isNew && m_takenNumber.isEmpty()) {
-        if (!app().NewBillCode(rule.moduleId, app().Session().LoginDate(), number, false)) {
-            refuse(rule.failure.toString().arg(app().LastError().Description));
-            return std::nullopt;
-        }
-        m_takenNumber = number;
-    }
-    if (!number.isEmpty())
+    const auto number = isNew ? numberOfNewRow(rule) : Trim(field(0).Text());
+    if (!number)
+        refuse(rule.failure.toString().arg(app().LastError().Description));
+    if (!number || !number->isEmpty())
         return number;
     desktop().messageBox(rule.missing.toString(), QStringLiteral("提示："), Desktop::Icon::Critical,
                          Desktop::Buttons::Ok);
     field(0).SetFocus();
     return std::nullopt;
+}
+
+std::optional<QString> EditorForm::numberOfNewRow(const NumberRule &rule)
+{
+    if (isStillFree(rule))
+        return m_taken->number;
+    const QDate date = app().Session().LoginDate();
+    QString number = Trim(field(0).Text());
+    if (!app().NewBillCode(rule.moduleId, date, number, false))
+        return std::nullopt;
+    if (!number.isEmpty())
+        m_taken = {rule.moduleId, date, number};
+    return number;
+}
+
+/// A row may have got the number after all, if a save's answer was lost and the form was closed.
+bool EditorForm::isStillFree(const NumberRule &rule)
+{
+    if (!m_taken || m_taken->moduleId != rule.moduleId || m_taken->date != app().Session().LoginDate())
+        return false;
+    return !single(SqlText(QStringLiteral("select %1 from %2 where %1='").arg(rule.column, m_record.table)) +
+                   typed(m_taken->number) + QStringLiteral("'"))
+                .isValid();
 }
 
 bool EditorForm::wantsAnother()
@@ -143,7 +161,9 @@ std::optional<EditorForm::SavedRow> EditorForm::write(const QString &id)
     const QString key = isNew ? newKey() : id;
     if (!(isNew && !tried->isValid() ? insert(key) : update(key)))
         return std::nullopt;
-    beginNew();
+    forgetRow();
+    if (isNew)
+        m_taken.reset();
     return SavedRow{key, isNew};
 }
 

@@ -237,6 +237,13 @@ TEST_F(FrmFxFileTest, FailuresOfASaveAreToldAndTheNextSaveWorks)
          },
          [&] { connection->executeNative("pragma max_page_count=100000"); }, u"磁盘空间不足"_qs},
     };
+    connection->execute(u"update host_modules set prefix=''"_qs);
+    open({}, [&] {
+        fill(form, required);
+        save(Ok);
+    });
+    EXPECT_TRUE(asked().last().startsWith(u"提示:|DoSave:模块"));
+    connection->execute(u"update host_modules set prefix='FY'"_qs);
     for (const Case &c : cases) {
         for (const QString &listing : {id, QString()}) {
             open(listing, [&] {
@@ -261,12 +268,6 @@ TEST_F(FrmFxFileTest, FailuresOfASaveAreToldAndTheNextSaveWorks)
         }
     }
     EXPECT_EQ(stored(u"业主"_qs), u"王女士") << "no new listing";
-    connection->execute(u"update host_modules set prefix=''"_qs);
-    open({}, [&] {
-        fill(form, required);
-        save(Ok);
-    });
-    EXPECT_TRUE(asked().last().startsWith(u"提示:|DoSave:模块"));
 }
 
 TEST_F(FrmFxSaveTest, WithoutTheOwnerTheFormIsForReadingOnly)
