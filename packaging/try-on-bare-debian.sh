@@ -25,8 +25,10 @@ leave() {
 trap leave EXIT
 leave
 
-[ -e "$base" ] || { mmdebstrap --quiet --mode=root --variant=apt --include=ca-certificates,git,sudo bookworm \
-    "$base.new" && mv "$base.new" "$base"; }
+if [ ! -e "$base" ]; then
+    mmdebstrap --quiet --mode=root --variant=apt --include=ca-certificates,git,sudo bookworm "$place/new.tar"
+    mv "$place/new.tar" "$base"
+fi
 mkdir "$root"
 tar -xpf "$base" -C "$root"
 mkdir -p "$root/root/.cache/ccache"
