@@ -7,6 +7,9 @@
 #include "library/layout/ini_store.h"
 #include "library/layout/layout_file.h"
 
+#include <QMetaMethod>
+#include <QMetaProperty>
+
 namespace ebtq {
 
 namespace {
@@ -100,6 +103,18 @@ void restoreForm(const QString &file, bool onlyColWidth, const ControlCollection
             GridRestore(file, *grid, onlyColWidth, app);
         else if (grid)
             restoreWidths(store, *grid);
+    }
+}
+
+void watchForm(const ControlCollection &controls,
+               const std::function<void(Control &, const QMetaMethod &)> &watch)
+{
+    for (const auto &control : controls) {
+        for (const KeptProperty &kept : keptProperties) {
+            const int index = control->metaObject()->indexOfProperty(kept.property);
+            if (kept.typeName == control->TypeName() && control->isKept() && index >= 0)
+                watch(*control, control->metaObject()->property(index).notifySignal());
+        }
     }
 }
 

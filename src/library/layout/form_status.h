@@ -2,8 +2,13 @@
 
 #include <QString>
 
+#include <functional>
+
+class QMetaMethod;
+
 namespace ebtq {
 
+class Control;
 class ControlCollection;
 class HostApp;
 
@@ -12,6 +17,9 @@ class HostApp;
 
 /// Controls of which the file says nothing stay as they are.
 void restoreForm(const QString &file, bool onlyColWidth, const ControlCollection &controls, HostApp &app);
+/// Calls `watch` with the signal of each property that is kept.
+void watchForm(const ControlCollection &controls,
+               const std::function<void(Control &, const QMetaMethod &)> &watch);
 /// False when the file could not be written.
 bool saveForm(const QString &file, bool onlyColWidth, const ControlCollection &controls);
 /// The same for the shape of the list grids alone.

@@ -133,6 +133,7 @@ public:
                 restoreColumn(column);
         }
     }
+    void findTotals(int column);
     void restoreOrder();
     void restoreTotals();
     void restoreLook();
@@ -192,6 +193,11 @@ void Restorer::restoreColumn(int column)
     m_grid.setColDataType(column, number(u"VsColDataType", column, m_grid.ColDataType(column)));
     m_grid.setColFormat(column, format(column));
     m_grid.setColAlignment(column, number(u"VsColAlignment", column, m_grid.ColAlignment(column)));
+    findTotals(column);
+}
+
+void Restorer::findTotals(int column)
+{
     if (number(u"VsIsGroupOn", column, 0) == 1)
         m_groups.push_back(column);
     if (number(u"VsIsTotalOn", column, 0) == 1)
@@ -402,6 +408,16 @@ void GridRestore(const QString &file, VSFlexGrid &grid, bool onlyColWidth, HostA
     });
     if (!onlyColWidth && !QFileInfo::exists(file))
         GridSave(file, grid, false);
+}
+
+void RecountTotals(const QString &file, VSFlexGrid &grid, HostApp &app)
+{
+    IniStore store;
+    store.setFileName(file);
+    Restorer restorer(store, grid, app);
+    for (int column = 0; column < grid.Cols(); ++column)
+        restorer.findTotals(column);
+    restorer.restoreTotals();
 }
 
 bool isLayoutByRows(const QString &file, const VSFlexGrid &grid)

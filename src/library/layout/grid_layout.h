@@ -17,6 +17,8 @@ class VSFlexGrid;
 /// Reads the grid's keys and applies them; with `onlyColWidth` hidden columns and widths alone. Without it
 /// and without a file the present shape is written, so that a first start leaves a file to be edited.
 void GridRestore(const QString &file, VSFlexGrid &grid, bool onlyColWidth, HostApp &app);
+/// Sums anew after rows were added, changed or removed; nothing in a grid that the file gives no totals.
+void RecountTotals(const QString &file, VSFlexGrid &grid, HostApp &app);
 /// Whether the file sorts the grid, totals it or asks the agency for decimals: then it is to be restored for
 /// each load, else a grid keeps its shape by itself.
 [[nodiscard]] bool isLayoutByRows(const QString &file, const VSFlexGrid &grid);

@@ -143,6 +143,7 @@ bool Fcxx::IReportUI_Init(HostApp &app, int moduleId)
         m_detail.setUpGrids();
         setUpSearch();
         applyRights();
+        m_layout.begin();
         return true;
     });
 }
@@ -237,7 +238,6 @@ bool Fcxx::IReportUI_Refresh()
 bool Fcxx::refresh()
 {
     notePlace();
-    m_layout.beginLoad();
     const QScopedValueRollback refreshing(m_refreshing, true);
     m_grid.setRows(m_grid.FixedRows());
     const WaitCursor wait(desktop());
@@ -262,10 +262,15 @@ void Fcxx::show(Recordset &rows)
     Q_EMIT RefreshGetGridStatus();
     returnToPlace();
     setWheelRange();
-    Q_EMIT Message(QStringLiteral("共加载%1条记录").arg(m_grid.Rows() - 1));
+    reportCount();
     search(m_searchBox.Text());
     m_refreshing = false;
     rowChanged(0, m_grid.Row());
+}
+
+void Fcxx::reportCount()
+{
+    Q_EMIT Message(QStringLiteral("共加载%1条记录").arg(m_grid.Rows() - 1));
 }
 
 /// A list that a failure left empty has no place; the one before it is returned to as soon as rows come

@@ -114,6 +114,7 @@ private:
     bool refresh();
     [[nodiscard]] ListingFilter filter();
     void show(Recordset &rows);
+    void reportCount();
     void notePlace();
     void returnToPlace();
     [[nodiscard]] int rowOf(const QString &listing) const;

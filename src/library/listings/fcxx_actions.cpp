@@ -37,9 +37,9 @@ void showFollowUp(VSFlexGrid &grid, int row, const Recordset &saved)
     const auto value = [&](QStringView name) { return saved.Fields(name.toString()).Value; };
     for (const FollowUpCell &cell : followUpCells)
         grid.setTextMatrix(row, cell.column, NullConv::ToText(value(cell.name)));
-    const double range = Val(value(u"提醒范围"));
+    const QVariant range = value(u"提醒范围");
     for (int known = 0; known < 3; ++known)
-        if (range == known)
+        if (!NullConv::ToText(range).isEmpty() && Val(range) == known)
             grid.setTextMatrix(row, rangeColumn, ranges[known].toString());
     grid.setTextMatrix(row, remindsColumn,
                        Val(value(u"下次提醒")) == 1 ? QStringLiteral("是") : QStringLiteral("否"));
@@ -111,7 +111,10 @@ void Fcxx::deleteListing()
         if (deleted->RowsChanged() == 0)
             raiseError(QStringLiteral("所选房源已被他人删除，现从列表中移除！"), Refusal, name());
         m_grid.RemoveItem(row);
+        m_layout.recount();
         setWheelRange();
+        reportCount();
+        m_detail.showCurrent();
         return true;
     });
 }

@@ -110,7 +110,12 @@ void Fcxx::mFrmFx_ReturnData(const QString &psID, bool pbNew)
         }
         if (!showSavedRow(psID, pbNew ? m_grid.Row() : rowToRewrite(psID)))
             return false;
+        m_layout.recount();
         showDetailOfNumber();
+        if (pbNew) {
+            reportCount();
+            m_detail.showCurrent(); // its row became current before it had a key
+        }
         return true;
     });
 }

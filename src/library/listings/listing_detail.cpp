@@ -1,5 +1,6 @@
 #include "library/listings/listing_detail.h"
 
+#include "contracts/conversions.h"
 #include "library/controls/drawn_later.h"
 #include "library/listings/fcxx_list.h"
 #include "library/listings/listing_detail_fields.h"
@@ -141,7 +142,33 @@ void ListingDetail::ShowDetail(const QString &id)
 {
     const int tab = m_tabs.ActiveTab();
     const bool done = load(tab, id);
-    Q_EMIT TabShown(tab, done);
+    Q_EMIT TabShown(tab, done && id == currentListing());
+}
+
+void ListingDetail::showCurrent()
+{
+    const QString id = currentListing();
+    if (id.isEmpty())
+        empty();
+    ShowDetail(id);
+}
+
+QString ListingDetail::currentListing() const
+{
+    const int row = m_list.Row();
+    return row >= m_list.FixedRows() && row < m_list.Rows() ? m_list.TextMatrix(row, ListingKey) : QString();
+}
+
+void ListingDetail::empty()
+{
+    for (qzTxt_S *field : m_fields) {
+        field->setValue({});
+        field->setText({});
+    }
+    for (TextBox *box : m_boxes)
+        box->setText({});
+    m_followUps.setRows(m_followUps.FixedRows());
+    m_customers.setRows(m_customers.FixedRows());
 }
 
 bool ListingDetail::load(int tab, const QString &id)
@@ -154,6 +181,8 @@ bool ListingDetail::load(int tab, const QString &id)
         return LoadDataGj(id);
     case CustomersTab:
         return LoadDataMsg(id);
+    case PicturesTab:
+        return countPictures(id);
     default:
         return true;
     }
@@ -206,6 +235,25 @@ bool ListingDetail::loadInto(VSFlexGrid &grid, const SqlText &sql, KeptLayout *l
         if (layout)
             layout->restore(layoutFile(), grid, app());
         return true;
+    });
+}
+
+QString ListingDetail::picturesText() const
+{
+    return m_pictureCount == 0 ? QStringLiteral("暂无照片")
+                               : QStringLiteral("共有%1张照片").arg(m_pictureCount);
+}
+
+bool ListingDetail::countPictures(const QString &id)
+{
+    return trapped(u"-->CountPictures::", [&] {
+        SqlText sql(QStringLiteral(
+            "select count(rowindex) from pubAttach where isActive=1 and isPicture=1 and ids='"));
+        sql += typed(id);
+        sql += QStringView(u"'");
+        const auto rows = open(sql);
+        m_pictureCount = rows ? WholePart(Val(rows->GetRows().value(0, 0))) : 0;
+        return rows != nullptr;
     });
 }
 

@@ -29,6 +29,10 @@ public:
     void setUpGrids();
     /// Loads the active tab for the listing with that 房源ID. A failure is raised by the module.
     void ShowDetail(const QString &id);
+    /// Loads it for the current row of the list; without one nobody's data is left in the tabs.
+    void showCurrent();
+    /// What the tab of pictures says of them.
+    [[nodiscard]] QString picturesText() const;
 
     [[nodiscard]] qzVSTabCtl &qzVSTabCtl1() { return m_tabs; }
     /// Number 0 belongs to tab 1.
@@ -43,7 +47,7 @@ public:
     [[nodiscard]] VSFlexGrid &VsP() { return m_customers; }
 
 Q_SIGNALS:
-    /// A tab was loaded: `done` when it shows what the database holds for the listing.
+    /// A tab was loaded: `done` when it shows what the database holds for the current listing.
     void TabShown(int tab, bool done);
 
 private:
@@ -55,6 +59,9 @@ private:
     bool LoadData(const QString &id);
     bool LoadDataGj(const QString &id);
     bool LoadDataMsg(const QString &id);
+    bool countPictures(const QString &id);
+    [[nodiscard]] QString currentListing() const;
+    void empty();
     /// nullptr for a statement that failed, which is raised by then.
     [[nodiscard]] std::unique_ptr<Recordset> open(const SqlText &sql);
     void fill(const ListingRecord &record);
@@ -68,6 +75,7 @@ private:
     KeptLayout m_followUpsLayout;
     std::vector<qzTxt_S *> m_fields; ///< in the order of detailFields()
     std::vector<TextBox *> m_boxes;  ///< in the order of detailBoxes()
+    int m_pictureCount = 0;
 };
 
 } // namespace ebtq

@@ -5,6 +5,8 @@
 #include "library/layout/grid_layout.h"
 #include "library/layout/ini_store.h"
 
+#include <QMetaMethod>
+
 namespace ebtq {
 
 ListLayout::ListLayout(Module &module, VSFlexGrid &list)
@@ -13,15 +15,30 @@ ListLayout::ListLayout(Module &module, VSFlexGrid &list)
     , m_list(list)
 {}
 
+void ListLayout::begin()
+{
+    m_isFormKnown = false;
+    watchForm(controls(), [this](Control &control, const QMetaMethod &changed) {
+        const int touched = staticMetaObject.indexOfSlot("touch()");
+        connect(&control, changed, this, staticMetaObject.method(touched), Qt::UniqueConnection);
+    });
+}
+
 void ListLayout::get(const QString &file)
 {
     setLayoutFile(file);
     watchColumns();
     m_wasUnread = m_wasUnread || IniStore::isUnreadable(file);
-    if (m_isFormRestored)
+    if (m_isFormKnown)
         return GridRestore(file, m_list, false, app());
-    m_isFormRestored = true;
+    m_isFormKnown = true;
     m_module.sbGetFormStatus(file, false);
+}
+
+void ListLayout::recount()
+{
+    if (const QString file = layoutFile(); !file.isEmpty())
+        RecountTotals(file, m_list, app());
 }
 
 bool ListLayout::save(const QString &file)
@@ -32,7 +49,7 @@ bool ListLayout::save(const QString &file)
 void ListLayout::clear()
 {
     setLayoutFile({});
-    m_isFormRestored = false;
+    m_isFormKnown = false;
     m_wasUnread = false;
 }
 

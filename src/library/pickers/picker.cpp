@@ -42,7 +42,10 @@ Picker::Picker(const QString &name, Desktop &desktop, const PickerGrid &grid)
     , m_search(controls(), m_grid)
     , m_failure(controls().add<Label>(QStringLiteral("lblFailure")))
 {
-    connect(&m_search.text(), &TextBox::ReturnPressed, this, &Picker::confirm);
+    connect(&m_search.text(), &TextBox::ReturnPressed, this, [this] {
+        if (isData(m_grid.Row())) // a search without a hit must not empty the field
+            confirm();
+    });
     connect(&m_grid, &VSFlexGrid::DblClick, this, [this] {
         if (choosesByRow())
             confirm();

@@ -103,12 +103,12 @@ std::shared_ptr<const PickedRow> selPdm::readRow(const RowReader &read) const
 
 bool selPdm::choosesByRow() const
 {
-    return VS().ColHidden(TickColumn);
+    return !VS().isColumnInSight(TickColumn);
 }
 
 void selPdm::clickRow(int row)
 {
-    if (isData(row) && !VS().ColHidden(TickColumn))
+    if (isData(row) && !choosesByRow())
         VS().setTextMatrix(row, TickColumn, VS().TextMatrix(row, TickColumn).isEmpty() ? tick() : QString());
 }
 
@@ -123,10 +123,11 @@ void selPdm::tickAll(const QString &mark)
     });
 }
 
-/// With nothing ticked nothing is chosen, whatever row is current.
+/// With nothing ticked nothing is chosen, whatever row is current. Ticks that nobody sees, since the column
+/// was hidden by its width, do not count.
 void selPdm::takeTicked()
 {
-    if (VS().ColHidden(TickColumn))
+    if (choosesByRow())
         return;
     QStringList keys;
     QStringList names;

@@ -198,6 +198,7 @@ bool FlexGridView::isCurrentSeen() const
 void FlexGridView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
+    viewport()->update(); // the whole row that was current has another colour now
     if (m_following || m_model->isChanging() || !current.isValid())
         return;
     const QScopedValueRollback moved(m_movedByUser, true);

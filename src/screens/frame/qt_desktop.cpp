@@ -49,8 +49,8 @@ QString chooseFile(QFileDialog &dialog, const QString &acceptText)
 {
     dialog.setLabelText(QFileDialog::Accept, acceptText);
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("取消(&C)"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("文件名(&N):"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("类型(&T):"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("文件名:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("类型:"));
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("位置:"));
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }

@@ -183,7 +183,11 @@ void ListingDetailView::addGrid(int tab, VSFlexGrid &grid, const QString &emptyH
 void ListingDetailView::addPictures()
 {
     QWidget *panel = addPanel(PicturesTab);
-    auto *hint = new QLabel(QStringLiteral("暂无照片"), panel);
+    auto *hint = new QLabel(panel);
+    connect(&m_detail, &ListingDetail::TabShown, hint, [this, hint](int tab, bool done) {
+        if (tab == PicturesTab)
+            hint->setText(done ? m_detail.picturesText() : QString());
+    });
     hint->setProperty("kind", QStringLiteral("hint"));
     hint->setAlignment(Qt::AlignCenter);
     auto *column = new QVBoxLayout(panel);

@@ -78,7 +78,8 @@ void PanelPopup::showEvent(QShowEvent *event)
 void PanelPopup::setUpLayout()
 {
     m_find->setObjectName(QStringLiteral("panelFind"));
-    m_find->setPlaceholderText(QStringLiteral("在%1中查找").arg(m_panel.title));
+    m_find->setPlaceholderText(m_panel.title.isEmpty() ? QStringLiteral("查找")
+                                                       : QStringLiteral("在%1中查找").arg(m_panel.title));
     m_find->setAccessibleName(m_find->placeholderText());
     m_find->addAction(look::icon(QStringLiteral("edit-find"), &look::Tokens::muted),
                       QLineEdit::LeadingPosition);

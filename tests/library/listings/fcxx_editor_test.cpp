@@ -27,9 +27,51 @@ TEST_F(FcxxEditorTest, ANewListingStandsOnTop)
     EXPECT_EQ(cell(2, 1), u"FY2026110003");
     const QString statement =
         listingStatement(101, SqlText(u" where 房源ID='%1'"_qs.arg(cell(1, 19)))).text();
-    EXPECT_EQ(app.statements.last(), QString(statement)
-                                         .replace(u"& 总楼层,"_qs, u"& 总楼层 as 楼层1,"_qs)
-                                         .remove(u" order by 房源编号 desc"_qs));
+    EXPECT_EQ(app.statements.filter(u"fyxx A"_qs).last(),
+              QString(statement)
+                  .replace(u"& 总楼层,"_qs, u"& 总楼层 as 楼层1,"_qs)
+                  .remove(u" order by 房源编号 desc"_qs));
+}
+
+TEST_F(FcxxEditorTest, TheTabsShowTheCurrentListingAndClaimNothingOfAnother)
+{
+    ListingDetail &detail = list.detail();
+    bool isTrue = false;
+    QObject::connect(&detail, &ListingDetail::TabShown, [&](int, bool done) { isTrue = done; });
+    detail.qzVSTabCtl1().setActiveTab(1);
+    expectEditor([&] {
+        fill(editor(), u"1 海珠区,6 江南里,3 B座,23 出售,24 有效"_qs);
+        desktop.willAnswer(Desktop::Answer::No);
+        editor().Cmd(0).press();
+    });
+    list.NavToolbar1().press(u"new"_qs);
+    EXPECT_EQ(detail.qzFcTxt(0).Text(), u"FY2026110004") << "a new listing";
+    desktop.willAnswer(Desktop::Answer::Yes);
+    list.NavToolbar1().press(u"delete"_qs);
+    EXPECT_EQ(detail.qzFcTxt(0).Text(), u"FY2026110003") << "the one below a deleted listing";
+    EXPECT_TRUE(isTrue);
+    detail.qzVSTabCtl1().setActiveTab(3);
+    expectEditor([&] { editor().Cmd(0).press(); });
+    list.NavToolbar1().press(u"edit"_qs);
+    EXPECT_FALSE(isTrue) << "the follow-ups have been emptied, not counted";
+}
+
+TEST_F(FcxxEditorTest, SumsFollowWhatIsSavedAndDeleted)
+{
+    put(u"VsIsTotalOn"_qs, u"VsCol11"_qs, u"1"_qs);
+    list.IReportUI_DoGetFormStatus(layoutFile);
+    const auto total = [&] { return cell(list.VS().Rows() - 1, 11).toDouble(); };
+    list.VS().setRow(1);
+    const double before = total() - cell(1, 11).toDouble();
+    expectEditor([&] {
+        editor().qzFcTxt(7).setText(u"1000"_qs);
+        editor().Cmd(0).press();
+    });
+    list.NavToolbar1().press(u"edit"_qs);
+    EXPECT_EQ(total(), before + 1000);
+    desktop.willAnswer(Desktop::Answer::Yes);
+    list.NavToolbar1().press(u"delete"_qs);
+    EXPECT_EQ(total(), before);
 }
 
 TEST_F(FcxxEditorTest, AnEditRewritesItsRowAndLeavesTheAttachmentsAlone)

@@ -84,14 +84,19 @@ TEST_F(FcxxLayoutTest, AFilterIsBackBeforeTheFirstLoadAndNeverAfter)
     EXPECT_EQ(again.Chk(1).Value(), 0);
 }
 
-TEST_F(FcxxLayoutTest, AHostThatAsksForTheLayoutOnlyAfterALoadGetsTheShapeAlone)
+TEST_F(FcxxLayoutTest, AHostThatAsksForTheLayoutOnlyAfterALoadGetsItUnlessThePersonHasTyped)
 {
     put(u"Form"_qs, u"QZTXT_S_qzTxt_0_Text"_qs, u"天河区"_qs);
     put(u"VsColWidth"_qs, u"VsCol1"_qs, u"66"_qs);
-    init();
-    refresh();
-    EXPECT_EQ(list.qzTxt(0).Text(), QString());
-    EXPECT_EQ(list.VS().ColWidth(1), 66);
+    for (const QString &typed : {QString(), u"海珠区"_qs}) {
+        init();
+        if (!typed.isEmpty())
+            list.qzTxt(0).type(typed);
+        refresh();
+        EXPECT_EQ(list.qzTxt(0).Text(), typed.isEmpty() ? u"天河区"_qs : typed);
+        EXPECT_EQ(list.VS().ColWidth(1), 66);
+        list.IReportUI_Clear();
+    }
 }
 
 TEST_F(FcxxLayoutTest, ColumnsThatAPersonChangedAreKeptAtOnceAndFoundAgain)

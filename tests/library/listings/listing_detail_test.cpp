@@ -122,7 +122,7 @@ TEST_F(ListingDetailTest, OnlyTheActiveTabAsks)
     detail.qzVSTabCtl1().setActiveTab(9);
     EXPECT_EQ(statements, QString()) << "before its start";
     const std::pair<int, QString> tabs[] = {
-        {1, u"D"_qs}, {2, u"D"_qs}, {3, u"G"_qs}, {4, u"MC"_qs}, {5, QString()}};
+        {1, u"D"_qs}, {2, u"D"_qs}, {3, u"G"_qs}, {4, u"MC"_qs}, {5, u"L"_qs}};
     for (const auto &[tab, asked] : tabs) {
         start(tab);
         const std::function<void()> steps[] = {
@@ -145,7 +145,8 @@ TEST_F(ListingDetailTest, OnlyTheActiveTabAsks)
             step();
             seen += statements;
         }
-        EXPECT_EQ(seen, u",%1,,,L%1,%1L%1,,,%2,%1"_qs.arg(asked, tab == 5 ? u"D"_qs : QString())) << tab;
+        // A list reads its attachments' counts and its rows apart.
+        EXPECT_EQ(seen, u",%1,,,LD%1,%1LD%1,,,%2,%1"_qs.arg(asked, tab == 5 ? u"D"_qs : u"L"_qs)) << tab;
         for (int other = 1; other <= 5; ++other)
             EXPECT_EQ(detail.pnlTab(other - 1).Visible(), other == tab) << other << " while at " << tab;
         EXPECT_TRUE(list.IReportUI_Clear());
@@ -160,11 +161,22 @@ TEST_F(ListingDetailTest, AnEmptyListKeepsWhatWasShown)
     run(u"delete from fyxx"_qs);
     statements.clear();
     EXPECT_TRUE(list.IReportUI_Refresh());
-    EXPECT_EQ(statements, u"L"_qs);
+    EXPECT_EQ(statements, u"LD"_qs);
     detail.qzVSTabCtl1().setActiveTab(2);
-    EXPECT_EQ(statements, u"LD"_qs) << "asks for the listing that the header names, and finds none";
+    EXPECT_EQ(statements, u"LDD"_qs) << "asks for the listing that the header names, and finds none";
     EXPECT_EQ(field(0), u"A"_qs);
     EXPECT_EQ(errors, QStringList());
+}
+
+TEST_F(ListingDetailTest, PicturesAreCountedWithoutTheDeletedOnes)
+{
+    addListings(u"BA"_qs);
+    for (const QString &kind : u"1,1 1,1 0,1 1,0"_qs.split(u' '))
+        run(u"insert into pubAttach (progID,ids,isActive,isPicture) values (101,'ID-B',%1)"_qs.arg(kind));
+    start(5);
+    EXPECT_EQ(detail.picturesText(), u"共有2张照片"_qs);
+    list.VS().setRow(2);
+    EXPECT_EQ(detail.picturesText(), u"暂无照片"_qs);
 }
 
 TEST_F(ListingDetailTest, FollowUpsShowNewestFirst)

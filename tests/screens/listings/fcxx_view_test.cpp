@@ -221,6 +221,7 @@ TEST_F(FcxxViewTest, CtrlPPrintsAndWhatTheMenuDoesIsReportedAsTheListDoes)
             action->trigger();
     }
     QApplication::activePopupWidget()->close();
+    QCoreApplication::sendPostedEvents();
     ASSERT_EQ(errors.size(), 2);
     EXPECT_TRUE(errors[1].startsWith(u"无法写入文件"_qs));
     EXPECT_TRUE(desktop.asked().last().contains(u"房源信息列表 2026-11-22.csv"_qs));
