@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 
@@ -47,6 +48,21 @@ TEST_F(PersonTest, TypesAndClicksOnRealWidgets)
     button.setEnabled(false);
     person.click(u"button"_qs);
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(PersonTest, ABoxThatNobodyExpectsEndsTheStepWithItsText)
+{
+    Person person(window);
+    QObject::connect(&button, &QPushButton::clicked, [&] {
+        QMessageBox(QMessageBox::NoIcon, {}, u"磁盘已满"_qs, QMessageBox::Ok, &window).exec();
+    });
+    try {
+        person.click(u"button"_qs);
+        FAIL() << "the box was overlooked";
+    } catch (const Failure &failure) {
+        EXPECT_STREQ(failure.what(), "没有料到的提示：磁盘已满");
+    }
+    EXPECT_FALSE(QApplication::activeModalWidget());
 }
 
 TEST_F(PersonTest, WhatCannotBeSeenCannotBeUsed)

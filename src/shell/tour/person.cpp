@@ -7,13 +7,13 @@
 #include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
-#include <QTimer>
 #include <QWidget>
 
 #include <exception>
+#include <utility>
 
 namespace ebtq::shell {
 
@@ -21,14 +21,9 @@ namespace {
 
 constexpr int patience = 10'000; // milliseconds
 constexpr int glance = 10;
-constexpr int titleHeight = 30; // pixels
+constexpr int boxPatience = 1'000; ///< an expected box is noticed within a glance
+constexpr int titleHeight = 30;    // pixels
 constexpr int titleMargin = 12;
-
-void deliver(QWidget &receiver, QEvent *event)
-{
-    QCoreApplication::postEvent(&receiver, event);
-    QCoreApplication::processEvents();
-}
 
 /// What a person can reach: an open form or message box blocks what lies below.
 QWidget &reachable(QWidget &window)
@@ -66,6 +61,8 @@ void drawWindow(QPainter &painter, QPoint at, QWidget &window)
 Person::Person(QWidget &window)
     : m_window(window)
 {
+    QObject::connect(&m_watch, &QTimer::timeout, &m_watch, [this] { watchForBoxes(); });
+    m_watch.start(boxPatience);
     m_window.activateWindow();
     waitFor([this] { return m_window.isActiveWindow(); }, QStringLiteral("主窗口"));
 }
@@ -75,7 +72,28 @@ QWidget &Person::find(const QString &objectName) const
     for (QWidget *each : reachable(m_window).findChildren<QWidget *>(objectName))
         if (each->isVisible())
             return *each;
-    throw Failure(QStringLiteral("看不到控件“%1”").arg(objectName));
+    const auto *box = qobject_cast<const QMessageBox *>(&reachable(m_window));
+    throw Failure(QStringLiteral("看不到控件“%1”").arg(objectName) +
+                  (box ? QStringLiteral("，屏幕上的提示是：") + box->text() : QString()));
+}
+
+void Person::deliver(QWidget &receiver, QEvent *event)
+{
+    QCoreApplication::postEvent(&receiver, event);
+    QCoreApplication::processEvents();
+    if (const QString text = std::exchange(m_unforeseen, {}); !text.isEmpty())
+        throw Failure(QStringLiteral("没有料到的提示：") + text);
+}
+
+/// The action that has opened the box waits for an answer that no step gives.
+void Person::watchForBoxes()
+{
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    if (box && box == m_box && !m_expected.contains(box)) {
+        m_unforeseen = box->text();
+        box->close();
+    }
+    m_box = box;
 }
 
 void Person::wrongKind(const QString &objectName)
@@ -143,6 +161,7 @@ void Person::withOpened(Current current, const QString &what, const std::functio
             return;
         watch.stop();
         seen = true;
+        m_expected.append(opened);
         try {
             inside();
             waitFor([&] { return !opened || !opened->isVisible(); }, what + QStringLiteral("关闭"));

@@ -1,17 +1,22 @@
 #pragma once
 
+#include <QList>
 #include <QPixmap>
+#include <QPointer>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 
+class QEvent;
 class QWidget;
 
 namespace ebtq::shell {
 
 /// Uses the desktop as a person would, through posted key and mouse events on its real widgets, which are
 /// found by their object names; in an open form or message box alone, as long as there is one. What cannot be
-/// done throws Failure with a text that says why.
+/// done throws Failure with a text that says why, and so does a message box that nobody expects, with its
+/// text.
 class Person
 {
 public:
@@ -49,7 +54,14 @@ private:
     void withOpened(Current current, const QString &what, const std::function<void()> &opens,
                     const std::function<void()> &inside);
 
+    void deliver(QWidget &receiver, QEvent *event);
+    void watchForBoxes();
+
     QWidget &m_window;
+    QTimer m_watch;
+    QList<QPointer<QWidget>> m_expected; ///< windows that are being answered
+    QPointer<QWidget> m_box;             ///< seen at the last look
+    QString m_unforeseen;                ///< what a box said that was closed for want of an answer
 };
 
 } // namespace ebtq::shell
