@@ -42,7 +42,8 @@ public:
     void forgetWhatWasTold() { m_told.clear(); }
 
     Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons) override;
-    std::optional<int> choose(const QString &, const QString &, const QStringList &) override { return {}; }
+    /// Colleagues work on the same listings: what they have changed is taken along.
+    std::optional<int> choose(const QString &, const QString &, const QStringList &) override { return 0; }
     std::optional<QString> inputBox(const QString &, const QString &, const QString &) override { return {}; }
     QString openDialog(const QString &, const QString &, const QString &) override { return {}; }
     QString saveDialog(const QString &, const QString &, const QString &) override { return {}; }

@@ -227,7 +227,10 @@ QString EditorForm::updateUnchanged(const QString &key, std::vector<ForeignChang
     if (const QString failure = runOnRow(lock + whereKey(m_record, key)); !failure.isEmpty())
         return failure;
     changes = foreignChanges(key);
-    return changes.empty() ? tryUpdate(key) : QString();
+    if (!changes.empty())
+        return {};
+    m_loaded.attempt(m_record, heldTexts());
+    return tryUpdate(key);
 }
 
 // Others' changes
@@ -237,8 +240,7 @@ bool EditorForm::isSaveChecked()
     return !m_loaded.isEmpty() && Val(app().SystemParameter(parameterGroup, checkParameter).Text) != 0;
 }
 
-/// What a colleague has changed to what stands here anyway is no matter between the two; so is this form's
-/// own earlier attempt, if its answer was lost.
+/// What a colleague has changed to what stands here anyway is no matter between the two.
 std::vector<ForeignChange> EditorForm::foreignChanges(const QString &key)
 {
     auto changes = m_loaded.changesIn(m_record, *rowsOf(LoadedRow::statement(m_record, key)));

@@ -16,6 +16,12 @@ bool isCompared(const RecordColumn &column)
 
 } // namespace
 
+void LoadedRow::clear()
+{
+    m_texts.clear();
+    m_attempted.clear();
+}
+
 void LoadedRow::take(const RecordTable &record, const Recordset &row)
 {
     clear();
@@ -44,10 +50,20 @@ std::vector<ForeignChange> LoadedRow::changesIn(const RecordTable &record, const
             continue;
         const QString stored = loadedText(column, row);
         const QString loaded = m_texts.value(column.column);
-        if (stored != loaded)
+        const auto attempted = m_attempted.constFind(column.column);
+        const bool isOwn = attempted != m_attempted.cend() && isSameValue(column, stored, *attempted);
+        if (stored != loaded && !isOwn)
             result.push_back({&column, loaded, stored});
     }
     return result;
+}
+
+void LoadedRow::attempt(const RecordTable &record, const HeldText &held)
+{
+    for (const RecordColumn &column : record.update) {
+        if (isCompared(column))
+            m_attempted.insert(column.column, held(column));
+    }
 }
 
 void LoadedRow::accept(const ForeignChange &change)

@@ -21,7 +21,7 @@ struct ForeignChange
 class LoadedRow
 {
 public:
-    void clear() { m_texts.clear(); }
+    void clear();
     [[nodiscard]] bool isEmpty() const { return m_texts.isEmpty(); }
     void take(const RecordTable &record, const Recordset &row);
     /// "select" of these columns of the row with this key.
@@ -29,9 +29,14 @@ public:
     [[nodiscard]] std::vector<ForeignChange> changesIn(const RecordTable &record, const Recordset &row) const;
     /// The change is known from now on.
     void accept(const ForeignChange &change);
+    /// These texts are about to be written. Whether they were may remain unknown, so they are nobody else's
+    /// change later on.
+    void attempt(const RecordTable &record, const HeldText &held);
 
 private:
-    QHash<QStringView, QString> m_texts; ///< by the column's name in the record's table
+    using Texts = QHash<QStringView, QString>; ///< by the column's name in the record's table
+    Texts m_texts;
+    Texts m_attempted;
 };
 
 } // namespace ebtq
