@@ -192,9 +192,9 @@ private:
     bool insert(const QString &key);
     bool update(const QString &key);
     /// Empty on success, else what to tell the user once the transaction has ended.
-    [[nodiscard]] QString tryUpdate(const QString &key);
+    [[nodiscard]] QString runUpdate(const QString &key);
     /// The same, if nobody else has changed the row since it was loaded; else these changes.
-    [[nodiscard]] QString tryUpdateUnchanged(const QString &key, std::vector<ForeignChange> &changes);
+    [[nodiscard]] QString tryUpdate(const QString &key, std::vector<ForeignChange> &changes);
     [[nodiscard]] QString updateUnchanged(const QString &key, std::vector<ForeignChange> &changes);
     [[nodiscard]] std::vector<ForeignChange> foreignChanges(const QString &key);
     /// Runs a statement on the row that is edited; a row that is gone is a failure too.

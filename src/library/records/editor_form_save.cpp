@@ -177,7 +177,7 @@ bool EditorForm::update(const QString &key)
 {
     for (;;) {
         std::vector<ForeignChange> changes;
-        const QString failure = isSaveChecked() ? tryUpdateUnchanged(key, changes) : tryUpdate(key);
+        const QString failure = tryUpdate(key, changes);
         if (!failure.isEmpty())
             refuse(failure);
         if (!failure.isEmpty() || changes.empty())
@@ -198,14 +198,16 @@ QString EditorForm::runOnRow(const SqlText &sql)
                : QString();
 }
 
-QString EditorForm::tryUpdate(const QString &key)
+QString EditorForm::runUpdate(const QString &key)
 {
     return runOnRow(updateStatement(m_record, key, heldTexts()));
 }
 
-QString EditorForm::tryUpdateUnchanged(const QString &key, std::vector<ForeignChange> &changes)
+QString EditorForm::tryUpdate(const QString &key, std::vector<ForeignChange> &changes)
 {
     try {
+        if (!isSaveChecked())
+            return runUpdate(key);
         app().Db().BeginTrans();
         const QString failure = updateUnchanged(key, changes);
         if (failure.isEmpty() && changes.empty())
@@ -213,7 +215,7 @@ QString EditorForm::tryUpdateUnchanged(const QString &key, std::vector<ForeignCh
         else
             app().Db().RollbackTrans();
         return failure;
-    } catch (const Failure &failure) {
+    } catch (const std::exception &failure) { // also what the host says of its parameters
         app().Db().RollbackTrans();
         return QString::fromUtf8(failure.what());
     }
@@ -230,7 +232,7 @@ QString EditorForm::updateUnchanged(const QString &key, std::vector<ForeignChang
     if (!changes.empty())
         return {};
     m_loaded.attempt(m_record, heldTexts());
-    return tryUpdate(key);
+    return runUpdate(key);
 }
 
 // Others' changes
