@@ -143,12 +143,21 @@ void Robot::watchDeletion(QMessageBox &box)
 void Robot::click(QWidget &top, Qt::MouseButton button)
 {
     const QPoint place = anyPlace(top, button == Qt::LeftButton ? u"click"_s : u"right click"_s);
-    QTest::mouseClick(top.windowHandle(), button, anyOf(modifiers), place);
+    const QPointer<QWindow> window = top.windowHandle();
+    QTest::mousePress(window, button, anyOf(modifiers), place);
+    if (window) // it may be gone with what the press has done
+        QTest::mouseRelease(window, button, {}, place);
 }
 
 void Robot::doubleClick(QWidget &top)
 {
-    QTest::mouseDClick(top.windowHandle(), Qt::LeftButton, {}, anyPlace(top, u"double click"_s));
+    const QPointer<QWindow> window = top.windowHandle();
+    const QPoint place = anyPlace(top, u"double click"_s);
+    for (int press = 0; press < 2 && window; ++press) {
+        QTest::mousePress(window, Qt::LeftButton, {}, place, 0);
+        if (window)
+            QTest::mouseRelease(window, Qt::LeftButton, {}, place, 0);
+    }
 }
 
 void Robot::drag(QWidget &top)
@@ -173,12 +182,20 @@ void Robot::turnWheel(QWidget &top)
     QApplication::sendEvent(target ? target : &top, &event);
 }
 
+void Robot::pressKey(QWidget &top, Qt::Key key, Qt::KeyboardModifiers held)
+{
+    const QPointer<QWindow> window = top.windowHandle();
+    QTest::keyPress(window, key, held);
+    if (window)
+        QTest::keyRelease(window, key, held);
+}
+
 void Robot::press(QWidget &top)
 {
     const Qt::Key key = anyOf(keys);
     const Qt::KeyboardModifiers held = anyOf(modifiers);
     note(u"press "_s + QKeySequence(QKeyCombination(held, key)).toString());
-    QTest::keyClick(top.windowHandle(), key, held);
+    pressKey(top, key, held);
 }
 
 void Robot::pressShortcut(QWidget &top)
@@ -193,7 +210,7 @@ void Robot::pressShortcut(QWidget &top)
         return;
     const QKeySequence sequence = anyOf(sequences);
     note(u"shortcut "_s + sequence.toString());
-    QTest::keyClick(top.windowHandle(), sequence[0].key(), sequence[0].keyboardModifiers());
+    pressKey(top, sequence[0].key(), sequence[0].keyboardModifiers());
 }
 
 void Robot::type(QWidget &top)
@@ -210,7 +227,7 @@ void Robot::paste(QWidget &top)
     const QString text = anyText();
     note(u"paste "_s + text.left(40));
     QApplication::clipboard()->setText(text);
-    QTest::keyClick(top.windowHandle(), Qt::Key_V, Qt::ControlModifier);
+    pressKey(top, Qt::Key_V, Qt::ControlModifier);
 }
 
 void Robot::resize(QWidget &top)

@@ -38,6 +38,7 @@ private:
     void drag(QWidget &top);
     void turnWheel(QWidget &top);
     void press(QWidget &top);
+    void pressKey(QWidget &top, Qt::Key key, Qt::KeyboardModifiers held);
     void pressShortcut(QWidget &top);
     void type(QWidget &top);
     void paste(QWidget &top);
