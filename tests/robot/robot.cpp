@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QShortcut>
@@ -184,6 +185,10 @@ void Robot::turnWheel(QWidget &top)
 
 void Robot::pressKey(QWidget &top, Qt::Key key, Qt::KeyboardModifiers held)
 {
+    // The press of Alt alone, which comes first, closes a menu: the key itself would go to a window that is
+    // gone.
+    if (qobject_cast<QMenu *>(&top))
+        held = Qt::NoModifier;
     const QPointer<QWindow> window = top.windowHandle();
     QTest::keyPress(window, key, held);
     if (window)
