@@ -21,9 +21,10 @@ constexpr int longestRun = 60; // seconds with one seed: a finding is the easier
 /// Whatever Qt complains about is a finding.
 void endWithMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
+    if (text.startsWith(u"This plugin does not support "))
+        return; // the platform without a screen
     std::cerr << text.toStdString() << std::endl;
-    const bool isOfPlatform = text.startsWith(u"This plugin does not support ");
-    if (type != QtDebugMsg && type != QtInfoMsg && !isOfPlatform)
+    if (type != QtDebugMsg && type != QtInfoMsg)
         std::abort();
 }
 

@@ -46,6 +46,12 @@ QString nameOf(const QWidget &widget)
     return QString::fromLatin1(widget.metaObject()->className()) + u' ' + widget.objectName();
 }
 
+/// What a press or a drag does can make the window smaller.
+QPoint inside(const QWindow &window, const QPoint &place)
+{
+    return {std::min(place.x(), window.width() - 1), std::min(place.y(), window.height() - 1)};
+}
+
 } // namespace
 
 Robot::Robot(quint32 seed, int seconds, QWidget &window, const QString &log)
@@ -147,7 +153,7 @@ void Robot::click(QWidget &top, Qt::MouseButton button)
     const QPointer<QWindow> window = top.windowHandle();
     QTest::mousePress(window, button, anyOf(modifiers), place);
     if (window) // it may be gone with what the press has done
-        QTest::mouseRelease(window, button, {}, place);
+        QTest::mouseRelease(window, button, {}, inside(*window, place));
 }
 
 void Robot::doubleClick(QWidget &top)
@@ -155,9 +161,9 @@ void Robot::doubleClick(QWidget &top)
     const QPointer<QWindow> window = top.windowHandle();
     const QPoint place = anyPlace(top, u"double click"_s);
     for (int press = 0; press < 2 && window; ++press) {
-        QTest::mousePress(window, Qt::LeftButton, {}, place, 0);
+        QTest::mousePress(window, Qt::LeftButton, {}, inside(*window, place), 0);
         if (window)
-            QTest::mouseRelease(window, Qt::LeftButton, {}, place, 0);
+            QTest::mouseRelease(window, Qt::LeftButton, {}, inside(*window, place), 0);
     }
 }
 
@@ -168,9 +174,9 @@ void Robot::drag(QWidget &top)
     const QPoint to = anyPlace(top, u"drag to"_s);
     QTest::mousePress(window, Qt::LeftButton, {}, from);
     for (int part = 1; part <= 4 && window; ++part)
-        QTest::mouseMove(window, from + (to - from) * part / 4);
+        QTest::mouseMove(window, inside(*window, from + (to - from) * part / 4));
     if (window)
-        QTest::mouseRelease(window, Qt::LeftButton, {}, to);
+        QTest::mouseRelease(window, Qt::LeftButton, {}, inside(*window, to));
 }
 
 void Robot::turnWheel(QWidget &top)
@@ -264,13 +270,15 @@ QPoint Robot::anyPlace(QWidget &top, const QString &action)
 {
     QList<QWidget *> seen;
     for (QWidget *widget : top.findChildren<QWidget *>()) {
-        if (widget->isVisible() && widget->window() == &top && !widget->size().isEmpty())
+        if (widget->isVisible() && widget->window() == &top && !widget->visibleRegion().isEmpty())
             seen.append(widget);
     }
     QWidget *target = seen.isEmpty() ? &top : anyOf(seen);
-    const QPoint inside(below(std::max(1, target->width())), below(std::max(1, target->height())));
-    note(u"%1 %2 (%3,%4)"_s.arg(action, nameOf(*target)).arg(inside.x()).arg(inside.y()));
-    return target->mapTo(&top, inside);
+    const QRect area = target->visibleRegion().boundingRect();
+    const QPoint place =
+        area.topLeft() + QPoint(below(std::max(1, area.width())), below(std::max(1, area.height())));
+    note(u"%1 %2 (%3,%4)"_s.arg(action, nameOf(*target)).arg(place.x()).arg(place.y()));
+    return target->mapTo(&top, place);
 }
 
 QString Robot::anyText()
