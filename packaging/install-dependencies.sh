@@ -1,13 +1,18 @@
-# To be sourced: install_dependencies build|test installs the Debian packages that are not there yet.
+# To be sourced: install_dependencies build|test|trial installs the Debian packages that are not there yet.
 
 build_packages=(g++ cmake ninja-build ccache mold pkg-config qt6-base-dev qt6-svg-dev libgl-dev libqt6sql6-sqlite
-    libsqlite3-dev libpq-dev libsodium-dev libxlsxwriter-dev zlib1g-dev qt6-translations-l10n breeze-icon-theme fonts-noto-cjk)
+    libsqlite3-dev libpq-dev libsodium-dev libxlsxwriter-dev zlib1g-dev qt6-translations-l10n breeze-icon-theme
+    fonts-noto-cjk)
 test_packages=(postgresql openssl procps libgtest-dev libgmock-dev poppler-utils)
 
 install_dependencies() {
-    local wanted=("${build_packages[@]}") missing=() package as_root=()
+    local wanted missing=() package as_root=()
     mkdir -p build
-    [ "$1" = test ] && wanted+=("${test_packages[@]}")
+    case $1 in
+        build) wanted=("${build_packages[@]}") ;;
+        test) wanted=("${build_packages[@]}" "${test_packages[@]}") ;;
+        trial) wanted=(mmdebstrap git) ;;
+    esac
     if ! command -v dpkg-query > /dev/null; then
         echo "本机不是 Debian 系统，请自行安装：${wanted[*]}" >&2
         return 0
