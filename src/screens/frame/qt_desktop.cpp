@@ -52,7 +52,7 @@ QString chooseFile(QFileDialog &dialog, const QString &acceptText)
     dialog.setLabelText(QFileDialog::FileName, QStringLiteral("文件名:"));
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("类型:"));
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("位置:"));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return look::runModal(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 } // namespace
@@ -68,14 +68,14 @@ Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title,
     box.setTextFormat(Qt::PlainText);
     if (buttons == Buttons::Ok) {
         box.setDefaultButton(box.addButton(QStringLiteral("确定(&O)"), QMessageBox::AcceptRole));
-        box.exec();
+        look::runModal(box);
         return Answer::Ok;
     }
     const QPushButton *yes = box.addButton(QStringLiteral("是(&Y)"), QMessageBox::YesRole);
     QPushButton *no = box.addButton(QStringLiteral("否(&N)"), QMessageBox::NoRole);
     box.setDefaultButton(no);
     box.setEscapeButton(no);
-    box.exec();
+    look::runModal(box);
     return box.clickedButton() == yes ? Answer::Yes : Answer::No;
 }
 
@@ -91,7 +91,7 @@ std::optional<int> QtDesktop::choose(const QString &text, const QString &title, 
     QPushButton *cancel = box.addButton(QStringLiteral("取消(&C)"), QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
     box.setEscapeButton(cancel);
-    box.exec();
+    look::runModal(box);
     const qsizetype chosen = buttons.indexOf(box.clickedButton());
     return chosen < 0 ? std::nullopt : std::optional(static_cast<int>(chosen));
 }
@@ -104,7 +104,7 @@ std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString 
     dialog.setTextValue(preset);
     dialog.setOkButtonText(QStringLiteral("确定(&O)"));
     dialog.setCancelButtonText(QStringLiteral("取消(&C)"));
-    if (dialog.exec() != QDialog::Accepted)
+    if (look::runModal(dialog) != QDialog::Accepted)
         return std::nullopt;
     return dialog.textValue();
 }
@@ -133,7 +133,7 @@ void QtDesktop::showModal(QObject &form)
     if (!view)
         throw Failure(QStringLiteral("没有可以显示的窗体: ") + form.objectName());
     dialog.setView(view);
-    dialog.exec();
+    look::runModal(dialog);
 }
 
 bool QtDesktop::openFile(const QString &path)

@@ -1,6 +1,7 @@
 #include "screens/look/window_below.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QWidget>
 
 #include <algorithm>
@@ -19,6 +20,14 @@ QWidget *windowBelow()
     };
     const auto found = std::ranges::find_if(windows, isProgramWindow);
     return found == windows.end() ? nullptr : *found;
+}
+
+int runModal(QDialog &dialog)
+{
+    const int result = dialog.exec();
+    if (QWidget *below = dialog.parentWidget(); below && below->isVisible())
+        below->activateWindow();
+    return result;
 }
 
 } // namespace ebtq::look

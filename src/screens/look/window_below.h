@@ -1,5 +1,6 @@
 #pragma once
 
+class QDialog;
 class QWidget;
 
 namespace ebtq::look {
@@ -8,5 +9,10 @@ namespace ebtq::look {
 /// that is open, the active window, or the program's window while another program has the focus. Null when
 /// there is none yet.
 [[nodiscard]] QWidget *windowBelow();
+
+/// Shows a dialog modally, and gives the keyboard back to the window that it belongs to. A window manager
+/// does that by itself unless a question and the form that asked it close in one moment: it turns to the
+/// form, which is gone by then, and no window is active.
+int runModal(QDialog &dialog);
 
 } // namespace ebtq::look

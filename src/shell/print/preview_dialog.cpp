@@ -1,6 +1,7 @@
 #include "shell/print/preview_dialog.h"
 
 #include "screens/look/look.h"
+#include "screens/look/window_below.h"
 #include "shell/print/page_view.h"
 #include "shell/print/print_run.h"
 
@@ -93,7 +94,7 @@ void PreviewDialog::addPageBox(QHBoxLayout &row)
 
 void PreviewDialog::run()
 {
-    exec();
+    look::runModal(*this);
     if (m_failure)
         std::rethrow_exception(m_failure);
 }

@@ -26,7 +26,7 @@ bool QtPrintDesk::choosePrinter(QPrinter &printer)
 {
     QPrintDialog dialog(&printer, look::windowBelow());
     dialog.setWindowTitle(QStringLiteral("打印"));
-    return dialog.exec() == QDialog::Accepted;
+    return look::runModal(dialog) == QDialog::Accepted;
 }
 
 QString QtPrintDesk::choosePdfFile(const QString &proposedPath)
@@ -36,13 +36,13 @@ QString QtPrintDesk::choosePdfFile(const QString &proposedPath)
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("pdf"));
     dialog.selectFile(QFileInfo(proposedPath).fileName());
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return look::runModal(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 bool QtPrintDesk::editSettings(PrintSettings &settings)
 {
     SetupDialog dialog(settings, look::windowBelow());
-    if (dialog.exec() != QDialog::Accepted)
+    if (look::runModal(dialog) != QDialog::Accepted)
         return false;
     settings = dialog.settings();
     return true;

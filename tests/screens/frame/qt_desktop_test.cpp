@@ -169,6 +169,7 @@ TEST_F(QtDesktopTest, AModalFormEndsWhenItsScreenAgreesToClose)
         EXPECT_FALSE(dialog.isVisible());
     });
     desktop.showModal(form);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &program; }));
     QObject unknown;
     EXPECT_THROW(desktop.showModal(unknown), Failure);
 }
