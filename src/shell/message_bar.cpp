@@ -2,6 +2,7 @@
 
 #include "contracts/host_contracts.h"
 #include "screens/look/look.h"
+#include "shell/message_text.h"
 
 #include <QLabel>
 #include <QShortcut>
@@ -19,13 +20,14 @@ const QString textName = QStringLiteral("messageText");
 
 QString shownText(const QString &text, const QString &title, int count)
 {
-    const QString whole = title.isEmpty() ? text : QStringLiteral("%1：%2").arg(title, text);
-    return count == 1 ? whole : QStringLiteral("%1（%2 次）").arg(whole).arg(count);
+    const QString plain = plainMessage(text, title);
+    return count == 1 ? plain : QStringLiteral("%1（%2 次）").arg(plain).arg(count);
 }
 
-QLabel *textLabel(const QString &text)
+QLabel *textLabel(const QString &text, const QString &whole)
 {
     auto *label = new QLabel(text);
+    label->setToolTip(QStringLiteral("<p>%1</p>").arg(whole.toHtmlEscaped())); // as rich text it wraps
     label->setObjectName(textName);
     label->setTextFormat(
         Qt::PlainText); // a typed text stands in many messages and must not be read as mark-up
@@ -114,7 +116,8 @@ QWidget *MessageBar::row(const Entry &entry, size_t position)
     frame->setProperty("level", static_cast<int>(refusal ? Refusal : FailureLevel));
     auto *layout = new QHBoxLayout(frame);
     layout->setContentsMargins(10, 6, 8, 6);
-    layout->addWidget(textLabel(shownText(entry.text, entry.title, entry.count)), 1);
+    layout->addWidget(
+        textLabel(shownText(entry.text, entry.title, entry.count), wholeMessage(entry.text, entry.title)), 1);
     QToolButton *button = closeButton(refusal);
     layout->addWidget(button, 0, Qt::AlignTop);
     connect(button, &QToolButton::clicked, this, [this, position] {

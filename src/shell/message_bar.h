@@ -9,9 +9,9 @@ class QShortcut;
 
 namespace ebtq::shell {
 
-/// Refusals and failures above the module, newest on top, each with its whole text and a close button. The
-/// same message coming again is counted and not repeated. Of many, three are shown and the rest wait behind
-/// them, so that nothing is lost. Hidden while empty.
+/// Refusals and failures above the module, newest on top, each as plainMessage() and a close button; the tool
+/// tip holds the whole of it. The same message coming again is counted and not repeated. Of many, three are
+/// shown and the rest wait behind them, so that nothing is lost. Hidden while empty.
 class MessageBar : public QWidget
 {
     Q_OBJECT

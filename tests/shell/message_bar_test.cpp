@@ -80,6 +80,27 @@ TEST_F(MessageBarTest, ALongTextWrapsAndMarkUpStaysText)
     EXPECT_LE(bar.minimumSizeHint().width(), 400) << "a long message must not widen the window";
 }
 
+TEST_F(MessageBarTest, NamesOfTheProgramsPartsAreForTheToolTip)
+{
+    const struct
+    {
+        QString text, title, shown;
+    } cases[] = {
+        {u"Fcxx-->IRptUI_Refresh::第 285 个字符处：文本没有结束"_qs, u"EBTQ_S"_qs, u"文本没有结束"_qs},
+        {u"-->LoadData::数据库已断开"_qs, {}, u"数据库已断开"_qs},
+        {u"Fcxx-->IRptUI_Init::初始化过程发生错误，原因:无"_qs, {}, u"初始化过程发生错误，原因:无"_qs},
+        {u"在第 3 个字符处：停"_qs, u"提示:"_qs, u"提示:：在第 3 个字符处：停"_qs},
+        {u"Fcxx-->Delete::"_qs, u"Fcxx"_qs, u"Fcxx-->Delete::"_qs},
+    };
+    for (const auto &row : cases) {
+        bar.add(row.text, FailureLevel, row.title);
+        EXPECT_EQ(bar.shownTexts().front(), row.shown);
+        const auto shown = bar.findChildren<QLabel *>(u"messageText"_qs);
+        EXPECT_TRUE(std::ranges::any_of(
+            shown, [&](QLabel *label) { return label->toolTip().contains(row.text.toHtmlEscaped()); }));
+    }
+}
+
 TEST_F(MessageBarTest, EscapeIsLeftToOthersWhileThereIsNoMessage)
 {
     struct Listener : QWidget
