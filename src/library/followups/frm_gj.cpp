@@ -5,6 +5,7 @@
 #include "contracts/null_conv.h"
 #include "database/values/date_text.h"
 #include "library/frame/desktop.h"
+#include "library/frame/statements.h"
 
 #include <algorithm>
 
@@ -146,8 +147,8 @@ void FrmGj::LoadData()
                                " left join pdmgy D on A.业务员ID=D.雇员ID where 跟进ID='"));
     sql += typed(m_id);
     sql += QStringView(u"'");
-    const auto rows = rowsOf(sql);
-    if (!(rows->Eof() && rows->Bof()))
+    const auto rows = openRows(app().Db(), sql);
+    if (!isEmpty(*rows))
         showRow(*rows);
 }
 

@@ -1,5 +1,7 @@
 #include "library/frame/id_generator.h"
 
+#include "library/frame/statements.h"
+
 #include <limits>
 
 namespace ebtq {
@@ -42,43 +44,24 @@ int IdGenerator::takeNext(const QString &table, const QString &keyColumn)
 {
     const QString where = whereCounter(table, keyColumn);
     const QString reading = QStringLiteral("select lastID from host_counters") + where;
-    if (!scalar(reading).isValid()) {
+    if (!singleValue(*m_db, reading).isValid()) {
         // Somebody else may make it at the same moment; then it is there all the same.
         m_db->CreateQuery(
                 QStringLiteral("insert into host_counters(tableName,keyColumn,lastID) values('%1','%2',0)")
                     .arg(table, keyColumn))
             ->Execute();
     }
-    execute(QStringLiteral("update host_counters set lastID=lastID+1") + where);
-    const QVariant last = scalar(reading);
+    executeStatement(*m_db, QStringLiteral("update host_counters set lastID=lastID+1") + where);
+    const QVariant last = singleValue(*m_db, reading);
     if (!last.isValid())
         throw Failure(QStringLiteral("%1 的编号计数器无法建立！").arg(table));
-    const QVariant highest = scalar(QStringLiteral("select max(%1) from %2").arg(keyColumn, table));
+    const QVariant highest =
+        singleValue(*m_db, QStringLiteral("select max(%1) from %2").arg(keyColumn, table));
     const qlonglong next = qMax(last.toLongLong(), highest.toLongLong() + 1);
     if (next > std::numeric_limits<int>::max())
         throw Failure(QStringLiteral("%1 的编号已用完！").arg(table));
-    execute(QStringLiteral("update host_counters set lastID=%1").arg(next) + where);
+    executeStatement(*m_db, QStringLiteral("update host_counters set lastID=%1").arg(next) + where);
     return static_cast<int>(next);
-}
-
-QVariant IdGenerator::scalar(const SqlText &sql)
-{
-    QVariant value = m_db->CreateQuery(sql)->Scalar();
-    requireSuccess();
-    return value;
-}
-
-void IdGenerator::execute(const SqlText &sql)
-{
-    m_db->CreateQuery(sql)->Execute();
-    requireSuccess();
-}
-
-void IdGenerator::requireSuccess() const
-{
-    const QString failure = m_db->LastError().Description;
-    if (!failure.isEmpty())
-        throw Failure(failure);
 }
 
 } // namespace ebtq

@@ -18,9 +18,6 @@ public:
 
 private:
     int takeNext(const QString &table, const QString &keyColumn);
-    QVariant scalar(const SqlText &sql);
-    void execute(const SqlText &sql);
-    void requireSuccess() const;
 
     HostDb *m_db = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "library/frame/module.h"
 
 #include "contracts/null_conv.h"
+#include "library/frame/statements.h"
 #include "library/layout/form_status.h"
 
 namespace ebtq {
@@ -10,8 +11,13 @@ QString applicationTitle()
     return QStringLiteral("EBTQ_S");
 }
 
-Module::Module(QString name, Desktop &desktop)
+Module::Module(const QString &name, Desktop &desktop)
+    : Module(name, desktop, {name, applicationTitle()})
+{}
+
+Module::Module(QString name, Desktop &desktop, FailureNames failures)
     : m_name(std::move(name))
+    , m_failures(std::move(failures))
     , m_desktop(desktop)
 {}
 
@@ -49,19 +55,21 @@ HostApp &Module::app() const
     return *m_app;
 }
 
-void Module::raiseDatabaseError(const QString &description)
-{
-    raiseError(description, FailureLevel, applicationTitle());
-}
-
 QString Module::trappedText(QStringView tag, const QString &description) const
 {
-    return m_name + tag.toString() + description;
+    return m_failures.prefix + tag.toString() + description;
+}
+
+QString Module::failureText(QStringView tag, const std::exception &failure) const
+{
+    const QString description = QString::fromUtf8(failure.what());
+    const bool isStatements = dynamic_cast<const StatementFailure *>(&failure);
+    return isStatements && !m_failures.tagsStatements ? description : trappedText(tag, description);
 }
 
 void Module::reportTrapped(QStringView tag, const std::exception &failure)
 {
-    raiseError(trappedText(tag, QString::fromUtf8(failure.what())), FailureLevel, applicationTitle());
+    raiseError(failureText(tag, failure), FailureLevel, m_failures.title);
 }
 
 void Module::releaseDatabase()

@@ -15,6 +15,16 @@ class Desktop;
 /// Title of messages that are the whole system's and no single module's.
 [[nodiscard]] QString applicationTitle();
 
+/// How a module tells what failed.
+struct FailureNames
+{
+    QString prefix; ///< what stands before the operation's tag
+    QString title;
+    /// Whether the failure of a statement bears prefix and tag as well; without them it is told in the
+    /// database's own words.
+    bool tagsStatements = false;
+};
+
 /// What all modules share: their controls, the designer's contract, the host from Init to Clear, and the one
 /// trap around each public operation.
 class Module : public QObject, public IDesignUI
@@ -24,8 +34,10 @@ class Module : public QObject, public IDesignUI
     Q_PROPERTY(int BackColor READ BackColor WRITE setBackColor NOTIFY backColorChanged)
 
 public:
-    /// `desktop` outlives the module.
-    Module(QString name, Desktop &desktop);
+    /// `desktop` outlives the module. Without `failures` what fails is told under the module's name and the
+    /// whole system's title.
+    Module(const QString &name, Desktop &desktop);
+    Module(QString name, Desktop &desktop, FailureNames failures);
     ~Module() override;
 
     [[nodiscard]] const QString &name() const { return m_name; }
@@ -53,14 +65,11 @@ protected:
     void setApp(HostApp *app) { m_app = app; }
     /// Raises the event ErrMessage, which each module declares in its own place among its events.
     virtual void raiseError(const QString &message, int level, const QString &title) = 0;
-    /// How a failure that was trapped is told: the module's name, the operation's tag, the description.
+    /// How a failure that was trapped is told: prefix, the operation's tag, the description.
     [[nodiscard]] virtual QString trappedText(QStringView tag, const QString &description) const;
-    /// A statement's failure, as the database told it.
-    void raiseDatabaseError(const QString &description);
 
     /// Runs the body of an operation; its result, or false when it throws. What it throws is raised as
-    /// ErrMessage: the module's name, the operation's tag, the description. HostDb.Release is the last act
-    /// either way.
+    /// ErrMessage, level 8 (see FailureNames). HostDb.Release is the last act either way.
     template<class Body> bool trapped(QStringView tag, Body body)
     {
         const bool result = trappedWithoutDatabase(tag, body);
@@ -84,7 +93,10 @@ private:
     void reportTrapped(QStringView tag, const std::exception &failure);
     void releaseDatabase();
 
+    [[nodiscard]] QString failureText(QStringView tag, const std::exception &failure) const;
+
     QString m_name;
+    FailureNames m_failures;
     Desktop &m_desktop;
     ControlCollection m_controls;
     HostApp *m_app = nullptr;

@@ -24,7 +24,6 @@ protected:
     void setLayoutFile(const QString &file) { m_module.m_layoutFile = file; }
     /// Between the module's Init and its Clear.
     [[nodiscard]] bool isInited() const { return m_module.m_app; }
-    void raiseDatabaseError(const QString &description) { m_module.raiseDatabaseError(description); }
     template<class Body> bool trapped(QStringView tag, Body body) { return m_module.trapped(tag, body); }
 
 private:

@@ -5,6 +5,7 @@
 #include "library/controls/drawn_later.h"
 #include "library/followups/frm_gj.h"
 #include "library/frame/desktop.h"
+#include "library/frame/statements.h"
 #include "library/frame/wait_cursor.h"
 #include "library/listings/fcxx_controls.h"
 #include "library/listings/fcxx_filter.h"
@@ -242,11 +243,7 @@ bool Fcxx::refresh()
     m_grid.setRows(m_grid.FixedRows());
     const WaitCursor wait(desktop());
     const SqlText sql = listingStatement(m_moduleId, listingWhere(filter(), desktop().now().date()));
-    const auto rows = app().Db().CreateQuery(sql, 1)->Open();
-    if (const QString error = app().Db().LastError().Description; !error.isEmpty()) {
-        raiseDatabaseError(error);
-        return false;
-    }
+    const auto rows = openRows(app().Db(), sql);
     return drawnLater(m_grid, [&] {
         show(*rows);
         return true;
@@ -255,7 +252,7 @@ bool Fcxx::refresh()
 
 void Fcxx::show(Recordset &rows)
 {
-    if (!(rows.Bof() && rows.Eof())) {
+    if (!isEmpty(rows)) {
         m_grid.LoadArray(rows.GetRows());
         showAttachmentIcons();
     }

@@ -143,9 +143,9 @@ private:
     void mFrmGj_ReturnData(const QString &psID, bool pbNew);
     void deleteListing();
     [[nodiscard]] bool isDeletionAgreed();
-    /// The query that was run; nullptr when it failed, of which the host has been told.
-    std::unique_ptr<HostQuery> executed(const SqlText &sql);
-    bool showSavedRow(const QString &listing, int row);
+    /// The deletion of the listing itself; nullptr when a statement failed, of which the host has been told.
+    [[nodiscard]] std::unique_ptr<HostQuery> deleteRows(const QString &listing);
+    void showSavedRow(const QString &listing, int row);
     void showDetailOfNumber();
     /// What the list is filtered by, as it stands below the title.
     [[nodiscard]] QString printSubtitle();

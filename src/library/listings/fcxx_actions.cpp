@@ -2,6 +2,7 @@
 #include "contracts/null_conv.h"
 #include "library/followups/frm_gj.h"
 #include "library/frame/desktop.h"
+#include "library/frame/statements.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/fcxx_list.h"
 
@@ -81,12 +82,8 @@ void Fcxx::mFrmGj_ReturnData(const QString &psID, bool pbNew)
         if (pbNew)
             grid.setRows(grid.Rows() + 1);
         const int row = pbNew ? grid.Rows() - 1 : grid.Row();
-        const auto saved = app().Db().CreateQuery(followUpStatement(psID), 1)->Open();
-        if (const QString error = app().Db().LastError().Description; !error.isEmpty()) {
-            raiseDatabaseError(error);
-            return false;
-        }
-        if (!(saved->Eof() && saved->Bof()))
+        const auto saved = openRows(app().Db(), followUpStatement(psID));
+        if (!isEmpty(*saved))
             showFollowUp(grid, row, *saved);
         return true;
     });
@@ -103,9 +100,7 @@ void Fcxx::deleteListing()
             return false;
         const int row = m_grid.Row();
         const QString listing = m_grid.TextMatrix(row, ListingKey);
-        if (!isDeletionAgreed() || !executed(deletion(QStringLiteral("fygj"), listing)))
-            return false;
-        const auto deleted = executed(deletion(QStringLiteral("fyxx"), listing));
+        const auto deleted = isDeletionAgreed() ? deleteRows(listing) : nullptr;
         if (!deleted)
             return false;
         if (deleted->RowsChanged() == 0)
@@ -134,15 +129,15 @@ bool Fcxx::isDeletionAgreed()
     return false;
 }
 
-std::unique_ptr<HostQuery> Fcxx::executed(const SqlText &sql)
+std::unique_ptr<HostQuery> Fcxx::deleteRows(const QString &listing)
 {
-    auto query = app().Db().CreateQuery(sql, 1);
-    query->Execute();
-    const QString error = app().Db().LastError().Description;
-    if (error.isEmpty())
-        return query;
-    raiseError(error, FailureLevel, name());
-    return nullptr;
+    try {
+        executeStatement(app().Db(), deletion(QStringLiteral("fygj"), listing));
+        return executeStatement(app().Db(), deletion(QStringLiteral("fyxx"), listing));
+    } catch (const StatementFailure &failure) {
+        raiseError(QString::fromUtf8(failure.what()), FailureLevel, name());
+        return nullptr;
+    }
 }
 
 } // namespace ebtq

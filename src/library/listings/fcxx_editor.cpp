@@ -1,6 +1,7 @@
 #include "contracts/conversions.h"
 #include "contracts/null_conv.h"
 #include "library/followups/frm_gj.h"
+#include "library/frame/statements.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/fcxx_list.h"
 #include "library/listings/frm_fx.h"
@@ -108,8 +109,7 @@ void Fcxx::mFrmFx_ReturnData(const QString &psID, bool pbNew)
             m_grid.setRow(m_grid.FixedRows());
             setWheelRange();
         }
-        if (!showSavedRow(psID, pbNew ? m_grid.Row() : rowToRewrite(psID)))
-            return false;
+        showSavedRow(psID, pbNew ? m_grid.Row() : rowToRewrite(psID));
         m_layout.recount();
         showDetailOfNumber();
         if (pbNew) {
@@ -141,18 +141,13 @@ void Fcxx::showDetailOfNumber()
         m_detail.ShowDetail(PlainDecimal(Val(listing)));
 }
 
-bool Fcxx::showSavedRow(const QString &listing, int row)
+void Fcxx::showSavedRow(const QString &listing, int row)
 {
-    const auto saved = app().Db().CreateQuery(listingRowStatement(m_moduleId, listing), 1)->Open();
-    if (const QString error = app().Db().LastError().Description; !error.isEmpty()) {
-        raiseDatabaseError(error);
-        return false;
-    }
-    if (saved->Eof() && saved->Bof())
-        return true;
+    const auto saved = openRows(app().Db(), listingRowStatement(m_moduleId, listing));
+    if (isEmpty(*saved))
+        return;
     for (const Cell &cell : cells)
         m_grid.setTextMatrix(row, cell.column, NullConv::ToText(saved->Fields(cell.name.toString()).Value));
-    return true;
 }
 
 } // namespace ebtq

@@ -4,6 +4,7 @@
 #include "contracts/null_conv.h"
 #include "database/values/date_text.h"
 #include "library/frame/desktop.h"
+#include "library/frame/statements.h"
 #include "library/listings/frm_fx_fields.h"
 
 namespace ebtq {
@@ -109,8 +110,8 @@ bool FrmFx::LoadData()
                                    " where 房源ID='"));
         sql += typed(m_id);
         sql += QStringView(u"'");
-        const auto rows = rowsOf(sql);
-        if (!(rows->Eof() && rows->Bof()))
+        const auto rows = openRows(app().Db(), sql);
+        if (!isEmpty(*rows))
             takeRow(*rows);
         clearDirty();
         return true;

@@ -1,5 +1,6 @@
 #include "contracts/conversions.h"
 #include "contracts/null_conv.h"
+#include "library/frame/statements.h"
 #include "library/listings/frm_fx.h"
 #include "library/listings/frm_fx_fields.h"
 #include "library/pickers/picked_rows.h"
@@ -112,8 +113,8 @@ void FrmFx::fillFromHouseType(const QVariant &value, QString &text)
     SqlText sql(QStringLiteral("select 房间数,客厅数,卫生间数,阳台数 from pdmfx where 房型编号='"));
     sql += typed(NullConv::ToText(value));
     sql += QStringView(u"'");
-    const auto rows = rowsOf(sql);
-    if (rows->Eof() && rows->Bof())
+    const auto rows = openRows(app().Db(), sql);
+    if (isEmpty(*rows))
         return;
     const auto read = [&](QStringView column) {
         return NullConv::ToText(rows->Fields(column.toString()).Value);
@@ -130,8 +131,8 @@ void FrmFx::fillFromPropertyRight(const QVariant &value)
     SqlText sql(QStringLiteral("select 证件名称,付款方式,付佣金方式 from pdmcq where 产权编号='"));
     sql += typed(NullConv::ToText(value));
     sql += QStringView(u"'");
-    const auto rows = rowsOf(sql);
-    if (rows->Eof() && rows->Bof())
+    const auto rows = openRows(app().Db(), sql);
+    if (isEmpty(*rows))
         return;
     const std::pair<int, QStringView> filled[] = {
         {Certificate, u"证件名称"}, {Payment, u"付款方式"}, {Commission, u"付佣金方式"}};

@@ -2,6 +2,7 @@
 
 #include "contracts/conversions.h"
 #include "library/controls/drawn_later.h"
+#include "library/frame/statements.h"
 #include "library/listings/fcxx_list.h"
 #include "library/listings/listing_detail_fields.h"
 #include "library/listings/listing_matching.h"
@@ -49,11 +50,6 @@ SqlText followUpsStatement(const QString &id)
     sql += typed(id);
     sql += QStringView(u"' order by 操作日期 desc");
     return sql;
-}
-
-bool isEmpty(const Recordset &rows)
-{
-    return rows.Bof() && rows.Eof();
 }
 
 } // namespace
@@ -188,21 +184,11 @@ bool ListingDetail::load(int tab, const QString &id)
     }
 }
 
-std::unique_ptr<Recordset> ListingDetail::open(const SqlText &sql)
-{
-    auto rows = app().Db().CreateQuery(sql, 1)->Open();
-    const QString error = app().Db().LastError().Description;
-    if (error.isEmpty())
-        return rows;
-    raiseDatabaseError(error);
-    return nullptr;
-}
-
 bool ListingDetail::LoadData(const QString &id)
 {
     return trapped(u"-->LoadData::", [&] {
-        const auto rows = open(recordStatement(id));
-        if (!rows || isEmpty(*rows))
+        const auto rows = openRows(app().Db(), recordStatement(id));
+        if (isEmpty(*rows))
             return false;
         fill(ListingRecord(rows->GetRows()));
         return true;
@@ -228,9 +214,9 @@ bool ListingDetail::loadInto(VSFlexGrid &grid, const SqlText &sql, KeptLayout *l
 {
     return drawnLater(grid, [&] {
         grid.setRows(grid.FixedRows());
-        const auto rows = open(sql);
-        if (!rows || isEmpty(*rows))
-            return rows != nullptr;
+        const auto rows = openRows(app().Db(), sql);
+        if (isEmpty(*rows))
+            return true;
         grid.LoadArray(rows->GetRows(), fixedColumns);
         if (layout)
             layout->restore(layoutFile(), grid, app());
@@ -251,9 +237,9 @@ bool ListingDetail::countPictures(const QString &id)
             "select count(rowindex) from pubAttach where isActive=1 and isPicture=1 and ids='"));
         sql += typed(id);
         sql += QStringView(u"'");
-        const auto rows = open(sql);
-        m_pictureCount = rows ? WholePart(Val(rows->GetRows().value(0, 0))) : 0;
-        return rows != nullptr;
+        m_pictureCount = 0;
+        m_pictureCount = WholePart(Val(singleValue(app().Db(), sql)));
+        return true;
     });
 }
 
@@ -266,8 +252,8 @@ bool ListingDetail::LoadDataGj(const QString &id)
 bool ListingDetail::LoadDataMsg(const QString &id)
 {
     return trapped(u"-->LoadDataMsg::", [&] {
-        const auto listing = open(measuresStatement(id));
-        if (!listing || isEmpty(*listing))
+        const auto listing = openRows(app().Db(), measuresStatement(id));
+        if (isEmpty(*listing))
             return false;
         return loadInto(m_customers, matchingCustomersStatement(listing->GetRows()), nullptr);
     });

@@ -62,8 +62,6 @@ private:
     bool countPictures(const QString &id);
     [[nodiscard]] QString currentListing() const;
     void empty();
-    /// nullptr for a statement that failed, which is raised by then.
-    [[nodiscard]] std::unique_ptr<Recordset> open(const SqlText &sql);
     void fill(const ListingRecord &record);
     /// `layout` is the grid's, restored after the load; nullptr for a grid that stays as it was built.
     [[nodiscard]] bool loadInto(VSFlexGrid &grid, const SqlText &sql, KeptLayout *layout);

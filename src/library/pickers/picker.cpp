@@ -3,6 +3,7 @@
 #include "contracts/conversions.h"
 #include "contracts/null_conv.h"
 #include "library/controls/grid_helper.h"
+#include "library/frame/statements.h"
 #include "library/frame/wait_cursor.h"
 
 #include <utility>
@@ -138,7 +139,7 @@ bool Picker::load()
     m_grid.setRows(m_grid.FixedRows());
     const WaitCursor wait(desktop());
     const auto rows = open(listStatement());
-    if (!(rows->Bof() && rows->Eof()))
+    if (!isEmpty(*rows))
         m_grid.LoadArray(rows->GetRows(), firstColumn);
     m_grid.setCol(std::max(m_grid.Col(), firstColumn));
     m_search.rowsLoaded();
@@ -223,7 +224,7 @@ bool Picker::lookUp(const QString &valueField, const QString &textField, const Q
     setChoice(QString(), QString());
     m_row = emptyRow();
     const auto rows = open(checkStatement(typedText));
-    if (rows->Bof() && rows->Eof())
+    if (isEmpty(*rows))
         return false;
     const RowReader read = [&rows](const QString &column) { return rows->Fields(column).Value; };
     m_row = readRow(read);

@@ -6,6 +6,7 @@
 #include "library/controls/text_box.h"
 #include "library/frame/desktop.h"
 #include "library/frame/guid_text.h"
+#include "library/frame/statements.h"
 
 #include <algorithm>
 
@@ -35,7 +36,7 @@ bool isFilledIn(const QString &type)
 
 EditorForm::EditorForm(const QString &name, QString arrayName, std::span<const EditorField> fields,
                        const RecordTable &record, Desktop &desktop)
-    : Module(name, desktop)
+    : Module(name, desktop, {name, applicationTitle(), true})
     , m_arrayName(std::move(arrayName))
     , m_descriptions(fields)
     , m_record(record)
@@ -241,7 +242,7 @@ void EditorForm::showDepartment(qzTxt_S &department, const qzTxt_S &author)
                                "su_membership where userID='"));
     sql += typed(author.Tag());
     sql += QStringView(u"')");
-    department.setText(NullConv::ToText(single(sql)));
+    department.setText(NullConv::ToText(singleValue(app().Db(), sql)));
 }
 
 // Help and check
@@ -364,24 +365,6 @@ bool EditorForm::isNumber(const qzTxt_S &field) const
         return column.holder == Holder::FieldText && column.number == field.Index() &&
                column.saved == Saved::Number;
     });
-}
-
-// Statements
-
-QVariant EditorForm::single(const SqlText &sql)
-{
-    const QVariant value = app().Db().CreateQuery(sql, 1)->Scalar();
-    if (const QString error = app().Db().LastError().Description; !error.isEmpty())
-        throw Failure(error);
-    return value;
-}
-
-std::unique_ptr<Recordset> EditorForm::rowsOf(const SqlText &sql)
-{
-    auto rows = app().Db().CreateQuery(sql, 1)->Open();
-    if (const QString error = app().Db().LastError().Description; !error.isEmpty())
-        throw Failure(error);
-    return rows;
 }
 
 void EditorForm::refuse(const QString &message)

@@ -156,9 +156,6 @@ protected:
     /// there is no such row. Nothing when that cannot be found out; the user has been told.
     [[nodiscard]] std::optional<QVariant> triedValue(QStringView column);
 
-    /// Both throw Failure for a statement that failed: what it should have filled would be saved as empty.
-    [[nodiscard]] QVariant single(const SqlText &sql);
-    [[nodiscard]] std::unique_ptr<Recordset> rowsOf(const SqlText &sql);
     void refuse(const QString &message);
     [[nodiscard]] static QString messageTitle();
 
@@ -187,7 +184,7 @@ private:
     void saveAndClose();
     [[nodiscard]] std::optional<QString> numberOfNewRow(const NumberRule &rule);
     [[nodiscard]] bool isStillFree(const NumberRule &rule);
-    bool hasSucceeded();
+    template<class Body> bool succeeds(Body body);
     [[nodiscard]] QString newKey();
     bool insert(const QString &key);
     bool update(const QString &key);

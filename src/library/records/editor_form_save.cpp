@@ -1,6 +1,7 @@
 #include "contracts/conversions.h"
 #include "library/frame/desktop.h"
 #include "library/frame/guid_text.h"
+#include "library/frame/statements.h"
 #include "library/records/editor_form.h"
 
 namespace ebtq {
@@ -111,8 +112,10 @@ bool EditorForm::isStillFree(const NumberRule &rule)
 {
     if (!m_taken || m_taken->moduleId != rule.moduleId || m_taken->date != app().Session().LoginDate())
         return false;
-    return !single(SqlText(QStringLiteral("select %1 from %2 where %1='").arg(rule.column, m_record.table)) +
-                   typed(m_taken->number) + QStringLiteral("'"))
+    return !singleValue(
+                app().Db(),
+                SqlText(QStringLiteral("select %1 from %2 where %1='").arg(rule.column, m_record.table)) +
+                    typed(m_taken->number) + QStringLiteral("'"))
                 .isValid();
 }
 
@@ -124,12 +127,16 @@ bool EditorForm::wantsAnother()
 
 // Writing
 
-bool EditorForm::hasSucceeded()
+/// False when a statement of the body failed; the person has been told.
+template<class Body> bool EditorForm::succeeds(Body body)
 {
-    const QString error = app().Db().LastError().Description;
-    if (!error.isEmpty())
-        refuse(error);
-    return error.isEmpty();
+    try {
+        body();
+        return true;
+    } catch (const StatementFailure &failure) {
+        refuse(QString::fromUtf8(failure.what()));
+        return false;
+    }
 }
 
 /// A save that failed may have come through all the same, when the connection broke before the answer was
@@ -147,8 +154,8 @@ std::optional<QVariant> EditorForm::triedValue(QStringView column)
         return QVariant();
     const SqlText sql = SqlText(QStringLiteral("select %1 from %2").arg(column, m_record.table)) +
                         whereKey(m_record, m_triedKey);
-    const QVariant value = app().Db().CreateQuery(sql, 1)->Scalar();
-    return hasSucceeded() ? std::optional(value) : std::nullopt;
+    QVariant value;
+    return succeeds([&] { value = singleValue(app().Db(), sql); }) ? std::optional(value) : std::nullopt;
 }
 
 std::optional<EditorForm::SavedRow> EditorForm::write(const QString &id)
@@ -169,8 +176,7 @@ std::optional<EditorForm::SavedRow> EditorForm::write(const QString &id)
 
 bool EditorForm::insert(const QString &key)
 {
-    app().Db().CreateQuery(insertStatement(m_record, key, heldTexts()), 1)->Execute();
-    return hasSucceeded();
+    return succeeds([&] { executeStatement(app().Db(), insertStatement(m_record, key, heldTexts())); });
 }
 
 bool EditorForm::update(const QString &key)
@@ -189,13 +195,13 @@ bool EditorForm::update(const QString &key)
 
 QString EditorForm::runOnRow(const SqlText &sql)
 {
-    const auto query = app().Db().CreateQuery(sql, 1);
-    query->Execute();
-    if (const QString error = app().Db().LastError().Description; !error.isEmpty())
-        return error;
-    return query->RowsChanged() == 0
-               ? QStringLiteral("这条记录已被他人删除，没有保存！输入的内容仍在窗口中。")
-               : QString();
+    try {
+        if (executeStatement(app().Db(), sql)->RowsChanged() != 0)
+            return {};
+        return QStringLiteral("这条记录已被他人删除，没有保存！输入的内容仍在窗口中。");
+    } catch (const StatementFailure &failure) {
+        return QString::fromUtf8(failure.what());
+    }
 }
 
 QString EditorForm::runUpdate(const QString &key)
@@ -245,7 +251,7 @@ bool EditorForm::isSaveChecked()
 /// What a colleague has changed to what stands here anyway is no matter between the two.
 std::vector<ForeignChange> EditorForm::foreignChanges(const QString &key)
 {
-    auto changes = m_loaded.changesIn(m_record, *rowsOf(LoadedRow::statement(m_record, key)));
+    auto changes = m_loaded.changesIn(m_record, *openRows(app().Db(), LoadedRow::statement(m_record, key)));
     std::erase_if(changes, [this](const ForeignChange &change) {
         return isSameValue(*change.column, change.stored, held(*change.column));
     });

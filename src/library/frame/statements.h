@@ -1,0 +1,30 @@
+#pragma once
+
+#include "contracts/host_contracts.h"
+
+#include <QVariant>
+
+#include <memory>
+
+namespace ebtq {
+
+/// A statement that the database refused or could not finish, with the database's own words.
+class StatementFailure : public Failure
+{
+    using Failure::Failure;
+};
+
+/// Statements of the library run through these three, so that none goes on after a failure: each throws
+/// StatementFailure.
+[[nodiscard]] std::unique_ptr<Recordset> openRows(HostDb &db, const SqlText &sql);
+/// The query that was run, which knows how many rows it changed.
+std::unique_ptr<HostQuery> executeStatement(HostDb &db, const SqlText &sql);
+/// The first column of the first row; invalid without a row.
+[[nodiscard]] QVariant singleValue(HostDb &db, const SqlText &sql);
+
+[[nodiscard]] inline bool isEmpty(const Recordset &rows)
+{
+    return rows.Bof() && rows.Eof();
+}
+
+} // namespace ebtq
