@@ -169,11 +169,7 @@ void Fcxx::setUpFilter()
 
 void Fcxx::setUpGrid()
 {
-    constexpr int fixedColumns = 0;
-    setUpListingGrid(m_grid, fixedColumns, listingGridFormat());
-    m_grid.setToolTipText(listingToolTip());
-    for (const int column : {ListingKey, ListingAttachments, ListingBlock, ListingRoom})
-        m_grid.setColHidden(column, true);
+    setUpListGrid(m_grid, listingGrid());
     // Texts with their unit, but read as the amounts that they are, on the screen as on paper.
     for (const int column : {ListingSalePrice, ListingRent})
         m_grid.setColAlignment(column, VSFlexGrid::AlignRight);

@@ -140,7 +140,6 @@ private:
     void viewListing();
     void mFrmFx_ReturnData(const QString &psID, bool pbNew);
     void writeFollowUp();
-    void mFrmGj_ReturnData(const QString &psID, bool pbNew);
     void deleteListing();
     [[nodiscard]] bool isDeletionAgreed();
     /// The deletion of the listing itself; nullptr when a statement failed, of which the host has been told.

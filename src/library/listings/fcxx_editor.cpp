@@ -46,7 +46,7 @@ void Fcxx::makeEditors()
     connect(m_editor.get(), &FrmFx::ErrMessage, this, &Fcxx::ErrMessage);
     connect(m_editor.get(), &FrmFx::ReturnData, this, &Fcxx::mFrmFx_ReturnData);
     m_followUpEditor = std::make_unique<FrmGj>(desktop());
-    connect(m_followUpEditor.get(), &FrmGj::ReturnData, this, &Fcxx::mFrmGj_ReturnData);
+    connect(m_followUpEditor.get(), &FrmGj::ReturnData, &m_detail, &ListingDetail::mFrmGj_ReturnData);
 }
 
 bool Fcxx::isRowValid() const

@@ -1,33 +1,18 @@
 #include "library/listings/fcxx_list.h"
 
-#include "library/controls/flex_grid.h"
-#include "library/controls/grid_helper.h"
-
 namespace ebtq {
 
-namespace {
-
-constexpr int softYellow = 0xC0FFFF;
-
-} // namespace
-
-void setUpListingGrid(VSFlexGrid &grid, int fixedColumns, const QString &format)
+const ListGrid &listingGrid()
 {
-    GridHelper().style(grid, fixedColumns, format);
-    grid.setBackColorAlternate(softYellow);
-}
-
-QString listingToolTip()
-{
-    return QStringLiteral("提示：双击进入原始单据查询");
-}
-
-QString listingGridFormat()
-{
-    return QStringLiteral(
-        " |房源编号  |交易  |状态  |城区                |楼盘字典        |栋座    |房号  |楼层|附属房        "
-        "  "
-        "|房型    |面积      |朝向|装修  |售总价    |租总价    |委托日      |部门  |经纪人|房源ID|附件");
+    static constexpr int hidden[] = {ListingKey, ListingAttachments, ListingBlock, ListingRoom};
+    static constexpr ListGrid grid{.format = u" |房源编号  |交易  |状态  |城区                |楼盘字典      "
+                                             u"  |栋座    |房号  |楼层|附属房        "
+                                             u"  |房型    |面积      |朝向|装修  |售总价    |租总价    "
+                                             u"|委托日      |部门  |经纪人|房源ID|附件",
+                                   .fixedColumns = 0,
+                                   .hiddenColumns = hidden,
+                                   .toolTip = u"提示：双击进入原始单据查询"};
+    return grid;
 }
 
 namespace {

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "database/values/sql_text.h"
+#include "library/lists/list_grid.h"
 
 #include <QString>
 
 namespace ebtq {
-
-class VSFlexGrid;
 
 /// Columns of the grid of listings that are addressed by number.
 enum ListingColumn : int {
@@ -20,12 +19,7 @@ enum ListingColumn : int {
     ListingAttachments = 20 ///< hidden; their number
 };
 
-/// Captions of the grid of listings; the blanks give the columns their widths.
-[[nodiscard]] QString listingGridFormat();
-
-/// What the grid of listings and the grids of its detail have in common: style, columns and striped rows.
-void setUpListingGrid(VSFlexGrid &grid, int fixedColumns, const QString &format);
-[[nodiscard]] QString listingToolTip();
+[[nodiscard]] const ListGrid &listingGrid();
 
 /// The statement that loads the list. All joins are left joins, so that a listing without a department shows;
 /// its user in two departments shows it twice. `where` is a whole where clause or empty.

@@ -1,33 +1,39 @@
 #include "library/listings/listing_detail.h"
 
 #include "contracts/conversions.h"
-#include "library/controls/drawn_later.h"
+#include "library/followups/follow_up_rows.h"
 #include "library/frame/statements.h"
 #include "library/listings/fcxx_list.h"
 #include "library/listings/listing_detail_fields.h"
 #include "library/listings/listing_matching.h"
+#include "library/lists/list_grid.h"
 
 namespace ebtq {
 
 namespace {
 
-/// Of both grids: an empty one in front, which is hidden.
-constexpr int fixedColumns = 1;
-constexpr int hiddenFollowUpColumns[] = {0, 11};
+constexpr DetailTab tabs[] = {{u"详细信息", u"key1"},
+                              {u"保密信息", u"key5"},
+                              {u"跟进记录", u"key2"},
+                              {u"匹配客源", u"key4"},
+                              {u"照片", u"key3"}};
 
-QString followUpsFormat()
-{
-    return QStringLiteral(
-        " |跟进时间            |跟进内容                                          |部门    |经纪人  "
-        "|下次提醒|提醒时间        |提醒范围|提醒内容                    |处理内容              "
-        "|处理时间            |跟进ID");
-}
+constexpr int hiddenCustomerColumns[] = {0};
+constexpr ListGrid customerGrid{
+    .format =
+        u" |方式  |状态  | 委托编号  | 客户名称    | 需求片区                 |需求楼层  |需求面积         "
+        u"|求购价格(万元)|求租价格(元/月)|需求房型    | 委托日期        |部门       |经纪人    ",
+    .hiddenColumns = hiddenCustomerColumns};
 
-QString customersFormat()
+DetailTables tables()
 {
-    return QStringLiteral(
-        " |方式  |状态  | 委托编号  | 客户名称    | 需求片区                 |需求楼层  |需求面积         "
-        "|求购价格(万元)|求租价格(元/月)|需求房型    | 委托日期        |部门       |经纪人    ");
+    return {.tabs = tabs,
+            .firstTab = PicturesTab,
+            .fieldName = u"qzFcTxt",
+            .fields = detailFields(),
+            .boxName = u"Txt",
+            .boxes = detailBoxes(),
+            .keyColumn = ListingKey};
 }
 
 SqlText recordStatement(const QString &id)
@@ -40,6 +46,7 @@ SqlText recordStatement(const QString &id)
     return sql;
 }
 
+/// The agent is the user who wrote it, unlike where follow-ups are listed by themselves.
 SqlText followUpsStatement(const QString &id)
 {
     SqlText sql(QStringLiteral(
@@ -52,119 +59,28 @@ SqlText followUpsStatement(const QString &id)
     return sql;
 }
 
+SqlText pictureCountStatement(const QString &id)
+{
+    SqlText sql(
+        QStringLiteral("select count(rowindex) from pubAttach where isActive=1 and isPicture=1 and ids='"));
+    sql += typed(id);
+    sql += QStringView(u"'");
+    return sql;
+}
+
 } // namespace
 
 ListingDetail::ListingDetail(Module &module, const VSFlexGrid &list)
-    : ModulePart(module)
-    , m_list(list)
-    , m_tabs(controls().add<qzVSTabCtl>(QStringLiteral("qzVSTabCtl1")))
-    , m_followUps(controls().add<VSFlexGrid>(QStringLiteral("VsGj")))
-    , m_customers(controls().add<VSFlexGrid>(QStringLiteral("VsP")))
-{
-    makeControls();
-    connect(&m_tabs, &qzVSTabCtl::TabLeft, this, [this](int tab) { setPanelVisible(tab, false); });
-    connect(&m_tabs, &qzVSTabCtl::TabEntered, this, [this](int tab) {
-        setPanelVisible(tab, true);
-        // Whatever row is current: without a listing nothing is found and nothing changes.
-        if (isInited())
-            ShowDetail(m_list.TextMatrix(m_list.Row(), ListingKey));
-    });
-}
-
-void ListingDetail::makeControls()
-{
-    m_tabs.setTabs({{QStringLiteral("详细信息"), QStringLiteral("key1")},
-                    {QStringLiteral("保密信息"), QStringLiteral("key5")},
-                    {QStringLiteral("跟进记录"), QStringLiteral("key2")},
-                    {QStringLiteral("匹配客源"), QStringLiteral("key4")},
-                    {QStringLiteral("照片"), QStringLiteral("key3")}},
-                   PicturesTab);
-    for (int tab = ListingTab; tab <= PicturesTab; ++tab)
-        controls().add<qzPanel>(QStringLiteral("pnlTab"), tab - 1).setVisible(tab == m_tabs.ActiveTab());
-    for (const DetailField &field : detailFields()) {
-        m_fields.push_back(&controls().add<qzTxt_S>(QStringLiteral("qzFcTxt"), field.number));
-        m_fields.back()->setCaption(field.caption.toString());
-        m_fields.back()->setKept(false);
-    }
-    for (const DetailBox &box : detailBoxes()) {
-        m_boxes.push_back(&controls().add<TextBox>(QStringLiteral("Txt"), box.number, TextBox::Lines::Many));
-        m_boxes.back()->setCaption(box.caption.toString());
-        m_boxes.back()->setKept(false);
-    }
-}
-
-template<class T> T &ListingDetail::control(const QString &name, int number)
-{
-    auto *found = qobject_cast<T *>(controls().find(name, number));
-    if (!found)
-        throw Failure(QStringLiteral("没有编号为 %1 的控件 %2！").arg(number).arg(name));
-    return *found;
-}
-
-qzPanel &ListingDetail::pnlTab(int number)
-{
-    return control<qzPanel>(QStringLiteral("pnlTab"), number);
-}
-
-qzTxt_S &ListingDetail::qzFcTxt(int number)
-{
-    return control<qzTxt_S>(QStringLiteral("qzFcTxt"), number);
-}
-
-TextBox &ListingDetail::Txt(int number)
-{
-    return control<TextBox>(QStringLiteral("Txt"), number);
-}
-
-void ListingDetail::setPanelVisible(int tab, bool visible)
-{
-    pnlTab(tab - 1).setVisible(visible);
-}
+    : RecordDetail(module, list, tables())
+    , m_followUps(addGrid(QStringLiteral("VsGj")))
+    , m_customers(addGrid(QStringLiteral("VsP")))
+{}
 
 void ListingDetail::setUpGrids()
 {
     m_followUpsLayout.forget();
-    setUpListingGrid(m_followUps, fixedColumns, followUpsFormat());
-    m_followUps.setToolTipText(listingToolTip());
-    for (const int column : hiddenFollowUpColumns)
-        m_followUps.setColHidden(column, true);
-    setUpListingGrid(m_customers, fixedColumns, customersFormat());
-    m_customers.setColHidden(0, true);
-}
-
-// Load
-
-void ListingDetail::ShowDetail(const QString &id)
-{
-    const int tab = m_tabs.ActiveTab();
-    const bool done = load(tab, id);
-    Q_EMIT TabShown(tab, done && id == currentListing());
-}
-
-void ListingDetail::showCurrent()
-{
-    const QString id = currentListing();
-    if (id.isEmpty())
-        empty();
-    ShowDetail(id);
-}
-
-QString ListingDetail::currentListing() const
-{
-    const int row = m_list.Row();
-    return row >= m_list.FixedRows() && row < m_list.Rows() ? m_list.TextMatrix(row, ListingKey) : QString();
-}
-
-void ListingDetail::empty()
-{
-    for (qzTxt_S *field : m_fields) {
-        field->setValue({});
-        field->setText({});
-    }
-    for (TextBox *box : m_boxes)
-        box->setText({});
-    m_followUps.setRows(m_followUps.FixedRows());
-    m_customers.setRows(m_customers.FixedRows());
+    setUpListGrid(m_followUps, followUpGrid());
+    setUpListGrid(m_customers, customerGrid);
 }
 
 bool ListingDetail::load(int tab, const QString &id)
@@ -186,40 +102,29 @@ bool ListingDetail::load(int tab, const QString &id)
 
 bool ListingDetail::LoadData(const QString &id)
 {
-    return trapped(u"-->LoadData::", [&] {
-        const auto rows = openRows(app().Db(), recordStatement(id));
-        if (isEmpty(*rows))
-            return false;
-        fill(ListingRecord(rows->GetRows()));
-        return true;
+    return trapped(u"-->LoadData::", [&] { return loadFields(recordStatement(id)); });
+}
+
+bool ListingDetail::LoadDataGj(const QString &id)
+{
+    return trapped(u"-->LoadDataGj::",
+                   [&] { return loadGrid(m_followUps, followUpsStatement(id), &m_followUpsLayout); });
+}
+
+bool ListingDetail::LoadDataMsg(const QString &id)
+{
+    return trapped(u"-->LoadDataMsg::", [&] {
+        const auto listing = openRows(app().Db(), measuresStatement(id));
+        return !isEmpty(*listing) &&
+               loadGrid(m_customers, matchingCustomersStatement(listing->GetRows()), nullptr);
     });
 }
 
-void ListingDetail::fill(const ListingRecord &record)
+bool ListingDetail::countPictures(const QString &id)
 {
-    auto control = m_fields.cbegin();
-    for (const DetailField &field : detailFields()) {
-        qzTxt_S &shown = **control++;
-        if (!field.valueColumn.isEmpty())
-            shown.setValue(record.value(field.valueColumn));
-        if (const auto text = field.text(record, field.column))
-            shown.setText(*text);
-    }
-    auto box = m_boxes.cbegin();
-    for (const DetailBox &each : detailBoxes())
-        (*box++)->setText(record.text(each.column));
-}
-
-bool ListingDetail::loadInto(VSFlexGrid &grid, const SqlText &sql, KeptLayout *layout)
-{
-    return drawnLater(grid, [&] {
-        grid.setRows(grid.FixedRows());
-        const auto rows = openRows(app().Db(), sql);
-        if (isEmpty(*rows))
-            return true;
-        grid.LoadArray(rows->GetRows(), fixedColumns);
-        if (layout)
-            layout->restore(layoutFile(), grid, app());
+    return trapped(u"-->CountPictures::", [&] {
+        m_pictureCount = 0;
+        m_pictureCount = WholePart(Val(singleValue(app().Db(), pictureCountStatement(id))));
         return true;
     });
 }
@@ -230,32 +135,13 @@ QString ListingDetail::picturesText() const
                                : QStringLiteral("共有%1张照片").arg(m_pictureCount);
 }
 
-bool ListingDetail::countPictures(const QString &id)
+void ListingDetail::mFrmGj_ReturnData(const QString &psID, bool pbNew)
 {
-    return trapped(u"-->CountPictures::", [&] {
-        SqlText sql(QStringLiteral(
-            "select count(rowindex) from pubAttach where isActive=1 and isPicture=1 and ids='"));
-        sql += typed(id);
-        sql += QStringView(u"'");
-        m_pictureCount = 0;
-        m_pictureCount = WholePart(Val(singleValue(app().Db(), sql)));
+    trapped(u"-->mFrmGj_ReturnData::", [&] {
+        if (pbNew)
+            m_followUps.setRows(m_followUps.Rows() + 1);
+        showFollowUp(app().Db(), m_followUps, pbNew ? m_followUps.Rows() - 1 : m_followUps.Row(), psID);
         return true;
-    });
-}
-
-bool ListingDetail::LoadDataGj(const QString &id)
-{
-    return trapped(u"-->LoadDataGj::",
-                   [&] { return loadInto(m_followUps, followUpsStatement(id), &m_followUpsLayout); });
-}
-
-bool ListingDetail::LoadDataMsg(const QString &id)
-{
-    return trapped(u"-->LoadDataMsg::", [&] {
-        const auto listing = openRows(app().Db(), measuresStatement(id));
-        if (isEmpty(*listing))
-            return false;
-        return loadInto(m_customers, matchingCustomersStatement(listing->GetRows()), nullptr);
     });
 }
 

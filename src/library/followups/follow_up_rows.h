@@ -1,0 +1,39 @@
+#pragma once
+
+#include "database/values/sql_text.h"
+#include "library/lists/list_grid.h"
+
+namespace ebtq {
+
+class HostDb;
+class VSFlexGrid;
+
+/// Columns of a grid of follow-ups.
+enum FollowUpColumn : int {
+    FollowUpTime = 1, ///< behind an empty one, which is hidden
+    FollowUpContents,
+    FollowUpDepartment,
+    FollowUpAgent,
+    FollowUpReminds,
+    FollowUpReminderTime,
+    FollowUpRange,
+    FollowUpReminder,
+    FollowUpResult,
+    FollowUpResultTime,
+    FollowUpKey ///< hidden
+};
+
+[[nodiscard]] const ListGrid &followUpGrid();
+
+/// Columns and tables of a statement that fills such a grid from its first column on, between "select" and
+/// "where". All joins are left joins, so a user in two departments shows his follow-ups twice.
+[[nodiscard]] SqlText followUpSource();
+
+/// The follow-ups of a listing or customer, newest first.
+[[nodiscard]] SqlText followUpsOf(const QString &owner);
+
+/// Writes a follow-up as it was saved into a row of the grid. Nothing when it is gone by now; throws
+/// StatementFailure. A range that is none leaves its cell alone.
+void showFollowUp(HostDb &db, VSFlexGrid &grid, int row, const QString &followUp);
+
+} // namespace ebtq
