@@ -87,7 +87,6 @@ FcxxView::FcxxView(Fcxx &module, QWidget *parent)
     addGrid();
     addMenu();
     addDetail();
-    setFocusProxy(m_grid);
     followKind();
     followOutcome();
 }
@@ -225,6 +224,12 @@ void FcxxView::followOutcome()
 bool FcxxView::isOwnKey(int key) const
 {
     return key == Qt::Key_F5 || (key == Qt::Key_F6 && !m_detail->isAncestorOf(QApplication::focusWidget()));
+}
+
+/// A focus proxy would take each Tab that comes into the view, and the filters would never be reached.
+void FcxxView::focusInEvent(QFocusEvent *event)
+{
+    m_grid->setFocus(event->reason());
 }
 
 bool FcxxView::event(QEvent *event)

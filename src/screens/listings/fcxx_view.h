@@ -24,6 +24,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override; ///< the keyboard begins in the list
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

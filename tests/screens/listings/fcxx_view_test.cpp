@@ -162,12 +162,15 @@ TEST_F(FcxxViewTest, TellsAnEmptyListFromAFailedOne)
     EXPECT_NE(hint(), afterFailure);
 }
 
-TEST_F(FcxxViewTest, TabGoesThroughTheFiltersInReadingOrder)
+TEST_F(FcxxViewTest, TabGoesFromTheDetailThroughToolBarAndFiltersToTheList)
 {
-    const QStringList order = {u"qzTxt_0"_qs, u"qzTxt_7"_qs,    u"qzTxt_1"_qs, u"qzTxt_3"_qs,
-                               u"qzTxt_4"_qs, u"qzTxt_5"_qs,    u"XPCmb"_qs,   u"Chk_0"_qs,
-                               u"Chk_1"_qs,   u"SearchBox1"_qs, u"ChkFind"_qs, u"VS"_qs};
-    field(0).setFocus();
+    QStringList order = {u"qzVSTabCtl1"_qs};
+    for (const QString &key : {u"all"_qs, u"buy"_qs, u"rent"_qs, u"new"_qs, u"edit"_qs, u"delete"_qs,
+                               u"gj"_qs, u"refresh"_qs, u"close"_qs})
+        order.append(u"NavToolbar1_"_qs + key);
+    order += {u"qzTxt_0"_qs, u"qzTxt_7"_qs, u"qzTxt_1"_qs, u"qzTxt_3"_qs,    u"qzTxt_4"_qs, u"qzTxt_5"_qs,
+              u"XPCmb"_qs,   u"Chk_0"_qs,   u"Chk_1"_qs,   u"SearchBox1"_qs, u"ChkFind"_qs, u"VS"_qs};
+    child<QWidget>(u"qzVSTabCtl1"_qs).setFocus();
     QStringList walked;
     for (qsizetype step = 0; step < order.size(); ++step) {
         QWidget *focused = QApplication::focusWidget();
