@@ -2,7 +2,7 @@
 
 #include "contracts/host_contracts.h"
 #include "screens/look/look.h"
-#include "shell/message_text.h"
+#include "screens/look/message_text.h"
 
 #include <QLabel>
 #include <QShortcut>
@@ -20,14 +20,14 @@ const QString textName = QStringLiteral("messageText");
 
 QString shownText(const QString &text, const QString &title, int count)
 {
-    const QString plain = plainMessage(text, title);
+    const QString plain = look::plainMessage(text, title);
     return count == 1 ? plain : QStringLiteral("%1（%2 次）").arg(plain).arg(count);
 }
 
-QLabel *textLabel(const QString &text, const QString &whole)
+QLabel *textLabel(const QString &text, const QString &toolTip)
 {
     auto *label = new QLabel(text);
-    label->setToolTip(QStringLiteral("<p>%1</p>").arg(whole.toHtmlEscaped())); // as rich text it wraps
+    label->setToolTip(toolTip);
     label->setObjectName(textName);
     label->setTextFormat(
         Qt::PlainText); // a typed text stands in many messages and must not be read as mark-up
@@ -65,6 +65,8 @@ MessageBar::MessageBar(QWidget *parent)
 
 void MessageBar::add(const QString &text, int level, const QString &title)
 {
+    if (level >= FailureLevel)
+        look::logMessage(text, title);
     const auto same = std::ranges::find_if(m_entries, [&](const Entry &entry) {
         return entry.text == text && entry.level == level && entry.title == title;
     });
@@ -116,8 +118,9 @@ QWidget *MessageBar::row(const Entry &entry, size_t position)
     frame->setProperty("level", static_cast<int>(refusal ? Refusal : FailureLevel));
     auto *layout = new QHBoxLayout(frame);
     layout->setContentsMargins(10, 6, 8, 6);
-    layout->addWidget(
-        textLabel(shownText(entry.text, entry.title, entry.count), wholeMessage(entry.text, entry.title)), 1);
+    layout->addWidget(textLabel(shownText(entry.text, entry.title, entry.count),
+                                look::messageToolTip(entry.text, entry.title)),
+                      1);
     QToolButton *button = closeButton(refusal);
     layout->addWidget(button, 0, Qt::AlignTop);
     connect(button, &QToolButton::clicked, this, [this, position] {

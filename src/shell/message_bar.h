@@ -9,9 +9,9 @@ class QShortcut;
 
 namespace ebtq::shell {
 
-/// Refusals and failures above the module, newest on top, each as plainMessage() and a close button; the tool
-/// tip holds the whole of it. The same message coming again is counted and not repeated. Of many, three are
-/// shown and the rest wait behind them, so that nothing is lost. Hidden while empty.
+/// Refusals and failures above the module, newest on top, each shortened (look::plainMessage) with a close
+/// button; the tool tip has all of it, and the log all of a failure. A repeated message is counted. At most
+/// three are shown; the others follow when those are closed. Hidden while empty.
 class MessageBar : public QWidget
 {
     Q_OBJECT

@@ -1,4 +1,5 @@
 #include "screens/look/look.h"
+#include "screens/look/message_text.h"
 #include "screens/look/theme.h"
 #include "shell/module_catalog.h"
 
@@ -143,6 +144,30 @@ TEST(Look, EveryIconInUseIsBuiltIn)
         for (const int size : {16, 22})
             EXPECT_TRUE(drawsSomething(icon(name), size)) << name.toStdString() << " at " << size;
     }
+}
+
+TEST(Look, MessagesAreShownWithoutTheProgramsOwnNames)
+{
+    const struct
+    {
+        QString text, title, shown;
+    } cases[] = {
+        {u"Fcxx-->IRptUI_Refresh::第 285 个字符处：文本没有结束"_qs, u"EBTQ_S"_qs, u"文本没有结束"_qs},
+        {u"-->LoadData::数据库已断开"_qs, {}, u"数据库已断开"_qs},
+        {u"客源-->LoadData::没有权限"_qs, u"客源"_qs, u"客源：没有权限"_qs},
+        {u"Fcxx-->IRptUI_Init::初始化过程发生错误，原因:第 9 个字符处：停"_qs,
+         {},
+         u"初始化过程发生错误，原因:停"_qs},
+        {u"DoSave:编号已用"_qs, u"提示:"_qs, u"提示：编号已用"_qs},
+        {u"IsCanDelete::被引用"_qs, {}, u"被引用"_qs},
+        {u"删除数据时出错：第 3 个字符处：停"_qs, {}, u"删除数据时出错：停"_qs},
+        {u"他说在第 3 个字符处：停"_qs, {}, u"他说在第 3 个字符处：停"_qs},
+        {u"ERROR: x"_qs, {}, u"ERROR: x"_qs},
+        {u"C:\\房源 a::b"_qs, {}, u"C:\\房源 a::b"_qs},
+        {u"Fcxx-->Delete::"_qs, u"Fcxx"_qs, u"Fcxx-->Delete::"_qs},
+    };
+    for (const auto &row : cases)
+        EXPECT_EQ(plainMessage(row.text, row.title), row.shown);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "screens/frame/form_dialog.h"
 #include "screens/frame/view_registry.h"
 #include "screens/look/look.h"
+#include "screens/look/message_text.h"
 #include "screens/look/window_below.h"
 
 #include <QApplication>
@@ -45,6 +46,12 @@ void showIcon(QMessageBox &box, Desktop::Icon icon)
     box.setIconPixmap(iconOf(icon).pixmap(QSize(extent, extent), box.devicePixelRatioF()));
 }
 
+void keepWhole(QMessageBox &box, const QString &text, const QString &title)
+{
+    box.setToolTip(look::messageToolTip(text, title));
+    look::logMessage(text, title);
+}
+
 QString chooseFile(QFileDialog &dialog, const QString &acceptText)
 {
     dialog.setLabelText(QFileDialog::Accept, acceptText);
@@ -63,7 +70,10 @@ QtDesktop::QtDesktop(const ViewRegistry &views)
 
 Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons)
 {
-    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, look::windowBelow());
+    const QString plain = look::plainMessage(text);
+    QMessageBox box(QMessageBox::NoIcon, title, plain, QMessageBox::NoButton, look::windowBelow());
+    if (plain != text)
+        keepWhole(box, text, title);
     showIcon(box, icon);
     box.setTextFormat(Qt::PlainText);
     if (buttons == Buttons::Ok) {

@@ -91,9 +91,9 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
             EXPECT_FALSE(box->iconPixmap().isNull());
             answer(window);
         });
-        EXPECT_EQ(
-            desktop.messageBox(u"是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, Desktop::Icon::Question, buttons),
-            result);
+        EXPECT_EQ(desktop.messageBox(u"DoSave:是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, Desktop::Icon::Question,
+                                     buttons),
+                  result);
     }
 }
 
