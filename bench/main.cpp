@@ -54,7 +54,7 @@ int main(int argc, char **argv)
     const auto application = ebtq::bench::makeApplication(arguments.count(), arguments.values());
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Figures as ratios against a baseline of the same run; one JSON line."));
+        QStringLiteral("Figures as ratios against a baseline of the same run, as JSON lines."));
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("benchmark"), QStringLiteral("one of:") + commandHelp());
     const QCommandLineOption rows(QStringLiteral("rows"),

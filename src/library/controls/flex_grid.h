@@ -98,8 +98,9 @@ public:
     void setRowHidden(int row, bool hidden);
     void showAllRows();
     /// Hides every data row whose search text does not hold `text`. The search text of a row is its cell in
-    /// the current column and then, for each of `columns`, "%" and the cell there. One pass over the block's
-    /// bytes unless `text` has a "%" or letters whose case does not count.
+    /// the current column and then, for each of `columns`, "%" and the cell there; a column that the grid has
+    /// not, as -1, is an empty cell, and the last one so puts a "%" at the end. One pass over the block's
+    /// bytes.
     void hideRowsWithout(const QString &text, const QList<int> &columns,
                          Qt::CaseSensitivity sensitivity = Qt::CaseSensitive);
     /// The first data row from `fromRow` on, hidden or not, whose search text, as above, holds `text`; -1

@@ -1,55 +1,39 @@
 #include "library/controls/grid_search.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace ebtq {
-
-namespace {
-
-std::string_view longestPart(std::string_view text)
-{
-    std::string_view longest;
-    for (size_t begin = 0; begin < text.size();) {
-        const size_t end = std::min(text.find('%', begin), text.size());
-        if (end - begin > longest.size())
-            longest = text.substr(begin, end - begin);
-        begin = end + 1;
-    }
-    return longest;
-}
-
-} // namespace
 
 GridSearch::GridSearch(const GridRows &rows, const QString &text, int currentCol, const QList<int> &columns,
                        Qt::CaseSensitivity sensitivity)
     : m_rows(rows)
-    , m_text(text)
-    , m_needle(text.toStdString())
+    , m_typed(text)
+    , m_sensitivity(sensitivity)
+    , m_text(text, sensitivity)
+    , m_scanned(m_text.rarestPart(rows.block().arena()))
+    , m_scanDecides(m_scanned.size == m_text.bytes().size())
     , m_columns(QList<int>{currentCol} + columns)
-    , m_caseCounts(sensitivity == Qt::CaseSensitive || text.toUpper() == text.toLower())
-    , m_scanned(m_caseCounts ? longestPart(m_needle) : std::string_view())
-    , m_scanDecides(m_scanned.size() == m_needle.size())
-    , m_searched(static_cast<size_t>(rows.block().columnCount()))
-    , m_nextSearched(m_searched.size())
+    , m_columnCount(static_cast<size_t>(rows.block().columnCount()))
+    , m_places(m_columnCount)
+    , m_nextSearched(m_columnCount)
 {
-    for (const int col : std::as_const(m_columns)) {
-        const int blockCol = col - rows.firstColumn();
+    for (qsizetype at = 0; at < m_columns.size(); ++at) {
+        const int blockCol = m_columns[at] - rows.firstColumn();
         if (blockCol >= 0 && blockCol < rows.block().columnCount())
-            m_searched[static_cast<size_t>(blockCol)] = true;
+            m_places[static_cast<size_t>(blockCol)].push_back(at);
     }
-    int next = rows.block().columnCount();
-    for (size_t col = m_searched.size(); col-- > 0;) {
+    size_t next = m_columnCount;
+    for (size_t col = m_columnCount; col-- > 0;) {
         m_nextSearched[col] = next;
-        if (m_searched[col])
-            next = static_cast<int>(col);
+        if (!m_places[col].empty())
+            next = col;
     }
 }
 
 void GridSearch::run(int from, const std::function<bool(int)> &found)
 {
     for (int position = from; position < m_rows.count();) {
-        const int end = m_scanned.empty() ? position : m_rows.endOfRun(position);
+        const int end = m_scanned.size == 0 ? position : endOfScan(position);
         if (end > position) {
             if (!scanRun(position, end, found))
                 return;
@@ -70,101 +54,127 @@ bool GridSearch::rowHolds(int position)
             m_rowText += '%';
         m_rowText += m_rows.cell(position, m_columns[at]);
     }
-    if (m_caseCounts)
-        return m_rowText.find(m_needle) != std::string::npos;
-    return QString::fromStdString(m_rowText).contains(m_text, Qt::CaseInsensitive);
+    if (m_sensitivity == Qt::CaseSensitive)
+        return m_rowText.find(m_text.bytes()) != std::string::npos;
+    return cellText(m_rowText).contains(m_typed, m_sensitivity);
+}
+
+/// Rows in the block, one after the other, as far as no letter has a form that the scan does not know.
+int GridSearch::endOfScan(int begin) const
+{
+    int end = m_rows.endOfRun(begin);
+    for (const std::string &form : m_text.otherForms()) {
+        if (end == begin)
+            break;
+        const size_t first = m_rows.identity(begin);
+        const size_t last = first + static_cast<size_t>(end - begin) - 1;
+        const size_t offset = m_rows.block().arena().substr(0, rowEnd(last)).find(form, rowBegin(first));
+        if (offset != std::string_view::npos)
+            end = begin + static_cast<int>(rowHolding(offset, first, last) - first);
+    }
+    return end;
 }
 
 /// The scanned part stands in a cell of that column, `inCell` bytes from its begin.
-bool GridSearch::textStandsAround(int position, int blockCol, size_t inCell) const
+bool GridSearch::textStandsAround(size_t row, size_t blockCol, size_t inCell) const
 {
-    const std::string_view needle = m_needle;
-    const auto scannedAt = static_cast<size_t>(m_scanned.data() - needle.data());
-    const std::string_view cell = m_rows.cell(position, blockCol + m_rows.firstColumn());
-    for (qsizetype at = 0; at < m_columns.size(); ++at) {
-        if (m_columns[at] - m_rows.firstColumn() == blockCol &&
-            textFollows(position, at, cell.substr(inCell), needle.substr(scannedAt)) &&
-            textPrecedes(position, at, cell.substr(0, inCell), needle.substr(0, scannedAt)))
-            return true;
-    }
-    return false;
+    const std::string_view cell = m_rows.block().cellAt(row * m_columnCount + blockCol);
+    const size_t end = m_scanned.begin + m_scanned.size;
+    return std::ranges::any_of(m_places[blockCol], [&](qsizetype at) {
+        return textFollows(row, at, cell.substr(inCell + m_scanned.size), end) &&
+               textPrecedes(row, at, cell.substr(0, inCell), m_scanned.begin);
+    });
 }
 
-bool GridSearch::textFollows(int position, qsizetype at, std::string_view cell, std::string_view text) const
+bool GridSearch::textFollows(size_t row, qsizetype at, std::string_view cell, size_t begin) const
 {
-    while (text.size() > cell.size()) {
-        if (!text.starts_with(cell) || text[cell.size()] != '%' || ++at == m_columns.size())
+    const std::string_view text = m_text.bytes();
+    while (text.size() - begin > cell.size()) {
+        if (!m_text.standsIn(cell, begin) || text[begin + cell.size()] != '%' || ++at == m_columns.size())
             return false;
-        text.remove_prefix(cell.size() + 1);
-        cell = m_rows.cell(position, m_columns[at]);
+        begin += cell.size() + 1;
+        cell = cellOf(row, at);
     }
-    return cell.starts_with(text);
+    return m_text.standsIn(cell.substr(0, text.size() - begin), begin);
 }
 
-bool GridSearch::textPrecedes(int position, qsizetype at, std::string_view cell, std::string_view text) const
+bool GridSearch::textPrecedes(size_t row, qsizetype at, std::string_view cell, size_t end) const
 {
-    while (text.size() > cell.size()) {
-        if (!text.ends_with(cell) || text[text.size() - cell.size() - 1] != '%' || at-- == 0)
+    while (end > cell.size()) {
+        const size_t begin = end - cell.size();
+        if (!m_text.standsIn(cell, begin) || m_text.bytes()[begin - 1] != '%' || at-- == 0)
             return false;
-        text.remove_suffix(cell.size() + 1);
-        cell = m_rows.cell(position, m_columns[at]);
+        end = begin - 1;
+        cell = cellOf(row, at);
     }
-    return cell.ends_with(text);
+    return m_text.standsIn(cell.substr(cell.size() - end), 0);
 }
 
-/// The rows from `begin` to `end` stand in the block one behind the other.
+std::string_view GridSearch::cellOf(size_t row, qsizetype at) const
+{
+    const int col = m_columns[at] - m_rows.firstColumn();
+    return col < 0 || col >= m_rows.block().columnCount()
+               ? std::string_view()
+               : m_rows.block().cell(static_cast<qsizetype>(row), col);
+}
+
+/// The rows from `begin` to `end` stand in the block one after the other.
 bool GridSearch::scanRun(int begin, int end, const std::function<bool(int)> &found)
 {
-    const std::string_view arena = m_rows.block().arena();
     const size_t first = m_rows.identity(begin);
     const size_t last = first + static_cast<size_t>(end - begin) - 1;
-    const size_t stop = rowEnd(last);
+    const std::string_view bytes = m_rows.block().arena().substr(0, rowEnd(last));
+    TextScan scan(m_text, m_scanned, bytes);
     size_t row = first;
-    for (size_t at = rowBegin(first); at < stop;) {
-        const void *hit = memmem(arena.data() + at, stop - at, m_scanned.data(), m_scanned.size());
-        if (!hit)
+    for (size_t at = rowBegin(first); at < bytes.size();) {
+        const size_t offset = scan.next(at);
+        if (offset == std::string_view::npos)
             return true;
-        const auto offset = static_cast<size_t>(static_cast<const char *>(hit) - arena.data());
         row = rowHolding(offset, row, last);
-        const int col = columnHolding(offset, row);
+        const size_t col = columnHolding(offset, row);
         const int position = begin + static_cast<int>(row - first);
         if (!liesInSearchedCell(offset, row, col)) {
             at = beginOfNextSearched(row, col);
             continue;
         }
-        if (!m_scanDecides && !textStandsAround(position, col, offset - cellBegin(row, col))) {
+        if (!m_scanDecides && !textStandsAround(row, col, offset - cellBegin(row, col))) {
             at = offset + 1;
             continue;
         }
         if (!found(position))
             return false;
         at = rowEnd(row);
+        row = std::min(row + 1, last);
     }
     return true;
 }
 
 /// When it does not, neither the column's other bytes nor the rest of a cell too short for the text hold a
 /// match.
-bool GridSearch::liesInSearchedCell(size_t offset, size_t row, int col) const
+bool GridSearch::liesInSearchedCell(size_t offset, size_t row, size_t col) const
 {
-    const size_t cellEnd = m_rows.block().end(row * m_searched.size() + static_cast<size_t>(col));
-    return m_searched[static_cast<size_t>(col)] && offset + m_scanned.size() <= cellEnd;
+    return !m_places[col].empty() && offset + m_scanned.size <= cellEnd(row, col);
 }
 
-size_t GridSearch::cellBegin(size_t row, int col) const
+size_t GridSearch::cellBegin(size_t row, size_t col) const
 {
-    return col == 0 ? rowBegin(row)
-                    : m_rows.block().end(row * m_searched.size() + static_cast<size_t>(col) - 1);
+    const size_t index = row * m_columnCount + col;
+    return index == 0 ? 0 : m_rows.block().end(index - 1);
+}
+
+size_t GridSearch::cellEnd(size_t row, size_t col) const
+{
+    return m_rows.block().end(row * m_columnCount + col);
 }
 
 size_t GridSearch::rowBegin(size_t row) const
 {
-    return row == 0 ? 0 : rowEnd(row - 1);
+    return cellBegin(row, 0);
 }
 
 size_t GridSearch::rowEnd(size_t row) const
 {
-    return m_rows.block().end((row + 1) * m_searched.size() - 1);
+    return cellEnd(row, m_columnCount - 1);
 }
 
 /// Hits come in order: doubling steps from the last row find a near row at once and a far one without reading
@@ -188,21 +198,18 @@ size_t GridSearch::rowHolding(size_t offset, size_t from, size_t last) const
     return low;
 }
 
-int GridSearch::columnHolding(size_t offset, size_t row) const
+size_t GridSearch::columnHolding(size_t offset, size_t row) const
 {
-    const size_t first = row * m_searched.size();
     size_t col = 0;
-    while (m_rows.block().end(first + col) <= offset)
+    while (cellEnd(row, col) <= offset)
         ++col;
-    return static_cast<int>(col);
+    return col;
 }
 
-size_t GridSearch::beginOfNextSearched(size_t row, int col) const
+size_t GridSearch::beginOfNextSearched(size_t row, size_t col) const
 {
-    const int next = m_nextSearched[static_cast<size_t>(col)];
-    if (next == m_rows.block().columnCount())
-        return rowEnd(row);
-    return m_rows.block().end(row * m_searched.size() + static_cast<size_t>(next) - 1);
+    const size_t next = m_nextSearched[col];
+    return next == m_columnCount ? rowEnd(row) : cellBegin(row, next);
 }
 
 } // namespace ebtq

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/controls/grid_rows.h"
+#include "library/controls/searched_text.h"
 
 #include <QList>
 #include <QString>
@@ -15,9 +16,9 @@ namespace ebtq {
 /// then, for each of `columns`, "%" and the cell there; so a text with "%" can span neighbouring columns.
 ///
 /// A text without "%" lies within one cell, so the block's bytes are searched in one pass and each hit is
-/// mapped back to its cell. Of a text with "%" the longest part between two of them is searched so, and the
-/// columns around each hit are looked at. Edited rows, and letters whose case does not count, are searched
-/// row by row.
+/// mapped back to its cell. Of a text with "%" one of the parts between them is searched so, and the columns
+/// around each hit are looked at. Edited rows, and those with a letter in a rare form, are searched row by
+/// row.
 class GridSearch
 {
 public:
@@ -33,32 +34,35 @@ public:
 
 private:
     [[nodiscard]] bool rowHolds(int position);
-    [[nodiscard]] bool textStandsAround(int position, int blockCol, size_t inCell) const;
-    /// Whether the row goes on with the text, or ends with it, in the columns from `at` on, forwards or
-    /// backwards; `cell` is what is left of the first one.
-    [[nodiscard]] bool textFollows(int position, qsizetype at, std::string_view cell,
-                                   std::string_view text) const;
-    [[nodiscard]] bool textPrecedes(int position, qsizetype at, std::string_view cell,
-                                    std::string_view text) const;
+    [[nodiscard]] int endOfScan(int begin) const;
+    [[nodiscard]] bool textStandsAround(size_t row, size_t blockCol, size_t inCell) const;
+    /// Whether the row goes on with the text from `begin` on, or ends with what stands before `end`, in the
+    /// columns from `at` on, forwards or backwards; `cell` is what is left of the first one.
+    [[nodiscard]] bool textFollows(size_t row, qsizetype at, std::string_view cell, size_t begin) const;
+    [[nodiscard]] bool textPrecedes(size_t row, qsizetype at, std::string_view cell, size_t end) const;
+    /// A row's cell of the block in the column that stands there in `m_columns`.
+    [[nodiscard]] std::string_view cellOf(size_t row, qsizetype at) const;
     bool scanRun(int begin, int end, const std::function<bool(int)> &found);
-    [[nodiscard]] size_t cellBegin(size_t row, int col) const;
+    [[nodiscard]] size_t cellBegin(size_t row, size_t col) const;
+    [[nodiscard]] size_t cellEnd(size_t row, size_t col) const;
     [[nodiscard]] size_t rowBegin(size_t row) const;
     [[nodiscard]] size_t rowEnd(size_t row) const;
     [[nodiscard]] size_t rowHolding(size_t offset, size_t from, size_t last) const;
-    [[nodiscard]] bool liesInSearchedCell(size_t offset, size_t row, int col) const;
-    [[nodiscard]] int columnHolding(size_t offset, size_t row) const;
-    [[nodiscard]] size_t beginOfNextSearched(size_t row, int col) const;
+    [[nodiscard]] bool liesInSearchedCell(size_t offset, size_t row, size_t col) const;
+    [[nodiscard]] size_t columnHolding(size_t offset, size_t row) const;
+    [[nodiscard]] size_t beginOfNextSearched(size_t row, size_t col) const;
 
     const GridRows &m_rows;
-    QString m_text;
-    const std::string m_needle;
-    QList<int> m_columns; ///< the current one first
-    bool m_caseCounts;
-    std::string_view m_scanned;   ///< of m_needle; lies within one cell of every row that matches; empty when
-                                  ///< rows are not scanned
-    bool m_scanDecides;           ///< the scanned text is the whole one
-    std::vector<bool> m_searched; ///< by column of the block
-    std::vector<int> m_nextSearched; ///< by column of the block; its count for none
+    const QString m_typed;
+    const Qt::CaseSensitivity m_sensitivity;
+    const SearchedText m_text;
+    const SearchedText::Part m_scanned; ///< lies within one cell of every row that matches; empty when rows
+                                        ///< are not scanned
+    const bool m_scanDecides;           ///< the scanned part is the whole text
+    const QList<int> m_columns;         ///< the current one first
+    const size_t m_columnCount;         ///< of the block
+    std::vector<std::vector<qsizetype>> m_places; ///< by column of the block, where it stands in m_columns
+    std::vector<size_t> m_nextSearched;           ///< by column of the block; its count for none
     std::string m_rowText;
 };
 
