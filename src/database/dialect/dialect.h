@@ -75,10 +75,6 @@ struct Dialect
     /// are on every engine. Where looking for one count costs little, a short list waits less as it is
     /// written: SQLite.
     bool isFilteredListLong;
-
-    /// How many tokens of a statement the engine's parser can have open at a time. SQLite has a stack of 100;
-    /// the others keep to it, so that what runs on one engine runs on all.
-    int mostOpenTokens;
 };
 
 [[nodiscard]] const Dialect &sqliteDialect();

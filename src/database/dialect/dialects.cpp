@@ -24,7 +24,6 @@ const Dialect &sqliteDialect()
         .refusesSeveralRows = false,
         .rareCondition = "unlikely",
         .isFilteredListLong = false,
-        .mostOpenTokens = 95,
     };
     return dialect;
 }
@@ -51,7 +50,6 @@ const Dialect &postgresDialect()
         .refusesSeveralRows = true,
         .rareCondition = "",
         .isFilteredListLong = true,
-        .mostOpenTokens = 95,
     };
     return dialect;
 }

@@ -1,5 +1,7 @@
 #include "database/dialect/functions.h"
 
+#include "database/dialect/limits.h"
+
 #include <QLatin1String>
 
 #include <algorithm>
@@ -10,7 +12,7 @@ namespace ebtq::db {
 namespace {
 
 using Form = Function::Form;
-constexpr quint8 many = 100;
+constexpr quint8 many = limits::mostArguments;
 
 /// In the order of their names, for the search.
 constexpr std::array functions{

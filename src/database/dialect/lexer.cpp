@@ -1,6 +1,7 @@
 #include "database/dialect/lexer.h"
 
 #include "database/dialect/errors.h"
+#include "database/dialect/limits.h"
 
 #include <algorithm>
 #include <array>
@@ -163,8 +164,8 @@ private:
 
     void add(TokenKind kind, qsizetype length)
     {
-        if (m_tokens.size() >= mostTokens)
-            fail(m_at, u"语句太长：超过 %1 个词"_qs.arg(mostTokens));
+        if (m_tokens.size() >= limits::mostTokens)
+            fail(m_at, u"语句太长：超过 %1 个词"_qs.arg(limits::mostTokens));
         m_tokens.push_back({m_at, m_at + length, kind});
         m_at += length;
     }
@@ -323,8 +324,8 @@ private:
 
 std::vector<Token> tokenize(QStringView text)
 {
-    if (text.size() > longestStatement)
-        fail(0, u"语句太长：超过 %1 个字符"_qs.arg(longestStatement));
+    if (text.size() > limits::longestStatement)
+        fail(0, u"语句太长：超过 %1 个字符"_qs.arg(limits::longestStatement));
     return Lexer(text).run();
 }
 

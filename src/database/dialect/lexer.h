@@ -104,10 +104,6 @@ struct Token
     [[nodiscard]] qsizetype contentEnd() const { return end - (isDelimited() ? 1 : 0); }
 };
 
-/// Longer statements are refused. The longest field holds ten million characters; the rest is headroom.
-inline constexpr qsizetype longestStatement = 64 * 1024 * 1024;
-inline constexpr size_t mostTokens = 20000;
-
 /// The tokens of a statement, an End token last. Throws DialectError for a statement that is too long, and
 /// for nothing else.
 [[nodiscard]] std::vector<Token> tokenize(QStringView text);

@@ -1,12 +1,11 @@
 #include "database/dialect/parser.h"
 
 #include "database/dialect/errors.h"
+#include "database/dialect/limits.h"
 
 namespace ebtq::db {
 
 namespace {
-
-constexpr int deepestLevel = 100;
 
 /// What a lexical error is called; nothing for a kind that is none.
 QString lexicalError(TokenKind kind)
@@ -36,10 +35,10 @@ QString lexicalError(TokenKind kind)
 Parser::Level::Level(Parser &parser)
     : m_parser(parser)
 {
-    if (++m_parser.m_level <= deepestLevel)
+    if (++m_parser.m_level <= limits::deepestLevel)
         return;
     --m_parser.m_level;
-    fail(parser.token().begin, u"语句嵌套过深：超过 %1 层"_qs.arg(deepestLevel));
+    fail(parser.token().begin, u"语句嵌套过深：超过 %1 层"_qs.arg(limits::deepestLevel));
 }
 
 const Token &Parser::token(size_t ahead) const

@@ -1,4 +1,5 @@
 #include "database/dialect/errors.h"
+#include "database/dialect/limits.h"
 #include "database/dialect/parser.h"
 #include "database/values/date_text.h"
 
@@ -9,9 +10,6 @@
 namespace ebtq::db {
 
 namespace {
-
-/// Longer chains than any statement of the system has; the engines refuse a thousand.
-constexpr size_t longestChain = 400;
 
 struct RankedSymbol
 {
@@ -89,8 +87,8 @@ void Parser::addLink(ExpressionPtr &first, Operator op, ExpressionPtr operand, b
     if (!isChain)
         first = make(Chain{std::move(first), {}}, begin);
     std::vector<Chain::Link> &links = first->as<Chain>()->links;
-    if (links.size() >= longestChain)
-        fail(operand->position, u"算式太长：超过 %1 项"_qs.arg(longestChain));
+    if (links.size() >= limits::longestChain)
+        fail(operand->position, u"算式太长：超过 %1 项"_qs.arg(limits::longestChain));
     first->end = operand->end;
     links.push_back({op, std::move(operand)});
 }
@@ -126,7 +124,7 @@ ExpressionPtr Parser::comparison()
     ExpressionPtr left = chain(0);
     const qsizetype begin = left->position;
     for (size_t length = 0;; ++length) {
-        if (length > longestChain / 10)
+        if (length > limits::longestChain / 10)
             fail(token().begin, u"比较太多"_qs);
         if (const auto op = comparisonOperator(token().symbol)) {
             step();

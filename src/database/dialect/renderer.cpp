@@ -1,7 +1,7 @@
 #include "database/dialect/renderer.h"
 
 #include "database/dialect/errors.h"
-#include "database/dialect/open_tokens.h"
+#include "database/dialect/limits.h"
 #include "database/dialect/tree_walk.h"
 
 #include <algorithm>
@@ -53,7 +53,7 @@ Renderer::OpenTokens::OpenTokens(Renderer &renderer, int count, qsizetype positi
     , m_count(count)
 {
     m_renderer.m_openTokens += count;
-    if (m_renderer.m_openTokens <= m_renderer.m_dialect.mostOpenTokens)
+    if (m_renderer.m_openTokens <= limits::mostOpenTokens)
         return;
     m_renderer.m_openTokens -= count;
     fail(position, u"语句嵌套过深，请简化后重试"_qs);
@@ -277,7 +277,7 @@ void Renderer::groupBy(const Select &select)
     const char *before = " GROUP BY ";
     for (const ExpressionPtr &each : select.groupBy) {
         write(before);
-        if (isGroupedText(*each))
+        if (isTypedText(*each))
             value(*each);
         else
             caseless(*each);

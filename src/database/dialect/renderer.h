@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/dialect/caselessness.h"
 #include "database/dialect/dialect.h"
 #include "database/dialect/keyed_count.h"
 #include "database/dialect/translator.h"
@@ -13,6 +14,7 @@ class Renderer
 public:
     explicit Renderer(const Dialect &dialect)
         : m_dialect(dialect)
+        , m_caselessness(dialect)
     {}
     /// Throws DialectError for what is nested deeper than the engine's parser can follow.
     [[nodiscard]] QByteArray render(const Statement &statement, qsizetype sizeHint);
@@ -54,11 +56,12 @@ private:
     void operand(const Expression &expression);
     void bracketed(const Expression &expression, void (Renderer::*write)(const Expression &));
     void caseless(const Expression &expression);
-    void comparedText(const Expression &left, bool needsNoCase);
+    void text(const Expression &expression, bool isCollated);
     void comparedOperand(const Expression &expression);
     void bound(const Expression &expression);
     void comparedOperands(const std::vector<ExpressionPtr> &expressions);
-    [[nodiscard]] bool isGroupedText(const Expression &expression) const;
+    /// Whether the type of case-insensitive texts is written with it wherever it stands.
+    [[nodiscard]] bool isTypedText(const Expression &expression) const;
     void real(const Expression &expression);
     void typedNull(const Expression &null, Type type);
     void list(const std::vector<ExpressionPtr> &expressions, size_t from = 0);
@@ -101,6 +104,7 @@ private:
     void rare(const Expression &expression);
 
     const Dialect &m_dialect;
+    const Caselessness m_caselessness;
     QByteArray m_out;
     const Select *m_list = nullptr; ///< the statement itself, if it is a select
     std::vector<CountStatement> m_counts;

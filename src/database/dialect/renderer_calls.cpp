@@ -1,4 +1,4 @@
-#include "database/dialect/open_tokens.h"
+#include "database/dialect/limits.h"
 #include "database/dialect/renderer.h"
 #include "database/dialect/text_match.h"
 #include "database/values/date_text.h"
@@ -186,9 +186,8 @@ void Renderer::concatenation(const Chain &chain)
 /// Engines limit the arguments of one call; a longer chain becomes several calls.
 void Renderer::joinedByFunction(const std::vector<const Expression *> &operands)
 {
-    constexpr size_t mostArguments = 100;
     for (size_t at = 0; at < operands.size(); ++at) {
-        if (at % mostArguments == 0) {
+        if (at % limits::mostArguments == 0) {
             write(at == 0 ? "" : ")||");
             beginCall(m_dialect.joinFunction);
         } else {

@@ -1,6 +1,5 @@
-#include "database/dialect/open_tokens.h"
+#include "database/dialect/limits.h"
 #include "database/dialect/renderer.h"
-#include "database/dialect/text_match.h"
 
 #include <algorithm>
 #include <charconv>
@@ -19,35 +18,6 @@ bool isAtomic(const Expression &expression)
     return !expression.as<Chain>() && expression.type != Type::Condition;
 }
 
-bool isColumn(const Expression &expression)
-{
-    return expression.as<ColumnReference>() != nullptr;
-}
-
-bool isCaselessLiteral(const Expression &expression)
-{
-    const auto *text = expression.as<TextLiteral>();
-    return text && isCaseless(text->value);
-}
-
-/// A text that no column makes caseless.
-bool isBareText(const Expression &expression)
-{
-    return expression.type == Type::Text && !isColumn(expression);
-}
-
-/// The second half of `low<=5 and high>=5`, where one number is asked of two columns.
-bool closesRange(const Expression &before, const Expression &each)
-{
-    const auto *low = before.as<Comparison>();
-    const auto *high = each.as<Comparison>();
-    if (!low || !high || low->op != Operator::LessOrEqual || high->op != Operator::GreaterOrEqual)
-        return false;
-    const auto *number = low->right->as<NumberLiteral>();
-    const auto *again = high->right->as<NumberLiteral>();
-    return number && again && number->value == again->value && isColumn(*low->left) && isColumn(*high->left);
-}
-
 const char *wordOf(Operator op)
 {
     switch (op) {
@@ -59,18 +29,6 @@ const char *wordOf(Operator op)
         return "*";
     case Operator::Divide:
         return "/";
-    case Operator::Equal:
-        return "=";
-    case Operator::NotEqual:
-        return "<>";
-    case Operator::Less:
-        return "<";
-    case Operator::LessOrEqual:
-        return "<=";
-    case Operator::Greater:
-        return ">";
-    case Operator::GreaterOrEqual:
-        return ">=";
     default:
         return "||";
     }
@@ -83,7 +41,7 @@ void Renderer::value(const Expression &expression)
 {
     if (m_dialect.typesNull && expression.type == Type::Null)
         return write("NULL");
-    if (isGroupedText(expression)) {
+    if (isTypedText(expression)) {
         write('(');
         std::visit([&](const auto &each) { node(each, expression); }, expression.node);
         write(')');
@@ -97,25 +55,6 @@ void Renderer::value(const Expression &expression)
     write(')');
     write(m_dialect.conditionSuffix);
     write(')');
-}
-
-/// One of group by has to stand there as it does in that clause.
-void Renderer::condition(const Expression &expression)
-{
-    if (!m_dialect.bothSidesNeedCollation || !expression.isGrouped || expression.type != Type::Condition)
-        return bareCondition(expression);
-    value(expression);
-    write("<>0");
-}
-
-void Renderer::bareCondition(const Expression &expression)
-{
-    if (expression.type == Type::Null)
-        return value(expression);
-    if (expression.type == Type::Condition)
-        return std::visit([&](const auto &each) { node(each, expression); }, expression.node);
-    operand(expression);
-    write("<>0");
 }
 
 void Renderer::bracketed(const Expression &expression, void (Renderer::*writeInside)(const Expression &))
@@ -134,44 +73,6 @@ void Renderer::operand(const Expression &expression)
         bracketed(expression, &Renderer::value);
 }
 
-/// A value where the engine compares it with others on its own.
-void Renderer::caseless(const Expression &expression)
-{
-    comparedText(expression, true);
-}
-
-void Renderer::comparedText(const Expression &expression, bool needsNoCase)
-{
-    operand(expression);
-    if (!needsNoCase || !isBareText(expression))
-        return;
-    if (!isGroupedText(expression))
-        write(m_dialect.caselessType);
-    write(m_dialect.caselessCollation);
-}
-
-/// What is compared with a case-insensitive text. A literal inherits the other side's collation.
-void Renderer::comparedOperand(const Expression &expression)
-{
-    comparedText(expression, m_dialect.bothSidesNeedCollation && !expression.as<TextLiteral>());
-}
-
-/// Between its words a grammar takes a collation in brackets only.
-void Renderer::bound(const Expression &expression)
-{
-    if (!m_dialect.bothSidesNeedCollation)
-        return operand(expression);
-    write('(');
-    comparedOperand(expression);
-    write(')');
-}
-
-/// An expression of group by, where the engine knows it again by its form only.
-bool Renderer::isGroupedText(const Expression &expression) const
-{
-    return m_dialect.bothSidesNeedCollation && expression.isGrouped && isBareText(expression);
-}
-
 void Renderer::real(const Expression &expression)
 {
     write("CAST(");
@@ -187,18 +88,6 @@ void Renderer::list(const std::vector<ExpressionPtr> &expressions, size_t from)
         if (at > from)
             write(',');
         value(*expressions[at]);
-    }
-}
-
-void Renderer::comparedOperands(const std::vector<ExpressionPtr> &expressions)
-{
-    for (size_t at = 0; at < expressions.size(); ++at) {
-        if (at > 0)
-            write(',');
-        if (m_dialect.bothSidesNeedCollation)
-            comparedOperand(*expressions[at]);
-        else
-            value(*expressions[at]);
     }
 }
 
@@ -262,94 +151,6 @@ void Renderer::node(const Negation &negation, const Expression &self)
         real(*negation.operand);
     else
         operand(*negation.operand);
-    write(')');
-}
-
-void Renderer::node(const Comparison &comparison, const Expression &self)
-{
-    const OpenTokens open(*this, open_tokens::operation, self.position);
-    const Expression &left = *comparison.left;
-    const Expression &right = *comparison.right;
-    const bool isEquality = comparison.op == Operator::Equal || comparison.op == Operator::NotEqual;
-    const bool hasNoCase = isEquality && (isCaselessLiteral(left) || isCaselessLiteral(right));
-    if (m_dialect.bothSidesNeedCollation && !hasNoCase) {
-        comparedText(left, !left.as<TextLiteral>() || right.as<TextLiteral>());
-        write(wordOf(comparison.op));
-        return comparedOperand(right);
-    }
-    comparedText(left, !isColumn(right) && !hasNoCase);
-    write(wordOf(comparison.op));
-    operand(right);
-}
-
-void Renderer::node(const LikeTest &test, const Expression &)
-{
-    const auto *pattern = test.pattern->as<TextLiteral>();
-    const QStringView contained = pattern ? containedText(pattern->value) : QStringView();
-    if (!contained.isEmpty() && isCaseless(contained)) {
-        write(m_dialect.position);
-        write('(');
-        value(*test.value);
-        write(',');
-        textLiteral(contained);
-        return write(test.negated ? ")=0" : ")>0");
-    }
-    const OpenTokens open(*this, open_tokens::call, test.pattern->position);
-    if (test.negated)
-        write("NOT ");
-    beginCall("like");
-    value(*test.value);
-    write(',');
-    value(*test.pattern);
-    write(')');
-}
-
-void Renderer::node(const ListTest &test, const Expression &self)
-{
-    const OpenTokens open(*this, open_tokens::list, self.position);
-    caseless(*test.value);
-    write(test.negated ? " NOT IN (" : " IN (");
-    comparedOperands(test.items);
-    write(')');
-}
-
-void Renderer::node(const SelectTest &test, const Expression &self)
-{
-    caseless(*test.value);
-    const OpenTokens open(*this, open_tokens::subSelect, self.position);
-    write(test.negated ? " NOT IN (" : " IN (");
-    select(*test.select, false, false, m_dialect.bothSidesNeedCollation);
-    write(')');
-}
-
-void Renderer::node(const RangeTest &test, const Expression &self)
-{
-    const OpenTokens open(*this, open_tokens::range, self.position);
-    caseless(*test.value);
-    write(test.negated ? " NOT BETWEEN " : " BETWEEN ");
-    bound(*test.low);
-    write(" AND ");
-    bound(*test.high);
-}
-
-void Renderer::node(const NullTest &test, const Expression &)
-{
-    operand(*test.operand);
-    write(test.negated ? " IS NOT NULL" : " IS NULL");
-}
-
-void Renderer::node(const Not &negation, const Expression &self)
-{
-    const OpenTokens open(*this, open_tokens::operation, self.position);
-    write("NOT ");
-    bracketed(*negation.operand, &Renderer::condition);
-}
-
-void Renderer::node(const ExistsTest &test, const Expression &self)
-{
-    const OpenTokens open(*this, open_tokens::subSelect, self.position);
-    write("EXISTS (");
-    select(*test.select);
     write(')');
 }
 
@@ -419,41 +220,6 @@ void Renderer::node(const Chain &chain, const Expression &self)
     default:
         return arithmetic(chain);
     }
-}
-
-/// Comparisons need no brackets in a junction; junctions and negations do. Many rows meet one of two stored
-/// bounds, few have a number between both.
-void Renderer::junction(const Chain &chain, const char *word)
-{
-    const auto side = [this](const Expression &each) {
-        if (each.as<Chain>() || each.as<Not>())
-            bracketed(each, &Renderer::condition);
-        else
-            condition(each);
-    };
-    side(*chain.first);
-    const Expression *before = chain.first.get();
-    for (const Chain::Link &link : chain.links) {
-        write(word);
-        if (link.op == Operator::And && closesRange(*before, *link.operand))
-            rare(*link.operand);
-        else
-            side(*link.operand);
-        before = link.operand.get();
-    }
-}
-
-void Renderer::rare(const Expression &expression)
-{
-    const bool isSaid = *m_dialect.rareCondition != '\0';
-    const OpenTokens open(*this, open_tokens::call, expression.position);
-    if (isSaid) {
-        write(m_dialect.rareCondition);
-        write('(');
-    }
-    condition(expression);
-    if (isSaid)
-        write(')');
 }
 
 void Renderer::arithmetic(const Chain &chain)

@@ -1,6 +1,7 @@
 #include "database/dialect/resolver.h"
 
 #include "database/dialect/errors.h"
+#include "database/dialect/limits.h"
 #include "database/dialect/tree_walk.h"
 #include "database/dialect/types.h"
 
@@ -10,10 +11,6 @@
 namespace ebtq::db {
 
 namespace {
-
-/// What an engine takes as one result, one sorting or one join.
-constexpr size_t mostColumns = 1500;
-constexpr size_t mostSources = 60;
 
 bool isSameName(QStringView one, QStringView other)
 {
@@ -36,8 +33,8 @@ int indexNamed(const std::vector<Column> &columns, QStringView name)
 
 void checkCount(size_t count, qsizetype position)
 {
-    if (count > mostColumns)
-        fail(position, u"列太多：超过 %1 列"_qs.arg(mostColumns));
+    if (count > limits::mostColumns)
+        fail(position, u"列太多：超过 %1 列"_qs.arg(limits::mostColumns));
 }
 
 bool isOwn(const ColumnReference &reference, const Select &select)
@@ -77,8 +74,8 @@ void Resolver::table(Source &source)
 
 void Resolver::sources(Select &select, const Scope *outer)
 {
-    if (select.sources.size() > mostSources)
-        fail(select.position, u"连接的表太多：超过 %1 个"_qs.arg(mostSources));
+    if (select.sources.size() > limits::mostSources)
+        fail(select.position, u"连接的表太多：超过 %1 个"_qs.arg(limits::mostSources));
     for (size_t at = 0; at < select.sources.size(); ++at) {
         Source &source = select.sources[at];
         if (source.derived)

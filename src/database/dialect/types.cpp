@@ -153,6 +153,11 @@ bool isNumeric(Type type)
     return classOf(type) == TypeClass::Numeric;
 }
 
+bool isNumericOrNull(Type type)
+{
+    return isNumeric(type) || type == Type::Null;
+}
+
 bool isLiteral(const Expression &expression)
 {
     return expression.as<TextLiteral>() || expression.as<NumberLiteral>() || expression.as<DateLiteral>();
@@ -182,11 +187,8 @@ bool coerce(ExpressionPtr &expression, Type wanted)
         expression->type = wanted;
         return true;
     }
-    const qsizetype position = expression->position;
-    const qsizetype end = expression->end;
-    const int height = expression->height + 3;
-    expression = std::make_unique<Expression>(
-        Expression{Conversion{std::move(expression)}, position, end, wanted, height});
+    const Expression &inner = *expression;
+    expression = makeTyped(Conversion{std::move(expression)}, inner, wanted);
     return true;
 }
 
