@@ -170,6 +170,9 @@ public:
     /// Colour number of every second data row, red in its lowest byte; 0 for none.
     [[nodiscard]] int BackColorAlternate() const { return m_backColorAlternate; }
     void setBackColorAlternate(int color);
+    /// Colour number of the current row; 0 for the usual one.
+    [[nodiscard]] int SelectionColor() const { return m_selectionColor; }
+    void setSelectionColor(int color);
 
     // Current cell and scrolling. Numbers outside of the grid are taken to its nearest end.
     /// -1 when there is no row; a fixed row while there are no others.
@@ -271,6 +274,7 @@ private:
     int m_col = -1;
     int m_topRow = 1;
     int m_backColorAlternate = 0;
+    int m_selectionColor = 0;
     int m_frozenCols = 0;
     int m_gridColor = systemButtonFace;
     bool m_wordWrap = false;

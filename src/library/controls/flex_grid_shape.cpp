@@ -240,6 +240,11 @@ void VSFlexGrid::setBackColorAlternate(int color)
     changeLook(m_backColorAlternate, color);
 }
 
+void VSFlexGrid::setSelectionColor(int color)
+{
+    changeLook(m_selectionColor, color);
+}
+
 void VSFlexGrid::setFrozenCols(int cols)
 {
     changeLook(m_frozenCols, std::clamp(cols, 0, std::max(Cols() - m_fixedCols, 0)));
