@@ -10,7 +10,7 @@ CheckBoxView::CheckBoxView(CheckBox &box, QWidget *parent, QChar mnemonic)
 {
     bindControl(box, *this);
     const auto follow = [this, &box, mnemonic] {
-        setText(mnemonic.isNull() ? box.Caption() : QStringLiteral("%1(&%2)").arg(box.Caption(), mnemonic));
+        setText(withMnemonic(box.Caption(), mnemonic));
         setChecked(box.Value() != 0);
     };
     connect(&box, &CheckBox::Click, this, follow);

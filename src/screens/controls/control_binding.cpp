@@ -37,6 +37,11 @@ QString widgetName(const Control &control)
     return control.Index() < 0 ? control.Name() : control.Name() + u'_' + QString::number(control.Index());
 }
 
+QString withMnemonic(const QString &caption, QChar mnemonic)
+{
+    return mnemonic.isNull() ? caption : QStringLiteral("%1(&%2)").arg(caption, mnemonic);
+}
+
 void bindControl(const Control &control, QWidget &widget)
 {
     widget.setObjectName(widgetName(control));

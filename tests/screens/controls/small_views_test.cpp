@@ -2,12 +2,14 @@
 #include "library/controls/check_box.h"
 #include "library/controls/combo_box.h"
 #include "library/controls/nav_toolbar.h"
+#include "library/controls/option_button.h"
 #include "library/controls/search_box.h"
 #include "library/controls/text_box.h"
 #include "screens/controls/button_view.h"
 #include "screens/controls/check_box_view.h"
 #include "screens/controls/combo_view.h"
 #include "screens/controls/flow_layout.h"
+#include "screens/controls/option_button_view.h"
 #include "screens/controls/search_box_view.h"
 #include "screens/controls/text_box_view.h"
 #include "screens/controls/tool_bar_view.h"
@@ -42,6 +44,22 @@ TEST(CheckBoxView, GoesBothWaysAndTellsTheUsersTicks)
     QTest::keyClick(&view, Qt::Key_Space);
     EXPECT_EQ(box.Value(), 0);
     EXPECT_EQ(clicks.size(), 1);
+}
+
+TEST(OptionButtonView, OneOfAGroupIsChosenWhoeverChooses)
+{
+    OptionButton first(u"Opt"_qs, 0);
+    OptionButton second(u"Opt"_qs, 1);
+    second.exclude(first);
+    QWidget group;
+    const OptionButtonView firstView(first, &group);
+    OptionButtonView secondView(second, &group);
+    first.setValue(1);
+    secondView.click();
+    EXPECT_EQ(first.Value() * 10 + second.Value(), 1);
+    first.setValue(1);
+    EXPECT_TRUE(firstView.isChecked() && !secondView.isChecked());
+    EXPECT_EQ(second.Value(), 0);
 }
 
 TEST(TextAreaView, LeavesAStoredTextAloneUntilItIsEdited)

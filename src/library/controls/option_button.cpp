@@ -1,0 +1,35 @@
+#include "library/controls/option_button.h"
+
+namespace ebtq {
+
+namespace {
+
+void follow(const OptionButton &chosen, OptionButton &other)
+{
+    QObject::connect(&chosen, &OptionButton::Click, &other, [&chosen, &other] {
+        if (chosen.Value() != 0)
+            other.setValue(0);
+    });
+}
+
+} // namespace
+
+OptionButton::OptionButton(const QString &name, int index)
+    : Control(QStringLiteral("OptionButton"), name, index)
+{}
+
+void OptionButton::setValue(int value)
+{
+    if (m_value == value)
+        return;
+    m_value = value;
+    Q_EMIT Click();
+}
+
+void OptionButton::exclude(OptionButton &other)
+{
+    follow(*this, other);
+    follow(other, *this);
+}
+
+} // namespace ebtq
