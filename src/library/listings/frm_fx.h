@@ -73,8 +73,7 @@ private:
 
     Label *m_contactLabel = nullptr;
     int m_moduleID = 0;
-    QString m_id;     ///< 房源ID of the row that is edited; empty for a new listing
-    QString m_number; ///< 房源编号 that a save writes
+    QString m_id; ///< 房源ID of the row that is edited; empty for a new listing
 };
 
 } // namespace ebtq

@@ -27,21 +27,10 @@ bool FrmFx::DoSave()
     return trapped(u"-->DoSave::", [this] { return DoCheck() && save(); });
 }
 
-/// A new listing that an attempt before has written after all, its answer lost, is written over under the
-/// number that it has got.
 bool FrmFx::save()
 {
-    const std::optional<QVariant> tried = triedValue(numberColumn);
-    if (!tried)
-        return false;
-    const std::optional<QString> number =
-        tried->isValid() ? tried->toString()
-                         : documentNumber(m_id.isEmpty(), {m_moduleID, numberColumn, u"DoSave:%1",
-                                                           u"房源编号不能为空，请输入后重试!  "});
-    if (!number)
-        return false;
-    m_number = *number;
-    const auto row = write(m_id);
+    const auto row =
+        writeNumbered(m_id, {m_moduleID, numberColumn, u"DoSave:%1", u"房源编号不能为空，请输入后重试!  "});
     if (!row)
         return false;
     Q_EMIT ReturnData(row->key, row->isNew);
@@ -54,7 +43,7 @@ bool FrmFx::save()
 
 QString FrmFx::held(const RecordColumn &column) const
 {
-    return column.column == numberColumn ? m_number : EditorForm::held(column);
+    return column.column == numberColumn ? number() : EditorForm::held(column);
 }
 
 } // namespace ebtq

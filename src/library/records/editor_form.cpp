@@ -3,6 +3,7 @@
 #include "contracts/conversions.h"
 #include "contracts/null_conv.h"
 #include "library/controls/check_box.h"
+#include "library/controls/option_button.h"
 #include "library/controls/text_box.h"
 #include "library/frame/desktop.h"
 #include "library/frame/guid_text.h"
@@ -35,8 +36,8 @@ bool isFilledIn(const QString &type)
 } // namespace
 
 EditorForm::EditorForm(const QString &name, QString arrayName, std::span<const EditorField> fields,
-                       const RecordTable &record, Desktop &desktop)
-    : Module(name, desktop, {name, applicationTitle(), true})
+                       const RecordTable &record, Desktop &desktop, const QString &failureTitle)
+    : Module(name, desktop, {name, failureTitle, true})
     , m_arrayName(std::move(arrayName))
     , m_descriptions(fields)
     , m_record(record)
@@ -90,6 +91,17 @@ CheckBox &EditorForm::addTick(const QString &name, int index, const QString &cap
     return result;
 }
 
+OptionButton &EditorForm::addOption(const QString &name, int index, const QString &caption)
+{
+    auto &result = controls().add<OptionButton>(name, index);
+    result.setCaption(caption);
+    for (OptionButton *other : m_options)
+        result.exclude(*other);
+    connect(&result, &OptionButton::Click, this, [this] { m_isDirty = true; });
+    m_options.push_back(&result);
+    return result;
+}
+
 void EditorForm::addButtons(std::initializer_list<QStringView> captions)
 {
     for (const QStringView caption : captions) {
@@ -97,8 +109,8 @@ void EditorForm::addButtons(std::initializer_list<QStringView> captions)
             &controls().add<Button>(QStringLiteral("Cmd"), static_cast<int>(m_buttons.size())));
         m_buttons.back()->setCaption(caption.toString());
     }
-    connect(&Cmd(0), &Button::Click, this, &EditorForm::saveAndClose);
-    connect(&Cmd(1), &Button::Click, this, &EditorForm::unloaded);
+    connect(&Cmd(0), &Button::Click, this, &EditorForm::savePressed);
+    connect(&Cmd(1), &Button::Click, this, &EditorForm::closePressed);
 }
 
 void EditorForm::connectField(qzTxt_S &field)
@@ -136,19 +148,14 @@ void EditorForm::connectField(qzTxt_S &field)
 
 void EditorForm::reset()
 {
-    forgetRow();
+    m_triedKey.clear();
+    m_loaded.clear();
     emptyFields();
     for (const auto &control : controls()) {
         control->setVisible(true);
         control->setEnabled(true);
     }
     InitFields();
-}
-
-void EditorForm::forgetRow()
-{
-    m_triedKey.clear();
-    m_loaded.clear();
 }
 
 void EditorForm::emptyFields()
@@ -285,6 +292,7 @@ std::shared_ptr<const PickedRow> EditorForm::rowOf(int number, const HostPicker 
 
 void EditorForm::takeRow(const Recordset &row)
 {
+    m_triedKey.clear(); // of another row
     m_loaded.take(m_record, row);
     for (const RecordColumn &column : m_record.load) {
         if (column.loaded != Loaded::Not)
@@ -309,6 +317,12 @@ void EditorForm::put(const RecordColumn &column, const QString &text)
         break;
     case Holder::FirstTick:
         putFirstTick(WholePart(Val(text)));
+        break;
+    case Holder::TickSum:
+        putTickSum(WholePart(Val(text)));
+        break;
+    case Holder::Option:
+        putOption(WholePart(Val(text)));
         break;
     case Holder::Given:
         break;
@@ -337,6 +351,10 @@ QString EditorForm::held(const RecordColumn &column) const
         return QString::number(tick(column.number).Value());
     case Holder::FirstTick:
         return QString::number(firstTick());
+    case Holder::TickSum:
+        return QString::number(tickSum());
+    case Holder::Option:
+        return QString::number(chosenOption());
     case Holder::Given:
         break;
     }
@@ -352,6 +370,33 @@ int EditorForm::firstTick() const
             return number;
     }
     return last;
+}
+
+void EditorForm::putTickSum(int sum)
+{
+    const bool isSum = sum >= 0 && sum < 1 << m_ticks.size();
+    for (size_t at = 0; at < m_ticks.size(); ++at)
+        m_ticks[at]->setValue(isSum && (sum & 1 << at) != 0 ? 1 : 0);
+}
+
+int EditorForm::tickSum() const
+{
+    int sum = 0;
+    for (size_t at = 0; at < m_ticks.size(); ++at)
+        sum += m_ticks[at]->Value() != 0 ? 1 << at : 0;
+    return sum;
+}
+
+void EditorForm::putOption(int number)
+{
+    const int last = static_cast<int>(m_options.size()) - 1;
+    option(number >= 0 && number < last ? number : last).setValue(1);
+}
+
+int EditorForm::chosenOption() const
+{
+    const auto chosen = std::ranges::find_if(m_options, [](const auto *each) { return each->Value() != 0; });
+    return static_cast<int>(std::min(chosen, m_options.end() - 1) - m_options.begin());
 }
 
 HeldText EditorForm::heldTexts() const

@@ -19,6 +19,7 @@
 namespace ebtq {
 
 class CheckBox;
+class OptionButton;
 class TextBox;
 
 /// One field of a form's array, in the array's order.
@@ -43,8 +44,8 @@ public:
     [[nodiscard]] Button &Cmd(int number) const { return *m_buttons.at(static_cast<size_t>(number)); }
     [[nodiscard]] const EditorField &fieldOf(int number) const;
 
-    /// Something on the form was changed since it was loaded or emptied.
-    [[nodiscard]] bool isDirty() const { return m_isDirty; }
+    /// Something on the form was changed since it was loaded or emptied; never on one for reading only.
+    [[nodiscard]] bool isDirty() const { return m_isDirty && Cmd(0).Enabled(); }
     /// What a view asks before Esc, the close box or the window manager closes the form: a changed one asks
     /// whether to save. False when it stays open.
     bool mayClose();
@@ -87,17 +88,24 @@ protected:
         bool isNew;
     };
 
-    /// `arrayName` names the array of fields; `fields` and `record` outlive the form.
+    /// `arrayName` names the array of fields; `fields` and `record` outlive the form. `failureTitle` stands
+    /// over what is raised as ErrMessage.
     EditorForm(const QString &name, QString arrayName, std::span<const EditorField> fields,
-               const RecordTable &record, Desktop &desktop);
+               const RecordTable &record, Desktop &desktop, const QString &failureTitle = applicationTitle());
 
     void addButtons(std::initializer_list<QStringView> captions);
     TextBox &addMemo(const QString &name, int index, const QString &caption);
     CheckBox &addTick(const QString &name, int index, const QString &caption);
+    /// One of the form's group of option buttons.
+    OptionButton &addOption(const QString &name, int index, const QString &caption);
     [[nodiscard]] qzTxt_S &field(int number) const { return *m_fields.at(static_cast<size_t>(number)); }
     [[nodiscard]] const std::vector<qzTxt_S *> &fields() const { return m_fields; }
     [[nodiscard]] TextBox &memo(int number) const { return *m_memos.at(static_cast<size_t>(number)); }
     [[nodiscard]] CheckBox &tick(int number) const { return *m_ticks.at(static_cast<size_t>(number)); }
+    [[nodiscard]] OptionButton &option(int number) const
+    {
+        return *m_options.at(static_cast<size_t>(number));
+    }
 
     /// What the picker of a field is to be asked with.
     virtual void setParameters(int number, ParameterList &parameters) = 0;
@@ -112,14 +120,17 @@ protected:
     [[nodiscard]] std::shared_ptr<const PickedRow> rowOf(int number, const HostPicker &picker) const;
     /// True when the form may close.
     virtual bool DoSave() = 0;
+    /// What buttons 0 and 1 do: by default a save closes the form, and closing asks nothing.
+    virtual void savePressed();
+    virtual void closePressed();
+    /// Asks what becomes of the changes; nothing when the form is to stay as it is.
+    [[nodiscard]] std::optional<bool> wantsSave();
 
     /// The form as it was designed, whatever its last opening left in it.
     void reset();
     void emptyFields();
     /// What is on the form now is what it was opened with.
     void clearDirty();
-    /// Forgets which row the form has shown.
-    void forgetRow();
     /// False where the whole database is for reading only: a form opens closed then, whoever asks.
     [[nodiscard]] bool isWritable();
     /// Enables or disables everything that can be filled in but the `fixed` fields, which are never typed.
@@ -143,19 +154,16 @@ protected:
     /// field, and brings numbers into the form that `Val` reads. False when a field refuses: the user has
     /// been told and the field has the keyboard.
     bool DoCheckTyped();
-    /// The document number to be saved, from field 0, for a new row from the host, which may give another one
-    /// than the screen shows. A number that a failed save has taken is kept for the next new row, also after
-    /// the form was closed, so that none is left out. Nothing when there is none; the user has been told.
-    [[nodiscard]] std::optional<QString> documentNumber(bool isNew, const NumberRule &rule);
+    /// Gives the row its document number and writes it; the number is field 0's, or for a new row the host's,
+    /// which may be another one than the screen shows.
+    [[nodiscard]] std::optional<SavedRow> writeNumbered(const QString &id, const NumberRule &rule);
+    /// The document number that a save writes.
+    [[nodiscard]] const QString &number() const { return m_number; }
     /// Asks whether to go on with another new row.
     [[nodiscard]] bool wantsAnother();
     /// Writes the row with one statement: `id` of the row that was loaded, empty for a new one. Nothing when
     /// it was not written; the user has been told and what was typed stays.
     [[nodiscard]] std::optional<SavedRow> write(const QString &id);
-    /// What a column of the new row holds that an attempt before this one has written after all; invalid when
-    /// there is no such row. Nothing when that cannot be found out; the user has been told.
-    [[nodiscard]] std::optional<QVariant> triedValue(QStringView column);
-
     void refuse(const QString &message);
     [[nodiscard]] static QString messageTitle();
 
@@ -175,13 +183,23 @@ private:
     void put(const RecordColumn &column, const QString &text);
     void putFirstTick(int number);
     [[nodiscard]] int firstTick() const;
+    void putTickSum(int sum);
+    [[nodiscard]] int tickSum() const;
+    void putOption(int number);
+    [[nodiscard]] int chosenOption() const;
     [[nodiscard]] HeldText heldTexts() const;
     [[nodiscard]] QString titleOf(const RecordColumn &column) const;
     [[nodiscard]] bool isNumber(const qzTxt_S &field) const;
     [[nodiscard]] bool takeNumber(qzTxt_S &field) const;
 
     // Saving
-    void saveAndClose();
+    /// The document number to be saved, from field 0, for a new row from the host, which may give another one
+    /// than the screen shows. A number that a failed save has taken is kept for the next new row, also after
+    /// the form was closed, so that none is left out. Nothing when there is none; the user has been told.
+    [[nodiscard]] std::optional<QString> documentNumber(bool isNew, const NumberRule &rule);
+    /// What a column of the new row holds that an attempt before this one has written after all; invalid when
+    /// there is no such row. Nothing when that cannot be found out; the user has been told.
+    [[nodiscard]] std::optional<QVariant> triedValue(QStringView column);
     [[nodiscard]] std::optional<QString> numberOfNewRow(const NumberRule &rule);
     [[nodiscard]] bool isStillFree(const NumberRule &rule);
     template<class Body> bool succeeds(Body body);
@@ -208,12 +226,14 @@ private:
     std::vector<Button *> m_buttons;
     std::vector<TextBox *> m_memos;
     std::vector<CheckBox *> m_ticks;
+    std::vector<OptionButton *> m_options;
     int m_chosenField = -1;
     std::shared_ptr<const PickedRow> m_chosenRow;
     LoadedRow m_loaded;
     bool m_isDirty = false;
     QString m_triedKey; ///< of the new row that could not be saved yet
     std::optional<TakenNumber> m_taken;
+    QString m_number;
 };
 
 } // namespace ebtq

@@ -29,18 +29,29 @@ QString shownValue(const QString &text)
 
 bool EditorForm::mayClose()
 {
-    if (!m_isDirty || !Cmd(0).Enabled())
+    if (!isDirty())
         return true;
-    enum Answer : int { Save, Discard };
-    const auto answer = desktop().choose(QStringLiteral("数据已变动，是否保存！"), QStringLiteral("提示："),
-                                         {QStringLiteral("保存(&S)"), QStringLiteral("不保存(&N)")});
-    return answer && (*answer == Discard || DoSave());
+    const auto saves = wantsSave();
+    return saves && (!*saves || DoSave());
 }
 
-void EditorForm::saveAndClose()
+std::optional<bool> EditorForm::wantsSave()
+{
+    enum Answer : int { Yes, No };
+    const auto answer = desktop().choose(QStringLiteral("数据已变动，是否保存！"), QStringLiteral("提示："),
+                                         {QStringLiteral("是(&Y)"), QStringLiteral("否(&N)")});
+    return answer ? std::optional(*answer == Yes) : std::nullopt;
+}
+
+void EditorForm::savePressed()
 {
     if (DoSave())
         Q_EMIT unloaded();
+}
+
+void EditorForm::closePressed()
+{
+    Q_EMIT unloaded();
 }
 
 // Before a save
@@ -119,6 +130,20 @@ bool EditorForm::isStillFree(const NumberRule &rule)
                 .isValid();
 }
 
+/// A new row that an attempt before has written after all, its answer lost, is written over under the number
+/// that it has got.
+std::optional<EditorForm::SavedRow> EditorForm::writeNumbered(const QString &id, const NumberRule &rule)
+{
+    const std::optional<QVariant> tried = triedValue(rule.column);
+    if (!tried)
+        return std::nullopt;
+    const auto number = tried->isValid() ? tried->toString() : documentNumber(id.isEmpty(), rule);
+    if (!number)
+        return std::nullopt;
+    m_number = *number;
+    return write(id);
+}
+
 bool EditorForm::wantsAnother()
 {
     return desktop().messageBox(QStringLiteral("是否继续新建?"), messageTitle(), Desktop::Icon::Information,
@@ -168,7 +193,7 @@ std::optional<EditorForm::SavedRow> EditorForm::write(const QString &id)
     const QString key = isNew ? newKey() : id;
     if (!(isNew && !tried->isValid() ? insert(key) : update(key)))
         return std::nullopt;
-    forgetRow();
+    m_triedKey.clear();
     if (isNew)
         m_taken.reset();
     return SavedRow{key, isNew};

@@ -20,7 +20,10 @@ enum class Holder {
     Memo,      ///< the text of a box of many lines
     Tick,      ///< a tick box: 0 or 1
     FirstTick, ///< the first of the tick boxes that is ticked, counted from 1; the last when none is
-    Given,     ///< no control: what the form answers for the column
+    TickSum, ///< the tick boxes as one number: 1 for the first, 2 for the second, 4 for the third, added up;
+             ///< none is ticked for any other number
+    Option,  ///< the chosen option button, counted from 0; the last for any other number and for no choice
+    Given,   ///< no control: what the form answers for the column
 };
 
 /// How a value goes into a statement.
