@@ -61,7 +61,7 @@ void writePerson(TableWriter &writer, const RecordKey &key, const Document &docu
     static constexpr QStringView locations[] = {u"近地铁", u"近学校", u"近医院", u"安静", u"靠近公园", u""};
     writer.part({key.id, document.number, quarter.id, quarter.name, document.made,
                  random.pickEarly(words::commissions), random.pick(words::grades), u"", politeName(random),
-                 u"", maskedPhone(random), u"", u"", random.pick(locations)});
+                 maskedPhone(random), u"", u"", u"", random.pick(locations)});
 }
 
 void writeRequest(TableWriter &writer, const Request &wanted, Random &random)
