@@ -7,6 +7,7 @@
 #include "screens/controls/text_box_view.h"
 #include "screens/look/look.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -29,6 +30,12 @@ int captionColumn(int pair)
 int fieldColumn(int pair)
 {
     return captionColumn(pair) + 1;
+}
+
+/// Neither a button below a caption nor a field that goes over several pairs.
+bool isCaption(const QWidget *widget)
+{
+    return qobject_cast<const QLabel *>(widget) || qobject_cast<const QCheckBox *>(widget);
 }
 
 QGridLayout &grid(QGroupBox &card)
@@ -91,10 +98,13 @@ TextAreaView *EditorFormView::makeBox(TextBox &box, const QString &name, QWidget
     return view;
 }
 
-void EditorFormView::put(QGroupBox &card, const Place &place, QLabel *caption, QWidget *field)
+void EditorFormView::put(QGroupBox &card, const Place &place, QWidget *caption, QWidget *field)
 {
-    caption->setBuddy(field);
-    grid(card).addWidget(caption, place.row, captionColumn(place.pair));
+    if (auto *label = qobject_cast<QLabel *>(caption))
+        label->setBuddy(field);
+    const bool isBox = qobject_cast<QCheckBox *>(caption);
+    grid(card).addWidget(caption, place.row, captionColumn(place.pair),
+                         isBox ? Qt::AlignRight : Qt::Alignment());
     grid(card).addWidget(field, place.row, fieldColumn(place.pair), place.rows, 3 * place.pairs - 2);
 }
 
@@ -109,7 +119,7 @@ int EditorFormView::widestCaption(int pair) const
     for (QGroupBox *card : m_cards) {
         for (int row = 0; row < grid(*card).rowCount(); ++row) {
             const auto *item = grid(*card).itemAtPosition(row, captionColumn(pair));
-            if (item && qobject_cast<QLabel *>(item->widget()))
+            if (item && isCaption(item->widget()))
                 widest = std::max(widest, item->sizeHint().width());
         }
     }

@@ -42,7 +42,8 @@ protected:
     /// A caption for the field that it is put before.
     [[nodiscard]] static QLabel *captionFor(const QString &text, Entry entry, QWidget *parent);
     [[nodiscard]] static TextAreaView *makeBox(TextBox &box, const QString &name, QWidget *parent);
-    static void put(QGroupBox &card, const Place &place, QLabel *caption, QWidget *field);
+    /// The caption is a label, or the box that is ticked for the field.
+    static void put(QGroupBox &card, const Place &place, QWidget *caption, QWidget *field);
     /// In the column of the captions, a row below that of `place`.
     static void putBelowCaption(QGroupBox &card, const Place &place, QWidget *widget);
     /// Gives the columns of all cards the same widths; a field has room for so many Chinese characters at
