@@ -1,11 +1,13 @@
 #include "component/class_table.h"
 
+#include "library/customers/frm_kh.h"
 #include "library/followups/frm_gj.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/frm_fx.h"
 #include "library/pickers/sel_pdm.h"
 #include "library/pickers/sel_pdm_dz.h"
 #include "library/pickers/sel_pdm_lpzd.h"
+#include "screens/customers/frm_kh_view.h"
 #include "screens/followups/frm_gj_view.h"
 #include "screens/frame/view_registry.h"
 #include "screens/listings/fcxx_view.h"
@@ -41,6 +43,7 @@ void addFormViews(ViewRegistry &views)
 {
     views.add<FrmFx, FrmFxView>();
     views.add<FrmGj, FrmGjView>();
+    views.add<frmKh, FrmKhView>();
 }
 
 } // namespace ebtq

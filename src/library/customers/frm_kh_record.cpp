@@ -1,0 +1,213 @@
+#include "contracts/conversions.h"
+#include "contracts/null_conv.h"
+#include "database/values/date_text.h"
+#include "library/customers/frm_kh.h"
+#include "library/customers/frm_kh_fields.h"
+#include "library/frame/desktop.h"
+#include "library/frame/statements.h"
+
+namespace ebtq {
+
+namespace {
+
+using Number = CustomerNumber;
+
+constexpr QStringView numberColumn = u"客源编号";
+
+constexpr std::pair<int, QStringView> requiredFields[] = {
+    {Number::BillNumber, u"委托编号不能为空，请输入"},
+    {Number::Name, u"客户名称不能为空，请输入"},
+    {Number::Telephone, u"联系电话不能为空，请输入"},
+};
+
+SqlText between(const QString &head, const QString &value, const QString &tail)
+{
+    return SqlText(head) + typed(value) + tail;
+}
+
+} // namespace
+
+// Loading
+
+void frmKh::LoadData(int nMode, const QString &id)
+{
+    read(nMode, id);
+}
+
+frmKh::Found frmKh::read(int mode, const QString &id)
+{
+    Found found = Found::Failed;
+    trapped(u"-->LoadData::", [&] {
+        const auto rows = openRows(app().Db(), rowStatement(mode, id));
+        found = isEmpty(*rows) ? Found::Nothing : Found::Row;
+        if (found == Found::Row)
+            showRow(*rows);
+        clearDirty();
+        countRows();
+        return true;
+    });
+    return found;
+}
+
+SqlText frmKh::rowStatement(int mode, const QString &id) const
+{
+    const SqlText head(QStringLiteral(
+        "select top 1 A.*,B.姓名 as 业务员 from fykh A left join pdmgy B on A.业务员ID=B.雇员ID"));
+    if (!id.isEmpty())
+        return head + between(QStringLiteral(" where 客源ID='"), id, QStringLiteral("'"));
+    switch (mode) {
+    case First:
+        return head + QStringLiteral(" order by 客源编号");
+    case Before:
+        return head + between(QStringLiteral(" where 客源编号<'"), m_code,
+                              QStringLiteral("' order by 客源编号 desc"));
+    case Behind:
+        return head +
+               between(QStringLiteral(" where 客源编号>'"), m_code, QStringLiteral("' order by 客源编号"));
+    default:
+        return head + QStringLiteral(" order by 客源编号 desc");
+    }
+}
+
+void frmKh::showRow(const Recordset &row)
+{
+    takeRow(row);
+    m_id = NullConv::ToText(row.Fields(customerRecord().key.toString()).Value);
+    m_code = NullConv::ToText(row.Fields(numberColumn.toString()).Value);
+}
+
+void frmKh::countRows()
+{
+    const auto count = [this](const SqlText &sql) { return WholePart(Val(singleValue(app().Db(), sql))); };
+    m_recordCount = count(QStringLiteral("select count(*) from fykh"));
+    m_recordPosition = count(
+        between(QStringLiteral("select count(*) from fykh where 客源编号<='"), m_code, QStringLiteral("'")));
+    m_positionLabel.setCaption(QStringLiteral("第 %1 条，共 %2 条").arg(m_recordPosition).arg(m_recordCount));
+    enableDeletion();
+}
+
+bool frmKh::reload()
+{
+    return read(Last, m_id) == Found::Row;
+}
+
+// Going to another row
+
+void frmKh::RecordTop()
+{
+    move(First);
+}
+
+void frmKh::RecordPrevious()
+{
+    move(Before);
+}
+
+void frmKh::RecordNext()
+{
+    move(Behind);
+}
+
+void frmKh::RecordBottom()
+{
+    move(Last);
+}
+
+void frmKh::move(Mode mode)
+{
+    bool isSaved = false;
+    if (isDirty()) {
+        const auto saves = wantsSave();
+        if (saves && *saves)
+            DoSave(false, isSaved);
+        if (!saves || *saves != isSaved)
+            return;
+    }
+    // Where there is no other row, the saved one is still shown: as it is stored.
+    if (read(mode, {}) == Found::Nothing && isSaved && !m_id.isEmpty())
+        readSaved(m_id);
+}
+
+// Saving
+
+void frmKh::DoSave(bool bReload, bool &bOK)
+{
+    bOK = isDirty() && trapped(u"-->DoSave::", [&] { return save(bReload); });
+}
+
+bool frmKh::save(bool reloads)
+{
+    if (!DoCheckTyped() || !DoCheckRequired(requiredFields))
+        return false;
+    const auto row =
+        writeNumbered(m_id, {m_moduleId, numberColumn, u"%1DoSave:", u"委托编号不能为空，请输入后重试!  "});
+    if (!row)
+        return false;
+    m_id = row->key; // from now on it is the row that is shown: saved again, it is no new one
+    m_code = number();
+    Q_EMIT ReturnData(row->key, row->isNew);
+    if (row->isNew && wantsAnother()) {
+        ClearForNew();
+        qzTxt(Number::BillNumber).SetFocus();
+    } else if (reloads) {
+        readSaved(row->key);
+    }
+    return true;
+}
+
+void frmKh::readSaved(const QString &key)
+{
+    if (read(Last, key) == Found::Nothing)
+        refuse(QStringLiteral("保存之后，这条客源已被他人删除！窗口中仍是刚才保存的内容。"));
+}
+
+QString frmKh::held(const RecordColumn &column) const
+{
+    if (column.column == numberColumn)
+        return number();
+    if (column.column == u"操作日期")
+        return regionalDate(app().Session().LoginDate());
+    return EditorForm::held(column);
+}
+
+// Deleting
+
+/// Nobody deletes here who may not delete in the list.
+void frmKh::deletePressed()
+{
+    const bool isAllowed = trapped(u"-->DoDelete::", [this] {
+        if (app().Rights(m_moduleId)->Allowed(RightDelete))
+            return true;
+        refuse(QStringLiteral("您没有删除客源的权限！"));
+        return false;
+    });
+    if (isAllowed)
+        DoDelete();
+}
+
+void frmKh::DoDelete()
+{
+    if (m_id.isEmpty() ||
+        desktop().messageBox(QStringLiteral("是否删除当前记录？"), QStringLiteral("提示："),
+                             Desktop::Icon::Question, Desktop::Buttons::YesNo) != Desktop::Answer::Yes)
+        return;
+    if (trapped(u"-->DoDelete::", [this] { return deleteRow(); }))
+        LoadData(Behind, {});
+}
+
+bool frmKh::deleteRow()
+{
+    try {
+        const auto query =
+            executeStatement(app().Db(), between(QStringLiteral("delete from fykh where 客源ID='"), m_id,
+                                                 QStringLiteral("'")));
+        if (query->RowsChanged() == 0)
+            refuse(QStringLiteral("数据库中已没有这条客源！"));
+        return true;
+    } catch (const StatementFailure &failure) {
+        Q_EMIT ErrMessage(QString::fromUtf8(failure.what()), FailureLevel, QStringLiteral("提示："));
+        return false;
+    }
+}
+
+} // namespace ebtq

@@ -1,0 +1,325 @@
+#include "library/customers/frm_kh_fixture.h"
+
+using namespace ebtq;
+using ebtq::test::FrmKhTest;
+
+namespace {
+
+constexpr auto Ok = Desktop::Answer::Ok;
+constexpr auto Yes = Desktop::Answer::Yes;
+constexpr auto No = Desktop::Answer::No;
+const QString firstKey = u"00000000-0000-0000-0000-000000000001"_qs;
+
+const QString insertion =
+    u"insert into "
+    u"Fykh(客源ID,客源编号,地区ID,地区,委托日期,委托方式,委托等级,委托协议,客户名称,电话,手机,邮件,"
+    u"其他联系方式,地段要求,需求户型,物业要求,用途,朝向,装修要求,面积1,面积2,楼层1,楼层2,求购价格1,求购价格2,"
+    u"求租价格1,求租价格2,付款方式,付佣方式,信息来源,备注,业务员ID,用户ID,制单日期,制单人,操作日期,状态,方式)"
+    u"values('%1','KY2026110001',107,'文7',#2026-3-25#,'','文3','文22','文1','文4','','文5','文6','文8','文9'"
+    u","
+    u"'文10','文11','文12','文13',14.5,15.5,16.5,17.5,18.5,19.5,26.5,27.5,'文20','文21','文23',' 第一行\n注 "
+    u"',5,"
+    u"'U1',#2026-3-29#,'文28',#2026-11-22#,1,3)"_qs.arg(firstKey);
+const QString change =
+    u"update Fykh set "
+    u"客源编号='号',地区ID=107,地区='文7',委托日期=#2026-3-25#,委托方式='',客户名称='文1',电话='文4',"
+    u"手机='',邮件='文5',其他联系方式='文6',地段要求='文8',需求户型='文9',物业要求='文10',用途='文11',朝向='"
+    u"文12',"
+    u"装修要求='文13',面积1=14.5,面积2=15.5,楼层1=16.5,楼层2=17.5,求购价格1=18.5,求购价格2=19.5,求租价格1=26."
+    u"5,"
+    u"求租价格2=27.5,付款方式='文20',付佣方式='文21',信息来源='文23',备注=' 第一行\n注 "
+    u"',业务员ID=5,委托等级='文3',"
+    u"委托协议='文22',状态=0,方式=2 where 客源ID='%1'"_qs.arg(firstKey);
+
+TEST_F(FrmKhTest, BothStatementsWriteTheirColumnsInTheirOwnOrderAndALoadReadsThemBack)
+{
+    const auto sample = [](int number) {
+        const bool isDate = number == Number::EntrustedOn || number == Number::AuthoredOn;
+        const bool isNumber = (number >= Number::AreaFrom && number <= Number::PriceTo) ||
+                              number == Number::RentFrom || number == Number::RentTo;
+        return (isDate ? u"2026-3-%1"_qs : isNumber ? u" %1．5"_qs : u" 文%1 "_qs).arg(number);
+    };
+    open({}, [&] {
+        for (int number = 0; number < 30; ++number)
+            form.qzTxt(number).setText(sample(number));
+        form.qzTxt(Number::District).setValue(107);
+        form.qzTxt(Number::Agent).setValue(5);
+        form.Txt().setText(u" 第一行\n注 "_qs);
+        form.Chk(0).setValue(1);
+        form.Chk(1).setValue(1);
+        form.Opt(1).setValue(1);
+        desktop.willAnswer(No);
+        press(Number::Save);
+        EXPECT_TRUE(app.statements.contains(insertion)) << app.statements.join(u'\n').toStdString();
+        EXPECT_EQ(place(), u"KY2026110001 1/1") << "read again";
+    });
+    connection->execute(u"update fykh set 委托方式='x',手机='y',制单人='z',操作日期=#2026-1-1#"_qs);
+    open(firstKey, [&] {
+        EXPECT_EQ(app.statements.size(), 3) << "the row and two counts";
+        const QMap<int, QString> others{
+            {Number::Kind, {}}, {Number::Agent, u"李强"_qs}, {Number::Author, u"z"_qs}};
+        for (int number = 1; number < 30; ++number)
+            EXPECT_EQ(text(number), others.value(number, sample(number).trimmed().replace(u'．', u'.')));
+        EXPECT_EQ(form.Txt().Text(), u" 第一行\n注 ");
+        form.qzTxt(0).setText(u" 号 "_qs);
+        form.Opt(0).setValue(1);
+        form.Chk(0).setValue(0);
+        press(Number::Save);
+        EXPECT_TRUE(app.statements.contains(change)) << app.statements.join(u'\n').toStdString();
+    });
+    EXPECT_EQ(stored(u"委托方式 & 手机 & 用户ID & 制单人 & 操作日期"_qs), u"U1z2026-1-1");
+    EXPECT_EQ(events, QStringList({u"new "_qs + firstKey, u"changed "_qs + firstKey}));
+}
+
+TEST_F(FrmKhTest, ANewRequestBeginsWithItsDefaultsAndTheTicksOfTheLastOne)
+{
+    const QString today = u"2026-11-22"_qs;
+    const QMap<int, QString> expected{{Number::BillNumber, u"KY2026110001"_qs},
+                                      {Number::EntrustedOn, today},
+                                      {Number::AuthoredOn, today},
+                                      {Number::Author, u"张敏"_qs}};
+    open({}, [&] {
+        for (int number = 0; number < 30; ++number)
+            EXPECT_EQ(text(number), expected.value(number)) << number;
+        press(Number::Save);
+        EXPECT_EQ(app.statements.size(), 0) << "nothing was changed";
+        fill(u"甲"_qs);
+        form.qzTxt(Number::Kind).setText(u"老客户"_qs);
+        form.qzTxt(Number::Agent).setValue(5);
+        form.Chk(1).setValue(1);
+        form.Opt(1).setValue(1);
+        desktop.willAnswer(Yes);
+        press(Number::Save);
+        EXPECT_EQ(text(0) + text(1) + text(2) + form.qzTxt(Number::Agent).Tag(), u"KY2026110002");
+        EXPECT_EQ(form.Opt(0).Value() + form.Chk(1).Value(), 2);
+        EXPECT_TRUE(form.mayClose()) << "not changed";
+    });
+    EXPECT_EQ(stored(u"客源编号 & 业务员ID & 状态 & 方式"_qs), u"KY2026110001512");
+    EXPECT_EQ(asked(), QStringList(u"提示:|是否继续新建?"_qs));
+    open({}, [&] { EXPECT_EQ(form.Chk(1).Value(), 0) << "opened afresh"; });
+}
+
+TEST_F(FrmKhTest, StateAndKindComeBackAsTheirNumbersAreAndNullBoundsAreSavedAsZero)
+{
+    insertCustomers(u"K1"_qs);
+    for (const QString &c : u"0 0 1000|1 1 0110|2 -1 0101|3 5 0111|4 0 1000|null null 1000"_qs.split(u'|')) {
+        const QStringList part = c.split(u' ');
+        connection->execute(u"update fykh set 方式=%1,状态=%2,面积1=null"_qs.arg(part[0], part[1]));
+        open(u"C1"_qs, [&] {
+            const int shown[] = {form.Opt(0).Value(), form.Opt(1).Value(), form.Chk(0).Value(),
+                                 form.Chk(1).Value()};
+            EXPECT_EQ(u"%1%2%3%4"_qs.arg(shown[0]).arg(shown[1]).arg(shown[2]).arg(shown[3]), part[2]);
+            form.Txt().setText(c);
+            press(Number::Save);
+        });
+        EXPECT_EQ(stored(u"面积1 & 备注"_qs), u'0' + c);
+    }
+}
+
+TEST_F(FrmKhTest, MovesGoByTheTextOfTheNumbers)
+{
+    insertCustomers(u"KY2026119999 KY20261110000 KY2026119999 KY2026110005"_qs);
+    const std::pair<int, const char16_t *> steps[] = {
+        {Number::Top, u"KY2026110005 1/4"},   {Number::Previous, u"KY2026110005 1/4"},
+        {Number::Next, u"KY20261110000 2/4"}, {Number::Next, u"KY2026119999 4/4"},
+        {Number::Next, u"KY2026119999 4/4"},  {Number::Previous, u"KY20261110000 2/4"},
+        {Number::Bottom, u"KY2026119999 4/4"}};
+    open({}, [&] {
+        for (const auto &[button, expected] : steps) {
+            press(button);
+            EXPECT_EQ(place(), QString::fromUtf16(expected));
+        }
+        form.LoadData(0, u"C2"_qs);
+        EXPECT_EQ(place(), u"KY20261110000 2/4") << "a key goes before the mode";
+    });
+    EXPECT_EQ(events + asked(), QStringList());
+}
+
+TEST_F(FrmKhTest, AChangedRequestAsksBeforeItIsLeft)
+{
+    insertCustomers(u"K1 K2"_qs);
+    const std::optional<int> yes = 0, no = 1, neither;
+    struct Case
+    {
+        int button;
+        std::optional<int> answer;
+        QString name;
+        QString shown;
+        QString stored;
+    };
+    const Case cases[] = {
+        {Number::Next, neither, u"乙"_qs, u"K1乙"_qs, u"甲1 甲2"_qs},
+        {Number::Next, no, u"乙"_qs, u"K2甲2"_qs, u"甲1 甲2"_qs},
+        {Number::Next, yes, {}, u"K1"_qs, u"甲1 甲2"_qs},
+        {Number::Next, yes, u"乙"_qs, u"K2甲2"_qs, u"乙 甲2"_qs},
+        {Number::Previous, yes, u"丙"_qs, u"K1丙"_qs, u"丙 甲2"_qs},
+        {Number::Close, neither, u"丁"_qs, u"K1丁"_qs, u"丙 甲2"_qs},
+        {Number::Close, no, u"丁"_qs, u"K1丁closed"_qs, u"丙 甲2"_qs},
+    };
+    for (const Case &c : cases) {
+        events.clear();
+        open(u"C1"_qs, [&] {
+            form.qzTxt(Number::Name).setText(c.name);
+            desktop.willChoose(c.answer);
+            if (c.name.isEmpty())
+                desktop.willAnswer(Ok);
+            press(c.button);
+            EXPECT_EQ(text(0) + text(1) + events.filter(u"closed"_qs).join(u' '), c.shown);
+        });
+        EXPECT_EQ(asked().first(), u"提示：|数据已变动，是否保存！");
+        EXPECT_EQ(stored(u"客户名称"_qs), c.stored);
+    }
+}
+
+TEST_F(FrmKhTest, ANewRequestSavedOnTheWayIsThereOnce)
+{
+    open({}, [&] {
+        fill(u"甲"_qs);
+        desktop.willChoose(0);
+        desktop.willAnswer(No);
+        press(Number::Next);
+        EXPECT_EQ(place(), u"KY2026110001 1/1") << "there is no next one";
+        fill(u"乙"_qs);
+        press(Number::Save);
+    });
+    EXPECT_EQ(stored(u"客户名称"_qs), u"乙");
+    open({}, [&] {
+        fill(u"丙"_qs);
+        desktop.willChoose(0);
+        desktop.willAnswer(Yes);
+        press(Number::Top);
+        EXPECT_EQ(place(), u"KY2026110001 1/2") << "the move wins";
+    });
+    open({}, [&] {
+        fill(u"丁"_qs);
+        desktop.willChoose(0);
+        desktop.willAnswer(Yes);
+        EXPECT_FALSE(form.mayClose()) << "open for the next one";
+    });
+    EXPECT_EQ(stored(u"客户名称"_qs), u"乙 丙 丁");
+}
+
+TEST_F(FrmKhTest, WhatIsMissingOrWrongIsRefusedAndStays)
+{
+    insertCustomers(u"K1"_qs);
+    struct Case
+    {
+        int field;
+        QString typed;
+        QString told;
+        QString stored = {};
+    };
+    const Case cases[] = {
+        {Number::BillNumber, u"  "_qs, u"提示:|委托编号不能为空，请输入"_qs},
+        {Number::Name, {}, u"提示:|客户名称不能为空，请输入"_qs},
+        {Number::Telephone, u" "_qs, u"提示:|联系电话不能为空，请输入"_qs},
+        {Number::Grade, u"甲级"_qs, u"提示:|输入有误，请重新输入！"_qs},
+        {Number::AreaTo, u"很大"_qs, u"提示:|最大面积输入有误，请重新输入！"_qs},
+        {Number::EntrustedOn, u"2026-2-30"_qs, u"日期有误"_qs},
+        {Number::Location, u"x',电话='y"_qs, u"'"_qs},
+        {Number::AreaFrom, u"-5"_qs, {}, u"-5"_qs},
+        {Number::AreaFrom, u"1e12"_qs, {}, u"1000000000000"_qs}, // above the upper bound, too
+    };
+    for (const Case &c : cases) {
+        open(u"C1"_qs, [&] {
+            form.Txt().setText(QString(1'000'000, u'长'));
+            form.qzTxt(Number::AreaTo).setText(u"80"_qs);
+            form.qzTxt(c.field).type(c.typed);
+            if (!c.told.isEmpty())
+                desktop.willAnswer(Ok);
+            press(Number::Save);
+            const QString told = asked().join(u' ');
+            EXPECT_TRUE(told.contains(c.told) && told.isEmpty() == c.told.isEmpty()) << told.toStdString();
+            EXPECT_TRUE(c.told.isEmpty() || text(c.field) == c.typed);
+        });
+        EXPECT_EQ(stored(u"客源编号 & 电话 & 面积1"_qs), u"K11"_qs + c.stored);
+    }
+    EXPECT_EQ(stored(u"len(备注)"_qs), u"1000000");
+    connection->execute(u"update host_modules set prefix=''"_qs);
+    open({}, [&] {
+        fill(u"甲"_qs);
+        form.qzTxt(0).setText(u"自编"_qs);
+        desktop.willAnswer(Ok);
+        press(Number::Save);
+    });
+    const QString told = asked().join(u' ');
+    EXPECT_TRUE(told.startsWith(u"提示:|模块") && told.endsWith(u"DoSave:")) << told.toStdString();
+}
+
+TEST_F(FrmKhTest, DeletionAsksAndGoesToTheNextOne)
+{
+    insertCustomers(u"K1 K2"_qs);
+    open(u"C1"_qs, [&] {
+        desktop.willAnswer(No);
+        press(Number::Delete);
+        EXPECT_EQ(asked(), QStringList(u"提示：|是否删除当前记录？"_qs));
+        app.asRun = [](const SqlText &) { return SqlText(u"delete from nothing"_qs); };
+        desktop.willAnswer(Yes);
+        press(Number::Delete);
+        EXPECT_TRUE(events.value(0).startsWith(u"提示：|8|")) << events.join(u' ').toStdString();
+        app.asRun = [](const SqlText &sql) { return sql; };
+        for (const char16_t *expected : {u"K2 1/1", u"K2 0/0"}) {
+            desktop.willAnswer(Yes);
+            press(Number::Delete);
+            EXPECT_EQ(place(), QString::fromUtf16(expected));
+        }
+        desktop.willAnswer(Yes);
+        desktop.willAnswer(Ok);
+        press(Number::Delete);
+        EXPECT_EQ(asked().last(), u"提示:|数据库中已没有这条客源！");
+    });
+    host::setRight(*connection, u"U1"_qs, host::CustomerModule, RightDelete, false);
+    insertCustomers(u"K1"_qs);
+    open(u"C1"_qs, [&] {
+        desktop.willAnswer(Ok);
+        press(Number::Delete);
+        EXPECT_EQ(asked(), QStringList(u"提示:|您没有删除客源的权限！"_qs));
+        QObject::connect(&form, &frmKh::ReturnData, [this] { connection->execute(u"delete from fykh"_qs); });
+        fill(u"乙"_qs);
+        desktop.willAnswer(Ok);
+        press(Number::Save);
+        EXPECT_TRUE(asked().value(0).startsWith(u"提示:|保存之后，这条客源已被他人删除！"));
+    });
+}
+
+TEST_F(FrmKhTest, ForReadingOnlyNothingChangesAndARowThatIsGoneOpensNothing)
+{
+    insertCustomers(u"K1 K2"_qs);
+    const auto look = [&] {
+        for (const auto &control : form.IDesignUI_Controls()) {
+            const bool isMove = control->TypeName() == u"CommandButton" &&
+                                control->Index() >= Number::Close && control->Index() <= Number::Bottom;
+            const bool isOther = control->TypeName() == u"OptionButton" || control->TypeName() == u"Label";
+            EXPECT_EQ(control->Enabled(), isMove || isOther) << control->Name().toStdString();
+            EXPECT_FALSE(control->isKept());
+        }
+        form.Opt(1).setValue(1);
+        press(Number::Next);
+        EXPECT_EQ(place(), u"K2 2/2") << "without a question";
+    };
+    open(u"C1"_qs, look, true);
+    form.py_Init(app, host::CustomerModule, u"gone"_qs, false);
+    connection->executeNative("alter table fykh rename to x");
+    form.py_Init(app, host::CustomerModule, u"C1"_qs, false);
+    ASSERT_EQ(events.size(), 2);
+    EXPECT_EQ(events[0], u"FrmKh|2|这条客源已被删除，无法打开！");
+    EXPECT_TRUE(events[1].startsWith(u"FrmKh|8|FrmKh-->LoadData::")) << events[1].toStdString();
+}
+
+TEST_F(FrmKhTest, HelpAsksPickersAndTheHostsLists)
+{
+    script = {{}, u"天河区"_qs, 9, nullptr};
+    insert({u"pdmsjzd (类型,代码,名称) values ('付佣金方式','01','成交后')"});
+    open({}, [&] {
+        for (const auto &[number, typed] :
+             {std::pair(7, u"天"_qs), {24, u"李"_qs}, {21, u"01"_qs}, {9, u"F1"_qs}}) {
+            form.qzTxt(number).type(typed);
+            EXPECT_TRUE(form.qzTxt(number).check());
+        }
+        EXPECT_EQ(text(7) + form.qzTxt(7).Tag() + text(21) + text(9), u"天河区9成交后三房");
+    });
+    EXPECT_EQ(script.asked,
+              QStringList({u"validate pdmdq 天 pdmsfmx=1"_qs, u"validate pdmgy 李 lock=1 组织类型=1"_qs}));
+}
+
+} // namespace
