@@ -16,8 +16,8 @@ namespace ebtq::db {
 struct DdlWords;
 struct Dialect;
 
-/// A failed database operation; what() is a text in Chinese fit to be shown, with the engine's own text
-/// behind where it helps.
+/// A failed database operation; what() is a Chinese text to be shown, followed by the engine's
+/// own text where it helps.
 class DatabaseError : public std::runtime_error
 {
 public:
@@ -28,29 +28,28 @@ public:
 };
 
 /// One connection to one database. Statements are in the system's dialect and are translated for the engine.
-/// Every operation throws DatabaseError; a statement that fails changes nothing, and an open transaction goes
-/// on. For use on one thread.
+/// Every operation throws DatabaseError; a statement that fails changes nothing, and an open transaction
+/// stays open. For use on one thread.
 ///
 /// A server may go away: the operation that finds out throws, an open transaction is lost with it
-/// (inTransaction is false afterwards), and the next operation connects again. Nothing that may have been
-/// done is done twice.
+/// (inTransaction is false afterwards), and the next operation connects again. A statement whose outcome is
+/// unknown is never retried.
 class Connection
 {
 public:
-    /// What may be done with a file that is not there.
+    /// What to do with a file that does not exist.
     enum class Missing { IsAnError, IsCreated };
-    /// What a commit waits for. AfterCommit is for a counter whose number means nothing before a row with it
-    /// is saved: everybody queues for its row, and a server's disk is not what they should queue for. A crash
-    /// may undo such a commit, but never one without all that were committed after it, on every connection.
+    /// What a commit waits for. AfterCommit is for a counter whose number means nothing until a row that
+    /// uses it is saved: all clients queue for that row, and should not queue for the server's disk as well.
+    /// A crash may undo such a commit, but never without all later commits of every connection.
     enum class Flush { BeforeCommit, AfterCommit };
 
-    /// Opens a base on a server by its URL ("postgresql://user@host:port/base") or an embedded database by
-    /// its file's path (":memory:" for one in memory). Throws for a file that is no database. A read-only
-    /// file opens; statements that write fail. A base on a server is never made.
+    /// Opens a database on a server by its URL ("postgresql://user@host:port/base") or an embedded database
+    /// by its file's path (":memory:" for one in memory). Throws for a file that is no database. A read-only
+    /// file opens; statements that write fail. A database on a server is never created.
     [[nodiscard]] static std::unique_ptr<Connection> open(const QString &location,
                                                           Missing missing = Missing::IsAnError);
-    /// A location as people may see it: a URL without a password, and next to nothing of one that cannot be
-    /// read.
+    /// A location as it may be shown: a URL without its password, only the scheme if it does not parse.
     [[nodiscard]] static QString shownLocation(const QString &location);
 
     virtual ~Connection() = default;
@@ -59,13 +58,13 @@ public:
     [[nodiscard]] virtual RowBlock query(const SqlText &statement) = 0;
     /// Runs an insert, update or delete; the number of rows changed. A select runs too and gives 0.
     virtual qint64 execute(const SqlText &statement) = 0;
-    /// Puts all rows of a block into a table, by the names of its columns, in one transaction (or the open
+    /// Inserts all rows of a block into a table, by column name, in one transaction (or the open
     /// one): for bulk work such as sample data and copies. Numbers and dates are read from the cells' texts:
-    /// exactly when the cells come from readTable. A table that numbers its rows by itself goes on behind the
-    /// largest number put in.
+    /// exactly when the cells come from readTable. A table with automatic keys continues after the largest
+    /// key inserted.
     virtual void insertRows(const QString &table, const RowBlock &rows) = 0;
 
-    /// Takes the blocks of a long read, one after another; what it throws ends the read.
+    /// Receives the blocks of a long read in order; an exception from it ends the read.
     using BlockTaker = std::function<void(const RowBlock &block)>;
     /// Reads columns of all rows of a table, in no given order, for copies and comparisons: any number of
     /// rows in blocks of a few megabytes, or of one row that is larger. One call is one statement, so it sees
@@ -73,28 +72,28 @@ public:
     /// meanwhile. Unlike query it gives values as they are stored: numbers in a text that reads back as the
     /// same number to the last bit, dates as "YYYY-MM-DD[ HH:MM:SS]". `take` must not use this connection.
     virtual void readTable(const QString &table, const QStringList &columns, const BlockTaker &take) = 0;
-    /// Begins a transaction that only reads, ended by rollback(): all that is read in it is of one moment,
-    /// that of this call, while others write. Throws when one is open. Statements in it must not write.
+    /// Begins a read-only transaction, ended by rollback(): everything read in it is one snapshot, taken at
+    /// this call, while others write. Throws when one is open. Statements in it must not write.
     virtual void beginReading() = 0;
 
-    /// Statements of the engine's own language, parted by semicolons, and the rows of one: for the installer
+    /// Semicolon-separated statements in the engine's own language, and the rows of one: for the installer
     /// and its checks only.
     virtual void executeNative(const QByteArray &script) = 0;
     [[nodiscard]] virtual RowBlock queryNative(const QByteArray &statement) = 0;
 
-    /// Begins a transaction that writes. Throws when one is open. An embedded database flushes as it always
-    /// does.
+    /// Begins a transaction that writes. Throws when one is open. An embedded database always flushes
+    /// before the commit.
     virtual void begin(Flush flush = Flush::BeforeCommit) = 0;
     virtual void commit() = 0;
-    /// Nothing when none is open. Never throws.
+    /// Does nothing when none is open. Never throws.
     virtual void rollback() noexcept = 0;
     [[nodiscard]] virtual bool inTransaction() const = 0;
-    /// Every statement that writes will fail: the file is only to be read by this user.
+    /// Every statement that writes will fail: this user may only read the file.
     [[nodiscard]] virtual bool isReadOnly() const = 0;
 
     [[nodiscard]] virtual const Dialect &dialect() const = 0;
-    /// How the engine writes definitions, and native statements that make what the tables rest on where it is
-    /// missing or old (empty: nothing): for the installer and its checks only.
+    /// How the engine writes definitions, and native statements that create or update what the tables depend
+    /// on (empty when it is up to date): for the installer and its checks only.
     [[nodiscard]] virtual const DdlWords &ddlWords() const = 0;
     [[nodiscard]] virtual QByteArray missingFoundation() = 0;
     /// Read on first use and again after executeNative.

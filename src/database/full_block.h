@@ -4,8 +4,7 @@
 
 namespace ebtq::db {
 
-/// Whether a block of Connection::readTable is to be passed on: a few megabytes, or that many rows of next to
-/// nothing.
+/// Whether a block of Connection::readTable is full: a few megabytes, or that many short rows.
 [[nodiscard]] inline bool isFull(const RowBlock &block)
 {
     constexpr qsizetype mostRows = 4096;

@@ -9,9 +9,8 @@
 
 namespace ebtq::db {
 
-/// The counts of one column by their keys, which compare without regard to case. A table of 8 bytes a slot
-/// answers for most keys that are not there without looking further: in a long list each look elsewhere would
-/// be memory that no cache holds.
+/// The counts of one column by key, compared without regard to case. A hash table with 8 bytes a slot rejects
+/// most missing keys at once: in a long list each further access would be a cache miss.
 class CountsByKey
 {
 public:
@@ -40,20 +39,20 @@ private:
     std::vector<Slot> m_slots; ///< a power of two, at most half of them taken
     std::vector<Entry> m_entries;
     std::string m_keys;
-    mutable std::string m_folded; ///< the key at work
+    mutable std::string m_folded; ///< the current key
 };
 
 /// The counts of a list that were read for all of its rows at once.
 class ListCounts
 {
 public:
-    /// Gives the rows of a statement in the engine's own language.
+    /// Reads a statement in the engine's own language.
     using Read = std::function<RowBlock(const QByteArray &sql, std::vector<Column> columns)>;
 
     ListCounts() = default;
     ListCounts(const std::vector<CountStatement> &statements, const Read &read);
 
-    /// Whether the list gives a key in this column.
+    /// Whether this column of the list holds a key.
     [[nodiscard]] bool has(int column) const { return find(column) != nullptr; }
     /// Appends the count for a key; 0 for Null.
     void append(RowBlock &block, int column, std::optional<std::string_view> key) const;

@@ -9,7 +9,7 @@ namespace ebtq::db {
 
 namespace {
 
-/// Puts the URL as people may see it in the place of the real one.
+/// Replaces the URL by the form that may be shown.
 void hidePassword(char *argument)
 {
     char *url = std::strstr(argument, "://");

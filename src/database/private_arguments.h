@@ -7,9 +7,9 @@
 
 namespace ebtq::db {
 
-/// The command line of a program, for its own use. Everybody on the machine can read it in the list of
-/// processes, so a password in a URL is wiped out there; what is kept here stays whole. Made first of all and
-/// kept as long as the application object, which refers to it.
+/// The command line of a program, for its own use. Every user of the machine can read it in the process
+/// list, so a password in a URL is erased there; the copy kept here is complete. Create it first and keep it
+/// as long as the application object, which refers to it.
 class PrivateArguments
 {
 public:
@@ -23,11 +23,11 @@ public:
 private:
     int m_count;
     std::vector<QByteArray> m_texts;
-    std::vector<char *> m_values; ///< ended by nullptr
+    std::vector<char *> m_values; ///< terminated by nullptr
 };
 
-/// The value of a variable of the environment, which is taken out of it: programs that are started from here
-/// do not inherit it, and nobody finds it in the list of processes. Nothing when it is not set.
+/// Removes a variable from the environment and returns its value: child processes do not inherit it and it is
+/// not visible in the process list. Empty when it is not set.
 [[nodiscard]] std::optional<QByteArray> takeFromEnvironment(const char *name);
 
 } // namespace ebtq::db

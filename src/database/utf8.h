@@ -6,8 +6,8 @@
 
 namespace ebtq::db {
 
-/// The character at `at`, which is moved behind it. A byte that begins no character counts as one by itself,
-/// so that no content of a database can lead outside the text.
+/// Decodes the character at `at` and advances it. An invalid byte is a character of its own, so that no
+/// content of a database can lead outside the text.
 inline char32_t takeCharacter(std::string_view utf8, size_t &at)
 {
     const auto byte = [&](size_t index) { return static_cast<unsigned char>(utf8[index]); };
@@ -21,7 +21,7 @@ inline char32_t takeCharacter(std::string_view utf8, size_t &at)
     return result;
 }
 
-/// The lower case, one character for one, as servers fold: a database that is copied to one finds the same.
+/// Lower case, one character for one, as servers fold: a database that is copied to a server finds the same.
 [[nodiscard]] inline char32_t foldedCharacter(char32_t c)
 {
     constexpr char32_t dottedI = 0x130; // Qt has two characters for its lower case only

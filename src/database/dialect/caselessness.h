@@ -5,9 +5,9 @@
 
 namespace ebtq::db {
 
-/// Where an engine has to be told to compare texts without regard to case. Columns do so by their own type
-/// and collation, a literal takes over the other side's; any other text has to carry the collation, and it is
-/// left away where the outcome cannot depend on it, because engines compare bytes faster.
+/// Which operands need a collation to compare without regard to case. Columns have one by their declared
+/// type, a literal inherits the other side's; any other text needs it. It is omitted where the result cannot
+/// depend on it, because engines compare bytes faster.
 class Caselessness
 {
 public:
@@ -15,7 +15,7 @@ public:
         NoText,
         Column,
         Literal,
-        CaselessLiteral, ///< one of digits, signs and ideographs
+        CaselessLiteral, ///< of digits, punctuation and ideographs only
         Other,
     };
     struct Sides
@@ -31,16 +31,17 @@ public:
 
     [[nodiscard]] static Operand operandOf(const Expression &expression);
 
-    /// Which sides of a comparison carry the collation.
+    /// Which sides of a comparison need the collation.
     [[nodiscard]] Sides sides(Operand left, Operand right, bool isEquality) const;
-    /// Whether a value carries it that the engine compares with others by itself, as in a sorted list, or
-    /// that stands before `in` or `between`.
+    /// Whether a value needs it that the engine compares with other rows, as in a sorted list, or that
+    /// precedes `in` or `between`.
     [[nodiscard]] static bool isCollatedAlone(Operand operand);
-    /// Whether an item of `in` or a bound of `between` does.
+    /// Whether an item of `in` or a bound of `between` needs it.
     [[nodiscard]] bool isCollatedAfter(Operand operand) const;
-    /// Whether any item, bound or column of a sub-select can.
+    /// Whether any item, bound or column of a sub-select can need it.
     [[nodiscard]] bool isOnBothSides() const { return m_onBothSides; }
-    /// Whether an expression of group by is written alike everywhere: the engine knows it again by its form.
+    /// Whether an expression of group by must be written identically everywhere: the engine matches it by
+    /// form.
     [[nodiscard]] bool keepsForm(const Expression &expression) const
     {
         return m_onBothSides && expression.isGrouped;

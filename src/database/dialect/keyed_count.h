@@ -16,8 +16,8 @@ struct KeyedCount
     std::vector<const Expression *> conditions; ///< the others, on the other table alone
 };
 
-/// What `item` counts for the rows of `list`. Nothing for any other expression, and for a list that is
-/// expected to be short: one of a single key, with a top, or with any filter unless `isFilteredLong`. There
+/// What `item` counts for the rows of `list`. Empty for any other expression, and for a list that is expected
+/// to be short: one of a single key, with a top, or with any filter unless `isFilteredLong`. There
 /// the engine finds the few rows to count by their index.
 [[nodiscard]] std::optional<KeyedCount> keyedCount(const Expression &item, const Select &list,
                                                    bool isFilteredLong);

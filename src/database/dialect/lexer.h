@@ -99,7 +99,7 @@ struct Token
     {
         return kind == TokenKind::Text || kind == TokenKind::Date || kind == TokenKind::Bracketed;
     }
-    /// Where the content stands, without delimiters.
+    /// The range of the content, without delimiters.
     [[nodiscard]] qsizetype contentBegin() const { return begin + (isDelimited() ? 1 : 0); }
     [[nodiscard]] qsizetype contentEnd() const { return end - (isDelimited() ? 1 : 0); }
 };

@@ -25,7 +25,7 @@ inline constexpr size_t mostColumns = 1500;
 inline constexpr size_t mostSources = 60;
 /// SQLite's expression trees are at most 1000 high; the rest is for what the statement puts around them.
 inline constexpr int tallestExpression = 900;
-/// What rendering puts around one operand at most: a cast, a bracket and a function.
+/// What rendering adds around one operand at most: a cast, a bracket and a function.
 inline constexpr int heightOfRendering = 3;
 
 // Rendered

@@ -7,7 +7,7 @@ namespace ebtq::db {
 
 /// Reads the tokens of one statement into its tree, one function a clause, with one-token lookahead and no
 /// backtracking: the token at which reading stops is the furthest that can be reached, and its message says
-/// what could stand there. Throws DialectError. Names are not looked at.
+/// what was expected there. Throws DialectError. Names are not resolved.
 class Parser
 {
 public:
@@ -84,8 +84,8 @@ private:
     int m_sources = 0;
 };
 
-/// Counts how deep the reading is nested and refuses what is deeper than any statement needs, before the
-/// stack of this program or of an engine feels it.
+/// Limits the nesting depth to what statements need, before the stack of this program or of an engine
+/// overflows.
 class Parser::Level
 {
 public:

@@ -17,7 +17,7 @@ struct RankedSymbol
     Operator op;
 };
 
-/// The joining operators from the weakest to the strongest rank. `mod` is a word and stands by itself.
+/// The joining operators from the weakest to the strongest rank. `mod` is a word and handled separately.
 struct Rank
 {
     std::array<RankedSymbol, 2> symbols;

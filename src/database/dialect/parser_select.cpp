@@ -83,7 +83,7 @@ std::optional<JoinKind> Parser::joinKind()
     return kind;
 }
 
-/// One join at most: a further one must stand around a bracket, and nothing in this system is written
+/// One join at most: another one must enclose it in brackets, and nothing in this system is written
 /// otherwise.
 FromItem Parser::joined(Select &select)
 {

@@ -164,7 +164,7 @@ void Renderer::statement(const SelectPtr &select)
     this->select(*select);
 }
 
-/// A single select stands in place of a value.
+/// A single select is used as a value.
 void Renderer::select(const Select &select, bool isDerived, bool isSingle, bool isCompared)
 {
     write(select.isDistinct ? "SELECT DISTINCT " : "SELECT ");
@@ -182,7 +182,8 @@ void Renderer::select(const Select &select, bool isDerived, bool isSingle, bool 
     limit(select, isSingle);
 }
 
-/// The columns of a derived table are compared further out, and of a distinct select by the engine itself.
+/// The columns of a derived table are compared by the enclosing select, those of a distinct one by the
+/// engine.
 void Renderer::items(const Select &select, bool isDerived, bool isCompared)
 {
     const bool areCompared = isDerived || isCompared || select.isDistinct;

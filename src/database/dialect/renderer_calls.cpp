@@ -79,7 +79,7 @@ void Renderer::plainCall(const Call &call, const Expression &self)
     write(')');
 }
 
-/// What is told apart or sorted by the engine is compared without regard to case.
+/// Distinct and sorted values are compared without regard to case.
 void Renderer::aggregate(const Call &call, const Expression &self)
 {
     const OpenTokens open(*this, open_tokens::call, self.position);
@@ -96,7 +96,7 @@ void Renderer::aggregate(const Call &call, const Expression &self)
     write(')');
 }
 
-/// A further iif in the third place becomes one more branch, so that a long row of them is not a deep one.
+/// An iif as third argument becomes one more branch, so that a long sequence of them is not deeply nested.
 void Renderer::conditional(const Call &call, const Expression &self)
 {
     const OpenTokens open(*this, open_tokens::caseForm, self.position);
@@ -147,7 +147,7 @@ void Renderer::chosen(const Call &call, const Expression &self)
     write(" END");
 }
 
-/// The engine's own search does where case cannot matter; it is the one of the statements of every list.
+/// The engine's built-in search suffices where case cannot matter, as in the statements of every list.
 void Renderer::instr(const Call &call, const Expression &self)
 {
     const OpenTokens open(*this, open_tokens::call, self.position);

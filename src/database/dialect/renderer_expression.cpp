@@ -9,7 +9,7 @@ namespace ebtq::db {
 
 namespace {
 
-/// What comes out as one piece that no operator beside it can tear apart.
+/// Rendered so that no neighbouring operator can bind to a part of it.
 bool isAtomic(const Expression &expression)
 {
     const auto *call = expression.as<Call>();
@@ -36,7 +36,7 @@ const char *wordOf(Operator op)
 
 } // namespace
 
-/// In place of a value a condition counts -1 for true and 0 for false, Null staying Null.
+/// As a value a condition is -1 for true and 0 for false; Null stays Null.
 void Renderer::value(const Expression &expression)
 {
     if (m_dialect.typesNull && expression.type == Type::Null)
@@ -108,7 +108,7 @@ void Renderer::node(const TextLiteral &literal, const Expression &)
     textLiteral(literal.value);
 }
 
-/// A negative number stands in brackets: behind a minus it would begin a comment.
+/// A negative number is put in brackets: after a minus it would begin a comment.
 void Renderer::node(const NumberLiteral &literal, const Expression &)
 {
     char text[40];
@@ -174,7 +174,7 @@ void Renderer::node(const Conversion &conversion, const Expression &self)
     write(')');
 }
 
-/// A bare NULL would be taken for a text, or for no type at all.
+/// A bare NULL would have type text, or none at all.
 void Renderer::typedNull(const Expression &null, Type type)
 {
     const bool isBare = !m_dialect.typesNull || type == Type::Null;
@@ -235,7 +235,7 @@ void Renderer::arithmetic(const Chain &chain)
     }
 }
 
-/// Division is real division, also of whole numbers, and by 0 it gives Null.
+/// Division is floating-point division, also of integers, and by 0 it gives Null.
 void Renderer::quotients(const Chain &chain)
 {
     const bool divides =

@@ -4,9 +4,9 @@
 
 namespace ebtq::db {
 
-/// Finds each name of a statement in the catalog and gives each expression its type: expands stars, turns
-/// literals into the type of what they are compared with or written into, and puts conversions where types
-/// differ. Throws DialectError for what does not fit.
+/// Looks up each name of a statement in the catalog and infers the type of each expression: expands stars,
+/// converts literals to the type they are compared with or assigned to, and inserts conversions where types
+/// differ. Throws DialectError for what does not match.
 class Resolver
 {
 public:

@@ -13,7 +13,7 @@ bool isTextOrNull(Type type)
     return type == Type::Text || type == Type::Null;
 }
 
-/// Where both stand, and as high as the higher one.
+/// The range of both, with the greater height.
 Expression spanOf(const Expression &left, const Expression &right)
 {
     return {NullLiteral{}, left.position, right.end, Type::Null, qMax(left.height, right.height)};
@@ -35,8 +35,8 @@ Type Resolver::productType(Chain &node)
     return type;
 }
 
-/// Numbers alone stay one chain. With texts and dates among them each + and - means what its two sides make
-/// of it.
+/// Numbers alone stay one chain. With texts and dates among them the meaning of each + and - depends on its
+/// two sides.
 void Resolver::foldSum(ExpressionPtr &self)
 {
     Chain &chain = *self->as<Chain>();

@@ -20,7 +20,7 @@ Type Resolver::infer(Call &node, Expression &self, Scope &scope)
     return callType(node, self);
 }
 
-/// An aggregate of outer columns alone would belong to the select around.
+/// An aggregate of outer columns alone would belong to the enclosing select.
 void Resolver::checkAggregate(const Call &node, const Expression &self, const Scope &scope) const
 {
     bool hasColumn = false;
@@ -68,7 +68,7 @@ Type Resolver::callType(Call &node, const Expression &self)
             fail(self.position, u"汇总函数 %1 不能用于二进制内容"_qs.arg(QLatin1String(node.function->name)));
         if (node.function->result != Type::Null)
             return node.function->result;
-        // Of conditions what it gives is a number: the sum of two that are true is -2.
+        // Aggregated conditions are numbers: the sum of two that are true is -2.
         return node.arguments[0]->type == Type::Condition ? Type::Integer : node.arguments[0]->type;
     }
 }

@@ -72,7 +72,7 @@ void Resolver::toText(ExpressionPtr &value)
         fail(value->position, u"%1不能当作文本使用"_qs.arg(describe(*value)));
 }
 
-/// A literal takes the type of what it stands beside, when it reads as such; nothing else is guessed.
+/// A literal takes the type of what it is compared with, if it parses; nothing else is converted.
 void Resolver::makeComparable(ExpressionPtr &left, ExpressionPtr &right)
 {
     const TypeClass one = classOf(left->type);
@@ -88,7 +88,7 @@ void Resolver::makeComparable(ExpressionPtr &left, ExpressionPtr &right)
          u"%1是%2，不能与%3比较"_qs.arg(describe(*left), nameOf(left->type), describe(*right)));
 }
 
-/// Texts are ordered as texts, "12" before "5": whoever writes a number beside one means something else.
+/// Texts are ordered as texts, "12" before "5"; comparing one with a number means something else.
 void Resolver::refuseNumberInTextOrder(const Expression &value, const Expression &bound) const
 {
     if (value.type == Type::Text && bound.as<NumberLiteral>())
@@ -145,7 +145,7 @@ Type Resolver::infer(Chain &node, Expression &, Scope &scope)
         expression(link.operand, scope);
     const Operator op = node.links.front().op;
     if (op == Operator::Add || op == Operator::Subtract)
-        return Type::Null; // the fold gives the type
+        return Type::Null; // foldSum decides the type
     if (!isLogical(op) && op != Operator::Concatenate)
         return productType(node);
     const auto check = [&](ExpressionPtr &operand) {

@@ -76,7 +76,7 @@ std::optional<StatementShape::Kind> kindOf(QStringView text, const SqlText::Span
     return isWhole(value) ? std::optional(Whole) : isDecimal(value) ? std::optional(Decimal) : std::nullopt;
 }
 
-/// Nothing for a text that the lexer refuses: the translation says why.
+/// Empty for a text that the lexer refuses: the translation reports why.
 std::vector<Token> tokensOf(const SqlText &statement)
 {
     try {
@@ -168,7 +168,7 @@ std::optional<QByteArray> StatementShape::withParameters(QByteArray sql) const
 {
     for (size_t number = 0; number < m_values.size(); ++number) {
         QByteArray literal = sampleValue(number).toLatin1();
-        // Also when the statement has it of its own: then its shape is left alone.
+        // Also when it occurs elsewhere in the statement: then there is no shape.
         if (m_text.contains(QLatin1String(literal)))
             return std::nullopt;
         if (m_values[number].kind == Kind::Key)

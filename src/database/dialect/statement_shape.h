@@ -14,11 +14,11 @@ namespace ebtq::db {
 /// once, with the values as parameters: the detail of a listing is read by the same statement for each row
 /// that the user passes.
 ///
-/// Only values of which the translation looks at nothing but the kind have a place in a shape: record keys,
-/// which are GUIDs with a letter in them, and plain positive numbers beside a comparison. What any other text
-/// looks like - a date, a number, a pattern, without letters - may change the statement that comes out.
-/// A value that comes again is the same value also in the shape: what is compared with one number twice is
-/// translated with a view to that.
+/// Only values whose kind is all that the translation depends on have a place in a shape: record keys,
+/// which are GUIDs with a letter in them, and plain positive numbers beside a comparison. The content of any
+/// other text - a date, a number, a pattern, no letters - may change the translated statement. A value that
+/// comes again is the same value also in the shape: what is compared with one number twice is translated with
+/// a view to that.
 class StatementShape
 {
 public:
@@ -33,12 +33,12 @@ public:
     /// Nothing for a statement with a typed value that has no place in a shape.
     [[nodiscard]] static std::optional<StatementShape> of(const SqlText &statement);
 
-    /// The statement's text with a sign in each value's place, which says its kind or which earlier value it
+    /// The statement's text with a placeholder for each value, which encodes its kind or the earlier value it
     /// repeats: the same for all of one shape.
     [[nodiscard]] const QString &text() const { return m_text; }
     [[nodiscard]] const std::vector<Value> &values() const { return m_values; }
 
-    /// A statement of this shape whose values are easily told from everything else.
+    /// A statement of this shape whose values cannot be confused with anything else.
     [[nodiscard]] SqlText sample() const;
     /// Puts ?1, ?2, ... into the translated sample in the places of its values. Nothing when one of them is
     /// not found as a whole literal.

@@ -11,9 +11,9 @@ namespace ebtq::db {
 class TranslationCache
 {
 public:
-    /// The translation for all statements of that shape, with parameters in the values' places; good until
-    /// the next call. nullptr for a shape that has none: such a statement is translated by itself, which
-    /// tells why when it is refused.
+    /// The translation for all statements of that shape, with parameters for the values; valid until the next
+    /// call. nullptr for a shape that has none: such a statement is translated separately, which reports why
+    /// it is refused.
     [[nodiscard]] const Translation *find(const StatementShape &shape, const Dialect &dialect,
                                           const Catalog &catalog);
     void clear() { m_entries.clear(); }

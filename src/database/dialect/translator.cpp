@@ -18,8 +18,8 @@ StatementKind kindOf(const Statement &statement)
 
 } // namespace
 
-/// The guard comes before the reading: a value that breaks its quotes is told as what it is, not by the
-/// confusion that it makes further on.
+/// The guard runs before the parser: a value that breaks its quotes is reported as such, not by the syntax
+/// error that follows from it.
 Translation translate(const SqlText &statement, const Dialect &dialect, const Catalog &catalog)
 {
     const QStringView text = statement.text();

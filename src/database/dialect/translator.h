@@ -12,7 +12,7 @@ namespace ebtq::db {
 
 struct Dialect;
 
-/// A statement that is refused: where in its text (UTF-16 units from 0) and why, in Chinese, fit to be shown.
+/// A statement that is refused: where in its text (UTF-16 units from 0) and why, in Chinese, to be shown.
 class DialectError : public std::runtime_error
 {
 public:
@@ -29,12 +29,11 @@ private:
 
 enum class StatementKind : quint8 { Select, Insert, Update, Delete };
 
-/// A count that is read for all rows of a list at once: for each of its rows the engine would look for what
-/// is to be counted anew.
+/// A count that is read for all rows of a list at once; as a sub-select the engine would run it for each row.
 struct CountStatement
 {
-    size_t column;  ///< of the list, which gives the key in place of the count
-    QByteArray sql; ///< gives each key with its count; a key that it does not give counts 0
+    size_t column;  ///< of the list, which holds the key instead of the count
+    QByteArray sql; ///< returns keys with their counts; a missing key counts 0
 };
 
 /// A statement in the engine's own language.

@@ -164,7 +164,7 @@ struct SelectItem
     qsizetype position;
 };
 
-/// A table or a sub-select that stands behind from.
+/// A table or a sub-select in the from clause.
 struct Source
 {
     int number;
@@ -203,7 +203,7 @@ struct Select
     std::optional<qint64> top;
     std::vector<SelectItem> items;
     std::vector<Source> sources;
-    std::vector<FromItem> from; ///< parted by commas
+    std::vector<FromItem> from; ///< separated by commas
     ExpressionPtr where;
     std::vector<ExpressionPtr> groupBy;
     ExpressionPtr having;

@@ -5,7 +5,7 @@
 
 namespace ebtq::db {
 
-/// The types that compare with one another.
+/// Types of one class can be compared with each other.
 enum class TypeClass : quint8 { Any, Text, Numeric, Date, Binary };
 
 [[nodiscard]] TypeClass classOf(Type type);
@@ -17,14 +17,14 @@ enum class TypeClass : quint8 { Any, Text, Numeric, Date, Binary };
 [[nodiscard]] bool isNumeric(Type type);
 [[nodiscard]] bool isNumericOrNull(Type type);
 
-/// The type in which both can stand: numbers together are numbers, anything beside a text becomes text.
+/// The type that both convert to: numbers stay numbers, anything combined with a text becomes text.
 [[nodiscard]] Type commonType(Type one, Type other);
 
-/// Turns an expression into the wanted type: a literal at once, when it reads as such, anything else by a
-/// conversion that runs with the statement. False, with nothing changed, where the dialect converts nothing.
+/// Converts an expression to the wanted type: a literal at once if it parses, anything else by a conversion
+/// that runs with the statement. False, with nothing changed, where the dialect has no conversion.
 [[nodiscard]] bool coerce(ExpressionPtr &expression, Type wanted);
 
-/// An expression in the place of `like` or around it.
+/// An expression that replaces or encloses `like`.
 template<class Node> ExpressionPtr makeTyped(Node node, const Expression &like, Type type)
 {
     return std::make_unique<Expression>(

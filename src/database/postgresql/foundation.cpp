@@ -8,7 +8,7 @@ namespace ebtq::db {
 
 namespace {
 
-/// A table that numbers its rows by itself goes on behind the highest key that somebody has brought along.
+/// A table with automatic keys continues after the highest key that was inserted explicitly.
 constexpr char keyGuard[] = R"sql(
 create or replace function ebtq.keep_key() returns trigger language plpgsql as $$
 declare

@@ -6,12 +6,12 @@ namespace ebtq::db {
 
 class PostgresConnection;
 
-/// What the tables rest upon in the server: our schema, the extension for texts without case, and the
-/// dialect's functions. The statements that make it or bring it up; empty when it is as this build wants it.
-/// Throws DatabaseError, saying what to do, for a base that can never serve.
+/// What the tables depend on in the server: our schema, the extension for case-insensitive text and the
+/// dialect's functions. The statements that create or upgrade it; empty when it matches this build. Throws
+/// DatabaseError with what to do for a database that is unsuitable.
 [[nodiscard]] QByteArray missingFoundation(PostgresConnection &connection);
 
-/// The dialect's functions as definitions.
+/// The definitions of the dialect's functions.
 [[nodiscard]] const char *textFunctionsScript();
 [[nodiscard]] const char *numberFunctionsScript();
 [[nodiscard]] const char *dateFunctionsScript();

@@ -2,8 +2,8 @@
 
 namespace ebtq::db {
 
-/// Numbers have 15 digits in a text, which the session's own setting gives. Whole ones, the common case, are
-/// written as integers, which costs a quarter.
+/// Numbers have 15 digits in a text, as the session is set. Integral ones, the common case, are written as
+/// integers, which costs a quarter.
 const char *numberFunctionsScript()
 {
     return R"sql(

@@ -19,8 +19,8 @@ struct Setting
     const char *value;
 };
 
-/// A server that is gone is noticed within a minute: while connecting, while it is waited for, and while what
-/// was sent is not received. Of several hosts the one that can be written is wanted.
+/// A lost server is noticed within a minute: while connecting, while waiting for a reply, and while sent data
+/// is not acknowledged. Of several hosts the writable one is used.
 constexpr Setting ownSettings[] = {
     {"connect_timeout", "10"},
     {"keepalives", "1"},
@@ -32,7 +32,7 @@ constexpr Setting ownSettings[] = {
     {"fallback_application_name", "ebtq"},
 };
 
-/// What no URL changes: in another encoding the bytes of a text could end it before its quote.
+/// No URL overrides these: in another encoding the bytes of a text could end it before its quote.
 constexpr Setting fixedSetting{"client_encoding", "UTF8"};
 
 using Options = std::map<QByteArray, QByteArray>;
@@ -43,7 +43,7 @@ Options readUrl(const QByteArray &url)
     {
         void operator()(PQconninfoOption *options) const { PQconninfoFree(options); }
     };
-    // What libpq says of a URL that it cannot read may quote the password.
+    // libpq's message for a URL that does not parse may quote the password.
     char *message = nullptr;
     const std::unique_ptr<PQconninfoOption, Free> parsed(PQconninfoParse(url.constData(), &message));
     PQfreemem(message);
@@ -69,7 +69,7 @@ QString shownUrl(const Options &options)
     const QStringList ports = text("port").split(u',');
     QString places;
     for (qsizetype at = 0; at < hosts.size(); ++at) {
-        // One port stands for all hosts.
+        // A single port applies to all hosts.
         const QString port = ports.value(ports.size() == 1 ? 0 : at);
         places += (at == 0 ? QString() : QStringLiteral(",")) + hosts[at] +
                   (port.isEmpty() ? QString() : QStringLiteral(":") + port);

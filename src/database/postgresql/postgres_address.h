@@ -7,20 +7,20 @@
 
 namespace ebtq::db {
 
-/// Where a server is and how it is spoken to: a URL taken apart, with our own settings where it has none.
+/// A server's address and connection settings: a parsed URL, completed by our defaults.
 class PostgresAddress
 {
 public:
-    /// Throws DatabaseError for a URL that cannot be read; its message shows nothing of the URL.
+    /// Throws DatabaseError for a URL that does not parse; the message shows nothing of the URL.
     explicit PostgresAddress(const QString &url);
 
-    /// True for one of another kind, too: it is refused without being shown, since it may hold a password.
+    /// Also true for other schemes: they are refused without being shown, since they may hold a password.
     [[nodiscard]] static bool isUrl(const QString &location);
 
-    /// As libpq takes them, ended by nullptr; later ones win.
+    /// In libpq's form, terminated by nullptr; later ones win.
     [[nodiscard]] const std::vector<const char *> &keywords() const { return m_keywords; }
     [[nodiscard]] const std::vector<const char *> &values() const { return m_values; }
-    /// User, hosts and base as a URL, and nothing else: neither a password nor a path of a key.
+    /// User, hosts and database as a URL, without password and key paths.
     [[nodiscard]] const QString &shown() const { return m_shown; }
     [[nodiscard]] QString base() const { return m_base; }
 

@@ -70,8 +70,8 @@ PostgresConnection::~PostgresConnection()
     m_session.rollback();
 }
 
-/// Another program may have upgraded the tables since the catalog was read: what was refused for that is
-/// tried once more when it did. A refused statement has changed nothing.
+/// Another program may have upgraded the tables since the catalog was read: then a statement refused for that
+/// reason is tried once more. A refused statement has changed nothing.
 template<class Run> auto PostgresConnection::runTranslated(const SqlText &statement, Run run)
 {
     try {

@@ -6,8 +6,8 @@
 
 namespace ebtq::db {
 
-/// The server engine, spoken to through libpq: rows come one at a time and go into a RowBlock's arena.
-/// Everything of ours lies in the schema "ebtq" of the base.
+/// The server engine through libpq: rows arrive one at a time and are appended to a RowBlock's arena. All our
+/// objects are in the schema "ebtq" of the database.
 class PostgresConnection final : public Connection
 {
 public:
@@ -29,7 +29,7 @@ public:
     void rollback() noexcept override { m_session.rollback(); }
     [[nodiscard]] bool inTransaction() const override { return m_session.inTransaction(); }
 
-    /// A session only begins with a server that can be written.
+    /// A session is only opened with a writable server.
     [[nodiscard]] bool isReadOnly() const override { return false; }
 
     [[nodiscard]] const Dialect &dialect() const override;
@@ -47,12 +47,12 @@ private:
     [[nodiscard]] Translation translated(const SqlText &statement);
     [[nodiscard]] RowBlock read(const QByteArray &statement, std::vector<Column> columns,
                                 const ListCounts &counts = {});
-    /// False when the tables are still those that the catalog was read from.
+    /// False when the tables have not changed since the catalog was read.
     bool refreshCatalog();
 
     PostgresSession m_session;
     Catalog m_catalog;
-    QByteArray m_catalogText; ///< what the catalog was made of
+    QByteArray m_catalogText; ///< the rows it was built from
     bool m_hasCatalog = false;
 };
 

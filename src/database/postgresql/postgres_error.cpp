@@ -8,7 +8,7 @@ namespace {
 
 struct Message
 {
-    const char *state; ///< the whole code or the class that it begins with; the longer ones stand first
+    const char *state; ///< the whole code or its class prefix; longer ones come first
     const char16_t *text;
 };
 
@@ -45,11 +45,11 @@ constexpr Message messages[] = {
     {"XX", u"数据库已损坏或服务器出错，请联系管理员！"},
 };
 
-/// Raised by the dialect's own functions, which speak to the user themselves.
+/// Raised by the dialect's own functions with a text for the user.
 constexpr char ownState[] = "EB001";
 
-/// What libpq says while there is no connection yet has no code. Of several hosts it says why each was not
-/// taken: the first line that fits one of them is told.
+/// libpq's messages before a connection exists have no code. For several hosts there is a line for each: the
+/// first one that matches is reported.
 constexpr Message connectMessages[] = {
     {"password authentication failed", u"用户名或密码不对"},
     {"no password supplied", u"没有提供密码，请写入密码文件（见手册）"},

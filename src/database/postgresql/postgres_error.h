@@ -9,20 +9,20 @@ struct pg_result;
 
 namespace ebtq::db {
 
-/// The server refused a statement and has changed nothing.
+/// The server refused a statement, which changed nothing.
 class ServerError : public DatabaseError
 {
 public:
     /// `state` is the server's five-character code.
     ServerError(const QByteArray &state, const QString &engineText);
-    /// Whether tables are not as they were read.
+    /// Whether the tables differ from the catalog.
     [[nodiscard]] bool isAboutTables() const;
 
 private:
     QByteArray m_state;
 };
 
-/// The server went away while it was at work: what it was doing may be done or not.
+/// The connection was lost during a statement: its outcome is unknown.
 class ConnectionLost : public DatabaseError
 {
 public:
@@ -31,7 +31,7 @@ public:
 
 [[nodiscard]] ServerError serverError(const pg_result *result);
 
-/// Why no connection came about, as a text for the user.
+/// Why connecting failed, as a text for the user.
 [[nodiscard]] QString connectFailureText(const pg_conn *connection, const QString &shownUrl);
 
 } // namespace ebtq::db

@@ -12,7 +12,7 @@ namespace ebtq::db {
 
 namespace {
 
-/// Whole numbers of up to 15 digits, the usual case, are good as they come.
+/// Integers of up to 15 digits, the usual case, need no conversion.
 void appendNumber(RowBlock &block, std::string_view text)
 {
     constexpr size_t mostDigits = 15;

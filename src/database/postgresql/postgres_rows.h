@@ -8,15 +8,14 @@ struct pg_result;
 
 namespace ebtq::db {
 
-/// Appends the rows of a result, which came as text, to a block that has its columns, with counts in place of
-/// their keys.
+/// Appends the rows of a result in text format to a block that has its columns, with counts replacing their
+/// keys.
 void appendRows(RowBlock &block, const pg_result *rows, const ListCounts &counts = {});
 
-/// Likewise, with the values as they are stored, for Connection::readTable.
+/// The same with the stored values, for Connection::readTable.
 void appendStoredRows(RowBlock &block, const pg_result *rows);
 
-/// A block in the form in which the server copies rows in. Dates that read as such are written as stored
-/// ones.
+/// A block in the server's copy format. Dates that parse are written in stored form.
 [[nodiscard]] QByteArray copyText(const RowBlock &rows);
 
 } // namespace ebtq::db

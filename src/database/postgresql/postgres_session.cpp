@@ -29,8 +29,8 @@ const QString nothingRead = QStringLiteral("与数据库服务器的连接已断
 const QString commitUnknown =
     QStringLiteral("提交时与数据库服务器的连接断开，不能确定数据是否已保存，请核对后再重试！");
 
-/// Our schema first, then wherever an administrator has put the extension. Numbers come with 15 digits, dates
-/// as they are stored. Compiling a list's plan costs more than it saves.
+/// Our schema first, then the one of the extension, which an administrator may have created elsewhere.
+/// Numbers are read with 15 digits, dates in stored form. Compiling a list's plan costs more than it saves.
 constexpr char settings[] =
     "select set_config('search_path','ebtq'||coalesce((select ','||quote_ident(nspname) from pg_extension"
     " join pg_namespace on pg_namespace.oid=extnamespace where extname='citext' and "
@@ -45,7 +45,7 @@ bool isGood(const PGresult *result)
     return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_COPY_IN;
 }
 
-/// Also at the end of what the server has said before it closed the connection.
+/// Also after the last message of a server that closed the connection.
 bool hasInput(const pg_conn *handle)
 {
     pollfd socket{PQsocket(handle), POLLIN, 0};
@@ -65,7 +65,8 @@ void PostgresSession::Closer::operator()(pg_conn *handle) const
     PQfinish(handle);
 }
 
-/// For what is no single statement: undone on the way out unless released. Nothing outside a transaction.
+/// For more than a single statement: rolled back on destruction unless released. No effect outside a
+/// transaction.
 class PostgresSession::Savepoint
 {
 public:
@@ -121,15 +122,15 @@ void PostgresSession::connect()
     try {
         configure();
     } catch (const DatabaseError &) {
-        // Half set up it would answer wrongly. Nothing of the user's was sent yet.
+        // A session without its settings would give wrong results. No user statement was sent yet.
         const QString why = connectFailureText(this->handle(), m_address.shown());
         m_handle.reset();
         throw DatabaseError(why);
     }
 }
 
-/// The day begins when it does for the person, wherever the server stands; a server that does not know the
-/// zone keeps its own.
+/// The session uses the user's time zone, wherever the server is; a server that does not know the zone keeps
+/// its own.
 void PostgresSession::configure()
 {
     simple(settings);
@@ -145,8 +146,8 @@ bool PostgresSession::isLost() const
     return PQstatus(handle()) != CONNECTION_OK;
 }
 
-/// What the server said while nobody was listening is read first: a connection that it has closed is found
-/// before anything is sent.
+/// Pending messages of the server are read first: a connection that it has closed is noticed before anything
+/// is sent.
 void PostgresSession::requireConnection(bool isReading)
 {
     m_isReading = isReading;
@@ -191,7 +192,7 @@ void PostgresSession::sendAlone(const QByteArray &statement)
     PQsetSingleRowMode(handle());
 }
 
-/// All three go in one round trip.
+/// All three are sent in one round trip.
 void PostgresSession::sendWithSavepoint(const QByteArray &statement)
 {
     require(PQenterPipelineMode(handle()));
@@ -214,8 +215,7 @@ qint64 PostgresSession::run(const QByteArray &statement, const RowTaker &take)
     return collect(take, isPipeline);
 }
 
-/// Everything that comes is read to its end, whatever happens on the way: the connection must be free
-/// afterwards.
+/// All results are read to the end, also after an error: the connection must be idle afterwards.
 qint64 PostgresSession::collect(const RowTaker &take, bool isPipeline)
 {
     qint64 changed = 0;
@@ -296,7 +296,7 @@ PostgresSession::ExactNumbers::ExactNumbers(PostgresSession &session)
     m_session.simple("set extra_float_digits=1");
 }
 
-/// A lost connection begins anew with the usual setting.
+/// A new connection has the default setting.
 PostgresSession::ExactNumbers::~ExactNumbers()
 {
     const Result result(PQexec(m_session.handle(), "set extra_float_digits=0"));
@@ -308,7 +308,7 @@ void PostgresSession::begin(Connection::Flush flush)
                                                        : "begin; set local synchronous_commit to off");
 }
 
-/// The moment is that of the first statement.
+/// The snapshot is taken at the first statement.
 void PostgresSession::beginReading()
 {
     beginWith("begin isolation level repeatable read, read only; select 1");

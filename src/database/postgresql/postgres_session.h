@@ -11,16 +11,16 @@ struct pg_result;
 
 namespace ebtq::db {
 
-/// One session with a server: sends statements in the server's own language and keeps the rules of a
-/// connection.
+/// One session with a server: sends statements in the server's own language and implements the rules of
+/// Connection.
 ///
-/// Inside a transaction each statement has a savepoint of its own, so that a failed one changes nothing and
-/// the transaction goes on, as with the embedded engine. A lost connection is reported once, by
-/// ConnectionLost, and the next operation connects again; nothing that was sent is ever sent a second time.
+/// Inside a transaction each statement has its savepoint, so that a failed one changes nothing and the
+/// transaction continues, as with the embedded engine. A lost connection is reported once, by ConnectionLost,
+/// and the next operation connects again; a statement is never sent twice.
 class PostgresSession
 {
 public:
-    /// Gets some of a result's rows, in order.
+    /// Receives the next rows of a result.
     using RowTaker = std::function<void(const pg_result *rows)>;
 
     /// Connects; throws DatabaseError.
@@ -29,14 +29,14 @@ public:
     PostgresSession &operator=(const PostgresSession &) = delete;
     ~PostgresSession();
 
-    /// Runs one statement, its rows going to `take` as they come; the number of rows changed.
+    /// Runs one statement and passes its rows to `take` as they arrive; returns the number of rows changed.
     qint64 run(const QByteArray &statement, const RowTaker &take = {});
-    /// Runs statements parted by semicolons, all or none of them.
+    /// Runs semicolon-separated statements in one transaction.
     void runScript(const QByteArray &script);
     /// Runs "copy … from stdin" with its data.
     void copyIn(const QByteArray &command, const QByteArray &data);
 
-    /// While it lives, numbers come with all their digits.
+    /// During its lifetime numbers are read with all digits.
     class ExactNumbers
     {
     public:
@@ -83,8 +83,8 @@ private:
     PostgresAddress m_address;
     std::unique_ptr<pg_conn, Closer> m_handle;
     int m_lockTimeout = 5000;
-    bool m_hadTransaction = false; ///< when the operation that is at work began
-    bool m_isReading = false;      ///< all that it does
+    bool m_hadTransaction = false; ///< when the current operation began
+    bool m_isReading = false;      ///< the transaction is read-only
 };
 
 } // namespace ebtq::db

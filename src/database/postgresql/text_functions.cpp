@@ -2,9 +2,8 @@
 
 namespace ebtq::db {
 
-/// Texts are folded by the base's own rules wherever they come from: a column's collation orders by code
-/// points only and knows no case beyond ASCII. What a function refuses it says itself, in the user's
-/// language.
+/// Texts are folded by the database's default collation: a column's collation orders by code points and folds
+/// ASCII only. Functions raise errors in the user's language.
 const char *textFunctionsScript()
 {
     return R"sql(

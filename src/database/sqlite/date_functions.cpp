@@ -134,7 +134,7 @@ void datevalue(FunctionCall &call)
 
 QDateTime moved(const QDateTime &date, Interval interval, double count)
 {
-    // Beyond this no date is left, whatever the interval.
+    // Beyond this there is no valid date, whatever the interval.
     const double steps = std::trunc(qBound(-4e11, count, 4e11));
     const int small = static_cast<int>(qBound(-1e6, steps, 1e6));
     const auto seconds = static_cast<qint64>(steps);
@@ -178,7 +178,7 @@ qint64 secondsOf(const QDateTime &date)
     return date.date().toJulianDay() * 86400LL + date.time().msecsSinceStartOfDay() / 1000;
 }
 
-/// How many borders of the interval lie between the two; only the week counts whole ones.
+/// How many boundaries of the interval lie between the two; only weeks count in full.
 qint64 distance(const QDateTime &from, const QDateTime &to, Interval interval)
 {
     const qint64 days = from.date().daysTo(to.date());

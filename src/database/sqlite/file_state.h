@@ -8,28 +8,27 @@ struct sqlite3;
 
 namespace ebtq::db {
 
-/// A database may come from anywhere: what its schema says may neither call functions that do more than
-/// compute nor damage the file.
+/// Databases are untrusted: their schema must not call functions with side effects or damage the file.
 void distrust(sqlite3 *handle);
 
-/// Which file stands under a name, whatever is in it.
+/// The identity of the file under a name, whatever its content.
 struct FileIdentity
 {
     dev_t device = 0;
     ino_t node = 0;
 
-    /// All zero when there is none.
+    /// All zero when there is no file.
     [[nodiscard]] static FileIdentity of(const QString &path);
     [[nodiscard]] bool operator==(const FileIdentity &other) const = default;
 };
 
-/// Nobody can write to the file in this place, not even through another program: a disc, a snapshot.
+/// No program can write to the file in this place: a disc, a snapshot.
 [[nodiscard]] bool isOnReadOnlyMount(const QString &path);
 
-/// Why the engine cannot make its log beside a database, with the folder's name; empty when it can.
+/// Why the engine cannot create its log next to a database, with the folder's name; empty when it can.
 [[nodiscard]] QString folderObstacle(const QString &database);
 
-/// A reason of the system, of errno, as a text for the user.
+/// An errno value as a text for the user.
 [[nodiscard]] QString systemReason(int error);
 [[nodiscard]] bool isDiskFull(int error);
 

@@ -10,7 +10,7 @@
 
 namespace ebtq::db {
 
-/// One call of one of the dialect's functions by the engine: its arguments and the place for its result.
+/// One call of a function of the dialect by the engine: its arguments and its result.
 class FunctionCall
 {
 public:
@@ -35,11 +35,11 @@ public:
     void give(std::string_view text);
     void give(const QString &text);
     void giveInteger(qint64 number) { sqlite3_result_int64(m_context, number); }
-    /// Whole numbers become integers, which join as texts without a point.
+    /// Integral values become integers, which are joined as texts without a decimal point.
     void giveNumber(double number);
     void fail(const QString &message);
 
-    /// What was kept for this argument of this statement; only a constant argument is kept from row to row.
+    /// What was cached for this argument of this statement; only for a constant argument it survives the row.
     template<class T> [[nodiscard]] T *kept(int at) const
     {
         return static_cast<T *>(sqlite3_get_auxdata(m_context, at));

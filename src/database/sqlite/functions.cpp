@@ -17,8 +17,8 @@ int sign(char32_t left, char32_t right)
     return left < right ? -1 : left > right ? 1 : 0;
 }
 
-/// Texts without regard to case, by their folded characters. Equal bytes, the common case, are passed over as
-/// they are; from the first other byte on characters are read.
+/// Compares texts by their case-folded characters. The common prefix is skipped bytewise; characters are
+/// decoded from the first different byte on.
 int compareFolded(std::string_view left, std::string_view right)
 {
     const size_t shorter = std::min(left.size(), right.size());
@@ -47,7 +47,7 @@ int collate(void *, int leftSize, const void *left, int rightSize, const void *r
                          {static_cast<const char *>(right), static_cast<size_t>(rightSize)});
 }
 
-/// Nothing may be thrown through the engine.
+/// No exception may pass through the engine.
 void run(sqlite3_context *context, int count, sqlite3_value **values)
 {
     const auto &entry = *static_cast<const FunctionEntry *>(sqlite3_user_data(context));

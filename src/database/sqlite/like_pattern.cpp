@@ -58,7 +58,7 @@ bool LikePattern::matchesOne(const Part &part, char32_t c)
     return isListed == (part.kind == Kind::List);
 }
 
-/// On a mismatch only the last % takes one character more: the effort is at most pattern times text.
+/// On a mismatch only the last % is extended by one character: the cost is at most pattern times text.
 bool LikePattern::matches(std::string_view utf8) const
 {
     const std::u32string text = folded(utf8);

@@ -6,8 +6,8 @@
 
 namespace ebtq::db {
 
-/// A like pattern taken apart: % any number of characters, _ one, [abc], [a-z] and [!a] one of a list, also
-/// the only way to mean % and _ themselves: [%]. Case does not count.
+/// A parsed like pattern: % any number of characters, _ one, [abc], [a-z] and [!a] one of a list, also
+/// the only way to match % and _ literally: [%]. Case is ignored.
 class LikePattern
 {
 public:

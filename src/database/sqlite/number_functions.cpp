@@ -9,7 +9,7 @@ namespace ebtq::db {
 
 namespace {
 
-/// Halves go to the even neighbour, as everywhere in the dialect.
+/// Halves are rounded to even, as everywhere in the dialect.
 double rounded(double number)
 {
     return std::nearbyint(number);
@@ -23,7 +23,7 @@ void text(FunctionCall &call)
         call.give(numberText(call.number(0)));
 }
 
-/// Null counts as a text without a number.
+/// Null is treated as a text without a number.
 void val(FunctionCall &call)
 {
     if (call.type(0) == SQLITE_TEXT)
@@ -34,7 +34,7 @@ void val(FunctionCall &call)
         call.pass(0);
 }
 
-/// A text has to be a number as a whole.
+/// The whole text must be a number.
 std::optional<double> converted(FunctionCall &call)
 {
     if (call.type(0) != SQLITE_TEXT)
@@ -105,7 +105,7 @@ void power(FunctionCall &call)
     call.giveNumber(std::pow(call.number(0), call.number(1)));
 }
 
-/// Both sides are rounded first; by 0 there is no result.
+/// Both sides are rounded first; by 0 the result is Null.
 void divideWhole(FunctionCall &call, bool givesRest)
 {
     const double dividend = rounded(call.number(0));
@@ -126,7 +126,7 @@ void mod(FunctionCall &call)
     divideWhole(call, true);
 }
 
-/// The place of the sign stays empty in a positive number.
+/// A positive number has a blank in place of the sign.
 void str(FunctionCall &call)
 {
     const double number = call.number(0);

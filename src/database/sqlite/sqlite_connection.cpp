@@ -17,7 +17,7 @@ namespace ebtq::db {
 
 namespace {
 
-/// Declared types are the installer's, but a column that somebody added by hand is understood as well.
+/// Declared types are the installer's, but those of columns added by hand are recognised as well.
 ColumnType typeOfDeclaration(const QString &declared)
 {
     struct Word
@@ -55,7 +55,7 @@ Catalog readCatalog(SqliteConnection &connection)
     return catalog;
 }
 
-/// A database holds what nobody else is to read; logs get the access of their database from the engine.
+/// A database is private to its owner; the engine gives its log the same permissions.
 class PrivateFiles
 {
 public:
@@ -110,8 +110,8 @@ SqliteConnection::SqliteConnection(const QString &location, Missing missing)
     }
 }
 
-/// Nothing can change under a reader there, and the engine need not make its own files. What lies in a log
-/// would be missed.
+/// Nothing can change during a read there, and the engine need not create its own files. The content of a log
+/// would be missing.
 void SqliteConnection::openSealed()
 {
     if (QFileInfo(m_location + QStringLiteral("-wal")).size() > 0)
@@ -132,7 +132,7 @@ void SqliteConnection::open(const QString &location, Missing missing)
     m_handle.reset(handle);
     if (result != SQLITE_OK)
         fail();
-    // The engine's own name of a file is that behind a link.
+    // The engine resolves links in its file name.
     m_path = isPlainFile(location) ? QFileInfo(location).absoluteFilePath()
                                    : QString::fromUtf8(sqlite3_db_filename(handle, "main"));
     m_file = FileIdentity::of(m_path);
@@ -159,14 +159,14 @@ void SqliteConnection::configure(Missing missing)
     // % smaller.
     if (isNew)
         run("pragma page_size=16384");
-    // Somebody else's database is looked at, not changed.
+    // A database of another program is only read.
     if ((isNew || isOurs) && !isReadOnly())
         run("pragma journal_mode=wal");
     run("pragma synchronous=full; pragma temp_store=memory; pragma cache_size=-65536");
 }
 
-/// Another program may have upgraded the tables since the catalog was read: what failed is tried once more
-/// when it did. A failed statement has changed nothing.
+/// Another program may have upgraded the tables since the catalog was read: then a failed statement is tried
+/// once more. A failed statement has changed nothing.
 template<class Run> auto SqliteConnection::runTranslated(const SqlText &statement, Run run)
 {
     try {
@@ -202,7 +202,7 @@ RowBlock SqliteConnection::query(const SqlText &statement)
     });
 }
 
-/// They are of a moment of their own, as are the rows that follow.
+/// They are read in a separate snapshot from the rows that follow.
 ListCounts SqliteConnection::countsFor(const Translation &translation)
 {
     return {translation.counts, [this](const QByteArray &sql, std::vector<Column> columns) {
@@ -287,7 +287,7 @@ void SqliteConnection::beginReading()
 {
     if (inTransaction())
         throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
-    // The engine looks at the database, and holds on to what it saw, only with the first statement.
+    // The engine takes its snapshot only with the first statement.
     try {
         run("begin; select 1 from sqlite_master");
     } catch (const DatabaseError &) {

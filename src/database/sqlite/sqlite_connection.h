@@ -13,9 +13,8 @@ struct sqlite3_stmt;
 
 namespace ebtq::db {
 
-/// The embedded engine, spoken to directly: rows go from the engine's step into a RowBlock's arena with
-/// nothing in between. Write-ahead log with full synchronisation, so that a confirmed save survives a power
-/// cut.
+/// The embedded engine through its C interface: rows are appended to a RowBlock's arena as they are stepped.
+/// Write-ahead log with full synchronisation, so that a confirmed save survives a power cut.
 class SqliteConnection final : public Connection
 {
 public:
@@ -40,7 +39,7 @@ public:
 
     [[nodiscard]] const Dialect &dialect() const override;
     [[nodiscard]] const DdlWords &ddlWords() const override;
-    /// The functions come with the program.
+    /// The program itself registers the functions.
     [[nodiscard]] QByteArray missingFoundation() override { return {}; }
     [[nodiscard]] const Catalog &catalog() override;
     void setLockTimeout(int milliseconds) override;
@@ -58,14 +57,14 @@ private:
     void open(const QString &location, Missing missing);
     void openSealed();
     void configure(Missing missing);
-    /// Throws when another file, or none, stands under the name by now: nobody would find what is written.
+    /// Throws when the file was replaced or removed meanwhile: what is written would be lost.
     void requireSameFile();
     template<class Run> auto runTranslated(const SqlText &statement, Run run);
-    /// Prepares the statement, by its shape where it has one, and hands it to `run` with its values bound.
+    /// Prepares the statement, by its shape where it has one, and passes it to `run` with its values bound.
     template<class Run> auto runPrepared(const SqlText &statement, Run run);
     [[nodiscard]] ListCounts countsFor(const Translation &translation);
     [[nodiscard]] Translation translated(const SqlText &statement);
-    /// False when the schema is still the one that the catalog was read from.
+    /// False when the schema has not changed since the catalog was read.
     bool refreshCatalog();
     [[nodiscard]] int schemaCookie();
     void run(const char *statement);
@@ -78,7 +77,7 @@ private:
     std::unique_ptr<StatementCache> m_statements;
     TranslationCache m_translations; ///< by the catalog as it was read
     Catalog m_catalog;
-    int m_catalogCookie = -1; ///< the schema's number when the catalog was read; -1 before
+    int m_catalogCookie = -1; ///< the schema version when the catalog was read; -1 before
 };
 
 } // namespace ebtq::db

@@ -14,7 +14,7 @@ namespace {
 
 struct Message
 {
-    int code; ///< primary or extended result code; extended ones stand first
+    int code; ///< primary or extended result code; extended ones come first
     const char16_t *text;
 };
 
@@ -41,7 +41,7 @@ constexpr Message messages[] = {
     {SQLITE_INTERRUPT, u"操作已中断！"},
 };
 
-/// The schema changed under us: another program dropped or renamed something.
+/// The schema changed meanwhile: another program dropped or renamed something.
 constexpr struct
 {
     const char *prefix;
@@ -51,8 +51,8 @@ constexpr struct
     {"no such column: ", u"列 %1 不存在"},
 };
 
-/// The code by which the user understands it: a disk without room even for a log is a failure to open or
-/// write some file to the engine.
+/// The code that describes the cause: a full disk is reported by the engine as a failure to open or write
+/// some file.
 int meantCode(int extended, int systemError)
 {
     const int code = extended & 0xff;
@@ -84,7 +84,7 @@ QString sqliteErrorText(sqlite3 *handle)
             return QString::fromUtf16(entry.text).arg(name);
         }
     }
-    // The dialect's own functions already speak to the user.
+    // The dialect's own functions raise texts for the user.
     const bool ours =
         std::any_of(engineText.begin(), engineText.end(), [](QChar c) { return c.unicode() > 0x7f; });
     return ours ? engineText : QStringLiteral("数据库错误：%1").arg(engineText);

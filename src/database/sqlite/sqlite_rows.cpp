@@ -16,16 +16,16 @@ namespace ebtq::db {
 
 namespace {
 
-/// A cell is fetched once as the engine's value and looked at from there: each further look at the statement
-/// would find it anew, which shows in a long list. Allowed because the connection is opened without locks.
+/// A cell is fetched once as the engine's value: each access through the statement would look it up again,
+/// which is measurable in a long list. Allowed because the connection is opened without locks.
 std::string_view bytesOf(sqlite3_value *cell)
 {
-    // The pointer is asked for before the length: it is the call that may convert.
+    // The pointer is read before the length: that call may convert.
     const void *bytes = sqlite3_value_blob(cell);
     return {static_cast<const char *>(bytes), static_cast<size_t>(sqlite3_value_bytes(cell))};
 }
 
-/// The engine keeps whole numbers as integers; from 10^15 on they are shown as every other number of that
+/// The engine keeps integral values as integers; from 10^15 on they are shown as any other number of that
 /// size.
 void appendWhole(RowBlock &block, qint64 number)
 {
@@ -36,7 +36,7 @@ void appendWhole(RowBlock &block, qint64 number)
         block.appendNumber(static_cast<double>(number));
 }
 
-/// How the cells of a column come into a block.
+/// How the cells of a column are appended to a block.
 enum class CellForm : quint8 { AsItIs, Date, Count };
 
 std::optional<std::string_view> keyOf(sqlite3_value *cell)
@@ -82,7 +82,7 @@ void appendStoredCell(RowBlock &block, sqlite3_value *cell)
     }
 }
 
-/// The engine takes a null pointer for Null, and an empty text of an empty arena has no other.
+/// The engine reads a null pointer as Null, and an empty text of an empty arena has no other pointer.
 const char *notNull(std::string_view text)
 {
     return text.empty() ? "" : text.data();
@@ -104,7 +104,7 @@ void bindDate(sqlite3_stmt *statement, int parameter, std::string_view text)
                         SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-/// The engine's own reading of digits may miss the last bit of a number.
+/// The engine's own parsing may be wrong in the last bit of a number.
 void bindNumber(sqlite3_stmt *statement, int parameter, std::string_view text)
 {
     const char *end = text.data() + text.size();

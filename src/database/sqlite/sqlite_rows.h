@@ -10,12 +10,12 @@ struct sqlite3_stmt;
 
 namespace ebtq::db {
 
-/// Steps a statement to its end into one block, with counts in place of their keys; throws DatabaseError when
+/// Steps a statement to its end into one block, with counts replacing their keys; throws DatabaseError when
 /// a step fails.
 [[nodiscard]] RowBlock readRows(sqlite3 *handle, sqlite3_stmt *statement, std::vector<Column> columns,
                                 const ListCounts &counts = {});
 
-/// Steps a statement to its end into blocks of a few megabytes, each cell with the value as it is stored, for
+/// Steps a statement to its end into blocks of a few megabytes, with the stored values, for
 /// Connection::readTable; throws DatabaseError when a step fails.
 void readStoredRows(sqlite3 *handle, sqlite3_stmt *statement, const std::vector<Column> &columns,
                     const std::function<void(const RowBlock &block)> &take);

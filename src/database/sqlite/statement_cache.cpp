@@ -30,7 +30,7 @@ CachedStatement StatementCache::prepare(const QByteArray &sql)
 {
     const auto known = std::find_if(m_entries.begin(), m_entries.end(),
                                     [&](const Entry &entry) { return entry.sql == sql; });
-    // A statement that is still being stepped is on loan to somebody else.
+    // A statement that is still being stepped is in use elsewhere.
     if (known != m_entries.end() && !sqlite3_stmt_busy(known->statement)) {
         m_entries.splice(m_entries.begin(), m_entries, known);
         return {known->statement, true};

@@ -9,7 +9,7 @@ struct sqlite3_stmt;
 
 namespace ebtq::db {
 
-/// A prepared statement on loan: reset and given back to its cache at the end of the scope.
+/// A prepared statement in use: reset and returned to its cache at the end of the scope.
 class CachedStatement
 {
 public:
@@ -52,7 +52,7 @@ private:
     sqlite3_stmt *make(const QByteArray &sql);
 
     sqlite3 *m_handle;
-    std::list<Entry> m_entries; ///< used last in front
+    std::list<Entry> m_entries; ///< most recently used first
 };
 
 } // namespace ebtq::db

@@ -10,7 +10,7 @@ namespace ebtq::db {
 
 namespace {
 
-/// The longest text that space and string make; far beyond any use, and short of what fills the memory.
+/// The longest result of space and string: far more than needed, and too little to exhaust the memory.
 constexpr qint64 longestRepeat = 1000000;
 
 /// Where the character with that number begins, or the end of a shorter text.
@@ -22,7 +22,7 @@ size_t offsetOf(std::string_view text, qint64 character)
     return at;
 }
 
-/// From 10^15 on a whole number is written as any other of its size, whatever the engine keeps it as.
+/// From 10^15 on an integer is written as any other number of its size, however the engine stores it.
 void appendInteger(qint64 number, std::string &out)
 {
     constexpr qint64 smallestWithExponent = 1000000000000000;
@@ -42,8 +42,8 @@ qint64 lengthOf(std::string_view text)
     return length;
 }
 
-/// The joining operator for all its operands at once. A list calls it for each row, so its text grows in
-/// memory that is kept, unless a single huge one has filled it.
+/// The joining operator for all its operands at once. A list calls it for each row, so its buffer is
+/// reused, unless a single huge text has grown it.
 void join(FunctionCall &call)
 {
     constexpr size_t mostKept = 1 << 16;
@@ -73,8 +73,8 @@ void like(FunctionCall &call)
     call.keep(1, pattern);
 }
 
-/// Places count from 1, and from the place that is given. Nothing is found in an empty text, and an empty
-/// text is found where the search begins.
+/// Positions count from 1; the search begins at the given one. Nothing is found in an empty text, and an
+/// empty text is found where the search begins.
 void instr(FunctionCall &call)
 {
     const qint64 start = call.integer(0);
