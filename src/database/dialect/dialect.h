@@ -4,76 +4,80 @@
 
 namespace ebtq::db {
 
-/// How an engine's language differs from the common ground that the renderer writes. A new engine is a new
-/// value of this structure.
+/// How an engine's language differs from the common SQL that the renderer writes. A new engine is a new value
+/// of this structure.
 struct Dialect
 {
-    /// Shown to nobody; for logs and tests.
+    /// For logs and tests, never shown to users.
     const char *name;
 
-    /// Stands before the name of each function that the dialect brings with it: registered by the driver in
-    /// SQLite, in a schema of their own in PostgreSQL.
+    /// Precedes the name of each function that the dialect defines: registered by the driver in SQLite, in a
+    /// separate schema in PostgreSQL.
     const char *functionPrefix;
 
-    /// What makes a text expression compare without regard to case where no column says so, as columns do by
-    /// their own type and collation: a type behind (PostgreSQL), then a collation, which gives the order as
-    /// well.
+    /// Suffixes that make a text expression compare without regard to case; columns do so by their declared
+    /// type and collation. A cast (PostgreSQL), then a collation, which also decides the order.
     const char *caselessType;
     const char *caselessCollation;
 
-    /// Behind a sorted term, so that Null comes first upwards and last downwards. Empty where the engine does
-    /// so by itself, as SQLite does.
+    /// Suffix of a sorted term, so that Null sorts first ascending and last descending. Empty where that is
+    /// the engine's default: SQLite.
     const char *ascendingSuffix;
     const char *descendingSuffix;
 
     /// Whether a text beside a case-insensitive one makes the comparison case-sensitive, so that both sides
-    /// need a collation, and a grouped expression has to stand alike wherever it is written:
+    /// need a collation, and a grouped expression must be written identically wherever it appears:
     /// PostgreSQL.
     bool bothSidesNeedCollation;
 
     /// Before the quoted form of a date. Empty where dates are stored as text: SQLite.
     const char *datePrefix;
 
-    /// The type name for a cast to a number with a fraction.
+    /// The type name for a cast to floating point.
     const char *realType;
 
-    /// Behind a number that has a fraction or 16 digits, where it would otherwise be counted in decimals
-    /// without end. Empty where it is a floating-point number anyway: SQLite.
+    /// Suffix of a literal with a fraction or 16 digits, which would otherwise be an arbitrary-precision
+    /// decimal. Empty where it is floating point anyway: SQLite.
     const char *realSuffix;
 
     /// Whether integer overflow is an error. Then sums, products and averages are computed in floating point,
     /// which holds integers of 15 digits exactly. SQLite promotes on overflow.
     bool wholeNumbersOverflow;
 
-    /// Behind a condition in brackets, to count it as 1 or 0. Empty where it is a number anyway: SQLite.
+    /// Suffix of a condition in brackets, to use it as 1 or 0. Empty where it is a number anyway: SQLite.
     const char *conditionSuffix;
 
-    /// The function that gives the place of one text in another, characters counted from 1, case regarded.
+    /// The function that gives the position of one text in another, counted in characters from 1,
+    /// case-sensitive.
     const char *position;
 
-    /// Whether everything has a type before the statement is run: what is always Null is then written as
-    /// NULL, which takes any type, and not as what it is made of: PostgreSQL.
+    /// Whether the engine estimates from a like pattern how many rows contain a text, which it cannot from a
+    /// function's result: it assumes a third of them, and reads all rows in sort order to find none.
+    /// PostgreSQL; SQLite has no estimate for either.
+    bool estimatesPatterns;
+
+    /// Whether every expression needs a type before the statement runs: what is always Null is then written
+    /// as NULL, which takes any type, instead of its operands: PostgreSQL.
     bool typesNull;
 
-    /// Whether division by 0 is an error that has to be kept from happening. SQLite gives Null by itself.
+    /// Whether division by 0 is an error and must be guarded. SQLite gives Null.
     bool zeroDivisionFails;
 
     /// The function that joins its arguments as `&` does: Null as empty, numbers as texts of at most 15
     /// digits. In SQLite one call for all of them costs less than joining them two by two. Empty where there
-    /// is none: then each operand is turned into a text and they are joined by ||.
+    /// is none: then each operand is converted to text and joined by ||.
     const char *joinFunction;
 
     /// Whether a sub-select of several rows in place of a value is an error; the dialect takes the first row.
     bool refusesSeveralRows;
 
-    /// The function that says of a condition that few rows meet it and is the condition otherwise. SQLite,
-    /// which knows nothing of how values are spread, takes one of four rows to meet any bound and then rather
-    /// reads all of them in the wanted order. Empty where the engine knows better.
+    /// The function that marks a condition as met by few rows. SQLite has no value distribution, assumes that
+    /// a quarter of the rows meets any bound and then prefers to read all of them in sort order. Empty where
+    /// the engine estimates better.
     const char *rareCondition;
 
-    /// Whether the counts of a filtered list are read for all of its rows at once, as those of a whole list
-    /// are on every engine. Where looking for one count costs little, a short list waits less as it is
-    /// written: SQLite.
+    /// Whether the counts of a filtered list are read by one statement, as those of a whole list are on every
+    /// engine. Where one count is a cheap look-up, a short list is faster as written: SQLite.
     bool isFilteredListLong;
 };
 

@@ -16,9 +16,9 @@ public:
         : m_dialect(dialect)
         , m_caselessness(dialect)
     {}
-    /// Throws DialectError for what is nested deeper than the engine's parser can follow.
+    /// Throws DialectError for what is nested deeper than the engine's parser allows.
     [[nodiscard]] QByteArray render(const Statement &statement, qsizetype sizeHint);
-    /// What is to be counted beside the rendered select.
+    /// The counts to be read in addition to the rendered select.
     [[nodiscard]] const std::vector<CountStatement> &counts() const { return m_counts; }
 
 private:
@@ -59,8 +59,10 @@ private:
     void text(const Expression &expression, bool isCollated);
     void comparedOperand(const Expression &expression);
     void bound(const Expression &expression);
+    void containment(const LikeTest &test, QStringView contained);
+    void exactLike(const LikeTest &test);
     void comparedOperands(const std::vector<ExpressionPtr> &expressions);
-    /// Whether the type of case-insensitive texts is written with it wherever it stands.
+    /// Whether it is cast to the case-insensitive type wherever it is written.
     [[nodiscard]] bool isTypedText(const Expression &expression) const;
     void real(const Expression &expression);
     void typedNull(const Expression &null, Type type);
@@ -111,7 +113,7 @@ private:
     int m_openTokens = 0;
 };
 
-/// Counts the tokens that the engine's parser holds open while what lies inside is read.
+/// Counts the tokens on the stack of the engine's parser while it reads what is inside.
 class Renderer::OpenTokens
 {
 public:

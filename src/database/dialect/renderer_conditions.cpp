@@ -43,7 +43,7 @@ const char *wordOf(Operator op)
 
 } // namespace
 
-/// One of group by has to stand there as it does in that clause.
+/// An expression of group by must be written as it is in that clause.
 void Renderer::condition(const Expression &expression)
 {
     if (!m_caselessness.keepsForm(expression) || expression.type != Type::Condition)
@@ -72,7 +72,7 @@ void Renderer::text(const Expression &expression, bool isCollated)
     write(m_dialect.caselessCollation);
 }
 
-/// A value where the engine compares it with others by itself.
+/// A value that the engine compares with other rows.
 void Renderer::caseless(const Expression &expression)
 {
     text(expression, Caselessness::isCollatedAlone(Caselessness::operandOf(expression)));
@@ -84,7 +84,7 @@ void Renderer::comparedOperand(const Expression &expression)
     text(expression, m_caselessness.isCollatedAfter(Caselessness::operandOf(expression)));
 }
 
-/// Between its words a grammar takes a collation in brackets only.
+/// Between `between` and `and` the grammar accepts a collation in brackets only.
 void Renderer::bound(const Expression &expression)
 {
     if (!m_caselessness.isOnBothSides())
@@ -127,14 +127,8 @@ void Renderer::node(const LikeTest &test, const Expression &)
 {
     const auto *pattern = test.pattern->as<TextLiteral>();
     const QStringView contained = pattern ? containedText(pattern->value) : QStringView();
-    if (!contained.isEmpty() && isCaseless(contained)) {
-        write(m_dialect.position);
-        write('(');
-        value(*test.value);
-        write(',');
-        textLiteral(contained);
-        return write(test.negated ? ")=0" : ")>0");
-    }
+    if (!contained.isEmpty() && isCaseless(contained))
+        return m_dialect.estimatesPatterns ? exactLike(test) : containment(test, contained);
     const OpenTokens open(*this, open_tokens::call, test.pattern->position);
     if (test.negated)
         write("NOT ");
@@ -143,6 +137,24 @@ void Renderer::node(const LikeTest &test, const Expression &)
     write(',');
     value(*test.pattern);
     write(')');
+}
+
+void Renderer::containment(const LikeTest &test, QStringView contained)
+{
+    write(m_dialect.position);
+    write('(');
+    value(*test.value);
+    write(',');
+    textLiteral(contained);
+    write(test.negated ? ")=0" : ")>0");
+}
+
+void Renderer::exactLike(const LikeTest &test)
+{
+    operand(*test.value);
+    write(test.negated ? "::text NOT LIKE " : "::text LIKE ");
+    textLiteral(test.pattern->as<TextLiteral>()->value);
+    write(" ESCAPE ''");
 }
 
 void Renderer::node(const ListTest &test, const Expression &self)
@@ -195,7 +207,7 @@ void Renderer::node(const ExistsTest &test, const Expression &self)
 }
 
 /// Comparisons need no brackets in a junction; junctions and negations do. Many rows meet one of two stored
-/// bounds, few have a number between both.
+/// bounds, few contain the number between them.
 void Renderer::junction(const Chain &chain, const char *word)
 {
     const auto side = [this](const Expression &each) {

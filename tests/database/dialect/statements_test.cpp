@@ -90,7 +90,7 @@ TEST(Translation, WritesPostgresInItsOwnForms)
                          u" and 'x' in ('X', 'y' & 1) and 'a' like 'b_' and #2026-9-8# is null"),
               "SELECT (-(1=1)::integer),CAST(2.5::double precision AS double precision)+1,"
               "(SELECT t0.\"姓名\" FROM \"pdmgy\" AS t0 LIMIT 1)"
-              " WHERE ('a'||'1')::citext COLLATE \"C\"='B' AND pg_catalog.strpos('x','售')>0"
+              " WHERE ('a'||'1')::citext COLLATE \"C\"='B' AND 'x'::text LIKE '%售%' ESCAPE ''"
               " AND 'x'::citext COLLATE \"C\" IN ('X',('y'||'1')::citext COLLATE \"C\")"
               " AND ebtq.like('a','b_') AND timestamp '2026-09-08' IS NULL");
 }
