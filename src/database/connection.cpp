@@ -3,6 +3,8 @@
 #include "database/postgresql/postgres_connection.h"
 #include "database/sqlite/sqlite_connection.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 std::unique_ptr<Connection> Connection::open(const QString &location, Missing missing)
@@ -19,7 +21,7 @@ QString Connection::shownLocation(const QString &location)
     try {
         return PostgresAddress(location).shown();
     } catch (const DatabaseError &) {
-        return QStringLiteral("postgresql://…");
+        return u"postgresql://…"_s;
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -24,10 +26,10 @@ bool isInside(const SqlText::Span &span, const Token &token, QStringView text)
 {
     const QStringView value = text.sliced(span.begin, span.length);
     if (value.contains(u'\''))
-        throw DialectError(span.begin, u"输入的内容中含有单引号（'），无法执行，请去掉后重试！"_qs);
+        throw DialectError(span.begin, u"输入的内容中含有单引号（'），无法执行，请去掉后重试！"_s);
     const bool isDate = token.kind == TokenKind::Date || token.kind == TokenKind::UnclosedDate;
-    fail(span.begin, isDate ? u"输入的日期%1有误，请修改后重试！"_qs.arg(quoted(value))
-                            : u"输入的内容%1不能用在这里，请修改后重试！"_qs.arg(quoted(value)));
+    fail(span.begin, isDate ? u"输入的日期%1有误，请修改后重试！"_s.arg(quoted(value))
+                            : u"输入的内容%1不能用在这里，请修改后重试！"_s.arg(quoted(value)));
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 #include <array>
 #include <string_view>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -165,7 +167,7 @@ private:
     void add(TokenKind kind, qsizetype length)
     {
         if (m_tokens.size() >= limits::mostTokens)
-            fail(m_at, u"语句太长：超过 %1 个词"_qs.arg(limits::mostTokens));
+            fail(m_at, u"语句太长：超过 %1 个词"_s.arg(limits::mostTokens));
         m_tokens.push_back({m_at, m_at + length, kind});
         m_at += length;
     }
@@ -218,7 +220,7 @@ private:
     void addWord(qsizetype length)
     {
         if (length > longestName)
-            fail(m_at, u"名称太长：超过 %1 个字符"_qs.arg(longestName));
+            fail(m_at, u"名称太长：超过 %1 个字符"_s.arg(longestName));
         const Keyword keyword = keywordOf(m_text.sliced(m_at, length));
         add(TokenKind::Word, length);
         m_tokens.back().keyword = keyword;
@@ -244,7 +246,7 @@ private:
         if (at < 0)
             return add(unclosed, m_text.size() - m_at);
         if (at - m_at > longestName)
-            fail(m_at, u"名称或日期太长：超过 %1 个字符"_qs.arg(longestName));
+            fail(m_at, u"名称或日期太长：超过 %1 个字符"_s.arg(longestName));
         add(kind, at + 1 - m_at);
     }
 
@@ -325,7 +327,7 @@ private:
 std::vector<Token> tokenize(QStringView text)
 {
     if (text.size() > limits::longestStatement)
-        fail(0, u"语句太长：超过 %1 个字符"_qs.arg(limits::longestStatement));
+        fail(0, u"语句太长：超过 %1 个字符"_s.arg(limits::longestStatement));
     return Lexer(text).run();
 }
 

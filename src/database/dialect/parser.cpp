@@ -3,6 +3,8 @@
 #include "database/dialect/errors.h"
 #include "database/dialect/limits.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -12,19 +14,19 @@ QString lexicalError(TokenKind kind)
 {
     switch (kind) {
     case TokenKind::UnclosedText:
-        return u"文本缺少结尾的引号"_qs;
+        return u"文本缺少结尾的引号"_s;
     case TokenKind::UnclosedDate:
-        return u"日期缺少结尾的“#”"_qs;
+        return u"日期缺少结尾的“#”"_s;
     case TokenKind::UnclosedBracket:
-        return u"名称缺少结尾的“]”"_qs;
+        return u"名称缺少结尾的“]”"_s;
     case TokenKind::Comment:
-        return u"语句中不能有注释"_qs;
+        return u"语句中不能有注释"_s;
     case TokenKind::Semicolon:
-        return u"语句中不能有分号，一次只能执行一条语句"_qs;
+        return u"语句中不能有分号，一次只能执行一条语句"_s;
     case TokenKind::BadNumber:
-        return u"数字后面紧跟着文字"_qs;
+        return u"数字后面紧跟着文字"_s;
     case TokenKind::BadCharacter:
-        return u"不认识的字符"_qs;
+        return u"不认识的字符"_s;
     default:
         return {};
     }
@@ -38,7 +40,7 @@ Parser::Level::Level(Parser &parser)
     if (++m_parser.m_level <= limits::deepestLevel)
         return;
     --m_parser.m_level;
-    fail(parser.token().begin, u"语句嵌套过深：超过 %1 层"_qs.arg(limits::deepestLevel));
+    fail(parser.token().begin, u"语句嵌套过深：超过 %1 层"_s.arg(limits::deepestLevel));
 }
 
 const Token &Parser::token(size_t ahead) const
@@ -63,8 +65,8 @@ void Parser::unexpected(const QString &expected) const
     if (const QString error = lexicalError(found.kind); !error.isEmpty())
         fail(found.begin, error);
     if (found.kind == TokenKind::End)
-        fail(found.begin, u"此处应为%1，而语句到此结束"_qs.arg(expected));
-    fail(found.begin, u"此处应为%1，而写着%2"_qs.arg(
+        fail(found.begin, u"此处应为%1，而语句到此结束"_s.arg(expected));
+    fail(found.begin, u"此处应为%1，而写着%2"_s.arg(
                           expected, quoted(m_text.sliced(found.begin, found.end - found.begin))));
 }
 
@@ -90,24 +92,24 @@ Statement Parser::statement()
         case Keyword::Delete:
             return deletion();
         default:
-            unexpected(u" select、insert、update 或 delete"_qs);
+            unexpected(u" select、insert、update 或 delete"_s);
         }
     }();
     if (token().kind != TokenKind::End)
-        unexpected(u"语句的结尾"_qs);
+        unexpected(u"语句的结尾"_s);
     return result;
 }
 
 QStringView Parser::tableAlias()
 {
     const bool isNamed = take(Keyword::As);
-    return isNamed || atName() ? name(u"别名"_qs) : QStringView();
+    return isNamed || atName() ? name(u"别名"_s) : QStringView();
 }
 
 Source Parser::table()
 {
     const qsizetype position = token().begin;
-    const QStringView table = name(u"表名"_qs);
+    const QStringView table = name(u"表名"_s);
     const bool isAliased = at(Keyword::As) || atName();
     return {m_sources++, table, isAliased ? tableAlias() : QStringView(), position, nullptr};
 }
@@ -120,23 +122,23 @@ ExpressionPtr Parser::where()
 Insert Parser::insert()
 {
     step();
-    expect(Keyword::Into, u" into"_qs);
+    expect(Keyword::Into, u" into"_s);
     const qsizetype position = token().begin;
-    Insert result{{m_sources++, name(u"表名"_qs), {}, position, nullptr}, {}, {}, nullptr};
+    Insert result{{m_sources++, name(u"表名"_s), {}, position, nullptr}, {}, {}, nullptr};
     if (take(Symbol::Open)) {
         do
             result.columns.push_back({column(), nullptr});
         while (take(Symbol::Comma));
-        expect(Symbol::Close, u"“,”或“)”"_qs);
+        expect(Symbol::Close, u"“,”或“)”"_s);
     }
     if (at(Keyword::Select)) {
         result.select = select();
         return result;
     }
-    expect(Keyword::Values, u" values 或 select"_qs);
-    expect(Symbol::Open, u"“(”"_qs);
+    expect(Keyword::Values, u" values 或 select"_s);
+    expect(Symbol::Open, u"“(”"_s);
     result.values = values(result.columns);
-    expect(Symbol::Close, u"“,”或“)”"_qs);
+    expect(Symbol::Close, u"“,”或“)”"_s);
     return result;
 }
 
@@ -162,10 +164,10 @@ Update Parser::update()
 {
     step();
     Update result{table(), {}, nullptr};
-    expect(Keyword::Set, u" set"_qs);
+    expect(Keyword::Set, u" set"_s);
     do {
         Target target{column(), nullptr};
-        expect(Symbol::Equal, u"“=”"_qs);
+        expect(Symbol::Equal, u"“=”"_s);
         target.value = valueFor(target);
         result.assignments.push_back(std::move(target));
     } while (take(Symbol::Comma));
@@ -177,7 +179,7 @@ Delete Parser::deletion()
 {
     step();
     take(Symbol::Star);
-    expect(Keyword::From, u" from"_qs);
+    expect(Keyword::From, u" from"_s);
     Delete result{table(), nullptr};
     result.where = where();
     return result;

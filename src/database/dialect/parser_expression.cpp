@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -88,7 +90,7 @@ void Parser::addLink(ExpressionPtr &first, Operator op, ExpressionPtr operand, b
         first = make(Chain{std::move(first), {}}, begin);
     std::vector<Chain::Link> &links = first->as<Chain>()->links;
     if (links.size() >= limits::longestChain)
-        fail(operand->position, u"算式太长：超过 %1 项"_qs.arg(limits::longestChain));
+        fail(operand->position, u"算式太长：超过 %1 项"_s.arg(limits::longestChain));
     first->end = operand->end;
     links.push_back({op, std::move(operand)});
 }
@@ -125,7 +127,7 @@ ExpressionPtr Parser::comparison()
     const qsizetype begin = left->position;
     for (size_t length = 0;; ++length) {
         if (length > limits::longestChain / 10)
-            fail(token().begin, u"比较太多"_qs);
+            fail(token().begin, u"比较太多"_s);
         if (const auto op = comparisonOperator(token().symbol)) {
             step();
             ExpressionPtr right = chain(0);
@@ -148,7 +150,7 @@ ExpressionPtr Parser::nullTest(ExpressionPtr left)
     step();
     const qsizetype begin = left->position;
     const bool negated = take(Keyword::Not);
-    expect(Keyword::Null, u" null 或 not null"_qs);
+    expect(Keyword::Null, u" null 或 not null"_s);
     return make(NullTest{negated, std::move(left)}, begin);
 }
 
@@ -165,7 +167,7 @@ ExpressionPtr Parser::test(ExpressionPtr left, bool negated)
         return listTest(std::move(left), negated);
     step();
     ExpressionPtr low = chain(0);
-    expect(Keyword::And, u" and"_qs);
+    expect(Keyword::And, u" and"_s);
     ExpressionPtr high = chain(0);
     return make(RangeTest{negated, std::move(left), std::move(low), std::move(high)}, begin);
 }
@@ -173,13 +175,13 @@ ExpressionPtr Parser::test(ExpressionPtr left, bool negated)
 ExpressionPtr Parser::listTest(ExpressionPtr left, bool negated)
 {
     const qsizetype begin = left->position;
-    expect(Symbol::Open, u"“(”"_qs);
+    expect(Symbol::Open, u"“(”"_s);
     ExpressionPtr result;
     if (at(Keyword::Select))
         result = make(SelectTest{negated, std::move(left), select()}, begin);
     else
         result = make(ListTest{negated, std::move(left), expressions()}, begin);
-    expect(Symbol::Close, u"“,”或“)”"_qs);
+    expect(Symbol::Close, u"“,”或“)”"_s);
     return result;
 }
 
@@ -240,7 +242,7 @@ ExpressionPtr Parser::primary()
         return word();
     default:
         if (!at(Symbol::Open))
-            unexpected(u"列名、值或函数"_qs);
+            unexpected(u"列名、值或函数"_s);
         return bracket();
     }
 }
@@ -256,15 +258,15 @@ ExpressionPtr Parser::word()
     case Keyword::Asc:
         if (isCall)
             return call();
-        unexpected(u"列名、值或函数"_qs);
+        unexpected(u"列名、值或函数"_s);
     case Keyword::Exists: {
         const qsizetype begin = token().begin;
         step();
         if (token(1).keyword != Keyword::Select)
-            unexpected(u"“(select …)”"_qs);
-        expect(Symbol::Open, u"“(select …)”"_qs);
+            unexpected(u"“(select …)”"_s);
+        expect(Symbol::Open, u"“(select …)”"_s);
         SelectPtr inner = select();
-        expect(Symbol::Close, u"“)”"_qs);
+        expect(Symbol::Close, u"“)”"_s);
         return make(ExistsTest{std::move(inner)}, begin);
     }
     default:
@@ -281,7 +283,7 @@ ExpressionPtr Parser::literal()
         return make(NumberLiteral{-1}, begin);
     if (take(Keyword::False))
         return make(NumberLiteral{0}, begin);
-    unexpected(u"列名、值或函数"_qs);
+    unexpected(u"列名、值或函数"_s);
 }
 
 ExpressionPtr Parser::bracket()
@@ -293,7 +295,7 @@ ExpressionPtr Parser::bracket()
         result = make(SubSelect{select()}, begin);
     else
         result = expression();
-    expect(Symbol::Close, u"“)”或运算符"_qs);
+    expect(Symbol::Close, u"“)”或运算符"_s);
     return result;
 }
 
@@ -303,14 +305,14 @@ ExpressionPtr Parser::call()
     const QStringView written = textOf(token());
     Call call{functionNamed(written), {}};
     if (!call.function)
-        fail(begin, u"函数 %1 不存在"_qs.arg(written));
+        fail(begin, u"函数 %1 不存在"_s.arg(written));
     step();
     step();
     arguments(call);
-    expect(Symbol::Close, u"“,”或“)”"_qs);
+    expect(Symbol::Close, u"“,”或“)”"_s);
     const size_t count = call.arguments.size() + (call.isStar ? 1 : 0);
     if (count < call.function->fewest || count > call.function->most)
-        fail(begin, u"函数 %1 的参数个数不对"_qs.arg(written));
+        fail(begin, u"函数 %1 的参数个数不对"_s.arg(written));
     return make(std::move(call), begin);
 }
 
@@ -328,10 +330,10 @@ void Parser::arguments(Call &call)
 ExpressionPtr Parser::column()
 {
     const qsizetype begin = token().begin;
-    QStringView first = name(u"列名"_qs);
+    QStringView first = name(u"列名"_s);
     if (!take(Symbol::Dot))
         return make(ColumnReference{{}, first}, begin);
-    const QStringView second = name(u"列名"_qs);
+    const QStringView second = name(u"列名"_s);
     return make(ColumnReference{first, second}, begin);
 }
 
@@ -340,7 +342,7 @@ ExpressionPtr Parser::textLiteral()
     const Token &read = token();
     const QStringView content = textOf(read);
     if (content.contains(QChar(u'\0')) || !content.isValidUtf16())
-        fail(read.begin, u"文本中含有无法保存的字符"_qs);
+        fail(read.begin, u"文本中含有无法保存的字符"_s);
     step();
     const QChar delimiter = m_text[read.begin];
     // Most texts have no doubled delimiter and share the statement's memory.
@@ -359,7 +361,7 @@ ExpressionPtr Parser::numberLiteral()
                              ? static_cast<double>(content.sliced(2).toLongLong(&isRead, 16))
                              : content.toDouble(&isRead);
     if (!isRead || !std::isfinite(value))
-        fail(read.begin, u"数字%1太大"_qs.arg(quoted(content)));
+        fail(read.begin, u"数字%1太大"_s.arg(quoted(content)));
     step();
     return make(NumberLiteral{value}, read.begin);
 }
@@ -370,7 +372,7 @@ ExpressionPtr Parser::dateLiteral()
     const auto date = parseDate(textOf(read));
     if (!date) {
         const QString whose = m_written.isEmpty() ? QString() : m_written.toString() + u'：';
-        fail(read.begin, u"%1日期有误：%2，应如 2026-9-8"_qs.arg(whose, quoted(textOf(read))));
+        fail(read.begin, u"%1日期有误：%2，应如 2026-9-8"_s.arg(whose, quoted(textOf(read))));
     }
     step();
     return make(DateLiteral{storedDate(*date)}, read.begin);

@@ -1,6 +1,8 @@
 #include "database/dialect/errors.h"
 #include "database/dialect/parser.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 SelectPtr Parser::select()
@@ -28,7 +30,7 @@ void Parser::top(Select &select)
     bool isWhole = false;
     const qlonglong count = textOf(token()).toLongLong(&isWhole);
     if (token().kind != TokenKind::Number || !isWhole)
-        unexpected(u"整数"_qs);
+        unexpected(u"整数"_s);
     select.top = count;
     step();
 }
@@ -46,13 +48,13 @@ SelectItem Parser::selectItem()
     if (take(Symbol::Star))
         return {nullptr, {}, position};
     if (atName() && token(1).symbol == Symbol::Dot && token(2).symbol == Symbol::Star) {
-        const QStringView qualifier = name(u"表名"_qs);
+        const QStringView qualifier = name(u"表名"_s);
         step();
         step();
         return {nullptr, qualifier, position};
     }
     ExpressionPtr value = expression();
-    const QStringView alias = take(Keyword::As) ? name(u"别名"_qs) : QStringView();
+    const QStringView alias = take(Keyword::As) ? name(u"别名"_s) : QStringView();
     return {std::move(value), alias, position};
 }
 
@@ -60,7 +62,7 @@ void Parser::from(Select &select)
 {
     if (!take(Keyword::From)) {
         if (token().kind == TokenKind::Word && token().keyword == Keyword::None)
-            unexpected(u"“,”、as 或 from"_qs);
+            unexpected(u"“,”、as 或 from"_s);
         return;
     }
     do
@@ -79,7 +81,7 @@ std::optional<JoinKind> Parser::joinKind()
         return std::nullopt;
     if (kind != JoinKind::Inner)
         take(Keyword::Outer);
-    expect(Keyword::Join, u" join"_qs);
+    expect(Keyword::Join, u" join"_s);
     return kind;
 }
 
@@ -97,11 +99,11 @@ FromItem Parser::joined(Select &select)
     join.left = std::make_unique<FromItem>(std::move(left));
     join.right = std::make_unique<FromItem>(joinPart(select));
     join.last = select.sources.size() - 1;
-    expect(Keyword::On, u" on"_qs);
+    expect(Keyword::On, u" on"_s);
     join.condition = expression();
     const qsizetype position = token().begin;
     if (at(Keyword::Join) || at(Keyword::Inner) || at(Keyword::Left) || at(Keyword::Right))
-        fail(position, u"连接三个以上的表要加括号，如 from (甲 left join 乙 on …) left join 丙 on …"_qs);
+        fail(position, u"连接三个以上的表要加括号，如 from (甲 left join 乙 on …) left join 丙 on …"_s);
     return join;
 }
 
@@ -112,7 +114,7 @@ FromItem Parser::joinPart(Select &select)
     const Level level(*this);
     step();
     FromItem inner = joined(select);
-    expect(Symbol::Close, u"“)”或 left join、inner join"_qs);
+    expect(Symbol::Close, u"“)”或 left join、inner join"_s);
     return inner;
 }
 
@@ -125,9 +127,9 @@ FromItem Parser::source(Select &select)
         const qsizetype position = token().begin;
         step();
         SelectPtr derived = this->select();
-        expect(Symbol::Close, u"“)”"_qs);
+        expect(Symbol::Close, u"“)”"_s);
         take(Keyword::As);
-        const QStringView alias = name(u"子查询的别名"_qs);
+        const QStringView alias = name(u"子查询的别名"_s);
         select.sources.push_back({m_sources++, {}, alias, position, std::move(derived)});
     }
     FromItem item;
@@ -140,7 +142,7 @@ void Parser::groupBy(Select &select)
 {
     if (!take(Keyword::Group))
         return;
-    expect(Keyword::By, u" by"_qs);
+    expect(Keyword::By, u" by"_s);
     select.groupBy = expressions();
 }
 
@@ -148,7 +150,7 @@ void Parser::orderBy(Select &select)
 {
     if (!take(Keyword::Order))
         return;
-    expect(Keyword::By, u" by"_qs);
+    expect(Keyword::By, u" by"_s);
     do {
         OrderItem item;
         item.expression = expression();

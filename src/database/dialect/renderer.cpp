@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -56,7 +58,7 @@ Renderer::OpenTokens::OpenTokens(Renderer &renderer, int count, qsizetype positi
     if (m_renderer.m_openTokens <= limits::mostOpenTokens)
         return;
     m_renderer.m_openTokens -= count;
-    fail(position, u"语句嵌套过深，请简化后重试"_qs);
+    fail(position, u"语句嵌套过深，请简化后重试"_s);
 }
 
 QByteArray Renderer::render(const Statement &statement, qsizetype sizeHint)

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -34,7 +36,7 @@ int indexNamed(const std::vector<Column> &columns, QStringView name)
 void checkCount(size_t count, qsizetype position)
 {
     if (count > limits::mostColumns)
-        fail(position, u"列太多：超过 %1 列"_qs.arg(limits::mostColumns));
+        fail(position, u"列太多：超过 %1 列"_s.arg(limits::mostColumns));
 }
 
 bool isOwn(const ColumnReference &reference, const Select &select)
@@ -69,13 +71,13 @@ void Resolver::table(Source &source)
 {
     source.resolved = m_catalog.table(source.table);
     if (!source.resolved)
-        fail(source.position, u"表 %1 不存在"_qs.arg(source.table));
+        fail(source.position, u"表 %1 不存在"_s.arg(source.table));
 }
 
 void Resolver::sources(Select &select, const Scope *outer)
 {
     if (select.sources.size() > limits::mostSources)
-        fail(select.position, u"连接的表太多：超过 %1 个"_qs.arg(limits::mostSources));
+        fail(select.position, u"连接的表太多：超过 %1 个"_s.arg(limits::mostSources));
     for (size_t at = 0; at < select.sources.size(); ++at) {
         Source &source = select.sources[at];
         if (source.derived)
@@ -87,7 +89,7 @@ void Resolver::sources(Select &select, const Scope *outer)
             return isSameName(each.name(), source.name());
         });
         if (isTaken)
-            fail(source.position, u"表名或别名 %1 重复"_qs.arg(source.name()));
+            fail(source.position, u"表名或别名 %1 重复"_s.arg(source.name()));
     }
 }
 
@@ -118,7 +120,7 @@ void Resolver::select(Select &select, const Scope *outer)
     resultColumns(select);
     if (select.having) {
         if (select.groupBy.empty() && !scope.hasAggregate)
-            fail(select.having->position, u"having 只能与 group by 或汇总函数一起使用"_qs);
+            fail(select.having->position, u"having 只能与 group by 或汇总函数一起使用"_s);
         condition(select.having, scope);
     }
     // Without it each row would be one of the result, and nothing there to be taken together.
@@ -162,7 +164,7 @@ void Resolver::expandStar(const SelectItem &star, const Select &select, std::vec
         }
     }
     if (!isFound)
-        fail(star.position, star.alias.isEmpty() ? u"“*”要有 from"_qs : u"表 %1 不存在"_qs.arg(star.alias));
+        fail(star.position, star.alias.isEmpty() ? u"“*”要有 from"_s : u"表 %1 不存在"_s.arg(star.alias));
 }
 
 void Resolver::resultColumns(Select &select)
@@ -198,7 +200,7 @@ bool Resolver::orderByResult(OrderItem &item, const Select &select)
     const bool isPosition = number->value == std::floor(number->value) && number->value >= 1 &&
                             number->value <= static_cast<double>(select.items.size());
     if (!isPosition)
-        fail(item.expression->position, u"order by 的序号应在 1 到 %1 之间"_qs.arg(select.items.size()));
+        fail(item.expression->position, u"order by 的序号应在 1 到 %1 之间"_s.arg(select.items.size()));
     item.resultColumn = static_cast<size_t>(number->value) - 1;
     return true;
 }
@@ -211,7 +213,7 @@ void Resolver::checkDistinctOrder(const Select &select)
                 return isSame(*each.expression, *item.expression);
             });
         if (!isShown)
-            fail(item.expression->position, u"用了 distinct，只能按所选的列排序"_qs);
+            fail(item.expression->position, u"用了 distinct，只能按所选的列排序"_s);
     }
 }
 
@@ -234,7 +236,7 @@ void Resolver::checkGroupTerms(const Select &select)
 {
     for (const ExpressionPtr &each : select.groupBy) {
         if (isConstant(*each) || each->type == Type::Null)
-            fail(each->position, u"group by 中应为列或算式，而%1不是"_qs.arg(describe(*each)));
+            fail(each->position, u"group by 中应为列或算式，而%1不是"_s.arg(describe(*each)));
     }
 }
 
@@ -249,7 +251,7 @@ void Resolver::checkGrouped(Expression &expression, const Select &select)
         return;
     const auto *reference = expression.as<ColumnReference>();
     if (reference && isOwn(*reference, select))
-        fail(expression.position, u"列 %1 既不在 group by 里，也不在汇总函数里"_qs.arg(reference->name));
+        fail(expression.position, u"列 %1 既不在 group by 里，也不在汇总函数里"_s.arg(reference->name));
     forEachChild(expression, [&](Expression &child) { checkGrouped(child, select); });
     if (const Select *inner = selectIn(expression))
         checkGroupedInside(*inner, select);
@@ -266,7 +268,7 @@ void Resolver::checkGroupedInside(const Expression &expression, const Select &se
     const auto *reference = expression.as<ColumnReference>();
     const auto isIt = [&](const ExpressionPtr &each) { return isSame(*each, expression); };
     if (reference && isOwn(*reference, select) && std::ranges::none_of(select.groupBy, isIt))
-        fail(expression.position, u"列 %1 既不在 group by 里，也不在汇总函数里"_qs.arg(reference->name));
+        fail(expression.position, u"列 %1 既不在 group by 里，也不在汇总函数里"_s.arg(reference->name));
     forEachChild(expression, [&](const Expression &child) { checkGroupedInside(child, select); });
     if (const Select *inner = selectIn(expression))
         checkGroupedInside(*inner, select);
@@ -292,12 +294,12 @@ bool Resolver::lookUp(ColumnReference &reference, const Scope &scope, qsizetype 
             continue;
         const int index = indexNamed(columnsOf(source), reference.name);
         if (index < 0 && !reference.qualifier.isEmpty())
-            fail(position, u"列 %1.%2 不存在"_qs.arg(reference.qualifier, reference.name));
+            fail(position, u"列 %1.%2 不存在"_s.arg(reference.qualifier, reference.name));
         if (index < 0)
             continue;
         if (found) {
-            fail(position, u"列 %1 不明确：%2 和 %3 中都有，请写明表名"_qs.arg(reference.name, found->name(),
-                                                                               source.name()));
+            fail(position, u"列 %1 不明确：%2 和 %3 中都有，请写明表名"_s.arg(reference.name, found->name(),
+                                                                              source.name()));
         }
         found = &source;
         bind(reference, source, index);
@@ -313,9 +315,9 @@ const Column *Resolver::target(const Target &target, const Source &source,
     const Column *column = source.resolved->column(written.name);
     const bool isOther = !written.qualifier.isEmpty() && !isSameName(written.qualifier, source.name());
     if (!column || isOther)
-        fail(target.column->position, u"列 %1 不存在"_qs.arg(written.name));
+        fail(target.column->position, u"列 %1 不存在"_s.arg(written.name));
     if (std::ranges::find(before, column) != before.end())
-        fail(target.column->position, u"列 %1 重复"_qs.arg(written.name));
+        fail(target.column->position, u"列 %1 重复"_s.arg(written.name));
     return column;
 }
 
@@ -324,7 +326,7 @@ void Resolver::assign(ExpressionPtr &value, const Column &column)
     const Type wanted = typeOf(column.type);
     if (!coerce(value, wanted)) {
         fail(value->position,
-             u"列 %1 应为%2，不能写入%3"_qs.arg(column.name, nameOf(wanted), describe(*value)));
+             u"列 %1 应为%2，不能写入%3"_s.arg(column.name, nameOf(wanted), describe(*value)));
     }
 }
 
@@ -344,7 +346,7 @@ void Resolver::insert(Insert &insert)
         return insertSelect(insert, columns);
     if (insert.values.size() != columns.size()) {
         fail(insert.table.position,
-             u"列有 %1 个，值有 %2 个，个数不一致"_qs.arg(columns.size()).arg(insert.values.size()));
+             u"列有 %1 个，值有 %2 个，个数不一致"_s.arg(columns.size()).arg(insert.values.size()));
     }
     Scope scope;
     expressions(insert.values, scope);
@@ -358,7 +360,7 @@ void Resolver::insertSelect(Insert &insert, const std::vector<const Column *> &c
     std::vector<SelectItem> &items = insert.select->items;
     if (items.size() != columns.size()) {
         fail(insert.select->position,
-             u"列有 %1 个，值有 %2 个，个数不一致"_qs.arg(columns.size()).arg(items.size()));
+             u"列有 %1 个，值有 %2 个，个数不一致"_s.arg(columns.size()).arg(items.size()));
     }
     for (size_t at = 0; at < columns.size(); ++at)
         assign(items[at].expression, *columns[at]);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -78,7 +80,7 @@ ExpressionPtr Resolver::dateSum(Operator op, ExpressionPtr left, ExpressionPtr r
     if (op == Operator::Add && right->type == Type::Date)
         std::swap(left, right);
     if (left->type != Type::Date || (areDates && op == Operator::Add))
-        fail(at.position, u"日期不能这样计算"_qs);
+        fail(at.position, u"日期不能这样计算"_s);
     Call call{areDates ? &daysBetween : &addDays, {}};
     if (!areDates)
         toNumber(right);

@@ -3,13 +3,15 @@
 #include "database/dialect/tree_walk.h"
 #include "database/dialect/types.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 Type Resolver::infer(Call &node, Expression &self, Scope &scope)
 {
     const bool isAggregate = node.function->isAggregate();
     if (isAggregate && !scope.takesAggregates)
-        fail(self.position, u"汇总函数 %1 不能用在这里"_qs.arg(QLatin1String(node.function->name)));
+        fail(self.position, u"汇总函数 %1 不能用在这里"_s.arg(QLatin1String(node.function->name)));
     const bool before = scope.takesAggregates;
     scope.takesAggregates = before && !isAggregate;
     expressions(node.arguments, scope);
@@ -39,7 +41,7 @@ void Resolver::checkAggregate(const Call &node, const Expression &self, const Sc
     for (const ExpressionPtr &each : node.arguments)
         look(*each, look);
     if (hasColumn && !hasOwn)
-        fail(self.position, u"汇总函数 %1 只用了外层查询的列"_qs.arg(QLatin1String(node.function->name)));
+        fail(self.position, u"汇总函数 %1 只用了外层查询的列"_s.arg(QLatin1String(node.function->name)));
 }
 
 Type Resolver::callType(Call &node, const Expression &self)
@@ -60,12 +62,12 @@ Type Resolver::callType(Call &node, const Expression &self)
     case Function::Form::Conversion:
         if (!coerce(node.arguments[0], node.function->result))
             fail(self.position,
-                 u"%1不能转换为%2"_qs.arg(describe(*node.arguments[0]), nameOf(node.function->result)));
+                 u"%1不能转换为%2"_s.arg(describe(*node.arguments[0]), nameOf(node.function->result)));
         return node.function->result;
     default:
         plainArguments(node);
         if (node.function->form == Function::Form::Aggregate && node.arguments[0]->type == Type::Binary)
-            fail(self.position, u"汇总函数 %1 不能用于二进制内容"_qs.arg(QLatin1String(node.function->name)));
+            fail(self.position, u"汇总函数 %1 不能用于二进制内容"_s.arg(QLatin1String(node.function->name)));
         if (node.function->result != Type::Null)
             return node.function->result;
         // Aggregated conditions are numbers: the sum of two that are true is -2.
@@ -83,7 +85,7 @@ Type Resolver::unite(std::vector<ExpressionPtr> &arguments, size_t first, size_t
         type = Type::Integer;
     for (size_t at = first; at < arguments.size(); at += step) {
         if (!coerce(arguments[at], type))
-            fail(arguments[at]->position, u"%1与其他值的类型不一致"_qs.arg(describe(*arguments[at])));
+            fail(arguments[at]->position, u"%1与其他值的类型不一致"_s.arg(describe(*arguments[at])));
     }
     return type;
 }
@@ -94,18 +96,18 @@ Type Resolver::nzType(Call &node, const Expression &self)
     if (node.arguments.size() == 2)
         return unite(node.arguments, 0, 1);
     if (classOf(type) == TypeClass::Date || classOf(type) == TypeClass::Binary)
-        fail(self.position, u"函数 nz 用于日期时要写明第二个参数"_qs);
+        fail(self.position, u"函数 nz 用于日期时要写明第二个参数"_s);
     if (isNumeric(type))
         node.arguments.push_back(makeTyped(NumberLiteral{0}, self, Type::Integer));
     else
-        node.arguments.push_back(makeTyped(TextLiteral{u""_qs}, self, Type::Text));
+        node.arguments.push_back(makeTyped(TextLiteral{u""_s}, self, Type::Text));
     return type == Type::Null ? Type::Text : unite(node.arguments, 0, 1);
 }
 
 Type Resolver::switchType(Call &node, const Expression &self)
 {
     if (node.arguments.size() % 2 != 0)
-        fail(self.position, u"函数 switch 的参数应成对出现"_qs);
+        fail(self.position, u"函数 switch 的参数应成对出现"_s);
     for (size_t at = 0; at < node.arguments.size(); at += 2)
         requireCondition(*node.arguments[at]);
     return unite(node.arguments, 1, 2);
@@ -135,7 +137,7 @@ void Resolver::argument(ExpressionPtr &value, char letter)
 {
     const auto require = [&](Type wanted) {
         if (!coerce(value, wanted))
-            fail(value->position, u"此处应为%1，而%2不是"_qs.arg(nameOf(wanted), describe(*value)));
+            fail(value->position, u"此处应为%1，而%2不是"_s.arg(nameOf(wanted), describe(*value)));
     };
     switch (letter) {
     case 't':

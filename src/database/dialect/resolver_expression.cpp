@@ -4,6 +4,8 @@
 #include "database/dialect/tree_walk.h"
 #include "database/dialect/types.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -31,7 +33,7 @@ void Resolver::measure(Expression &self)
     const Chain *chain = self.as<Chain>();
     self.height = tallest + limits::heightOfRendering + (chain ? static_cast<int>(chain->links.size()) : 0);
     if (self.height > limits::tallestExpression)
-        fail(self.position, u"算式过于复杂，请简化后重试"_qs);
+        fail(self.position, u"算式过于复杂，请简化后重试"_s);
 }
 
 void Resolver::expressions(std::vector<ExpressionPtr> &list, Scope &scope)
@@ -50,26 +52,26 @@ void Resolver::condition(ExpressionPtr &expression, Scope &scope)
 void Resolver::requireCondition(const Expression &value)
 {
     if (!isNumericOrNull(value.type))
-        fail(value.position, u"此处应为条件，而%1是%2"_qs.arg(describe(value), nameOf(value.type)));
+        fail(value.position, u"此处应为条件，而%1是%2"_s.arg(describe(value), nameOf(value.type)));
 }
 
 QString Resolver::describe(const Expression &expression) const
 {
     if (const auto *reference = expression.as<ColumnReference>())
-        return u"列 %1 "_qs.arg(reference->name);
+        return u"列 %1 "_s.arg(reference->name);
     return quoted(m_text.sliced(expression.position, expression.end - expression.position));
 }
 
 void Resolver::toNumber(ExpressionPtr &value)
 {
     if (!coerce(value, Type::Number))
-        fail(value->position, u"此处应为数字，而%1不是"_qs.arg(describe(*value)));
+        fail(value->position, u"此处应为数字，而%1不是"_s.arg(describe(*value)));
 }
 
 void Resolver::toText(ExpressionPtr &value)
 {
     if (!coerce(value, Type::Text))
-        fail(value->position, u"%1不能当作文本使用"_qs.arg(describe(*value)));
+        fail(value->position, u"%1不能当作文本使用"_s.arg(describe(*value)));
 }
 
 /// A literal takes the type of what it is compared with, if it parses; nothing else is converted.
@@ -85,14 +87,14 @@ void Resolver::makeComparable(ExpressionPtr &left, ExpressionPtr &right)
     if (isLiteral(*left) && !isLiteral(*right) && coerce(left, wanted(*right)))
         return;
     fail(left->position,
-         u"%1是%2，不能与%3比较"_qs.arg(describe(*left), nameOf(left->type), describe(*right)));
+         u"%1是%2，不能与%3比较"_s.arg(describe(*left), nameOf(left->type), describe(*right)));
 }
 
 /// Texts are ordered as texts, "12" before "5"; comparing one with a number means something else.
 void Resolver::refuseNumberInTextOrder(const Expression &value, const Expression &bound) const
 {
     if (value.type == Type::Text && bound.as<NumberLiteral>())
-        fail(bound.position, u"%1是文本，不能与数字比较大小，请用 val"_qs.arg(describe(value)));
+        fail(bound.position, u"%1是文本，不能与数字比较大小，请用 val"_s.arg(describe(value)));
 }
 
 Type Resolver::infer(NullLiteral &, Expression &, Scope &)
@@ -125,9 +127,9 @@ Type Resolver::infer(ColumnReference &node, Expression &self, Scope &scope)
             isKnownTable = true;
     }
     if (node.source < 0 && !isKnownTable)
-        fail(self.position, u"表 %1 不存在"_qs.arg(node.qualifier));
+        fail(self.position, u"表 %1 不存在"_s.arg(node.qualifier));
     if (node.source < 0)
-        fail(self.position, u"列 %1 不存在"_qs.arg(node.name));
+        fail(self.position, u"列 %1 不存在"_s.arg(node.name));
     return typeOf(node.column->type);
 }
 
@@ -195,7 +197,7 @@ Type Resolver::infer(ListTest &node, Expression &, Scope &scope)
 void Resolver::requireOneColumn(const Select &select)
 {
     if (select.items.size() != 1)
-        fail(select.position, u"此处的子查询只能有一列"_qs);
+        fail(select.position, u"此处的子查询只能有一列"_s);
 }
 
 Type Resolver::infer(SelectTest &node, Expression &, Scope &scope)

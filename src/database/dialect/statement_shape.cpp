@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -139,11 +141,11 @@ QString StatementShape::sampleValue(size_t number) const
     const QString digit = QString::number(number);
     switch (m_values[number].kind) {
     case Kind::Key:
-        return QStringLiteral("ABCDEF00-0000-4000-8000-0000FEDCBA0") + digit;
+        return u"ABCDEF00-0000-4000-8000-0000FEDCBA0"_s + digit;
     case Kind::Whole:
-        return QStringLiteral("91827364") + digit;
+        return u"91827364"_s + digit;
     default:
-        return QStringLiteral("91827364") + digit + QStringLiteral(".5");
+        return u"91827364"_s + digit + u".5"_s;
     }
 }
 

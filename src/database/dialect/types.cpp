@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -134,17 +136,17 @@ QString nameOf(Type type)
 {
     switch (type) {
     case Type::Null:
-        return u"空值"_qs;
+        return u"空值"_s;
     case Type::Text:
-        return u"文本"_qs;
+        return u"文本"_s;
     case Type::Date:
-        return u"日期"_qs;
+        return u"日期"_s;
     case Type::Binary:
-        return u"二进制内容"_qs;
+        return u"二进制内容"_s;
     case Type::Condition:
-        return u"条件"_qs;
+        return u"条件"_s;
     default:
-        return u"数字"_qs;
+        return u"数字"_s;
     }
 }
 

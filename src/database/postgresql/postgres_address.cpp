@@ -9,6 +9,8 @@
 #include <map>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -48,8 +50,8 @@ Options readUrl(const QByteArray &url)
     const std::unique_ptr<PQconninfoOption, Free> parsed(PQconninfoParse(url.constData(), &message));
     PQfreemem(message);
     if (!parsed)
-        throw DatabaseError(QStringLiteral(
-            "数据库地址有误，应形如 postgresql://用户@主机:端口/数据库（特殊字符写成 %XX）！"));
+        throw DatabaseError(
+            u"数据库地址有误，应形如 postgresql://用户@主机:端口/数据库（特殊字符写成 %XX）！"_s);
     Options options;
     for (const PQconninfoOption *each = parsed.get(); each->keyword; ++each) {
         if (each->val)
@@ -71,11 +73,10 @@ QString shownUrl(const Options &options)
     for (qsizetype at = 0; at < hosts.size(); ++at) {
         // A single port applies to all hosts.
         const QString port = ports.value(ports.size() == 1 ? 0 : at);
-        places += (at == 0 ? QString() : QStringLiteral(",")) + hosts[at] +
-                  (port.isEmpty() ? QString() : QStringLiteral(":") + port);
+        places += (at == 0 ? QString() : u","_s) + hosts[at] + (port.isEmpty() ? QString() : u":"_s + port);
     }
     const QString user = text("user").isEmpty() ? QString() : text("user") + u'@';
-    return QStringLiteral("postgresql://") + user + places + u'/' + text("dbname");
+    return u"postgresql://"_s + user + places + u'/' + text("dbname");
 }
 
 } // namespace

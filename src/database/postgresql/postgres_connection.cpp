@@ -9,6 +9,8 @@
 
 #include <libpq-fe.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -56,7 +58,7 @@ Catalog catalogOf(const RowBlock &rows)
 
 QByteArray quoted(const QString &name)
 {
-    return '"' + QString(name).replace(u'"', QStringLiteral("\"\"")).toUtf8() + '"';
+    return '"' + QString(name).replace(u'"', u"\"\""_s).toUtf8() + '"';
 }
 
 } // namespace
@@ -99,7 +101,7 @@ RowBlock PostgresConnection::query(const SqlText &statement)
 {
     return runTranslated(statement, [this](Translation translation) {
         if (translation.kind != StatementKind::Select)
-            throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
+            throw DatabaseError(u"此处只能使用查询语句（select）！"_s);
         const ListCounts counts(translation.counts,
                                 [this](const QByteArray &sql, std::vector<Column> columns) {
                                     return read(sql, std::move(columns));
@@ -139,7 +141,7 @@ void PostgresConnection::readTable(const QString &table, const QStringList &colu
     for (const QString &name : columns) {
         const Column *column = known ? known->column(name) : nullptr;
         if (!column)
-            throw DatabaseError(QStringLiteral("列 %1.%2 不存在").arg(table, name));
+            throw DatabaseError(u"列 %1.%2 不存在"_s.arg(table, name));
         described.push_back(*column);
         names += (names.isEmpty() ? "" : ",") + quoted(column->name);
     }

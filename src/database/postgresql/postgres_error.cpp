@@ -2,6 +2,8 @@
 
 #include <libpq-fe.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -86,9 +88,9 @@ QString textOf(const QByteArray &state, const QString &engineText)
         return engineText;
     for (const Message &message : messages) {
         if (state.startsWith(message.state))
-            return QString::fromUtf16(message.text) + QStringLiteral("（%1）").arg(engineText);
+            return QString::fromUtf16(message.text) + u"（%1）"_s.arg(engineText);
     }
-    return QStringLiteral("数据库错误：%1").arg(engineText);
+    return u"数据库错误：%1"_s.arg(engineText);
 }
 
 } // namespace
@@ -116,10 +118,10 @@ QString connectFailureText(const pg_conn *connection, const QString &shownUrl)
     QString why;
     for (const Message &message : connectMessages) {
         if (why.isEmpty() && engineText.contains(message.state))
-            why = QStringLiteral("：%1").arg(QString::fromUtf16(message.text));
+            why = u"：%1"_s.arg(QString::fromUtf16(message.text));
     }
-    return QStringLiteral("无法连接数据库服务器 %1%2！（%3）")
-        .arg(shownUrl, why, QString::fromUtf8(engineText).simplified());
+    return u"无法连接数据库服务器 %1%2！（%3）"_s.arg(shownUrl, why,
+                                                      QString::fromUtf8(engineText).simplified());
 }
 
 } // namespace ebtq::db

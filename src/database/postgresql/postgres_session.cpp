@@ -11,6 +11,8 @@
 
 #include <poll.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -21,13 +23,10 @@ struct Clear
 };
 using Result = std::unique_ptr<PGresult, Clear>;
 
-const QString transactionLost =
-    QStringLiteral("与数据库服务器的连接已断开，尚未提交的事务已丢失，数据没有保存，请重试！");
-const QString outcomeUnknown =
-    QStringLiteral("与数据库服务器的连接已断开，不能确定操作是否已完成，请核对后再重试！");
-const QString nothingRead = QStringLiteral("与数据库服务器的连接已断开，没有读到数据，请重试！");
-const QString commitUnknown =
-    QStringLiteral("提交时与数据库服务器的连接断开，不能确定数据是否已保存，请核对后再重试！");
+const QString transactionLost = u"与数据库服务器的连接已断开，尚未提交的事务已丢失，数据没有保存，请重试！"_s;
+const QString outcomeUnknown = u"与数据库服务器的连接已断开，不能确定操作是否已完成，请核对后再重试！"_s;
+const QString nothingRead = u"与数据库服务器的连接已断开，没有读到数据，请重试！"_s;
+const QString commitUnknown = u"提交时与数据库服务器的连接断开，不能确定数据是否已保存，请核对后再重试！"_s;
 
 /// Our schema first, then the one of the extension, which an administrator may have created elsewhere.
 /// Numbers are read with 15 digits, dates in stored form. Compiling a list's plan costs more than it saves.
@@ -182,8 +181,7 @@ void PostgresSession::require(int isSent)
         return;
     if (isLost())
         lose();
-    throw DatabaseError(
-        QStringLiteral("数据库错误：%1").arg(QString::fromUtf8(PQerrorMessage(handle())).trimmed()));
+    throw DatabaseError(u"数据库错误：%1"_s.arg(QString::fromUtf8(PQerrorMessage(handle())).trimmed()));
 }
 
 void PostgresSession::sendAlone(const QByteArray &statement)
@@ -205,7 +203,7 @@ void PostgresSession::sendWithSavepoint(const QByteArray &statement)
 qint64 PostgresSession::run(const QByteArray &statement, const RowTaker &take)
 {
     if (statement.contains('\0'))
-        throw DatabaseError(QStringLiteral("内容中有不能保存的字符（NUL），操作未完成！"));
+        throw DatabaseError(u"内容中有不能保存的字符（NUL），操作未完成！"_s);
     requireConnection(static_cast<bool>(take));
     const bool isPipeline = inTransaction();
     if (isPipeline)
@@ -318,7 +316,7 @@ void PostgresSession::beginWith(const QByteArray &statement)
 {
     requireConnection();
     if (inTransaction())
-        throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
+        throw DatabaseError(u"上一个事务尚未结束！"_s);
     simple(statement);
 }
 
@@ -327,14 +325,14 @@ void PostgresSession::commit()
 {
     requireConnection();
     if (!inTransaction())
-        throw DatabaseError(QStringLiteral("没有可提交的事务，数据没有保存！"));
+        throw DatabaseError(u"没有可提交的事务，数据没有保存！"_s);
     const Result result(PQexec(handle(), "commit"));
     if (isLost())
         throw ConnectionLost(commitUnknown);
     if (!isGood(result.get()))
         throw serverError(result.get());
     if (QByteArrayView(PQcmdStatus(result.get())) != "COMMIT")
-        throw DatabaseError(QStringLiteral("事务已被撤销，数据没有保存！"));
+        throw DatabaseError(u"事务已被撤销，数据没有保存！"_s);
 }
 
 void PostgresSession::rollback() noexcept

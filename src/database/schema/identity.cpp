@@ -3,6 +3,8 @@
 #include "database/connection.h"
 #include "database/schema/ddl.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -18,7 +20,7 @@ Mark markOf(Connection &connection)
 
 int recordedVersion(Connection &connection)
 {
-    const RowBlock rows = connection.query(QStringLiteral("select version from host_schema"));
+    const RowBlock rows = connection.query(u"select version from host_schema"_s);
     return rows.rowCount() == 1 ? rows.value(0, 0).toInt() : 0;
 }
 
@@ -69,21 +71,18 @@ QString Identity::obstacle() const
 {
     switch (standing) {
     case Empty:
-        return QStringLiteral("数据库尚未初始化，请先运行 ebtq-admin init！");
+        return u"数据库尚未初始化，请先运行 ebtq-admin init！"_s;
     case Foreign:
-        return QStringLiteral("这不是本系统的数据库，其中有其他程序的表！");
+        return u"这不是本系统的数据库，其中有其他程序的表！"_s;
     case Older:
         if (version <= 0)
-            return QStringLiteral("数据库尚未初始化或升级完毕，没有记录版本，请先运行 ebtq-admin init！");
-        return QStringLiteral("数据库的版本是 %1，应为 %2，请先备份，再运行 ebtq-admin init 升级！")
-            .arg(version)
-            .arg(schemaVersion);
+            return u"数据库尚未初始化或升级完毕，没有记录版本，请先运行 ebtq-admin init！"_s;
+        return u"数据库的版本是 %1，应为 %2，请先备份，再运行 ebtq-admin init 升级！"_s.arg(version).arg(
+            schemaVersion);
     case Current:
         return {};
     case Newer:
-        return QStringLiteral("数据库的版本（%1）比本程序（%2）新，请升级程序！")
-            .arg(version)
-            .arg(schemaVersion);
+        return u"数据库的版本（%1）比本程序（%2）新，请升级程序！"_s.arg(version).arg(schemaVersion);
     }
     return {};
 }
@@ -95,7 +94,7 @@ void requireInstallable(Connection &connection, Foreign foreign)
         throw DatabaseError(identity.obstacle());
     if (identity.standing == Identity::Foreign && foreign == Foreign::IsRefused)
         throw DatabaseError(identity.obstacle() +
-                            QStringLiteral("未写入；确要写入其中，请用 ebtq-admin init --take-over"));
+                            u"未写入；确要写入其中，请用 ebtq-admin init --take-over"_s);
 }
 
 void requireCurrent(Connection &connection)

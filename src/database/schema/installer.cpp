@@ -4,6 +4,8 @@
 #include "database/schema/ddl.h"
 #include "database/schema/tables.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -28,9 +30,8 @@ void findColumnGaps(const TableDefinition &table, const Catalog::Table &present,
         if (present.column(column.name))
             continue;
         const bool isKey = column.rule == ColumnDefinition::Key || column.rule == ColumnDefinition::AutoKey;
-        gaps.push_back(
-            {QStringLiteral("列 %1.%2").arg(QString::fromUtf16(table.name), QString::fromUtf16(column.name)),
-             isKey ? QByteArray() : addColumn(table, column, words)});
+        gaps.push_back({u"列 %1.%2"_s.arg(QString::fromUtf16(table.name), QString::fromUtf16(column.name)),
+                        isKey ? QByteArray() : addColumn(table, column, words)});
     }
 }
 
@@ -39,17 +40,16 @@ std::vector<Gap> findGaps(Connection &connection)
     std::vector<Gap> gaps;
     const DdlWords &words = connection.ddlWords();
     if (const QByteArray foundation = connection.missingFoundation(); !foundation.isEmpty())
-        gaps.push_back({QStringLiteral("函数"), foundation});
+        gaps.push_back({u"函数"_s, foundation});
     for (const TableDefinition &table : schemaTables()) {
         if (const Catalog::Table *present = connection.catalog().table(table.name))
             findColumnGaps(table, *present, words, gaps);
         else
-            gaps.push_back(
-                {QStringLiteral("表 %1").arg(QString::fromUtf16(table.name)), createTable(table, words)});
+            gaps.push_back({u"表 %1"_s.arg(QString::fromUtf16(table.name)), createTable(table, words)});
         for (const IndexDefinition &index : table.indexes) {
             const QString name = QString::fromUtf16(index.name);
             if (!hasIndex(connection, name))
-                gaps.push_back({QStringLiteral("索引 %1").arg(name), createIndex(table, index, words)});
+                gaps.push_back({u"索引 %1"_s.arg(name), createIndex(table, index, words)});
         }
     }
     return gaps;
@@ -66,8 +66,8 @@ void dropRetiredIndexes(Connection &connection)
 
 void writeVersion(Connection &connection)
 {
-    connection.execute(QStringLiteral("delete from host_schema"));
-    connection.execute(QStringLiteral("insert into host_schema(version)values(%1)").arg(schemaVersion));
+    connection.execute(u"delete from host_schema"_s);
+    connection.execute(u"insert into host_schema(version)values(%1)"_s.arg(schemaVersion));
 }
 
 /// A file may also be of an earlier version, which wrote no mark.
@@ -82,8 +82,7 @@ void findWrongTypes(const TableDefinition &table, const Catalog::Table &present,
     for (const ColumnDefinition &column : table.columns) {
         const Column *found = present.column(column.name);
         if (found && found->type != column.type)
-            findings
-                << QStringLiteral("列 %1.%2 的类型不对").arg(QString::fromUtf16(table.name), found->name);
+            findings << u"列 %1.%2 的类型不对"_s.arg(QString::fromUtf16(table.name), found->name);
     }
 }
 
@@ -93,7 +92,7 @@ void findDamage(Connection &connection, QStringList &findings)
     for (qsizetype row = 0; row < damage.rowCount(); ++row) {
         const QString text = damage.value(row, 0).toString();
         if (text != u"ok")
-            findings << QStringLiteral("文件损坏：%1").arg(text);
+            findings << u"文件损坏：%1"_s.arg(text);
     }
 }
 
@@ -107,7 +106,7 @@ InstallReport install(Connection &connection, Foreign foreign)
     report.versionBefore = Identity::of(connection).version;
     for (const Gap &gap : findGaps(connection)) {
         if (gap.statement.isEmpty())
-            throw DatabaseError(QStringLiteral("缺少%1，它是主键，无法补建，请用备份恢复！").arg(gap.name));
+            throw DatabaseError(u"缺少%1，它是主键，无法补建，请用备份恢复！"_s.arg(gap.name));
         connection.executeNative(gap.statement);
         report.added << gap.name;
     }
@@ -136,7 +135,7 @@ QStringList foreignRoutines(Connection &connection)
     QStringList names;
     const RowBlock found = connection.queryNative(connection.ddlWords().findRoutines);
     for (qsizetype row = 0; row < found.rowCount(); ++row)
-        names << (found.cell(row, 0) == "view" ? QStringLiteral("视图 %1") : QStringLiteral("触发器 %1"))
+        names << (found.cell(row, 0) == "view" ? u"视图 %1"_s : u"触发器 %1"_s)
                      .arg(found.value(row, 1).toString());
     return names;
 }
@@ -151,7 +150,7 @@ QStringList checkSchema(Connection &connection)
     if (!isOwn)
         return findings;
     for (const Gap &gap : findGaps(connection))
-        findings << QStringLiteral("缺少%1").arg(gap.name);
+        findings << u"缺少%1"_s.arg(gap.name);
     for (const TableDefinition &table : schemaTables()) {
         if (const Catalog::Table *present = connection.catalog().table(table.name))
             findWrongTypes(table, *present, findings);

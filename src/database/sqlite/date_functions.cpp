@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -39,7 +41,7 @@ std::optional<Interval> intervalAt(FunctionCall &call)
         if (written.compare(each.name, Qt::CaseInsensitive) == 0)
             return each.interval;
     }
-    call.fail(u"日期间隔“%1”有误，应为 yyyy、q、m、w、ww、d、h、n 或 s"_qs.arg(written.left(24)));
+    call.fail(u"日期间隔“%1”有误，应为 yyyy、q、m、w、ww、d、h、n 或 s"_s.arg(written.left(24)));
     return std::nullopt;
 }
 
@@ -56,7 +58,7 @@ void giveDate(FunctionCall &call, const QDateTime &date)
     if (isInRange)
         call.give(storedDate(date));
     else
-        call.fail(u"日期超出范围"_qs);
+        call.fail(u"日期超出范围"_s);
 }
 
 template<class Part> void givePart(FunctionCall &call, Part part)
@@ -120,7 +122,7 @@ void cdate(FunctionCall &call)
     if (const auto date = parseDate(call.string(0)))
         call.give(storedDate(*date));
     else
-        call.fail(u"“%1”不是日期，不能转换"_qs.arg(call.string(0).left(24)));
+        call.fail(u"“%1”不是日期，不能转换"_s.arg(call.string(0).left(24)));
 }
 
 void datevalue(FunctionCall &call)
@@ -221,7 +223,7 @@ void adddays(FunctionCall &call)
     if (!date.isValid())
         call.giveNull();
     else if (std::abs(seconds) > 4e11)
-        call.fail(u"日期超出范围"_qs);
+        call.fail(u"日期超出范围"_s);
     else
         giveDate(call, date.addSecs(std::llround(seconds)));
 }

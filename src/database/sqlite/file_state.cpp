@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 void distrust(sqlite3 *handle)
@@ -37,10 +39,9 @@ QString folderObstacle(const QString &database)
 {
     const QString folder = QFileInfo(database).absolutePath();
     if (!QFileInfo(folder).isDir())
-        return QStringLiteral("文件夹不存在：%1").arg(folder);
+        return u"文件夹不存在：%1"_s.arg(folder);
     if (!QFileInfo(folder).isWritable())
-        return QStringLiteral("文件夹不可写：%1，数据库的日志要放在其中，请由管理员授予该文件夹的写权限！")
-            .arg(folder);
+        return u"文件夹不可写：%1，数据库的日志要放在其中，请由管理员授予该文件夹的写权限！"_s.arg(folder);
     return {};
 }
 
@@ -52,16 +53,16 @@ bool isDiskFull(int error)
 QString systemReason(int error)
 {
     if (isDiskFull(error))
-        return QStringLiteral("磁盘空间不足");
+        return u"磁盘空间不足"_s;
     switch (error) {
     case EACCES:
     case EPERM:
-        return QStringLiteral("没有权限");
+        return u"没有权限"_s;
     case EROFS:
-        return QStringLiteral("磁盘是只读的");
+        return u"磁盘是只读的"_s;
     case ENOENT:
     case ENOTDIR:
-        return QStringLiteral("文件夹不存在");
+        return u"文件夹不存在"_s;
     default:
         return QString::fromLocal8Bit(std::strerror(error));
     }

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -64,7 +66,7 @@ void run(sqlite3_context *context, int count, sqlite3_value **values)
 void check(sqlite3 *database, int result)
 {
     if (result != SQLITE_OK)
-        throw DatabaseError(u"数据库初始化失败：%1"_qs.arg(QString::fromUtf8(sqlite3_errmsg(database))));
+        throw DatabaseError(u"数据库初始化失败：%1"_s.arg(QString::fromUtf8(sqlite3_errmsg(database))));
 }
 
 void registerAll(sqlite3 *database, std::span<const FunctionEntry> entries)
@@ -114,7 +116,7 @@ void FunctionCall::giveNumber(double number)
 {
     constexpr double exactUpTo = 9007199254740992.0;
     if (!std::isfinite(number))
-        fail(u"计算结果不是有效的数字"_qs);
+        fail(u"计算结果不是有效的数字"_s);
     else if (std::abs(number) < exactUpTo && number == std::trunc(number))
         giveInteger(static_cast<qint64>(number));
     else

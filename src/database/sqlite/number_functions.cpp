@@ -5,6 +5,8 @@
 #include <cmath>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -44,7 +46,7 @@ std::optional<double> converted(FunctionCall &call)
     const double number = text.toDouble(&isRead);
     if (isRead && !text.back().isLetter() && std::isfinite(number))
         return number;
-    call.fail(u"“%1”不是数字，不能转换"_qs.arg(text.left(24)));
+    call.fail(u"“%1”不是数字，不能转换"_s.arg(text.left(24)));
     return std::nullopt;
 }
 
@@ -58,7 +60,7 @@ void clng(FunctionCall &call)
 {
     const auto number = converted(call);
     if (number && std::abs(*number) > 9e18)
-        call.fail(u"数字太大，不能转换为整数"_qs);
+        call.fail(u"数字太大，不能转换为整数"_s);
     else if (number)
         call.giveNumber(rounded(*number));
 }
@@ -82,7 +84,7 @@ void round(FunctionCall &call)
 {
     const qint64 digits = call.count() > 1 ? call.integer(1) : 0;
     if (digits < 0 || digits > 15)
-        return call.fail(u"round 的小数位数应在 0 到 15 之间"_qs);
+        return call.fail(u"round 的小数位数应在 0 到 15 之间"_s);
     const double scale = std::pow(10.0, static_cast<double>(digits));
     call.giveNumber(rounded(call.number(0) * scale) / scale);
 }
@@ -96,7 +98,7 @@ void sgn(FunctionCall &call)
 void sqr(FunctionCall &call)
 {
     if (call.number(0) < 0)
-        return call.fail(u"sqr 的参数不能是负数"_qs);
+        return call.fail(u"sqr 的参数不能是负数"_s);
     call.giveNumber(std::sqrt(call.number(0)));
 }
 

@@ -13,6 +13,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -46,7 +48,7 @@ Catalog readCatalog(SqliteConnection &connection)
         Catalog::Table table{tables.value(row, 0).toString(), {}};
         const RowBlock columns =
             connection.queryNative("select name, type from pragma_table_info('" +
-                                   QString(table.name).replace(u'\'', QStringLiteral("''")).toUtf8() + "')");
+                                   QString(table.name).replace(u'\'', u"''"_s).toUtf8() + "')");
         for (qsizetype at = 0; at < columns.rowCount(); ++at)
             table.columns.push_back(
                 {columns.value(at, 0).toString(), typeOfDeclaration(columns.value(at, 1).toString())});
@@ -94,7 +96,7 @@ SqliteConnection::SqliteConnection(const QString &location, Missing missing)
 {
     const bool plainFile = isPlainFile(location);
     if (plainFile && missing == Missing::IsAnError && !QFileInfo::exists(location))
-        throw DatabaseError(QStringLiteral("找不到数据库文件：%1").arg(location));
+        throw DatabaseError(u"找不到数据库文件：%1"_s.arg(location));
     try {
         open(location, missing);
         configure(missing);
@@ -106,7 +108,7 @@ SqliteConnection::SqliteConnection(const QString &location, Missing missing)
             return;
         }
         const QString obstacle = folderObstacle(location);
-        throw obstacle.isEmpty() ? failure : DatabaseError(QStringLiteral("无法打开数据库文件！") + obstacle);
+        throw obstacle.isEmpty() ? failure : DatabaseError(u"无法打开数据库文件！"_s + obstacle);
     }
 }
 
@@ -114,11 +116,10 @@ SqliteConnection::SqliteConnection(const QString &location, Missing missing)
 /// would be missing.
 void SqliteConnection::openSealed()
 {
-    if (QFileInfo(m_location + QStringLiteral("-wal")).size() > 0)
-        throw DatabaseError(QStringLiteral("磁盘是只读的，数据库旁的日志（-wal）无法并入，"
-                                           "请把两个文件一起复制到可写的文件夹中打开！"));
-    open(QStringLiteral("file:%1?immutable=1")
-             .arg(QString::fromLatin1(QUrl::toPercentEncoding(m_location, "/"))),
+    if (QFileInfo(m_location + u"-wal"_s).size() > 0)
+        throw DatabaseError(u"磁盘是只读的，数据库旁的日志（-wal）无法并入，"
+                            "请把两个文件一起复制到可写的文件夹中打开！"_s);
+    open(u"file:%1?immutable=1"_s.arg(QString::fromLatin1(QUrl::toPercentEncoding(m_location, "/"))),
          Missing::IsAnError);
     configure(Missing::IsAnError);
 }
@@ -197,7 +198,7 @@ RowBlock SqliteConnection::query(const SqlText &statement)
 {
     return runTranslated(statement, [this](const Translation &translation, sqlite3_stmt *prepared) {
         if (translation.kind != StatementKind::Select)
-            throw DatabaseError(QStringLiteral("此处只能使用查询语句（select）！"));
+            throw DatabaseError(u"此处只能使用查询语句（select）！"_s);
         return readRows(m_handle.get(), prepared, translation.columns, countsFor(translation));
     });
 }
@@ -251,10 +252,10 @@ void SqliteConnection::readTable(const QString &table, const QStringList &column
     for (const QString &name : columns) {
         const Column *column = known ? known->column(name) : nullptr;
         if (!column)
-            throw DatabaseError(QStringLiteral("列 %1.%2 不存在").arg(table, name));
+            throw DatabaseError(u"列 %1.%2 不存在"_s.arg(table, name));
         described.push_back(*column);
     }
-    const QByteArray names = columns.join(QStringLiteral("\",\"")).toUtf8();
+    const QByteArray names = columns.join(u"\",\""_s).toUtf8();
     const CachedStatement prepared =
         m_statements->prepare("select \"" + names + "\" from \"" + table.toUtf8() + '"');
     readStoredRows(m_handle.get(), prepared.get(), described, take);
@@ -278,7 +279,7 @@ RowBlock SqliteConnection::queryNative(const QByteArray &statement)
 void SqliteConnection::begin(Flush)
 {
     if (inTransaction())
-        throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
+        throw DatabaseError(u"上一个事务尚未结束！"_s);
     requireSameFile();
     run("begin immediate");
 }
@@ -286,7 +287,7 @@ void SqliteConnection::begin(Flush)
 void SqliteConnection::beginReading()
 {
     if (inTransaction())
-        throw DatabaseError(QStringLiteral("上一个事务尚未结束！"));
+        throw DatabaseError(u"上一个事务尚未结束！"_s);
     // The engine takes its snapshot only with the first statement.
     try {
         run("begin; select 1 from sqlite_master");
@@ -309,9 +310,8 @@ void SqliteConnection::requireSameFile()
     int moved = 0;
     sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
     if (moved != 0 || FileIdentity::of(m_path) != m_file)
-        throw DatabaseError(QStringLiteral("数据库文件已被移动、删除或替换，未保存！"
-                                           "请记下未保存的内容，重新启动程序后再保存：%1")
-                                .arg(m_path));
+        throw DatabaseError(u"数据库文件已被移动、删除或替换，未保存！"
+                            "请记下未保存的内容，重新启动程序后再保存：%1"_s.arg(m_path));
 }
 
 void SqliteConnection::rollback() noexcept
@@ -385,8 +385,7 @@ void SqliteConnection::run(const char *statement)
 
 void SqliteConnection::fail()
 {
-    throw DatabaseError(m_handle ? sqliteErrorText(m_handle.get())
-                                 : QStringLiteral("内存不足，操作未完成！"));
+    throw DatabaseError(m_handle ? sqliteErrorText(m_handle.get()) : u"内存不足，操作未完成！"_s);
 }
 
 } // namespace ebtq::db

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -64,9 +66,9 @@ QString forCode(int extended, const QString &engineText)
 {
     for (const Message &message : messages) {
         if (message.code == extended || message.code == (extended & 0xff))
-            return QString::fromUtf16(message.text) + QStringLiteral("（%1）").arg(engineText);
+            return QString::fromUtf16(message.text) + u"（%1）"_s.arg(engineText);
     }
-    return QStringLiteral("数据库错误：%1").arg(engineText);
+    return u"数据库错误：%1"_s.arg(engineText);
 }
 
 } // namespace
@@ -79,7 +81,7 @@ QString sqliteErrorText(sqlite3 *handle)
         return forCode(extended, engineText);
     for (const auto &entry : missing) {
         if (engineText.startsWith(QLatin1String(entry.prefix))) {
-            static const QRegularExpression ownAlias(QStringLiteral("^t[0-9]+[.]"));
+            static const QRegularExpression ownAlias(u"^t[0-9]+[.]"_s);
             const auto name = engineText.mid(static_cast<qsizetype>(qstrlen(entry.prefix))).remove(ownAlias);
             return QString::fromUtf16(entry.text).arg(name);
         }
@@ -87,7 +89,7 @@ QString sqliteErrorText(sqlite3 *handle)
     // The dialect's own functions raise texts for the user.
     const bool ours =
         std::any_of(engineText.begin(), engineText.end(), [](QChar c) { return c.unicode() > 0x7f; });
-    return ours ? engineText : QStringLiteral("数据库错误：%1").arg(engineText);
+    return ours ? engineText : u"数据库错误：%1"_s.arg(engineText);
 }
 
 } // namespace ebtq::db

@@ -6,6 +6,8 @@
 #include <array>
 #include <charconv>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -79,7 +81,7 @@ void instr(FunctionCall &call)
 {
     const qint64 start = call.integer(0);
     if (start < 1)
-        return call.fail(u"instr 的起始位置应从 1 开始"_qs);
+        return call.fail(u"instr 的起始位置应从 1 开始"_s);
     const std::u32string text = folded(call.text(1));
     if (static_cast<size_t>(start) > text.size())
         return call.giveInteger(0);
@@ -96,7 +98,7 @@ void left(FunctionCall &call)
 {
     const qint64 length = call.integer(1);
     if (length < 0)
-        return call.fail(u"left 的长度不能是负数"_qs);
+        return call.fail(u"left 的长度不能是负数"_s);
     const std::string_view text = call.text(0);
     call.give(text.substr(0, offsetOf(text, length)));
 }
@@ -105,7 +107,7 @@ void right(FunctionCall &call)
 {
     const qint64 length = call.integer(1);
     if (length < 0)
-        return call.fail(u"right 的长度不能是负数"_qs);
+        return call.fail(u"right 的长度不能是负数"_s);
     const std::string_view text = call.text(0);
     call.give(text.substr(offsetOf(text, lengthOf(text) - length)));
 }
@@ -115,7 +117,7 @@ void mid(FunctionCall &call)
     const qint64 start = call.integer(1);
     const qint64 length = call.count() > 2 ? call.integer(2) : 0;
     if (start < 1 || length < 0)
-        return call.fail(u"mid 的起始位置应从 1 开始，长度不能是负数"_qs);
+        return call.fail(u"mid 的起始位置应从 1 开始，长度不能是负数"_s);
     const std::string_view text = call.text(0);
     const std::string_view rest = text.substr(offsetOf(text, start - 1));
     call.give(call.count() > 2 ? rest.substr(0, offsetOf(rest, length)) : rest);
@@ -178,7 +180,7 @@ void repeat(FunctionCall &call, std::string_view character)
 {
     const qint64 count = call.integer(0);
     if (count < 0 || count > longestRepeat)
-        return call.fail(u"重复的次数应在 0 到 %1 之间"_qs.arg(longestRepeat));
+        return call.fail(u"重复的次数应在 0 到 %1 之间"_s.arg(longestRepeat));
     std::string result;
     for (qint64 each = 0; each < count; ++each)
         result += character;
@@ -201,7 +203,7 @@ void asc(FunctionCall &call)
     const std::string_view text = call.text(0);
     size_t at = 0;
     if (text.empty())
-        call.fail(u"asc 的参数不能是空文本"_qs);
+        call.fail(u"asc 的参数不能是空文本"_s);
     else
         call.giveInteger(takeCharacter(text, at));
 }
@@ -210,7 +212,7 @@ void chr(FunctionCall &call)
 {
     const qint64 code = call.integer(0);
     if (code < 1 || code > 0x10FFFF || QChar::isSurrogate(static_cast<char32_t>(code)))
-        return call.fail(u"chr 的参数不是字符的代码"_qs);
+        return call.fail(u"chr 的参数不是字符的代码"_s);
     const auto character = static_cast<char32_t>(code);
     call.give(QString::fromUcs4(&character, 1));
 }

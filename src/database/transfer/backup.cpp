@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -21,7 +23,7 @@ void requireOther(const QString &one, const QString &other)
 {
     const QString path = QFileInfo(one).canonicalFilePath();
     if (!path.isEmpty() && path == QFileInfo(other).canonicalFilePath())
-        throw DatabaseError(QStringLiteral("备份和数据库不能是同一个文件：%1").arg(one));
+        throw DatabaseError(u"备份和数据库不能是同一个文件：%1"_s.arg(one));
 }
 
 /// A table with the columns that it has in this file, those of an older version as well.
@@ -36,20 +38,18 @@ QStringList columnsOf(const Catalog::Table &table)
 /// A few inserts in the engine's language: names of our own and hexadecimal digits need no care.
 QByteArray checksumScript(Connection &database, BackupOutcome &outcome)
 {
-    QString script =
-        QStringLiteral("begin; create table host_backup(tableName text, rowCount integer, checksum text);");
+    QString script = u"begin; create table host_backup(tableName text, rowCount integer, checksum text);"_s;
     for (const TableDefinition &definition : schemaTables()) {
         const Catalog::Table *table = database.catalog().table(definition.name);
         if (!table)
             continue;
         const TableDigest digest = digestOf(database, table->name, columnsOf(*table));
         outcome.rows += digest.rowCount();
-        script += QStringLiteral("insert into host_backup values('%1',%2,'%3');")
-                      .arg(table->name)
+        script += u"insert into host_backup values('%1',%2,'%3');"_s.arg(table->name)
                       .arg(digest.rowCount())
                       .arg(digest.checksum());
     }
-    return (script + QStringLiteral("commit")).toUtf8();
+    return (script + u"commit"_s).toUtf8();
 }
 
 /// A backup of an older version lacks what came later; it is brought up after the restore.
@@ -63,7 +63,7 @@ void requireSound(Connection &connection)
     }
     const RowBlock damage = connection.queryNative("pragma integrity_check(1)");
     if (damage.cell(0, 0) != "ok")
-        throw DatabaseError(QStringLiteral("文件损坏：%1").arg(damage.value(0, 0).toString()));
+        throw DatabaseError(u"文件损坏：%1"_s.arg(damage.value(0, 0).toString()));
 }
 
 void requireChecksums(Connection &connection, BackupOutcome &outcome)
@@ -72,14 +72,14 @@ void requireChecksums(Connection &connection, BackupOutcome &outcome)
     if (!outcome.hasChecksums)
         return;
     const RowBlock recorded =
-        connection.query(QStringLiteral("select tableName,rowCount,checksum from %1").arg(checksumTable));
+        connection.query(u"select tableName,rowCount,checksum from %1"_s.arg(checksumTable));
     for (qsizetype row = 0; row < recorded.rowCount(); ++row) {
         const QString name = recorded.value(row, 0).toString();
         const Catalog::Table *table = connection.catalog().table(name);
         const TableDigest found = table ? digestOf(connection, name, columnsOf(*table)) : TableDigest();
         if (!table || found.rowCount() != recorded.value(row, 1).toLongLong() ||
             found.checksum() != recorded.value(row, 2).toString())
-            throw DatabaseError(QStringLiteral("表 %1 的内容与备份时不同").arg(name));
+            throw DatabaseError(u"表 %1 的内容与备份时不同"_s.arg(name));
         outcome.rows += found.rowCount();
     }
 }
@@ -88,14 +88,14 @@ void requireChecksums(Connection &connection, BackupOutcome &outcome)
 void requireGood(const QString &path, BackupOutcome &outcome)
 {
     const QString location =
-        QStringLiteral("file:%1?immutable=1").arg(QString::fromLatin1(QUrl::toPercentEncoding(path, "/")));
+        u"file:%1?immutable=1"_s.arg(QString::fromLatin1(QUrl::toPercentEncoding(path, "/")));
     try {
         SqliteConnection connection(location, Connection::Missing::IsAnError);
         requireSound(connection);
         outcome.rows = 0;
         requireChecksums(connection, outcome);
     } catch (const DatabaseError &error) {
-        throw DatabaseError(QStringLiteral("备份损坏或被改动过，不能使用：%1").arg(error.message()));
+        throw DatabaseError(u"备份损坏或被改动过，不能使用：%1"_s.arg(error.message()));
     }
 }
 
@@ -120,14 +120,13 @@ void writePages(const QString &path, sqlite3 *source, const PageProgress &progre
 QString asideName(const QString &database)
 {
     const QString moment =
-        QStringLiteral("%1.%2").arg(database, QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"));
+        u"%1.%2"_s.arg(database, QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"));
     const auto isTaken = [](const QString &name) {
-        return QFile::exists(name) || QFile::exists(name + QStringLiteral("-wal")) ||
-               QFile::exists(name + QStringLiteral("-journal"));
+        return QFile::exists(name) || QFile::exists(name + u"-wal"_s) || QFile::exists(name + u"-journal"_s);
     };
     QString name = moment;
     for (int number = 2; isTaken(name); ++number)
-        name = QStringLiteral("%1-%2").arg(moment).arg(number);
+        name = u"%1-%2"_s.arg(moment).arg(number);
     return name;
 }
 
@@ -140,8 +139,7 @@ void putInPlace(UnfinishedFile &restored, const QString &database, BackupOutcome
     }
     WholeFile replaced(database, WholeFile::Access::Writes);
     if (!replaced.seize())
-        throw DatabaseError(
-            QStringLiteral("数据库正被其他程序使用，请关闭后再恢复，未恢复：%1").arg(database));
+        throw DatabaseError(u"数据库正被其他程序使用，请关闭后再恢复，未恢复：%1"_s.arg(database));
     restored.takeOverAccess(database);
     keepAside(database, aside);
     restored.takeName(true);
@@ -151,7 +149,7 @@ void putInPlace(UnfinishedFile &restored, const QString &database, BackupOutcome
 void requireFile(const QString &path)
 {
     if (!QFileInfo(path).isFile())
-        throw DatabaseError(QStringLiteral("找不到文件：%1").arg(path));
+        throw DatabaseError(u"找不到文件：%1"_s.arg(path));
 }
 
 } // namespace
@@ -162,7 +160,7 @@ BackupOutcome backUp(const QString &database, const QString &file, bool replaced
     requireFile(database);
     requireOther(database, file);
     if (!replaced && QFile::exists(file))
-        throw DatabaseError(QStringLiteral("文件已存在，未备份（可用 --replace 覆盖）：%1").arg(file));
+        throw DatabaseError(u"文件已存在，未备份（可用 --replace 覆盖）：%1"_s.arg(file));
     BackupOutcome outcome;
     SqliteConnection source(database, Connection::Missing::IsAnError);
     source.beginReading();
@@ -190,7 +188,7 @@ BackupOutcome restore(const QString &file, const QString &location, const PagePr
     try {
         writePages(unfinished.path(), WholeFile(file, WholeFile::Access::Reads).handle(), progress);
     } catch (const DatabaseError &error) {
-        throw DatabaseError(QStringLiteral("无法从备份恢复，原数据库未动：%1").arg(error.message()));
+        throw DatabaseError(u"无法从备份恢复，原数据库未动：%1"_s.arg(error.message()));
     }
     requireGood(unfinished.path(), outcome);
     makeReady(unfinished.path(), outcome);

@@ -5,6 +5,8 @@
 #include "database/schema/tables.h"
 #include "database/transfer/table_digest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -43,23 +45,23 @@ void requireSource(Connection &source)
 {
     const QString obstacle = Identity::of(source).obstacle();
     if (!obstacle.isEmpty())
-        throw DatabaseError(QStringLiteral("源数据库：%1 %2").arg(obstacle, source.location()));
+        throw DatabaseError(u"源数据库：%1 %2"_s.arg(obstacle, source.location()));
 }
 
 /// The version is no content: a schema that was made and never filled is as good as none.
 void requireEmpty(Connection &target)
 {
     if (Identity::of(target).standing == Identity::Foreign)
-        throw DatabaseError(QStringLiteral("目标数据库中有其他程序的表，未复制：%1").arg(target.location()));
+        throw DatabaseError(u"目标数据库中有其他程序的表，未复制：%1"_s.arg(target.location()));
     for (const TableDefinition &table : schemaTables()) {
         const Catalog::Table *present = target.catalog().table(table.name);
         if (!present || present->name == u"host_schema")
             continue;
-        const QString statement = QStringLiteral("select top 1 %1 from %2")
-                                      .arg(QString::fromUtf16(table.columns.front().name), nameOf(table));
+        const QString statement =
+            u"select top 1 %1 from %2"_s.arg(QString::fromUtf16(table.columns.front().name), nameOf(table));
         if (target.query(statement).rowCount() > 0)
-            throw DatabaseError(QStringLiteral("目标数据库中已有数据（表 %1），请用新的数据库，未复制：%2")
-                                    .arg(nameOf(table), target.location()));
+            throw DatabaseError(u"目标数据库中已有数据（表 %1），请用新的数据库，未复制：%2"_s.arg(
+                nameOf(table), target.location()));
     }
 }
 
@@ -71,7 +73,7 @@ void findLeftOut(Connection &source, const TableDefinition &table, QStringList &
         return;
     for (const Column &column : present->columns) {
         if (!known.contains(column.name, Qt::CaseInsensitive))
-            leftOut << QStringLiteral("%1.%2").arg(present->name, column.name);
+            leftOut << u"%1.%2"_s.arg(present->name, column.name);
     }
 }
 
@@ -79,8 +81,7 @@ TableDigest copyTable(Connection &source, Connection &target, const TableDefinit
                       const CopyProgress &progress)
 {
     const QString name = nameOf(table);
-    const qint64 total =
-        source.query(QStringLiteral("select count(*) from %1").arg(name)).value(0, 0).toLongLong();
+    const qint64 total = source.query(u"select count(*) from %1"_s.arg(name)).value(0, 0).toLongLong();
     TableDigest digest;
     source.readTable(name, columnsOf(table), [&](const RowBlock &block) {
         target.insertRows(name, block);
@@ -98,9 +99,8 @@ void requireEqual(Connection &target, const TableDefinition &table, const TableD
     const TableDigest found = digestOf(target, nameOf(table), columnsOf(table));
     if (found == expected)
         return;
-    throw DatabaseError(QStringLiteral("复制后核对不符，已全部撤销：表 %1 应有 %2 行（校验和 %3），实为 %4 "
-                                       "行（校验和 %5）")
-                            .arg(nameOf(table))
+    throw DatabaseError(u"复制后核对不符，已全部撤销：表 %1 应有 %2 行（校验和 %3），实为 %4 "
+                        "行（校验和 %5）"_s.arg(nameOf(table))
                             .arg(expected.rowCount())
                             .arg(expected.checksum())
                             .arg(found.rowCount())
@@ -117,7 +117,7 @@ CopyReport copyDatabase(Connection &source, Connection &target, const CopyProgre
     Transaction transaction(target);
     requireEmpty(target);
     install(target);
-    target.execute(QStringLiteral("delete from host_schema"));
+    target.execute(u"delete from host_schema"_s);
     std::vector<TableDigest> digests;
     for (const TableDefinition &table : schemaTables()) {
         findLeftOut(source, table, report.leftOut);

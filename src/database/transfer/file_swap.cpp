@@ -13,19 +13,21 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
 
 [[noreturn]] void fail(const QString &text, const QString &path)
 {
-    throw DatabaseError(QStringLiteral("%1：%2（%3）").arg(text, path, systemReason(errno)));
+    throw DatabaseError(u"%1：%2（%3）"_s.arg(text, path, systemReason(errno)));
 }
 
 QString freeName(const QString &name)
 {
     for (int number = 1;; ++number) {
-        const QString path = QStringLiteral("%1.%2.unfinished").arg(name).arg(number);
+        const QString path = u"%1.%2.unfinished"_s.arg(name).arg(number);
         const int file =
             ::open(QFile::encodeName(path).constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
         if (file >= 0) {
@@ -33,7 +35,7 @@ QString freeName(const QString &name)
             return path;
         }
         if (errno != EEXIST)
-            fail(QStringLiteral("无法创建文件"), path);
+            fail(u"无法创建文件"_s, path);
     }
 }
 
@@ -46,7 +48,7 @@ void flush(const QString &path)
         ::close(file);
     errno = reason;
     if (!flushed)
-        fail(QStringLiteral("无法写入磁盘"), path);
+        fail(u"无法写入磁盘"_s, path);
 }
 
 void flushFolderOf(const QString &path)
@@ -91,16 +93,16 @@ void UnfinishedFile::takeOverAccess(const QString &other)
         return;
     if (::chown(target.constData(), old.st_uid, old.st_gid) != 0 &&
         ::chown(target.constData(), static_cast<uid_t>(-1), old.st_gid) != 0)
-        fail(QStringLiteral("无法保留文件的属组，请由属主或管理员操作"), other);
+        fail(u"无法保留文件的属组，请由属主或管理员操作"_s, other);
     if (::chmod(target.constData(), old.st_mode & 07777) != 0)
-        fail(QStringLiteral("无法设置文件的权限"), m_path);
+        fail(u"无法设置文件的权限"_s, m_path);
 }
 
 void UnfinishedFile::takeName(bool replacing)
 {
     flush(m_path);
     if (renameFile(m_path, m_name, replacing) != 0)
-        fail(QStringLiteral("无法写入文件"), m_name);
+        fail(u"无法写入文件"_s, m_name);
     flushFolderOf(m_name);
 }
 
@@ -109,15 +111,15 @@ void keepAside(const QString &name, const QString &aside)
     for (const char *ending : {"-wal", "-journal"}) {
         const QString log = name + QLatin1String(ending);
         if (QFile::exists(log) && renameFile(log, aside + QLatin1String(ending), false) != 0)
-            fail(QStringLiteral("无法保留原数据库的日志"), log);
+            fail(u"无法保留原数据库的日志"_s, log);
     }
-    QFile::remove(name + QStringLiteral("-shm"));
+    QFile::remove(name + u"-shm"_s);
     if (!QFile::exists(name))
         return;
     const bool linked =
         ::link(QFile::encodeName(name).constData(), QFile::encodeName(aside).constData()) == 0;
     if (!linked && (errno == EEXIST || renameFile(name, aside, false) != 0))
-        fail(QStringLiteral("无法保留原数据库"), aside);
+        fail(u"无法保留原数据库"_s, aside);
     flushFolderOf(aside);
 }
 

@@ -9,6 +9,8 @@
 
 #include <charconv>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -89,7 +91,7 @@ QString TableDigest::checksum() const
 {
     QString text;
     for (const quint64 part : m_sum)
-        text += QStringLiteral("%1").arg(part, 16, 16, QChar(u'0'));
+        text += u"%1"_s.arg(part, 16, 16, QChar(u'0'));
     return text;
 }
 

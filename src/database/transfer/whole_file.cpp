@@ -6,6 +6,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::db {
 
 namespace {
@@ -29,7 +31,7 @@ WholeFile::WholeFile(const QString &path, Access access)
     const int result = sqlite3_open_v2(path.toUtf8().constData(), &handle, flags, nullptr);
     m_handle.reset(handle);
     if (result != SQLITE_OK)
-        throw DatabaseError(QStringLiteral("%1：%2").arg(sqliteErrorText(handle), path));
+        throw DatabaseError(u"%1：%2"_s.arg(sqliteErrorText(handle), path));
     distrust(handle);
     sqlite3_busy_timeout(handle, lockTimeout);
 }
