@@ -2,6 +2,7 @@
 
 #include "library/controls/control.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QWidget>
 
@@ -30,6 +31,26 @@ void setVisibleWithParent(QWidget &widget, bool visible)
         widget.show();
 }
 
+/// A command's letter pressed once too often reaches the form that the command has opened. Qt would type it,
+/// and Alt+N pressed twice would replace the number of the new listing by "n".
+class AltLetters : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto &key = static_cast<const QKeyEvent &>(*event);
+        const bool isLetter =
+            key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text().front().isPrint();
+        if (isLetter)
+            event->ignore();
+        return isLetter;
+    }
+};
+
 } // namespace
 
 QString widgetName(const Control &control)
@@ -54,6 +75,7 @@ void bindControl(const Control &control, QWidget &widget)
     QObject::connect(&control, &Control::stateChanged, &widget, follow);
     QObject::connect(&control, &Control::focusRequested, &widget,
                      [&widget] { widget.setFocus(Qt::OtherFocusReason); });
+    widget.installEventFilter(new AltLetters(&widget));
     follow();
 }
 

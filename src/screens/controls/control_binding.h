@@ -16,7 +16,7 @@ class Control;
 [[nodiscard]] QString withMnemonic(const QString &caption, QChar mnemonic);
 
 /// Names the widget after its control and keeps enabled, visible, tool tip and the wish for the keyboard in
-/// step. The control outlives the widget.
+/// step, and keeps letters pressed with Alt out of its text. The control outlives the widget.
 void bindControl(const Control &control, QWidget &widget);
 
 /// A label with the control's caption that stays in step with it; its mnemonic goes to `field`.

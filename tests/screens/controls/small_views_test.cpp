@@ -84,6 +84,8 @@ TEST(TextBoxView, GoesBothWaysAndPassesEnterOn)
     EXPECT_EQ(view.text(), box.Text());
     QTest::keyClicks(&view, u"1\r"_qs);
     EXPECT_EQ(box.Text(), u"A'1"_qs);
+    QTest::keyClick(&view, Qt::Key_N, Qt::AltModifier);
+    EXPECT_EQ(box.Text(), u"A'1"_qs) << "a command's letter is no text";
     EXPECT_EQ(returns.size(), 1);
 }
 
