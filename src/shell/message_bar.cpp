@@ -4,6 +4,7 @@
 #include "screens/look/look.h"
 #include "screens/look/message_text.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QShortcut>
 #include <QToolButton>
@@ -60,7 +61,14 @@ MessageBar::MessageBar(QWidget *parent)
     layout->setSpacing(0);
     setObjectName(QStringLiteral("MessageBar"));
     connect(m_escape, &QShortcut::activated, this, &MessageBar::closeNewest);
+    connect(qApp, &QApplication::focusChanged, this, &MessageBar::noteFocus);
     rebuild();
+}
+
+void MessageBar::noteFocus(QWidget *before, QWidget *now)
+{
+    if (isAncestorOf(now) && !isAncestorOf(before))
+        m_focusedBefore = before;
 }
 
 void MessageBar::add(const QString &text, int level, const QString &title)
@@ -97,6 +105,8 @@ QStringList MessageBar::shownTexts() const
 
 void MessageBar::rebuild()
 {
+    if (m_focusedBefore && isAncestorOf(QApplication::focusWidget()))
+        m_focusedBefore->setFocus(Qt::OtherFocusReason);
     while (QLayoutItem *item = layout()->takeAt(0)) {
         item->widget()->hide();
         item->widget()->deleteLater(); // its own button may be what is being pressed

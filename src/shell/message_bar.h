@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QPointer>
 #include <QString>
 
 #include <vector>
@@ -37,9 +38,11 @@ private:
     };
     void rebuild();
     [[nodiscard]] QWidget *row(const Entry &entry, size_t position);
+    void noteFocus(QWidget *before, QWidget *now);
 
     std::vector<Entry> m_entries; ///< oldest first
     QShortcut *m_escape;
+    QPointer<QWidget> m_focusedBefore; ///< gets the keyboard back when a message that has it goes
 };
 
 } // namespace ebtq::shell
