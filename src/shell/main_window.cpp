@@ -26,7 +26,7 @@ namespace {
 
 constexpr int untilReturned = 20; // milliseconds
 /// Narrower than this, the navigation would take room that a list needs.
-constexpr int collapseBelow = 1100;
+constexpr int collapseBelow = 1180;
 /// Of the text that tells where the database lies; its tool tip has it whole.
 constexpr int widestPlace = 480;
 

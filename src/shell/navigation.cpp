@@ -42,6 +42,7 @@ Navigation::Navigation(const QStringList &classNames, QWidget *parent)
         addEntry(module, entry.icon.toString());
     }
     column->addStretch();
+    setMinimumWidth(collapsedWidth); // else the window could never become narrow enough to collapse it
     setCollapsed(false);
 }
 
@@ -77,12 +78,18 @@ void Navigation::addEntry(const host::ModuleEntry &module, const QString &icon)
 void Navigation::setCollapsed(bool collapsed)
 {
     m_collapsed = collapsed;
-    setFixedWidth(collapsed ? collapsedWidth : fullWidth);
+    setMaximumWidth(collapsed ? collapsedWidth : fullWidth);
+    updateGeometry();
     m_title->setVisible(!collapsed);
     for (QLabel *group : m_groups)
         group->setVisible(!collapsed);
     for (const Entry &entry : m_entries)
         entry.button->setToolButtonStyle(collapsed ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+}
+
+QSize Navigation::sizeHint() const
+{
+    return {maximumWidth(), QWidget::sizeHint().height()};
 }
 
 void Navigation::setCurrent(host::ModuleId module)

@@ -23,6 +23,7 @@ public:
 
     void setCollapsed(bool collapsed);
     [[nodiscard]] bool isCollapsed() const { return m_collapsed; }
+    [[nodiscard]] QSize sizeHint() const override;
     /// Marks the module in sight.
     void setCurrent(host::ModuleId module);
     void clearCurrent();

@@ -332,6 +332,8 @@ TEST_F(MainWindowTest, ShowsSessionAndModulesAndCollapsesWhenNarrow)
     EXPECT_EQ(child<QLabel>("Session")->text(), u"营业一部 · 张敏    业务日期 2026-11-22");
     EXPECT_EQ(child<QLabel>("DatabasePlace")->text(), u"本地数据库 · a.db");
     EXPECT_FALSE(child<Navigation>("Navigation")->isCollapsed());
+    EXPECT_LT(child<Navigation>("Navigation")->minimumWidth(), child<Navigation>("Navigation")->width())
+        << "the window must be able to become narrow";
     window().resize(1000, 700);
     QApplication::processEvents();
     EXPECT_TRUE(child<Navigation>("Navigation")->isCollapsed());
