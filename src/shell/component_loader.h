@@ -11,7 +11,7 @@ namespace ebtq::shell {
 [[nodiscard]] QStringList componentLibraryPlaces();
 
 /// Loads the component library and keeps it loaded until the program ends. Throws Failure with a text for the
-/// user when the file is missing, is no library or is another one.
+/// user when the file is missing, is no library or a different one.
 [[nodiscard]] ComponentLibrary &loadComponentLibrary(const QStringList &places);
 
 } // namespace ebtq::shell

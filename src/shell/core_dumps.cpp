@@ -5,7 +5,7 @@
 
 namespace ebtq::shell {
 
-/// The limit alone is passed over where the system hands dumps to a program, as most do.
+/// Most systems hand dumps to a program, and the kernel then ignores the limit.
 void forbidCoreDumps()
 {
     constexpr rlimit none{0, 0};

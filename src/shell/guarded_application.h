@@ -6,8 +6,7 @@
 
 namespace ebtq::shell {
 
-/// An application in which an exception that escapes from handling an event ends that event and not the
-/// program.
+/// An application in which an exception that escapes an event handler ends that event, not the program.
 class GuardedApplication : public QApplication
 {
     Q_OBJECT

@@ -35,7 +35,7 @@ QLabel *labelOfKind(const QString &text, const QString &kind)
     return label;
 }
 
-/// Seconds; a slip of the finger costs none.
+/// Seconds; the first wrong password causes none.
 int pauseAfter(int wrong)
 {
     constexpr int longest = 60;

@@ -12,18 +12,18 @@ class QPushButton;
 
 namespace ebtq::shell {
 
-/// Asks for name and password until a sign-in succeeds or the person leaves. From the second wrong password
-/// on each costs a pause, twice as long as the one before it, during which nothing can be tried.
+/// Asks for name and password until a sign-in succeeds or the dialog is cancelled. From the second wrong
+/// password on each causes a pause, twice as long as the one before, in which no sign-in is possible.
 class LoginDialog : public QDialog
 {
     Q_OBJECT
 
 public:
     /// Throws an exception with a text for the user when the sign-in fails, a host::WrongPassword for what
-    /// costs a pause.
+    /// causes a pause.
     using SignIn = std::function<void(const QString &name, const QString &password)>;
 
-    /// `database` tells the person where the sign-in goes.
+    /// `database` is shown: where the sign-in goes.
     LoginDialog(const QString &presetName, const QString &database, SignIn signIn);
 
     [[nodiscard]] QString name() const;

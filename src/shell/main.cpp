@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What is only printed must not need a display.
+/// Options that only print must not need a display.
 bool isOnlyPrinted(int argc, char **argv)
 {
     constexpr std::string_view printing[] = {"-h", "--help", "-v", "--version"};

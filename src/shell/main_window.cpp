@@ -27,7 +27,7 @@ namespace {
 constexpr int untilReturned = 20; // milliseconds
 /// Narrower than this, the navigation would take room that a list needs.
 constexpr int collapseBelow = 1180;
-/// Of the text that tells where the database lies; its tool tip has it whole.
+/// Of the database's location, in pixels; its tool tip has the whole text.
 constexpr int widestPlace = 480;
 
 QLabel *plainLabel(const QString &text, const QString &objectName)
@@ -46,7 +46,7 @@ QWidget *barOfKind(const QString &kind)
     return bar;
 }
 
-/// To where the person was in the page; before, to what the view wants the keyboard to begin with.
+/// To the widget last used in the page; at first, to the view's own choice.
 void giveFocus(QWidget &page)
 {
     QWidget *lastUsed = page.focusWidget();
@@ -140,7 +140,7 @@ QWidget *MainWindow::topBar(const SessionFacts &facts)
     session->setProperty("kind", QStringLiteral("caption"));
     QWidget *bar = barOfKind(QStringLiteral("bar"));
     auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(8, 0, 8, 1); // the bar's own line stays in sight below the tabs
+    row->setContentsMargins(8, 0, 8, 1); // keeps the bar's border visible below the tabs
     row->addWidget(m_tabs, 0, Qt::AlignBottom);
     row->addStretch();
     row->addWidget(session);
@@ -250,8 +250,8 @@ bool MainWindow::isWaitedFor(const std::function<void()> &again)
 {
     while (QWidget *open = QApplication::activePopupWidget()) {
         const bool isWaited = qobject_cast<Popup *>(open);
-        // A popup that is waited for is gone only after its event loop has ended; what is queued then comes
-        // when the module's operation has returned, too.
+        // Such a popup is destroyed after its event loop has ended; a call queued then runs after the
+        // module's operation has returned.
         if (isWaited)
             connect(open, &QObject::destroyed, this, again, Qt::QueuedConnection);
         open->hide();
@@ -260,8 +260,7 @@ bool MainWindow::isWaitedFor(const std::function<void()> &again)
     }
     if (QApplication::activeModalWidget())
         return true;
-    // A dialog may be hidden already while the module's operation that has shown it is still to return from
-    // its event loop.
+    // A dialog may be hidden already while the operation that has shown it is still in its event loop.
     const bool isReturning = QThread::currentThread()->loopLevel() > 1;
     if (isReturning)
         QTimer::singleShot(untilReturned, this, again);
@@ -317,8 +316,8 @@ void MainWindow::showFailure(const QString &text)
     tell(text, FailureLevel, {});
 }
 
-/// In the form as well that is shown modally: the window and its bar stand behind it. The window keeps the
-/// message, since a save can end the form just when its failure is told.
+/// Also in an open modal form, which covers the window's bar. The window keeps the message, since a save can
+/// close the form just when its failure is reported.
 void MainWindow::tell(const QString &text, int level, const QString &title)
 {
     m_messages->add(text, level, title);

@@ -19,7 +19,7 @@ class MessageBar;
 class ModulePage;
 class Navigation;
 
-/// What the window tells about the session.
+/// What the window shows about the session.
 struct SessionFacts
 {
     QString userName;
@@ -40,7 +40,7 @@ public:
 
     /// Brings a module to the front and makes it when it is not open yet.
     void openModule(host::ModuleId module);
-    /// Opens the first module of the navigation; tells when the component library has none.
+    /// Opens the first module of the navigation; shows a failure when the component library has none.
     void openFirstModule();
     /// A failure that no module reported.
     void showFailure(const QString &text);
@@ -58,9 +58,9 @@ private:
     void addTab(ModulePage &page, const QString &caption);
     void closePage(ModulePage &page);
     void removePage(ModulePage &page);
-    /// Whether a module waits for an answer in the middle of its work, so that it cannot be ended now. A list
-    /// or calendar that it shows is put away, and `again` is called when the work has returned; a form or
-    /// message box stays, and what was asked for is dropped.
+    /// Whether a module waits for an answer in the middle of an operation and cannot be ended now. A list or
+    /// calendar that it shows is closed, and `again` is called when the operation has returned; a form or
+    /// message box stays open, and the request is dropped.
     [[nodiscard]] bool isWaitedFor(const std::function<void()> &again);
     void showCurrentPage();
     void stepTab(int step);
@@ -76,7 +76,7 @@ private:
     Navigation *m_navigation;
     QTabBar *m_tabs;
     MessageBar *m_messages;
-    QStackedWidget *m_pages; ///< the page of a tab stands at the tab's position
+    QStackedWidget *m_pages; ///< a page has the position of its tab
     QLabel *m_status;
 };
 

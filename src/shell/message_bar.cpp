@@ -30,8 +30,7 @@ QLabel *textLabel(const QString &text, const QString &toolTip)
     auto *label = new QLabel(text);
     label->setToolTip(toolTip);
     label->setObjectName(textName);
-    label->setTextFormat(
-        Qt::PlainText); // a typed text stands in many messages and must not be read as mark-up
+    label->setTextFormat(Qt::PlainText); // messages contain typed texts, which must not be read as markup
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     label->setFocusPolicy(Qt::ClickFocus);
@@ -109,7 +108,7 @@ void MessageBar::rebuild()
         m_focusedBefore->setFocus(Qt::OtherFocusReason);
     while (QLayoutItem *item = layout()->takeAt(0)) {
         item->widget()->hide();
-        item->widget()->deleteLater(); // its own button may be what is being pressed
+        item->widget()->deleteLater(); // the call may come from its own button
         delete item;
     }
     for (size_t shown = 0; shown < std::min(shownAtMost, m_entries.size()); ++shown) {

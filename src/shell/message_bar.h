@@ -25,7 +25,7 @@ public:
     /// Takes the newest message away.
     void closeNewest();
 
-    /// Texts in sight, newest first, as they stand on the screen.
+    /// The visible texts, newest first.
     [[nodiscard]] QStringList shownTexts() const;
 
 private:

@@ -8,7 +8,7 @@
 
 namespace ebtq::shell {
 
-/// A module's place in the navigation; caption, class and number stand with the modules of the host.
+/// A module's place in the navigation; caption, class and number are in the host's module table.
 struct NavigationEntry
 {
     QStringView group;
@@ -16,7 +16,7 @@ struct NavigationEntry
     QStringView icon;
 };
 
-/// In the order of sight; entries of one group stand together.
+/// In display order; entries of one group are adjacent.
 [[nodiscard]] std::span<const NavigationEntry> navigationEntries();
 [[nodiscard]] const host::ModuleEntry &moduleEntry(host::ModuleId id);
 

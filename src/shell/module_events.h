@@ -5,11 +5,10 @@
 
 namespace ebtq::shell {
 
-/// The events of a module whose class this program does not know: it comes out of a library loaded by name.
-/// Each signal here has the name and the arguments of an event of the modules' contract and is bound by that
-/// name to the module's own, so that the rest of the program connects to events as to any other signal. An
-/// event that a module does not have never comes; one of another shape than the contract's is reported and
-/// left alone.
+/// The events of a module whose class is unknown here, since it comes from a library loaded by name. Each
+/// signal has the name and arguments of an event of the module contract and is connected to the module's
+/// signal of that name. An event that the module lacks is never raised; one with other arguments than the
+/// contract's is reported and not connected.
 class ModuleEvents : public QObject
 {
     Q_OBJECT

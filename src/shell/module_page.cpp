@@ -50,7 +50,7 @@ bool ModulePage::open()
     return true;
 }
 
-/// A module that could not be initialised has told why; that it is not opened is told in any case.
+/// A module that cannot be initialised raises its own error; that it is not opened is reported in any case.
 void ModulePage::initialise()
 {
     if (!m_report->IReportUI_Init(m_app, m_entry.id))
@@ -108,7 +108,7 @@ void ModulePage::restoreLayout()
 QString ModulePage::layoutFile() const
 {
     const QString folder = m_app.Session().AppPath() + QStringLiteral("/selfbb");
-    // Where it cannot be made the module tells once a layout is to be kept, not at each load.
+    // If this fails, the module reports it when it saves a layout, not at each load.
     QDir().mkpath(folder);
     const QStringView name = m_entry.className.mid(m_entry.className.lastIndexOf(u'.') + 1);
     return QStringLiteral("%1/%2.txt").arg(folder, name);

@@ -32,14 +32,14 @@ public:
     bool open();
     /// Loads the module again.
     void refresh();
-    /// Keeps the layout and ends the module: the view first, since it looks at the module. May be called
+    /// Saves the layout and ends the module: the view first, since it looks at the module. May be called
     /// again.
     void shut();
 
 Q_SIGNALS:
     void message(const QString &text);
     void errMessage(const QString &text, int level, const QString &title);
-    /// The module asks to be closed; sent when control is back from it.
+    /// The module asks to be closed; sent after its operation has returned.
     void closeRequested();
 
 private:

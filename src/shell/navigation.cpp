@@ -59,7 +59,7 @@ void Navigation::addEntry(const host::ModuleEntry &module, const QString &icon)
     auto *button = new QToolButton;
     button->setProperty("kind", QStringLiteral("nav"));
     button->setObjectName(QStringLiteral("Navigation_%1").arg(static_cast<int>(module.id)));
-    button->setText(u' ' + module.caption.toString()); // a tool button puts its text hard against the icon
+    button->setText(u' ' + module.caption.toString()); // else the text touches the icon
     button->setToolTip(module.caption.toString());
     button->setAccessibleName(module.caption.toString());
     button->setIcon(look::icon(icon, &look::Tokens::navigationInk));

@@ -24,7 +24,7 @@ public:
     void setCollapsed(bool collapsed);
     [[nodiscard]] bool isCollapsed() const { return m_collapsed; }
     [[nodiscard]] QSize sizeHint() const override;
-    /// Marks the module in sight.
+    /// Marks the module that is shown.
     void setCurrent(host::ModuleId module);
     void clearCurrent();
     /// Gives the keyboard to the current entry, else to the first.

@@ -60,7 +60,7 @@ void showWindow(MainWindow &window)
 int runSession(GuardedApplication &application, const Options &options, db::Connection &connection,
                const host::User &user, const Drive &drive)
 {
-    // A tour must see the same on every machine: it starts without the layouts that a person keeps.
+    // A tour must look the same on every machine: it starts without saved layouts.
     const QTemporaryDir tourFolder;
     const QString appPath = options.tour.isEmpty() ? dataFolder() : tourFolder.path();
     const QDate today = QDate::currentDate();

@@ -9,7 +9,7 @@ namespace ebtq::shell {
 class GuardedApplication;
 class MainWindow;
 
-/// Runs the desktop whose window is open until it ends; the exit status.
+/// Runs the desktop, whose window is open, to its end; returns the exit status.
 using Drive = std::function<int(MainWindow &)>;
 
 /// Opens the database, signs in and runs the desktop, or the tour, to its end; the program's exit status. A

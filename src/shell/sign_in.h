@@ -17,13 +17,12 @@ namespace ebtq::shell {
 /// Opens the database `named` by the user, or the one in the data folder. Throws an exception with a text for
 /// the user that says what to do when there is none yet.
 [[nodiscard]] std::unique_ptr<db::Connection> openDatabase(const QString &named);
-/// What the window tells about where the database lies.
+/// The database's kind and location, as the window shows them.
 [[nodiscard]] QString databasePlace(const db::Connection &connection);
 
-/// Signs in without asking when the environment has a password, as scripts do, and takes it from there; else
-/// with the dialog; nothing when the person left it. Throws an exception with a text for the user when the
-/// password of the environment is wrong, and when there is none for a tour, during which nobody is there to
-/// be asked.
+/// Signs in without asking when the environment has a password, as scripts do, and removes it there; else
+/// with the dialog; std::nullopt when that is cancelled. Throws an exception with a text for the user when
+/// the password of the environment is wrong or missing for a tour, where nobody can be asked.
 [[nodiscard]] std::optional<host::User> signInUser(db::Connection &connection, const Options &options);
 
 } // namespace ebtq::shell

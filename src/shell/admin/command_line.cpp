@@ -18,8 +18,8 @@ QCommandLineOption optionOf(QStringView entry)
                              : QCommandLineOption(name, {}, parts.last().toString());
 }
 
-/// Why a call was not understood. Of the known options only one at the end can lack its value; what is left
-/// is a value for one that takes none.
+/// Why the arguments are refused: only the last option can lack its value, so what remains is a value for an
+/// option that takes none.
 QString mistakeIn(const QCommandLineParser &parser, const CommandDefinition &command,
                   const QStringList &arguments)
 {

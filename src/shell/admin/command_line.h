@@ -9,7 +9,7 @@
 
 namespace ebtq::admin {
 
-/// A call that cannot be understood: the help is shown and the program ends with 2.
+/// Invalid arguments: the help is shown and the exit status is 2.
 class UsageError : public std::runtime_error
 {
 public:
@@ -24,11 +24,11 @@ struct CommandDefinition
     QStringView name;
     QStringView description;
     QStringView
-        options; ///< names parted by blanks, with "=" and a word for the value behind those that take one
+        options; ///< names separated by blanks, followed by "=" and a word for the value if they take one
     QStringView argument; ///< name of the one argument; empty for none
 };
 
-/// The options and the argument of a call. Every reading throws UsageError for what does not fit.
+/// The options and the argument of a call. Every accessor throws UsageError for invalid input.
 class CommandLine
 {
 public:
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] QString text(const QString &option) const { return m_parser.value(option); }
     [[nodiscard]] QString requiredText(const QString &option) const;
     [[nodiscard]] int count(const QString &option, int preset) const;
-    /// Any number of 64 bits without a sign: a seed is no count and has no limit of its own.
+    /// Any unsigned 64-bit number: a seed is no count and has no limit of its own.
     [[nodiscard]] quint64 seed(const QString &option, quint64 preset) const;
     [[nodiscard]] QDate date(const QString &option, const QDate &preset) const;
     [[nodiscard]] QString argument() const;

@@ -4,8 +4,8 @@
 
 namespace ebtq::admin {
 
-/// Runs one command; the program's exit status: 0, 1 for a failure, 2 for a call that was not understood. The
-/// arguments are those behind the program's name, as the bytes that were given.
+/// Runs one command; the program's exit status: 0, 1 for a failure, 2 for invalid arguments. The
+/// arguments follow the program's name, as raw bytes.
 int runCommand(std::span<const char *const> arguments);
 
 } // namespace ebtq::admin

@@ -12,7 +12,7 @@ struct Relation
     QStringView key;
 };
 
-/// A 0 stands for a name that was typed and is in no dictionary, and counts as no reference.
+/// 0 is stored for a typed name that is in no dictionary; it is no reference.
 constexpr Relation relations[] = {
     {u"pdmdz", u"楼盘ID", u"pdmlpzd", u"楼盘ID"}, {u"pdmlpzd", u"地区ID", u"pdmdq", u"地区ID"},
     {u"fyxx", u"地区ID", u"pdmdq", u"地区ID"},    {u"fyxx", u"楼盘ID", u"pdmlpzd", u"楼盘ID"},

@@ -15,7 +15,7 @@ namespace ebtq::admin {
 
 namespace {
 
-/// Keeps what is typed from being shown, on a terminal.
+/// Turns the terminal's echo off while the password is typed.
 class HiddenInput
 {
 public:

@@ -18,7 +18,8 @@ using db::Connection;
 
 constexpr qint64 millisecondsBetweenLines = 1000;
 
-/// Shows progress a line a second and at the end of each part, at once: a log or a person follows it.
+/// One line of progress per second and at the end of each part, flushed at once: a log or a person follows
+/// it.
 class ProgressLines
 {
 public:
@@ -49,7 +50,7 @@ QString requiredFile(const CommandLine &line, const QString &option)
     return location;
 }
 
-/// A file that the copy itself made goes away with a copy that failed.
+/// Removes the file that a failed copy has created.
 class FreshFile
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace ebtq::admin {
 
-/// Nothing for bytes that are no text: half-read characters would change what a statement says.
+/// std::nullopt for invalid UTF-8: replaced characters would change a statement.
 [[nodiscard]] std::optional<QString> decodeUtf8(std::string_view bytes);
 
 } // namespace ebtq::admin

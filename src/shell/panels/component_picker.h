@@ -8,9 +8,9 @@
 
 namespace ebtq::shell {
 
-/// A picker of the component library as modules are given one: its screen as a popup at the field, its
-/// look-up without any screen. It lives as long as the session, so that it opens in the size and with the
-/// ticks that a person left it with.
+/// A picker of the component library as modules get one: its screen as a popup at the field, its
+/// look-up without any screen. It lives as long as the session, so that it keeps its size
+/// and check boxes.
 class ComponentPicker : public HostPicker
 {
 public:
@@ -27,7 +27,7 @@ public:
     {
         return m_picker.IPickerUI_Objects();
     }
-    /// Throws Failure when the look-up fails, which is more than a text that matches nothing.
+    /// Throws Failure when the look-up fails; a text that matches nothing is no failure.
     bool Validate(const QString &unused, const QString &valueField, const QString &textField,
                   const QString &typedText, QVariant &value, QString &text) override;
     [[nodiscard]] bool Ready(int /*flag*/) const override { return true; }

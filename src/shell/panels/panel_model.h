@@ -22,13 +22,12 @@ public:
     void setFilter(const QString &text);
     /// Whether there is anything to show.
     [[nodiscard]] bool isEmpty() const { return m_top.children.empty(); }
-    /// Whether rows stand below rows.
+    /// Whether any row has rows below it.
     [[nodiscard]] bool isTree() const { return m_panel.levelCodeColumn >= 0; }
-    /// The row of the panel behind an index, and back; an invalid index for a row out of sight.
+    /// The panel's row of an index, and back; an invalid index for a hidden row.
     [[nodiscard]] qsizetype panelRow(const QModelIndex &index) const;
     [[nodiscard]] QModelIndex indexOfRow(qsizetype row) const;
-    /// The first row in sight, from the top, that matches the filter and can be chosen; -1 when there is
-    /// none.
+    /// The first visible row that matches the filter and can be chosen; -1 for none.
     [[nodiscard]] qsizetype firstChoosableMatch() const;
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
@@ -43,7 +42,7 @@ private:
     struct Node
     {
         qsizetype parent = -1; ///< row above, -1 at the top
-        int position = -1;     ///< among the rows of its parent that are in sight, -1 when out of sight
+        int position = -1;     ///< among the visible rows of its parent, -1 when hidden
         std::vector<qsizetype> children;
     };
     void findParents();
@@ -59,7 +58,7 @@ private:
     const host::Panel &m_panel;
     QString m_filter;
     Node m_top;
-    std::vector<Node> m_nodes; ///< one a row of the panel
+    std::vector<Node> m_nodes; ///< one per row of the panel
 };
 
 } // namespace ebtq::shell

@@ -71,7 +71,7 @@ void PanelPopup::sizeColumns()
 void PanelPopup::showEvent(QShowEvent *event)
 {
     Popup::showEvent(event);
-    m_view->scrollToTop(); // what led to the current row is worth seeing, too
+    m_view->scrollToTop(); // shows the rows above the current one, too
     m_view->scrollTo(m_view->currentIndex());
 }
 

@@ -13,7 +13,7 @@ class PickerPopup : public Popup
     Q_OBJECT
 
 public:
-    /// `size` is the one it had before; an invalid one gives the screen the size that it likes.
+    /// `size` is the one it had before; an invalid one means the screen's size hint.
     explicit PickerPopup(const QSize &size);
     /// The picker's screen, made as a child of the popup.
     void setView(QWidget &view);

@@ -12,8 +12,8 @@ namespace ebtq::shell {
 
 namespace {
 
-/// Height of the field at whose lower left corner a panel is to open: it has the keyboard. 0 when the corner
-/// is another one.
+/// Height of the field at whose lower left corner a panel is to open: it has the keyboard. 0 when the
+/// corner differs.
 int heightOfFieldAt(const QPoint &corner)
 {
     const QWidget *field = QApplication::focusWidget();
@@ -68,7 +68,7 @@ void Popup::hideEvent(QHideEvent *event)
         m_wait->quit();
 }
 
-/// A press outside closes a popup, and so does any dialog before it comes up; only then is it known which.
+/// Qt hides a popup at a press outside and also before a dialog opens; which of the two is known only later.
 void Popup::closeEvent(QCloseEvent *event)
 {
     QFrame::closeEvent(event);

@@ -8,7 +8,7 @@ namespace ebtq::shell {
 
 namespace {
 
-constexpr qsizetype mostLetters = 2000; // more than can stand in a cell
+constexpr qsizetype mostLetters = 2000; // more than fits a cell
 
 } // namespace
 

@@ -6,14 +6,14 @@
 /// How a list is cut into pages, in any one unit and without a painter.
 namespace ebtq::shell {
 
-/// How wide a column would be, and with how little its contents can still be read.
+/// The width that a column would like, and the smallest at which its contents can be read.
 struct ColumnNeed
 {
     double wish = 0;
     double least = 0;
 };
 
-/// Columns on paper: `bands` lie side by side, each as wide as a page, and everything in them is drawn by
+/// Columns on paper: `bands` are side by side, each as wide as a page, and everything in them is scaled by
 /// `scale`.
 struct FittedColumns
 {

@@ -39,7 +39,7 @@ void PageView::setPrintout(std::shared_ptr<const Printout> printout)
     Q_EMIT currentPageChanged(currentPage());
 }
 
-/// The place on the page that is looked at stays.
+/// Keeps the place at the top of the window.
 void PageView::setZoom(double zoom)
 {
     const double place = verticalScrollBar()->value() / stride();

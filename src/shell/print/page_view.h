@@ -19,11 +19,11 @@ public:
 
     /// Shows these pages.
     void setPrintout(std::shared_ptr<const Printout> printout);
-    /// 1 is the size on paper; 0 fits the width of the window.
+    /// 1 is the size on paper; 0 fits the window's width.
     void setZoom(double zoom);
     /// The one in force.
     [[nodiscard]] double zoom() const;
-    /// From 0; the one on which most of the window looks.
+    /// From 0; the one that fills most of the window.
     [[nodiscard]] int currentPage() const;
     void showPage(int page);
 

@@ -99,7 +99,7 @@ void PreviewDialog::run()
         std::rethrow_exception(m_failure);
 }
 
-/// No exception may pass through an event loop.
+/// Exceptions must not cross an event loop.
 template<class Act> void PreviewDialog::attempt(Act act)
 {
     try {

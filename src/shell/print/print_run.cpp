@@ -15,7 +15,7 @@ namespace ebtq::shell {
 
 namespace {
 
-/// A title that may stand in a file's name.
+/// A title without the characters that file names forbid.
 QString fileNameOf(QString title)
 {
     for (QChar &c : title) {
@@ -81,7 +81,7 @@ void PrintRun::print()
     printer.setDocName(title());
     if (!m_desk.choosePrinter(printer))
         return;
-    // The paper may be another than the settings': what lies in the printer counts.
+    // The paper may differ from the settings: the printer's counts.
     const QPageLayout &chosen = printer.pageLayout();
     const auto printout = laidOutOn({chosen.pageSize(), chosen.orientation(), QMarginsF()});
     if (!printout)

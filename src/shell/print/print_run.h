@@ -13,8 +13,8 @@ namespace ebtq::shell {
 
 class PrintDesk;
 
-/// One list on its way to paper, with the settings of its print file. Operations throw Failure with a text
-/// for the user; being left by the person is none.
+/// The printing of one list, with the settings of its print file. Operations throw Failure with a text for
+/// the user; cancelling is no failure.
 class PrintRun
 {
 public:
@@ -23,7 +23,7 @@ public:
 
     /// False when the person stopped it.
     bool layOut();
-    /// nullptr before it was laid out.
+    /// nullptr before the layout.
     [[nodiscard]] std::shared_ptr<const Printout> printout() const { return m_printout; }
     [[nodiscard]] QString title() const;
     /// On a printer of the person's choice, or as a PDF file, which is all there is without a printer.
@@ -39,7 +39,7 @@ private:
     [[nodiscard]] std::shared_ptr<const Printout> laidOutOn(const QPageLayout &paper);
     /// Of `count` pages those that the person wants.
     [[nodiscard]] static Pages pagesOf(const QPrinter &printer, int count);
-    /// The file is there whole or as it was before.
+    /// The file is complete or unchanged.
     void writePdf(const Printout &printout, const QString &path, const Pages &pages);
     /// False when it was stopped.
     bool paintPages(const Printout &printout, QPagedPaintDevice &device, const Pages &pages,

@@ -22,7 +22,7 @@ constexpr std::array<Paper, 7> knownPapers{{{QPageSize::A3, u"A3", u"A3 (297×42
 
 constexpr qint64 mostBytes = 1 << 16; // a print file has a few lines
 
-/// Takes a number when it is one and lies within the range.
+/// Takes a valid number within the range.
 template<class Number> void takeNumber(const QString &text, Number least, Number most, Number &into)
 {
     bool isNumber = false;

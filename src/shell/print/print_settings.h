@@ -12,7 +12,7 @@ namespace ebtq::shell {
 struct PrintSettings
 {
     QPageSize::PageSizeId paper = QPageSize::A4;
-    bool isLandscape = true;           ///< lists are wider than high
+    bool isLandscape = true;           ///< lists are wider than tall
     QMarginsF margins{12, 12, 12, 12}; ///< in millimetres
     bool fitsWidth = true;             ///< all columns on one page as long as they can be read
     double titleSize = 14;             ///< in points
@@ -39,7 +39,7 @@ constexpr int mostCopies = 99;
 
 /// A file that is missing or damaged, or a line of it, leaves the usual setting in force.
 [[nodiscard]] PrintSettings readPrintSettings(const QString &file);
-/// "key=value" lines. The file is there whole or as it was before; throws Failure when it cannot be written.
+/// "key=value" lines. The file is complete or unchanged; throws Failure when it cannot be written.
 void writePrintSettings(const QString &file, const PrintSettings &settings);
 
 } // namespace ebtq::shell

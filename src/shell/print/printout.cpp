@@ -27,8 +27,8 @@ constexpr int measuredRows = 200;
 constexpr int measuredSums = 20; // at the end
 constexpr double widestFit = 260 * dotsPerPixel;
 
-/// Without shaping: a digit that the font draws in another shape between Latin letters could not be found by
-/// a search in the PDF file.
+/// Without shaping: a digit that the font substitutes between Latin letters could not be found by a search in
+/// the PDF file.
 QFont fontOf(double points, bool isBold = false)
 {
     QFont font = QApplication::font();
@@ -38,7 +38,7 @@ QFont fontOf(double points, bool isBold = false)
     return font;
 }
 
-/// Lines that end in a carriage return; blank ones at the end are none.
+/// Lines that end in a carriage return, without blank ones at the end.
 QStringList linesOf(QString text)
 {
     QStringList lines = text.replace(u'\t', QStringLiteral("        ")).split(u'\r');
@@ -64,7 +64,7 @@ Qt::Alignment across(PrintedGrid::Alignment alignment)
     }
 }
 
-/// Paper is white whatever the screen's colours are.
+/// Paper is white, also with the dark colours.
 const look::Tokens &ink()
 {
     return look::tokens(look::Scheme::Light);
@@ -175,7 +175,7 @@ bool Printout::isEmpty(int row, int column) const
     return m_grid.text(row, column).isEmpty() && m_grid.picture(row, column).isEmpty();
 }
 
-/// What stands at the right of its column is a sum.
+/// A right-aligned cell is a sum.
 bool Printout::isLabel(int row, int column) const
 {
     return m_grid.columns()[static_cast<size_t>(column)].alignment != PrintedGrid::Alignment::Right &&
@@ -210,7 +210,7 @@ double Printout::rowHeight(int row) const
     return heightOf(most, m_cellText);
 }
 
-/// Nobody can ask the paper what a cut caption says.
+/// Captions wrap: paper has no tool tip for a cut one.
 double Printout::captionHeight() const
 {
     qsizetype most = 1;

@@ -16,9 +16,9 @@ class QPainter;
 
 namespace ebtq::shell {
 
-/// A list laid out on pages, to be painted on whatever takes paint: a printer, a PDF file, a preview. It
-/// measures in dots of a fixed fineness, so that all three break lines and pages alike. Title, subtitle and
-/// captions stand on each page.
+/// A list laid out on pages, for any paint device: a printer, a PDF file, a preview. It measures in dots of a
+/// fixed resolution, so that all three break lines and pages alike. Title, subtitle and captions are on each
+/// page.
 class Printout
 {
 public:
@@ -27,7 +27,7 @@ public:
     Printout(const PrintObject::Job &job, const QPageLayout &paper, const PrintSettings &settings,
              const QDate &today);
 
-    /// Asked with the rows done and all rows; false stops.
+    /// Called with the rows done and the number of rows; false stops.
     using Progress = std::function<bool(int done, int total)>;
     /// To be called first. False when `progress` stopped it.
     bool layOut(const Progress &progress);
@@ -42,7 +42,7 @@ public:
     static constexpr int dotsPerInch = 1200;
 
 private:
-    /// A piece of a row: a column, or several where a label runs on.
+    /// A part of a row: a column, or several where a label spans them.
     struct Cell
     {
         int column;
@@ -60,7 +60,7 @@ private:
     [[nodiscard]] std::vector<ColumnNeed> needs() const;
     [[nodiscard]] double rowHeight(int row) const;
     [[nodiscard]] static double heightOf(qsizetype lines, const CellText &text);
-    /// What a column of that width has for its text.
+    /// The room for text in a column of that width.
     [[nodiscard]] static double roomOf(double width, const CellText &text);
     void layOutHead();
     [[nodiscard]] double captionHeight() const;
@@ -82,7 +82,7 @@ private:
     QDate m_today;
     QSizeF m_paperSize;
     QRectF m_frame; ///< within the margins
-    QRectF m_table; ///< where captions and rows stand
+    QRectF m_table; ///< of captions and rows
     CellText m_titleText;
     CellText m_footText;
     CellText m_cellText;

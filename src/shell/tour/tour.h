@@ -13,11 +13,11 @@ namespace ebtq::shell {
 struct TourSettings
 {
     QString folder;             ///< made when missing
-    db::Connection &connection; ///< asked what must be seen
+    db::Connection &connection; ///< source of the expected values
     HostApp &app;               ///< whose pickers are shown
 };
 
-/// One tour on its way: what its steps act on and where they put what they saw.
+/// A running tour: what its steps act on, and where they put pictures and notes.
 class Tour
 {
 public:
@@ -33,7 +33,7 @@ public:
     /// Writes a picture of what is on the screen now.
     void takePicture(const QString &name);
     void note(const QString &line);
-    /// Throws Failure with `what` when it does not hold.
+    /// Throws Failure with `what` unless the condition holds.
     static void expect(bool holds, const QString &what);
     /// Writes the notes into tour.txt.
     void writeNotes() const;

@@ -8,7 +8,7 @@ namespace ebtq::shell {
 
 class Tour;
 
-/// What a person does and what must be seen then.
+/// What a person does, and what must then be shown.
 struct TourStep
 {
     QStringView name;
