@@ -3,8 +3,7 @@
 #include "database/dialect/dialect.h"
 #include "database/dialect/translator.h"
 #include "host/module_ids.h"
-#include "library/listings/fcxx_filter.h"
-#include "library/listings/fcxx_list.h"
+#include "library/listings/fcxx_tables.h"
 #include "measure.h"
 
 #include <QJsonObject>
@@ -27,19 +26,18 @@ void prepareOnly(sqlite3 *handle, const QByteArray &sql)
 }
 
 /// A filter in every field, as an agent's longest question is.
-ListingFilter longestFilter()
+SqlText longestFilter()
 {
-    return {.department = QStringLiteral("营业一部"),
-            .departmentKey = 1,
-            .agent = QStringLiteral("张敏"),
-            .agentKey = 2,
-            .district = QStringLiteral("天河区"),
-            .building = QStringLiteral("云山花园"),
-            .rooms = QStringLiteral("3-2-2-1"),
-            .forSale = true,
-            .forRent = false,
-            .state = QStringLiteral("有效"),
-            .window = QStringLiteral("三个月内")};
+    using namespace ListingFilter;
+    const FilterValues values{.fields = {{Department, {QStringLiteral("营业一部"), 1}},
+                                         {Agent, {QStringLiteral("张敏"), 2}},
+                                         {District, {QStringLiteral("天河区")}},
+                                         {Building, {QStringLiteral("云山花园")}},
+                                         {Rooms, {QStringLiteral("3-2-2-1")}},
+                                         {State, {QStringLiteral("有效")}}},
+                              .first = true,
+                              .period = QStringLiteral("三个月内")};
+    return filterWhere(listingList().filter->clauses, values, QDateTime(QDate(2026, 11, 22), {}));
 }
 
 QJsonObject compare(sqlite3 *handle, const SqlText &statement, const db::Catalog &catalog, int rounds)
@@ -75,7 +73,7 @@ int dialectBenchmark(const Options &options)
         return compare(handle, listingStatement(host::ListingModule, where), catalog, options.rounds);
     };
     const QJsonObject plain = figuresOf({});
-    const QJsonObject filtered = figuresOf(listingWhere(longestFilter(), QDate(2026, 11, 22)));
+    const QJsonObject filtered = figuresOf(longestFilter());
     const double worst =
         std::max(plain[QStringLiteral("ratio")].toDouble(), filtered[QStringLiteral("ratio")].toDouble());
     print({{QStringLiteral("benchmark"), QStringLiteral("dialect")},

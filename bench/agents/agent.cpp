@@ -4,7 +4,7 @@
 #include "host/demo/demo.h"
 #include "library/followups/frm_gj.h"
 #include "library/listings/fcxx.h"
-#include "library/listings/fcxx_list.h"
+#include "library/listings/fcxx_tables.h"
 #include "library/listings/frm_fx.h"
 
 #include <random>

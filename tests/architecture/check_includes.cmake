@@ -10,6 +10,8 @@ set(rules
     "src/library/controls|library/controls/,contracts/,database/values/"
     "src/library/layout|library/layout/,library/controls/,contracts/,database/values/"
     "src/library/frame|library/frame/,library/layout/,library/controls/,contracts/,database/values/"
+    "src/library/records|library/records/,library/frame/,library/layout/,library/controls/,contracts/,database/values/"
+    "src/library/lists|library/lists/,library/records/,library/frame/,library/layout/,library/controls/,contracts/,database/values/"
     "src/library|library/,contracts/,database/values/"
     "src/host|host/,contracts/,database/"
     "src/screens|screens/,library/,contracts/,database/values/"

@@ -12,6 +12,7 @@ void MouseWheel::turn(int steps)
     const qint64 turned = static_cast<qint64>(m_value) + steps;
     m_value = static_cast<int>(std::max<qint64>(m_min, std::min<qint64>(m_max, turned)));
     Q_EMIT Wheel(m_value);
+    Q_EMIT Turned(steps);
 }
 
 } // namespace ebtq

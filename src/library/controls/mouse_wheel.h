@@ -22,11 +22,13 @@ public:
     void bind(VSFlexGrid *grid) { m_grid = grid; }
     [[nodiscard]] VSFlexGrid *grid() const { return m_grid; }
     /// What a view calls for `steps` turns, negative towards the top: moves the position within the ends and
-    /// raises Wheel. Nothing while unbound.
+    /// raises both events. Nothing while unbound.
     void turn(int steps);
 
 Q_SIGNALS:
     void Wheel(int value);
+    /// The steps themselves, also at an end of the range.
+    void Turned(int steps);
 
 private:
     int m_min = 0;

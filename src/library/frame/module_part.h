@@ -25,6 +25,10 @@ protected:
     /// Between the module's Init and its Clear.
     [[nodiscard]] bool isInited() const { return m_module.m_app; }
     template<class Body> bool trapped(QStringView tag, Body body) { return m_module.trapped(tag, body); }
+    template<class Body> bool trappedWithoutDatabase(QStringView tag, Body body)
+    {
+        return m_module.trappedWithoutDatabase(tag, body);
+    }
 
 private:
     Module &m_module;

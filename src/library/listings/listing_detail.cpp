@@ -3,7 +3,7 @@
 #include "contracts/conversions.h"
 #include "library/followups/follow_up_rows.h"
 #include "library/frame/statements.h"
-#include "library/listings/fcxx_list.h"
+#include "library/listings/fcxx_tables.h"
 #include "library/listings/listing_detail_fields.h"
 #include "library/listings/listing_matching.h"
 #include "library/lists/list_grid.h"

@@ -23,11 +23,6 @@ QString bareId(QString id)
     return id;
 }
 
-QString inputError()
-{
-    return QStringLiteral("输入有误，请重新输入！");
-}
-
 bool isFilledIn(const QString &type)
 {
     return type == u"TextBox" || type == u"qzTxt_S" || type == u"ComboBox" || type == u"CheckBox";
@@ -41,6 +36,7 @@ EditorForm::EditorForm(const QString &name, QString arrayName, std::span<const E
     , m_arrayName(std::move(arrayName))
     , m_descriptions(fields)
     , m_record(record)
+    , m_lookUps(*this, m_arrayName, *this)
 {
     setObjectName(name);
     for (const EditorField &description : fields)
@@ -57,11 +53,6 @@ const EditorField &EditorForm::fieldOf(int number) const
 QString EditorForm::messageTitle()
 {
     return QStringLiteral("提示:");
-}
-
-QString EditorForm::tag(QStringView event) const
-{
-    return QStringLiteral("-->%1_%2::").arg(m_arrayName, event);
 }
 
 void EditorForm::addField(const EditorField &description)
@@ -115,33 +106,12 @@ void EditorForm::addButtons(std::initializer_list<QStringView> captions)
 
 void EditorForm::connectField(qzTxt_S &field)
 {
-    const int number = field.Index();
     connect(&field, &qzTxt_S::FieldChange, this, [this] { m_isDirty = true; });
     connect(&field, &qzTxt_S::valueChanged, this, [this, &field] {
         field.setTag(NullConv::ToText(field.Value()));
         m_isDirty = true;
     });
-    connect(&field, &qzTxt_S::FieldHelp, this, [=, this](int left, int top, QString &text, QVariant &value) {
-        trapped(tag(u"FieldHelp"), [&] {
-            HostPicker *list = picker(number);
-            if (!list || !list->Show(left, top, text, value, 0, {}))
-                return false;
-            m_chosenField = number;
-            m_chosenRow = list->Objects();
-            return true;
-        });
-    });
-    connect(&field, &qzTxt_S::FieldCheck, this,
-            [=, this](const QString &base, const QString &valueField, const QString &textField,
-                      QVariant &value, QString &text) {
-                trapped(tag(u"FieldCheck"), [&] {
-                    return check(number, {base, valueField, textField, value, text});
-                });
-            });
-    connect(&field, &qzTxt_S::FieldGenericHelp, this,
-            [this](const QString &key, const QVariant &control, const QVariant &left, const QVariant &top) {
-                trapped(tag(u"FieldGenericHelp"), [&] { return app().ShowHelp(key, control, left, top); });
-            });
+    m_lookUps.add(field, fieldOf(field.Index()).lookUp);
 }
 
 // Opening
@@ -179,42 +149,15 @@ void EditorForm::clearDirty()
 
 void EditorForm::InitFields()
 {
+    m_lookUps.setUp();
     for (qzTxt_S *field : m_fields) {
         const EditorField &description = fieldOf(field->Index());
-        if (description.lookUp.kind != LookUp::None)
-            InitField(*field, description);
-        else if (isNumber(*field)) {
-            field->set_judge_type(qzTxt_S::JudgeNumber);
-            field->set_judge_time(qzTxt_S::JudgeOnLeaving);
-            field->set_error_message(description.title.toString() + inputError());
-        }
+        if (description.lookUp.kind != LookUp::None || !isNumber(*field))
+            continue;
+        field->set_judge_type(qzTxt_S::JudgeNumber);
+        field->set_judge_time(qzTxt_S::JudgeOnLeaving);
+        field->set_error_message(description.title.toString() + FieldLookUps::refusal());
     }
-}
-
-void EditorForm::InitField(qzTxt_S &field, const EditorField &description)
-{
-    const LookUp &source = description.lookUp;
-    field.set_help_flag(true);
-    field.set_help_menuflag(true);
-    if (source.kind == LookUp::Calendar) {
-        // A date is not checked at its field: the save hands it to the database, which refuses what is none.
-        field.set_help_type(qzTxt_S::Calendar);
-        field.set_judge_type(qzTxt_S::JudgeDate);
-        return;
-    }
-    field.set_judge_type(source.kind == LookUp::InlineList ? qzTxt_S::JudgeInlineList
-                                                           : qzTxt_S::JudgeStatement);
-    field.set_judge_time(qzTxt_S::JudgeOnLeaving);
-    field.set_error_message(Trim(field.Caption()) + inputError());
-    if (source.kind == LookUp::Picker) {
-        field.set_help_type(qzTxt_S::Custom);
-        return;
-    }
-    field.set_help_type(source.kind == LookUp::InlineList ? qzTxt_S::InlineList : qzTxt_S::HostList);
-    field.set_text_field_code(source.valueColumn.toString());
-    field.set_text_field_name(source.textColumn.toString());
-    field.set_help_code(source.name.toString());
-    field.set_judge_base(source.check());
 }
 
 bool EditorForm::isWritable()
@@ -250,42 +193,6 @@ void EditorForm::showDepartment(qzTxt_S &department, const qzTxt_S &author)
     sql += typed(author.Tag());
     sql += QStringView(u"')");
     department.setText(NullConv::ToText(singleValue(app().Db(), sql)));
-}
-
-// Help and check
-
-/// The picker of a field, ready and with its parameters; nullptr when it cannot be used.
-HostPicker *EditorForm::picker(int number)
-{
-    HostPicker &list = app().Picker(fieldOf(number).lookUp.name.toString());
-    if (!list.Ready(0))
-        return nullptr;
-    setParameters(number, list.Parameters());
-    return &list;
-}
-
-bool EditorForm::check(int number, const Check &check)
-{
-    const QString typedText = field(number).Text();
-    if (fieldOf(number).lookUp.kind != LookUp::Picker) {
-        app().JudgeText(check.base, check.valueField, check.textField, typedText, check.value, check.text);
-        return true;
-    }
-    HostPicker *list = picker(number);
-    if (!list)
-        return false;
-    if (list->Validate(check.base, check.valueField, check.textField, typedText, check.value, check.text) ||
-        app().Db().LastError().Description.isEmpty())
-        picked(number, *list);
-    return true;
-}
-
-/// Typing empties a field's value, so one that is there was chosen.
-std::shared_ptr<const PickedRow> EditorForm::rowOf(int number, const HostPicker &picker) const
-{
-    const bool isChosen = m_chosenField == number &&
-                          !NullConv::ToText(m_fields.at(static_cast<size_t>(number))->Value()).isEmpty();
-    return isChosen ? m_chosenRow : picker.Objects();
 }
 
 // The row

@@ -4,8 +4,8 @@
 #include "library/controls/button.h"
 #include "library/controls/field_control.h"
 #include "library/frame/module.h"
+#include "library/records/field_look_ups.h"
 #include "library/records/loaded_row.h"
-#include "library/records/look_up.h"
 #include "library/records/record_table.h"
 
 #include <QDate>
@@ -35,7 +35,7 @@ struct EditorField
 /// What the forms that edit one row have in common: an array of fields that know where their values come
 /// from, the row behind them as a table, a save that refuses by message box, buttons 0 for saving and 1 for
 /// closing. One form is kept and opened again and again; each opening finds it as it was made.
-class EditorForm : public Module
+class EditorForm : public Module, protected LookUpRules
 {
     Q_OBJECT
 
@@ -55,15 +55,6 @@ Q_SIGNALS:
     void unloaded();
 
 protected:
-    /// A typed text that is looked up, and where value and text of what was found go.
-    struct Check
-    {
-        const QString &base;
-        const QString &valueField;
-        const QString &textField;
-        QVariant &value; ///< stays empty when nothing matches
-        QString &text;
-    };
     /// The number of a field and what is said when it is empty.
     using RequiredField = std::pair<int, QStringView>;
     /// How a form gets its row's document number.
@@ -107,17 +98,11 @@ protected:
         return *m_options.at(static_cast<size_t>(number));
     }
 
-    /// What the picker of a field is to be asked with.
-    virtual void setParameters(int number, ParameterList &parameters) = 0;
-    /// Looks up what was typed into a field: with its picker, else with the host. False when that cannot be
-    /// done.
-    virtual bool check(int number, const Check &check);
-    /// Called after a picker has looked a field's text up, found or not; not when the database failed, since
-    /// what goes with the text is not known then.
-    virtual void picked(int, const HostPicker &) {}
-    /// The row that goes with a field when its picker has looked it up: the chosen one while the choice
-    /// stands, since the look-up finds the first of those that have one name.
-    [[nodiscard]] std::shared_ptr<const PickedRow> rowOf(int number, const HostPicker &picker) const;
+    bool check(int number, const Check &check) override { return m_lookUps.lookUp(number, check); }
+    [[nodiscard]] std::shared_ptr<const PickedRow> rowOf(int number, const HostPicker &picker) const
+    {
+        return m_lookUps.rowOf(number, picker);
+    }
     /// True when the form may close.
     virtual bool DoSave() = 0;
     /// What buttons 0 and 1 do: by default a save closes the form, and closing asks nothing.
@@ -172,12 +157,6 @@ private:
     void addField(const EditorField &description);
     void connectField(qzTxt_S &field);
     void InitFields();
-    static void InitField(qzTxt_S &field, const EditorField &description);
-
-    // Help and check
-    [[nodiscard]] HostPicker *picker(int number);
-    /// The tag of an event of the array of fields.
-    [[nodiscard]] QString tag(QStringView event) const;
 
     // The row
     void put(const RecordColumn &column, const QString &text);
@@ -222,13 +201,12 @@ private:
     QString m_arrayName;
     std::span<const EditorField> m_descriptions;
     const RecordTable &m_record;
+    FieldLookUps m_lookUps;
     std::vector<qzTxt_S *> m_fields;
     std::vector<Button *> m_buttons;
     std::vector<TextBox *> m_memos;
     std::vector<CheckBox *> m_ticks;
     std::vector<OptionButton *> m_options;
-    int m_chosenField = -1;
-    std::shared_ptr<const PickedRow> m_chosenRow;
     LoadedRow m_loaded;
     bool m_isDirty = false;
     QString m_triedKey; ///< of the new row that could not be saved yet

@@ -1,7 +1,7 @@
 #include "screens/listings/fcxx_view.h"
 
 #include "library/listings/fcxx.h"
-#include "library/listings/fcxx_list.h"
+#include "library/listings/fcxx_tables.h"
 #include "screens/controls/check_box_view.h"
 #include "screens/controls/combo_view.h"
 #include "screens/controls/control_binding.h"
@@ -27,12 +27,12 @@ namespace {
 const QString refreshKey = QStringLiteral("refresh");
 
 /// The filter fields in reading order, with the width of their text in Chinese characters.
-struct FilterField
+struct FieldWidth
 {
     int number;
     int characters;
 };
-constexpr FilterField filterFields[] = {{0, 4}, {7, 5}, {1, 4}, {3, 3}, {4, 4}, {5, 4}};
+constexpr FieldWidth filterFields[] = {{0, 4}, {7, 5}, {1, 4}, {3, 3}, {4, 4}, {5, 4}};
 constexpr int windowCharacters = 5;
 constexpr int searchCharacters = 11;
 constexpr int searchCharactersAtMost = 30;
@@ -120,7 +120,7 @@ void FcxxView::addFilterRow()
 
 void FcxxView::addFields(FlowLayout &row, QWidget *parent)
 {
-    for (const FilterField &filter : filterFields) {
+    for (const FieldWidth &filter : filterFields) {
         qzTxt_S &field = m_module.qzTxt(filter.number);
         auto *view = new FieldView(field, parent);
         fixWidth(*view, filter.characters);

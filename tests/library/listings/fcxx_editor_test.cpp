@@ -1,5 +1,5 @@
 #include "library/listings/fcxx_editor_fixture.h"
-#include "library/listings/fcxx_list.h"
+#include "library/listings/fcxx_tables.h"
 
 using namespace ebtq;
 using ebtq::test::FcxxEditorTest;

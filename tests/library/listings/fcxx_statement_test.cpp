@@ -1,6 +1,5 @@
 #include "contracts/host_contracts.h"
-#include "library/listings/fcxx_filter.h"
-#include "library/listings/fcxx_list.h"
+#include "library/listings/fcxx_tables.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +7,14 @@ using namespace ebtq;
 
 namespace {
 
+using namespace ListingFilter;
+
 const QDate today(2026, 11, 22);
+
+SqlText where(const FilterValues &values, const QDate &day)
+{
+    return filterWhere(listingList().filter->clauses, values, QDateTime(day, QTime(9, 30)));
+}
 
 TEST(ListingStatement, IsExactlyThis)
 {
@@ -39,57 +45,61 @@ TEST(ListingFilterTest, ClausesByTable)
     const QString rooms = u"房型_房 & '-' & 房型_厅 & '-' & 房型_卫 & '-' & 房型_阳台='%1'"_qs;
     struct Case
     {
-        ListingFilter filter;
+        FilterValues filter;
         QString where;
         QStringList typedTexts;
     };
     const Case cases[] = {
         {{}, QString(), {}},
-        {{.department = u"营业一部"_qs, .departmentKey = 12}, membership.arg(12), {}},
-        {{.department = u" "_qs, .departmentKey = 12}, membership.arg(12), {}}, // a blank is a text here
-        {{.department = u"营业一部"_qs}, membership.arg(0), {}}, // typed, but never looked up: finds nothing
-        {{.departmentKey = 12, .agentKey = 3}, QString(), {}},   // the text decides
-        {{.agent = u"张敏"_qs, .agentKey = 3}, u" where A.业务员ID=3"_qs, {}},
-        {{.agent = u"张敏"_qs, .agentKey = 1e20}, u" where A.业务员ID=100000000000000000000"_qs, {}},
-        {{.district = u"  天河区 "_qs}, u" where A.地区='天河区'"_qs, {u"天河区"_qs}},
-        {{.district = u"   "_qs, .building = u" "_qs, .rooms = u" "_qs, .state = u" "_qs}, QString(), {}},
-        {{.building = u"翠堤\t"_qs}, u" where A.楼盘字典='翠堤\t'"_qs, {u"翠堤\t"_qs}},
-        {{.rooms = u"3-2-1-1"_qs}, u" where "_qs + rooms.arg(u"3-2-1-1"), {u"3-2-1-1"_qs}},
-        {{.forSale = true}, u" where 交易方式 like '%售%'"_qs, {}},
-        {{.forRent = true}, u" where 交易方式 like '%租%'"_qs, {}},
-        {{.forSale = true, .forRent = true}, QString(), {}},
-        {{.state = u"有效"_qs}, u" where 交易状态='有效'"_qs, {u"有效"_qs}},
-        {{.district = u"x' or '1'='1"_qs}, u" where A.地区='x' or '1'='1'"_qs, {u"x' or '1'='1"_qs}},
-        {{.department = u"一部"_qs,
-          .departmentKey = 4,
-          .agent = u"李"_qs,
-          .agentKey = 5,
-          .district = u"天河"_qs,
-          .building = u"东湖"_qs,
-          .rooms = u"1-1-1-0"_qs,
-          .forRent = true,
-          .state = u"有效"_qs,
-          .window = u"七天内"_qs},
+        {{.fields = {{Department, {u"营业一部"_qs, 12}}}}, membership.arg(12), {}},
+        {{.fields = {{Department, {u" "_qs, 12}}}}, membership.arg(12), {}}, // a blank is a text here
+        {{.fields = {{Department, {u"营业一部"_qs}}}},
+         membership.arg(0),
+         {}}, // typed, but never looked up: finds nothing
+        {{.fields = {{Department, {{}, 12}}, {Agent, {{}, 3}}}}, QString(), {}}, // the text decides
+        {{.fields = {{Agent, {u"张敏"_qs, 3}}}}, u" where A.业务员ID=3"_qs, {}},
+        {{.fields = {{Agent, {u"张敏"_qs, 1e20}}}}, u" where A.业务员ID=100000000000000000000"_qs, {}},
+        {{.fields = {{District, {u"  天河区 "_qs}}}}, u" where A.地区='天河区'"_qs, {u"天河区"_qs}},
+        {{.fields = {{District, {u"   "_qs}}, {Building, {u" "_qs}}, {Rooms, {u" "_qs}}, {State, {u" "_qs}}}},
+         QString(),
+         {}},
+        {{.fields = {{Building, {u"翠堤\t"_qs}}}}, u" where A.楼盘字典='翠堤\t'"_qs, {u"翠堤\t"_qs}},
+        {{.fields = {{Rooms, {u"3-2-1-1"_qs}}}}, u" where "_qs + rooms.arg(u"3-2-1-1"), {u"3-2-1-1"_qs}},
+        {{.first = true}, u" where 交易方式 like '%售%'"_qs, {}},
+        {{.second = true}, u" where 交易方式 like '%租%'"_qs, {}},
+        {{.first = true, .second = true}, QString(), {}},
+        {{.fields = {{State, {u"有效"_qs}}}}, u" where 交易状态='有效'"_qs, {u"有效"_qs}},
+        {{.fields = {{District, {u"x' or '1'='1"_qs}}}},
+         u" where A.地区='x' or '1'='1'"_qs,
+         {u"x' or '1'='1"_qs}},
+        {{.fields = {{Department, {u"一部"_qs, 4}},
+                     {Agent, {u"李"_qs, 5}},
+                     {District, {u"天河"_qs}},
+                     {Building, {u"东湖"_qs}},
+                     {Rooms, {u"1-1-1-0"_qs}},
+                     {State, {u"有效"_qs}}},
+          .second = true,
+          .period = u"七天内"_qs},
          membership.arg(4) + u" and A.业务员ID=5 and A.地区='天河' and A.楼盘字典='东湖' and "_qs +
              rooms.arg(u"1-1-1-0") +
              u" and 交易方式 like '%租%' and 交易状态='有效' and 操作日期>#2026-11-15#"_qs,
          {u"天河"_qs, u"东湖"_qs, u"1-1-1-0"_qs, u"有效"_qs}},
     };
     for (const Case &c : cases) {
-        const SqlText where = listingWhere(c.filter, today);
-        EXPECT_EQ(where.text(), c.where);
+        const SqlText made = where(c.filter, today);
+        EXPECT_EQ(made.text(), c.where);
         QStringList typedTexts;
-        for (const auto &span : where.typedSpans())
-            typedTexts.append(where.text().mid(span.begin, span.length));
+        for (const auto &span : made.typedSpans())
+            typedTexts.append(made.text().mid(span.begin, span.length));
         EXPECT_EQ(typedTexts, c.typedTexts) << c.where.toStdString();
     }
-    EXPECT_THROW((void)listingWhere({.agent = u"张敏"_qs, .agentKey = HUGE_VAL}, today), Failure);
+    EXPECT_THROW((void)where({.fields = {{Agent, {u"张敏"_qs, HUGE_VAL}}}}, today), Failure);
 }
 
 TEST(ListingFilterTest, WindowsOfTime)
 {
     const auto clause = [](const QString &window, const QDate &day) {
-        return listingWhere({.window = window}, day).text();
+        return where({.period = window}, day).text();
     };
     // The window, the day and the date that rows must be behind.
     const char16_t *const cases[] = {
@@ -103,7 +113,7 @@ TEST(ListingFilterTest, WindowsOfTime)
     }
     for (const char16_t *none : {u"十天内", u"十五月内", u"全部", u"三天内 ", u"昨天"})
         EXPECT_EQ(clause(QString::fromUtf16(none), today), QString());
-    EXPECT_EQ(listingWindowCaptions().join(u'|'),
+    EXPECT_EQ(periodCaptions().join(u'|'),
               u"三天内|七天内|十天内|十五月内|一个月内|三个月内|半年内|一年内|全部"_qs);
 }
 

@@ -2,7 +2,7 @@
 
 #include "library/followups/frm_gj.h"
 #include "library/listings/fcxx_editor_fixture.h"
-#include "library/listings/fcxx_list.h"
+#include "library/listings/fcxx_tables.h"
 #include "library/listings/listing_detail_fields.h"
 #include "screens/listings/fcxx_view.h"
 #include "screens/support/screen.h"

@@ -1,0 +1,98 @@
+#include "library/lists/list_filter.h"
+
+#include "contracts/conversions.h"
+
+#include <algorithm>
+
+namespace ebtq {
+
+namespace {
+
+QString arrayName()
+{
+    return QStringLiteral("qzTxt");
+}
+
+} // namespace
+
+ListFilter::ListFilter(Module &module, const ListFilterTables &tables)
+    : ModulePart(module)
+    , m_tables(tables)
+    , m_lookUps(module, arrayName(), *this)
+{
+    for (int number = 0; number < 2; ++number) {
+        auto &tick = controls().add<CheckBox>(QStringLiteral("Chk"), number);
+        tick.setCaption(tables.ticks[static_cast<size_t>(number)].toString());
+        m_ticks[static_cast<size_t>(number)] = &tick;
+    }
+    if (tables.hasPeriods)
+        m_periods = &controls().add<XPCombo>(QStringLiteral("XPCmb"));
+    for (const FilterField &field : tables.fields) {
+        auto &control = controls().add<qzTxt_S>(arrayName(), field.number);
+        control.setCaption(field.caption.toString());
+        control.setText(field.text.toString());
+        m_lookUps.add(control, field.lookUp);
+    }
+}
+
+const FilterField &ListFilter::fieldOf(int number) const
+{
+    const auto found = std::ranges::find(m_tables.fields, number, &FilterField::number);
+    if (found == m_tables.fields.end())
+        throw Failure(QStringLiteral("没有编号为 %1 的筛选栏！").arg(number));
+    return *found;
+}
+
+qzTxt_S &ListFilter::qzTxt(int number)
+{
+    // The field's row in the table says that the control is there.
+    return static_cast<qzTxt_S &>(*controls().find(arrayName(), fieldOf(number).number));
+}
+
+CheckBox &ListFilter::Chk(int number)
+{
+    if (number != 0 && number != 1)
+        throw Failure(QStringLiteral("没有编号为%1的选择框！").arg(number));
+    return *m_ticks[static_cast<size_t>(number)];
+}
+
+void ListFilter::setUp()
+{
+    m_lookUps.setUp();
+    if (m_periods)
+        m_periods->setItems(periodCaptions());
+}
+
+SqlText ListFilter::where(const QDateTime &now)
+{
+    FilterValues values{.first = Chk(0).Value() == 1,
+                        .second = Chk(1).Value() == 1,
+                        .period = m_periods ? m_periods->Text() : QString()};
+    for (const FilterField &field : m_tables.fields) {
+        const qzTxt_S &control = qzTxt(field.number);
+        values.fields[field.number] = {control.Text(), Val(control.Value())};
+    }
+    return filterWhere(m_tables.clauses, values, now);
+}
+
+void ListFilter::clear(std::span<const int> values)
+{
+    for (const int number : values)
+        qzTxt(number).setValue({});
+    for (const FilterField &field : m_tables.fields)
+        qzTxt(field.number).setText({});
+}
+
+void ListFilter::setParameters(int number, ParameterList &parameters)
+{
+    const FilterField &field = fieldOf(number);
+    for (const FilterField::Parameter &parameter : field.parameters)
+        parameters.Item(parameter.name.toString()).Value = parameter.value;
+    const QString narrowing = field.narrowedBy < 0 ? QString() : qzTxt(field.narrowedBy).Text();
+    if (narrowing.isEmpty())
+        return;
+    parameters.Item(QStringLiteral("lock")).Value = 1;
+    parameters.Item(field.narrowedAs.toString()).Value = narrowing;
+}
+
+} // namespace ebtq

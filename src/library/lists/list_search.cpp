@@ -1,0 +1,56 @@
+#include "library/lists/list_search.h"
+
+#include "library/controls/drawn_later.h"
+#include "library/controls/flex_grid.h"
+
+namespace ebtq {
+
+ListSearch::ListSearch(Module &module, VSFlexGrid &list)
+    : ModulePart(module)
+    , m_list(list)
+    , m_label(controls().add<Label>(QStringLiteral("lblSearch")))
+    , m_box(controls().add<SearchBox>(QStringLiteral("SearchBox1")))
+    , m_filters(controls().add<CheckBox>(QStringLiteral("ChkFind")))
+{
+    m_label.setCaption(QStringLiteral("搜索(&F):"));
+    m_filters.setCaption(QStringLiteral("过滤"));
+    connect(&m_box, &SearchBox::Search, this, &ListSearch::searchAgain);
+    connect(&m_box, &SearchBox::Clear, &m_list, &VSFlexGrid::showAllRows);
+    connect(&m_filters, &CheckBox::Click, this, [this] {
+        m_box.setFilterFlag(m_filters.Value() == 1);
+        searchAgain(m_box.Text());
+    });
+}
+
+void ListSearch::setUp()
+{
+    m_box.setSetting(QStringLiteral("500"));
+    m_box.bindColumns(m_list);
+    m_box.setFilterFlag(m_filters.Value() == 1);
+}
+
+bool ListSearch::search(const QString &text)
+{
+    return text.isEmpty() || drawnLater(m_list, [&] {
+               m_list.showAllRows();
+               if (m_filters.Value() == 1) {
+                   m_list.hideRowsWithout(text, m_box.columns());
+                   return true;
+               }
+               const int row = m_list.findRow(text, m_box.columns(), m_list.FixedRows());
+               if (row >= 0)
+                   m_list.setRow(row);
+               return row >= 0;
+           });
+}
+
+void ListSearch::searchAgain(const QString &text)
+{
+    trappedWithoutDatabase(u"-->SearchBox1_Search::", [&] {
+        if (!search(text))
+            Q_EMIT notFound(text);
+        return true;
+    });
+}
+
+} // namespace ebtq

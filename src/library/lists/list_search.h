@@ -1,0 +1,45 @@
+#pragma once
+
+#include "library/controls/check_box.h"
+#include "library/controls/label.h"
+#include "library/controls/search_box.h"
+#include "library/frame/module_part.h"
+
+namespace ebtq {
+
+class VSFlexGrid;
+
+/// The search box of a list: while a person types, the first row that contains the text becomes current, or,
+/// with the box 过滤 ticked, rows without it are hidden. It works on loaded rows alone.
+class ListSearch : public QObject, private ModulePart
+{
+    Q_OBJECT
+
+public:
+    /// Adds the controls to the module's; `list` outlives the search.
+    ListSearch(Module &module, VSFlexGrid &list);
+
+    [[nodiscard]] SearchBox &SearchBox1() { return m_box; }
+    [[nodiscard]] Label &lblSearch() { return m_label; }
+    [[nodiscard]] CheckBox &ChkFind() { return m_filters; }
+
+    /// Part of the module's Init, when the columns of the list stand.
+    void setUp();
+    /// Searches the rows that were just loaded for what stands in the box. False when it looked for a row and
+    /// there is none.
+    bool apply() { return search(m_box.Text()); }
+
+Q_SIGNALS:
+    void notFound(const QString &text);
+
+private:
+    bool search(const QString &text);
+    void searchAgain(const QString &text);
+
+    VSFlexGrid &m_list;
+    Label &m_label;
+    SearchBox &m_box;
+    CheckBox &m_filters;
+};
+
+} // namespace ebtq
