@@ -14,24 +14,30 @@ public:
     enum class Operand : quint8 {
         NoText,
         Column,
+        UnindexedColumn,
         Literal,
         CaselessLiteral, ///< of digits, punctuation and ideographs only
         Other,
     };
+    enum class Form : quint8 {
+        Plain,
+        Collated,
+        Exact, ///< compared by bytes
+    };
     struct Sides
     {
-        bool left;
-        bool right;
-        [[nodiscard]] bool operator==(const Sides &) const = default;
+        Form left = Form::Plain;
+        Form right = Form::Plain;
     };
 
     explicit Caselessness(const Dialect &dialect)
         : m_onBothSides(dialect.bothSidesNeedCollation)
+        , m_hasExactForm(*dialect.exactType != '\0')
     {}
 
     [[nodiscard]] static Operand operandOf(const Expression &expression);
 
-    /// Which sides of a comparison need the collation.
+    /// How the sides of a comparison are written.
     [[nodiscard]] Sides sides(Operand left, Operand right, bool isEquality) const;
     /// Whether a value needs it that the engine compares with other rows, as in a sorted list, or that
     /// precedes `in` or `between`.
@@ -49,6 +55,7 @@ public:
 
 private:
     bool m_onBothSides;
+    bool m_hasExactForm;
 };
 
 } // namespace ebtq::db

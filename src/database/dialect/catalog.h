@@ -18,8 +18,14 @@ public:
     {
         QString name;
         std::vector<Column> columns;
+        /// For each column whether it is known to begin no index; empty when the engine does not tell.
+        std::vector<bool> unindexed = {};
         /// nullptr when there is none.
         [[nodiscard]] const Column *column(QStringView columnName) const;
+        [[nodiscard]] bool isUnindexed(size_t index) const
+        {
+            return index < unindexed.size() && unindexed[index];
+        }
     };
 
     void add(Table table);

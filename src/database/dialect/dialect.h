@@ -20,6 +20,10 @@ struct Dialect
     const char *caselessType;
     const char *caselessCollation;
 
+    /// Suffix of a column that compares it exactly, for an equality with a text that has no case: folding
+    /// each row's text costs more than reading it. Empty where it does not: SQLite.
+    const char *exactType;
+
     /// Suffix of a sorted term, so that Null sorts first ascending and last descending. Empty where that is
     /// the engine's default: SQLite.
     const char *ascendingSuffix;

@@ -56,7 +56,7 @@ private:
     void operand(const Expression &expression);
     void bracketed(const Expression &expression, void (Renderer::*write)(const Expression &));
     void caseless(const Expression &expression);
-    void text(const Expression &expression, bool isCollated);
+    void text(const Expression &expression, Caselessness::Form form);
     void comparedOperand(const Expression &expression);
     void bound(const Expression &expression);
     void containment(const LikeTest &test, QStringView contained);

@@ -62,10 +62,12 @@ void Renderer::bareCondition(const Expression &expression)
     write("<>0");
 }
 
-void Renderer::text(const Expression &expression, bool isCollated)
+void Renderer::text(const Expression &expression, Caselessness::Form form)
 {
     operand(expression);
-    if (!isCollated)
+    if (form == Caselessness::Form::Exact)
+        write(m_dialect.exactType);
+    if (form != Caselessness::Form::Collated)
         return;
     if (!isTypedText(expression))
         write(m_dialect.caselessType);
@@ -75,13 +77,15 @@ void Renderer::text(const Expression &expression, bool isCollated)
 /// A value that the engine compares with other rows.
 void Renderer::caseless(const Expression &expression)
 {
-    text(expression, Caselessness::isCollatedAlone(Caselessness::operandOf(expression)));
+    const bool isCollated = Caselessness::isCollatedAlone(Caselessness::operandOf(expression));
+    text(expression, isCollated ? Caselessness::Form::Collated : Caselessness::Form::Plain);
 }
 
 /// What is compared with a case-insensitive text.
 void Renderer::comparedOperand(const Expression &expression)
 {
-    text(expression, m_caselessness.isCollatedAfter(Caselessness::operandOf(expression)));
+    const bool isCollated = m_caselessness.isCollatedAfter(Caselessness::operandOf(expression));
+    text(expression, isCollated ? Caselessness::Form::Collated : Caselessness::Form::Plain);
 }
 
 /// Between `between` and `and` the grammar accepts a collation in brackets only.
@@ -116,11 +120,11 @@ void Renderer::node(const Comparison &comparison, const Expression &self)
 {
     const OpenTokens open(*this, open_tokens::operation, self.position);
     const bool isEquality = comparison.op == Operator::Equal || comparison.op == Operator::NotEqual;
-    const auto isCollated = m_caselessness.sides(Caselessness::operandOf(*comparison.left),
-                                                 Caselessness::operandOf(*comparison.right), isEquality);
-    text(*comparison.left, isCollated.left);
+    const auto sides = m_caselessness.sides(Caselessness::operandOf(*comparison.left),
+                                            Caselessness::operandOf(*comparison.right), isEquality);
+    text(*comparison.left, sides.left);
     write(wordOf(comparison.op));
-    text(*comparison.right, isCollated.right);
+    text(*comparison.right, sides.right);
 }
 
 void Renderer::node(const LikeTest &test, const Expression &)

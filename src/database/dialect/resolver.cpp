@@ -51,6 +51,7 @@ void bind(ColumnReference &reference, const Source &source, int index)
     reference.index = index;
     reference.column = &columnsOf(source)[static_cast<size_t>(index)];
     reference.isDerived = source.derived != nullptr;
+    reference.isUnindexed = source.resolved && source.resolved->isUnindexed(static_cast<size_t>(index));
 }
 
 } // namespace

@@ -62,7 +62,8 @@ struct ColumnReference
     int source = -1; ///< number of the source in the statement; set by the resolver, as is what follows
     int index = -1;
     const Column *column = nullptr;
-    bool isDerived = false; ///< a column of a sub-select in from
+    bool isDerived = false;   ///< a column of a sub-select in from
+    bool isUnindexed = false; ///< a column of a table, known to begin no index
 };
 struct Negation
 {

@@ -35,7 +35,9 @@ ColumnType typeNamed(const QString &name)
 }
 
 constexpr char catalogStatement[] =
-    "select relname,attname,typname from pg_class join pg_namespace on pg_namespace.oid=relnamespace"
+    "select relname,attname,typname,case when relkind in('r','p') and not exists(select from pg_index"
+    " where indrelid=pg_class.oid and indkey[0]=attnum) then 1 else 0 end from pg_class join pg_namespace on "
+    "pg_namespace.oid=relnamespace"
     " join pg_attribute on attrelid=pg_class.oid join pg_type on pg_type.oid=atttypid"
     " where nspname='ebtq' and relkind in('r','p','v','m','f') and attnum>0 and not attisdropped"
     " order by pg_class.oid,attnum";
@@ -50,6 +52,7 @@ Catalog catalogOf(const RowBlock &rows)
             catalog.add(std::exchange(table, {}));
         table.name = name;
         table.columns.push_back({rows.value(row, 1).toString(), typeNamed(rows.value(row, 2).toString())});
+        table.unindexed.push_back(rows.cell(row, 3) == "1");
     }
     if (!table.columns.empty())
         catalog.add(std::move(table));

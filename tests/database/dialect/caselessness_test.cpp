@@ -7,17 +7,21 @@ namespace ebtq::db::test {
 namespace {
 
 using Operand = Caselessness::Operand;
-constexpr Operand operands[] = {Operand::Column, Operand::Literal, Operand::CaselessLiteral, Operand::Other,
-                                Operand::NoText};
+using Form = Caselessness::Form;
+constexpr Operand operands[] = {Operand::Column,          Operand::UnindexedColumn, Operand::Literal,
+                                Operand::CaselessLiteral, Operand::Other,           Operand::NoText};
 
-/// For each left operand a word, in it for each right one which sides carry the collation.
+/// For each left operand a word, in it for each right one which sides are collated, and x for an exact one.
 std::string table(const Dialect &dialect, bool isEquality)
 {
     std::string result;
     for (const Operand left : operands) {
         for (const Operand right : operands) {
             const auto sides = Caselessness(dialect).sides(left, right, isEquality);
-            result += sides.left && sides.right ? '2' : sides.left ? 'l' : sides.right ? 'r' : '-';
+            const bool isLeft = sides.left == Form::Collated;
+            const bool isRight = sides.right == Form::Collated;
+            const bool isExact = sides.left == Form::Exact || sides.right == Form::Exact;
+            result += isExact ? 'x' : isLeft && isRight ? '2' : isLeft ? 'l' : isRight ? 'r' : '-';
         }
         result += ' ';
     }
@@ -28,11 +32,11 @@ std::string table(const Dialect &dialect, bool isEquality)
 
 TEST(Caselessness, SidesOfAComparisonByTable)
 {
-    //                                                  column literal 123   other no text
-    EXPECT_EQ(table(sqliteDialect(), true), /*     */ "----- -l-ll ----- -l-ll ----- ");
-    EXPECT_EQ(table(sqliteDialect(), false), /*    */ "----- -llll -llll -llll ----- ");
-    EXPECT_EQ(table(postgresDialect(), true), /*   */ "---r- -l-r- ----- ll-2l ---r- ");
-    EXPECT_EQ(table(postgresDialect(), false), /*  */ "---r- -llr- -llr- lll2l ---r- ");
+    // column, unindexed one, literal, 123, other, no text
+    EXPECT_EQ(table(sqliteDialect(), true), "------ ------ --l-ll ------ --l-ll ------ ");
+    EXPECT_EQ(table(sqliteDialect(), false), "------ ------ --llll --llll --llll ------ ");
+    EXPECT_EQ(table(postgresDialect(), true), "----r- ---xr- --l-r- -x---- lll-2l ----r- ");
+    EXPECT_EQ(table(postgresDialect(), false), "----r- ----r- --llr- --llr- llll2l ----r- ");
 }
 
 } // namespace ebtq::db::test
