@@ -12,6 +12,7 @@ struct Options
     int followUps = 3000;
     int clients = 32;
     int seconds = 20;
+    QString module = QStringLiteral("listings"); ///< or "customers": whose editor is measured
     QString database; ///< an existing one or a server's URL; empty: a temporary one is made
 };
 
@@ -27,7 +28,8 @@ int rowChangeBenchmark(const Options &options);
 /// The customers of listings of several kinds, against the bare statements; with the engine's plan of each.
 /// On either engine.
 int matchBenchmark(const Options &options);
-/// Opening the editor for a listing, against its bare statements; the building of its widgets beside it.
+/// Opening the editor for a listing or a customer, against its bare statements; the building of its widgets
+/// beside it.
 int editorBenchmark(const Options &options);
 /// Translating the list statement, against SQLite preparing the translated text.
 int dialectBenchmark(const Options &options);

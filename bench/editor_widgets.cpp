@@ -2,6 +2,7 @@
 
 #ifdef EBTQ_WIDGETS
 
+#include "screens/customers/frm_kh_view.h"
 #include "screens/listings/frm_fx_view.h"
 #include "screens/look/look.h"
 
@@ -17,11 +18,25 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
     return application;
 }
 
-void buildEditorWidgets(FrmFx &form)
+namespace {
+
+template<class View, class Form> void buildWidgets(Form &form)
 {
-    FrmFxView view(form, nullptr);
+    View view(form, nullptr);
     view.show();
     QCoreApplication::processEvents();
+}
+
+} // namespace
+
+void buildEditorWidgets(FrmFx &form)
+{
+    buildWidgets<FrmFxView>(form);
+}
+
+void buildEditorWidgets(frmKh &form)
+{
+    buildWidgets<FrmKhView>(form);
 }
 
 } // namespace ebtq::bench
@@ -36,6 +51,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
 }
 
 void buildEditorWidgets(FrmFx &) {}
+void buildEditorWidgets(frmKh &) {}
 
 } // namespace ebtq::bench
 

@@ -6,7 +6,8 @@
 
 namespace ebtq {
 class FrmFx;
-}
+class frmKh;
+} // namespace ebtq
 
 namespace ebtq::bench {
 
@@ -14,5 +15,6 @@ namespace ebtq::bench {
 [[nodiscard]] std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv);
 /// Builds the editor's screen, shows it and takes it away again; nothing in a program without widgets.
 void buildEditorWidgets(FrmFx &form);
+void buildEditorWidgets(frmKh &form);
 
 } // namespace ebtq::bench

@@ -21,7 +21,8 @@ constexpr Command commands[] = {
     {"search", "search in the loaded rows", ebtq::bench::searchBenchmark},
     {"rowchange", "go down the list with each tab of the detail open", ebtq::bench::rowChangeBenchmark},
     {"match", "find the customers whom a listing suits", ebtq::bench::matchBenchmark},
-    {"editor", "open the editor for a listing", ebtq::bench::editorBenchmark},
+    {"editor", "open the editor for a listing or, with --module customers, a customer",
+     ebtq::bench::editorBenchmark},
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
     {"layout", "restore a layout with sums by two groups", ebtq::bench::layoutBenchmark},
     {"export", "export the loaded list", ebtq::bench::exportBenchmark},
@@ -73,12 +74,17 @@ int main(int argc, char **argv)
                                       QStringLiteral("an existing database, or an empty base on a"
                                                      " server that is filled, instead"),
                                       QStringLiteral("file or URL"));
-    parser.addOptions({rows, customers, rounds, clients, seconds, database});
+    const QCommandLineOption module(
+        QStringLiteral("module"),
+        QStringLiteral("whose editor is opened: listings, or customers, of which there are --rows then"),
+        QStringLiteral("name"), QStringLiteral("listings"));
+    parser.addOptions({rows, customers, rounds, clients, seconds, database, module});
     parser.process(*application);
     ebtq::bench::Options options;
     options.rows = parser.value(rows).toInt();
     options.rounds = parser.value(rounds).toInt();
     options.database = parser.value(database);
+    options.module = parser.value(module);
     options.customers = parser.value(customers).toInt();
     options.clients = parser.value(clients).toInt();
     options.seconds = parser.value(seconds).toInt();

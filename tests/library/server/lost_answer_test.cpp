@@ -1,3 +1,4 @@
+#include "library/customers/frm_kh.h"
 #include "library/followups/frm_gj.h"
 #include "library/listings/frm_fx_fixture.h"
 #include "support/postgres_base.h"
@@ -177,6 +178,30 @@ TEST_F(LostAnswerTest, AFollowUpIsWrittenOnce)
     const RowBlock kept = rows(u"select 跟进内容,用户ID from fygj"_qs);
     ASSERT_EQ(kept.rowCount(), 1);
     EXPECT_EQ(kept.value(0, 0).toString() + kept.value(0, 1).toString(), u"又来电U1");
+}
+
+TEST_F(LostAnswerTest, ACustomerIsWrittenOnceAndThenChangedAndReadBack)
+{
+    frmKh customer(desktop);
+    desktop.willShow([&](QObject &) {
+        for (const auto &[number, text] : {std::pair(1, u"甲"_qs), {4, u"138"_qs}, {15, u"1,250.5"_qs}})
+            customer.qzTxt(number).setText(text);
+        desktop.willAnswer(Desktop::Answer::Ok);
+        loseAnswerOf([&] { customer.Cmd(0).press(); });
+        EXPECT_THAT(onlyMessage(), HasSubstr("不能确定操作是否已完成"));
+        kill();
+        mendServer();
+        desktop.willAnswer(Desktop::Answer::No);
+        customer.Cmd(0).press();
+        EXPECT_THAT(onlyMessage(), HasSubstr("是否继续新建"));
+        customer.Opt(1).setValue(1);
+        customer.Cmd(0).press();
+        customer.RecordTop();
+        EXPECT_EQ(customer.qzTxt(0).Text() + customer.qzTxt(15).Text(), u"KY20261100011250.5");
+        EXPECT_EQ(customer.recordPosition() + customer.recordCount() + customer.Opt(1).Value(), 3);
+    });
+    customer.py_Init(app, host::CustomerModule, {}, false);
+    EXPECT_EQ(rows(u"select 客源ID from fykh where 状态=1"_qs).rowCount(), 1);
 }
 
 } // namespace
