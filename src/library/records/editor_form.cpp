@@ -226,10 +226,11 @@ void EditorForm::put(const RecordColumn &column, const QString &text)
         putFirstTick(WholePart(Val(text)));
         break;
     case Holder::TickSum:
-        putTickSum(WholePart(Val(text)));
+        for (size_t at = 0; at < m_ticks.size(); ++at)
+            m_ticks[at]->setValue(isInSum(at, text) ? 1 : 0);
         break;
     case Holder::Option:
-        putOption(WholePart(Val(text)));
+        optionOf(text).setValue(1);
         break;
     case Holder::Given:
         break;
@@ -279,11 +280,10 @@ int EditorForm::firstTick() const
     return last;
 }
 
-void EditorForm::putTickSum(int sum)
+bool EditorForm::isInSum(size_t tick, const QString &sum) const
 {
-    const bool isSum = sum >= 0 && sum < 1 << m_ticks.size();
-    for (size_t at = 0; at < m_ticks.size(); ++at)
-        m_ticks[at]->setValue(isSum && (sum & 1 << at) != 0 ? 1 : 0);
+    const int number = WholePart(Val(sum));
+    return number >= 0 && number < 1 << m_ticks.size() && (number & 1 << tick) != 0;
 }
 
 int EditorForm::tickSum() const
@@ -294,10 +294,11 @@ int EditorForm::tickSum() const
     return sum;
 }
 
-void EditorForm::putOption(int number)
+OptionButton &EditorForm::optionOf(const QString &number) const
 {
+    const int wanted = WholePart(Val(number));
     const int last = static_cast<int>(m_options.size()) - 1;
-    option(number >= 0 && number < last ? number : last).setValue(1);
+    return option(wanted >= 0 && wanted < last ? wanted : last);
 }
 
 int EditorForm::chosenOption() const

@@ -162,9 +162,9 @@ private:
     void put(const RecordColumn &column, const QString &text);
     void putFirstTick(int number);
     [[nodiscard]] int firstTick() const;
-    void putTickSum(int sum);
+    [[nodiscard]] bool isInSum(size_t tick, const QString &sum) const;
     [[nodiscard]] int tickSum() const;
-    void putOption(int number);
+    [[nodiscard]] OptionButton &optionOf(const QString &number) const;
     [[nodiscard]] int chosenOption() const;
     [[nodiscard]] HeldText heldTexts() const;
     [[nodiscard]] QString titleOf(const RecordColumn &column) const;
@@ -197,6 +197,8 @@ private:
     bool settle(const std::vector<ForeignChange> &changes);
     void takeOver(const ForeignChange &change);
     [[nodiscard]] QString described(const ForeignChange &change) const;
+    /// A stored text as a person reads it on the form.
+    [[nodiscard]] QString shown(const RecordColumn &column, const QString &text) const;
 
     QString m_arrayName;
     std::span<const EditorField> m_descriptions;

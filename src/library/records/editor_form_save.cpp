@@ -1,4 +1,6 @@
 #include "contracts/conversions.h"
+#include "library/controls/check_box.h"
+#include "library/controls/option_button.h"
 #include "library/frame/desktop.h"
 #include "library/frame/guid_text.h"
 #include "library/frame/statements.h"
@@ -332,7 +334,22 @@ QString EditorForm::described(const ForeignChange &change) const
     if (change.column->holder == Holder::FieldKey)
         return titleOf(*change.column);
     return QStringLiteral("%1：%2 → %3")
-        .arg(titleOf(*change.column), shownValue(change.loaded), shownValue(change.stored));
+        .arg(titleOf(*change.column), shown(*change.column, change.loaded),
+             shown(*change.column, change.stored));
+}
+
+QString EditorForm::shown(const RecordColumn &column, const QString &text) const
+{
+    if (column.holder == Holder::Option)
+        return optionOf(text).Caption();
+    if (column.holder != Holder::TickSum)
+        return shownValue(text);
+    QStringList ticked;
+    for (size_t at = 0; at < m_ticks.size(); ++at) {
+        if (isInSum(at, text))
+            ticked += m_ticks[at]->Caption();
+    }
+    return shownValue(ticked.join(u'、'));
 }
 
 } // namespace ebtq

@@ -11,10 +11,7 @@ OptionButtonView::OptionButtonView(OptionButton &button, QWidget *parent, QChar 
     bindControl(button, *this);
     const auto follow = [this, &button, mnemonic] {
         setText(withMnemonic(button.Caption(), mnemonic));
-        // A chosen one that is exclusive cannot be taken back by code.
-        setAutoExclusive(false);
         setChecked(button.Value() != 0);
-        setAutoExclusive(true);
     };
     connect(&button, &OptionButton::Click, this, follow);
     connect(&button, &Control::stateChanged, this, follow);
