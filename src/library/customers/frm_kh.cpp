@@ -72,7 +72,8 @@ void frmKh::py_Init(HostApp &host, int moduleId, const QString &id, bool bReadOn
     setApp(nullptr);
 }
 
-/// Help fields have one text for what is not found, without the field's name.
+/// Help fields have one text for what is not found, without the field's name. The date is checked at its
+/// field.
 void frmKh::load()
 {
     reset();
@@ -80,6 +81,9 @@ void frmKh::load()
         if (fieldOf(each->Index()).lookUp.kind != LookUp::None)
             each->set_error_message(inputError());
     }
+    qzTxt_S &date = qzTxt(Number::EntrustedOn);
+    date.set_judge_time(qzTxt_S::JudgeOnLeaving);
+    date.set_error_message(fieldOf(date.Index()).title.toString() + inputError());
     app().FormStyler().Apply(*this);
 }
 

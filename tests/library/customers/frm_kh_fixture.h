@@ -35,7 +35,13 @@ protected:
         app.statements.clear();
         form.py_Init(app, host::CustomerModule, id, readOnly);
     }
-    void press(int button) const { form.Cmd(button).press(); }
+    /// The questions that follow are answered in this order.
+    void press(int button, std::initializer_list<Desktop::Answer> answers = {})
+    {
+        for (const Desktop::Answer answer : answers)
+            desktop.willAnswer(answer);
+        form.Cmd(button).press();
+    }
     /// What a new request needs.
     void fill(const QString &name) const
     {
