@@ -10,11 +10,6 @@ namespace {
 
 using Number = CustomerNumber;
 
-QString inputError()
-{
-    return QStringLiteral("输入有误，请重新输入！");
-}
-
 } // namespace
 
 frmKh::frmKh(Desktop &desktop)
@@ -79,11 +74,11 @@ void frmKh::load()
     reset();
     for (qzTxt_S *each : fields()) {
         if (fieldOf(each->Index()).lookUp.kind != LookUp::None)
-            each->set_error_message(inputError());
+            each->set_error_message(FieldLookUps::refusal());
     }
     qzTxt_S &date = qzTxt(Number::EntrustedOn);
     date.set_judge_time(qzTxt_S::JudgeOnLeaving);
-    date.set_error_message(fieldOf(date.Index()).title.toString() + inputError());
+    date.set_error_message(fieldOf(date.Index()).title.toString() + FieldLookUps::refusal());
     app().FormStyler().Apply(*this);
 }
 

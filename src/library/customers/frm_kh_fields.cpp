@@ -6,38 +6,21 @@ namespace {
 
 constexpr auto Right = qzTxt_S::AlignRight;
 
-constexpr LookUp dictionary(QStringView helpCode, QStringView kind)
-{
-    return {.kind = LookUp::HostList,
-            .name = helpCode,
-            .valueColumn = u"代码",
-            .textColumn = u"名称",
-            .dictionary = kind};
-}
-
-constexpr LookUp houseTypes{.kind = LookUp::HostList,
-                            .name = u"gy_fx",
-                            .valueColumn = u"房型编号",
-                            .textColumn = u"房型名称",
-                            .statement =
-                                u"select 房型编号,房型名称,房间数,客厅数,卫生间数,阳台数 from pdmfx where "
-                                u"(房型编号='@' or 房型名称='@')"};
-
 /// The way of paying commission has another kind in the dictionary than its column has as its name.
 constexpr EditorField fields[] = {
     {u"委托编号 *", u"委托编号"},
     {u"客户名称 *", u"客户名称"},
     {u"客户类别", u"客户类别"},
-    {u"委托等级", u"委托等级", dictionary(u"gy_sjzd_wtdj", u"委托等级")},
+    {u"委托等级", u"委托等级", dictionaryLookUp(u"gy_sjzd_wtdj", u"委托等级")},
     {u"联系电话 *", u"联系电话"},
     {u"电子邮件", u"电子邮件"},
     {u"其他联系", u"其他联系"},
     {u"需求片区", u"需求片区", {.kind = LookUp::Picker, .name = u"pdmdq"}},
     {u"地段要求", u"地段要求"},
-    {u"需求房型", u"需求房型", houseTypes},
+    {u"需求房型", u"需求房型", houseTypeLookUp},
     {u"物业要求", u"物业要求"},
-    {u"购房用途", u"购房用途", dictionary(u"gy_sjzd_yt", u"物业用途")},
-    {u"房屋朝向", u"房屋朝向", dictionary(u"gy_sjzd_cx", u"房屋朝向")},
+    {u"购房用途", u"购房用途", dictionaryLookUp(u"gy_sjzd_yt", u"物业用途")},
+    {u"房屋朝向", u"房屋朝向", dictionaryLookUp(u"gy_sjzd_cx", u"房屋朝向")},
     {u"装修要求", u"装修要求"},
     {u"面积", u"最小面积", {}, Right},
     {u"", u"最大面积", {}, Right, u"㎡"},
@@ -45,8 +28,8 @@ constexpr EditorField fields[] = {
     {u"", u"最高楼层", {}, Right, u"层"},
     {u"", u"最低求购价", {}, Right},
     {u"", u"最高求购价", {}, Right, u"万元"},
-    {u"付款方式", u"付款方式", dictionary(u"gy_sjzd_fk", u"付款方式")},
-    {u"付佣方式", u"付佣方式", dictionary(u"gy_sjzd_fy", u"付佣金方式")},
+    {u"付款方式", u"付款方式", dictionaryLookUp(u"gy_sjzd_fk", u"付款方式")},
+    {u"付佣方式", u"付佣方式", dictionaryLookUp(u"gy_sjzd_fy", u"付佣金方式")},
     {u"委托协议", u"委托协议"},
     {u"信息来源", u"信息来源"},
     {u"  经纪人", u"经纪人", {.kind = LookUp::Picker, .name = u"pdmgy"}},

@@ -8,29 +8,12 @@ constexpr auto Left = qzTxt_S::AlignLeft;
 constexpr auto Right = qzTxt_S::AlignRight;
 constexpr auto Centre = qzTxt_S::AlignCentre;
 
-constexpr LookUp dictionary(QStringView helpCode, QStringView kind)
-{
-    return {.kind = LookUp::HostList,
-            .name = helpCode,
-            .valueColumn = u"代码",
-            .textColumn = u"名称",
-            .dictionary = kind};
-}
-
 constexpr LookUp picker(QStringView name)
 {
     return {.kind = LookUp::Picker, .name = name};
 }
 
 constexpr LookUp calendar{.kind = LookUp::Calendar};
-
-constexpr LookUp houseTypes{.kind = LookUp::HostList,
-                            .name = u"gy_fx",
-                            .valueColumn = u"房型编号",
-                            .textColumn = u"房型名称",
-                            .statement =
-                                u"select 房型编号,房型名称,房间数,客厅数,卫生间数,阳台数 from pdmfx where "
-                                u"(房型编号='@' or 房型名称='@')"};
 
 constexpr LookUp propertyRights{.kind = LookUp::HostList,
                                 .name = u"gy_cq",
@@ -47,7 +30,7 @@ constexpr EditorField fields[] = {
     {u"地址", u"城区", picker(u"pdmdq")},
     {u"登记日期", u"登记日期", calendar},
     {u"", u"栋座/位置", picker(u"selpdmdz")},
-    {u"房型", u"房型", houseTypes, Centre},
+    {u"房型", u"房型", houseTypeLookUp, Centre},
     {u"㎡ 实用面积", u"实用面积", {}, Right, u"㎡"},
     {u"", u"楼盘字典", picker(u"selpdmlpzd")},
     {u"面积", u"面积", {}, Right, u"㎡"},
@@ -60,42 +43,42 @@ constexpr EditorField fields[] = {
     {u"", u"楼层", {}, Centre},
     {u"阳台", u"阳台"},
     {u"卫", u"房型（阳台）", {}, Centre},
-    {u"㎡ 朝向", u"朝向", dictionary(u"gy_sjzd_cx", u"房屋朝向")},
+    {u"㎡ 朝向", u"朝向", dictionaryLookUp(u"gy_sjzd_cx", u"房屋朝向")},
     {u"厅", u"房型（卫）", {}, Centre},
     {u"房", u"房型（厅）", {}, Centre},
-    {u"用途", u"用途", dictionary(u"gy_sjzd_yt", u"物业用途")},
-    {u"类型", u"类型", dictionary(u"gy_sjzd_lx", u"物业类型")},
+    {u"用途", u"用途", dictionaryLookUp(u"gy_sjzd_yt", u"物业用途")},
+    {u"类型", u"类型", dictionaryLookUp(u"gy_sjzd_lx", u"物业类型")},
     {u"建房年代", u"建房年代"},
-    {u"交易", u"交易", dictionary(u"gy_sjzd_jy", u"交易类型")},
-    {u"状态", u"状态", dictionary(u"gy_sjzd_zt", u"交易状态")},
+    {u"交易", u"交易", dictionaryLookUp(u"gy_sjzd_jy", u"交易类型")},
+    {u"状态", u"状态", dictionaryLookUp(u"gy_sjzd_zt", u"交易状态")},
     {u"售价", u"售价", {}, Right, u"万元"},
     {u"万元  ", u"单价", {}, Right, u"万元/㎡"},
     {u"/㎡ ", u"底价", {}, Right, u"万元"},
-    {u"包税费", u"包税费", dictionary(u"gy_sjzd_bsf", u"包税费类型")},
+    {u"包税费", u"包税费", dictionaryLookUp(u"gy_sjzd_bsf", u"包税费类型")},
     {u"租价", u"租价", {}, Right, u"元/月"},
     {u"元/月 ", u"单价", {}, Right, u"元/㎡"},
     {u"/㎡ ", u"底价", {}, Right, u"元/月"},
     {u"原购价", u"原购价", {}, Right},
     {u"委托日期", u"委托日期", calendar},
-    {u"委托方式", u"委托方式", dictionary(u"gy_sjzd_wt", u"委托方式")},
+    {u"委托方式", u"委托方式", dictionaryLookUp(u"gy_sjzd_wt", u"委托方式")},
     {u"交房日期", u"交房日期", calendar},
     {u"委托编号", u"委托编号"},
     {u"管理费", u"管理费", {}, Right},
-    {u"  来源", u"来源", dictionary(u"gy_sjzd_ly", u"房屋来源")},
-    {u"现状", u"现状", dictionary(u"gy_sjzd_xz", u"房屋现状")},
-    {u"装修", u"装修", dictionary(u"gy_sjzd_zx", u"装修程度")},
-    {u"配套", u"配套", dictionary(u"gy_sjzd_pt", u"配套设施")},
-    {u"家具", u"家具", dictionary(u"gy_sjzd_jj", u"家具配置")},
-    {u"家电", u"家电", dictionary(u"gy_sjzd_jd", u"家电配置")},
+    {u"  来源", u"来源", dictionaryLookUp(u"gy_sjzd_ly", u"房屋来源")},
+    {u"现状", u"现状", dictionaryLookUp(u"gy_sjzd_xz", u"房屋现状")},
+    {u"装修", u"装修", dictionaryLookUp(u"gy_sjzd_zx", u"装修程度")},
+    {u"配套", u"配套", dictionaryLookUp(u"gy_sjzd_pt", u"配套设施")},
+    {u"家具", u"家具", dictionaryLookUp(u"gy_sjzd_jj", u"家具配置")},
+    {u"家电", u"家电", dictionaryLookUp(u"gy_sjzd_jd", u"家电配置")},
     {u"产权", u"产权", propertyRights},
-    {u"证件", u"证件", dictionary(u"gy_sjzd_zj", u"证件名称")},
-    {u"付款", u"付款", dictionary(u"gy_sjzd_fk", u"付款方式")},
-    {u"付佣", u"付佣", dictionary(u"gy_sjzd_fy", u"付佣金方式")},
-    {u"看房", u"看房", dictionary(u"gy_sjzd_kf", u"看房方式")},
+    {u"证件", u"证件", dictionaryLookUp(u"gy_sjzd_zj", u"证件名称")},
+    {u"付款", u"付款", dictionaryLookUp(u"gy_sjzd_fk", u"付款方式")},
+    {u"付佣", u"付佣", dictionaryLookUp(u"gy_sjzd_fy", u"付佣金方式")},
+    {u"看房", u"看房", dictionaryLookUp(u"gy_sjzd_kf", u"看房方式")},
     {u"", u"钥匙号", {}, Centre},
     {u"  业主", u"业主"},
     {u"联系人", u"联系人"},
-    {u"  国籍", u"国籍", dictionary(u"gy_sjzd_gj", u"国籍")},
+    {u"  国籍", u"国籍", dictionaryLookUp(u"gy_sjzd_gj", u"国籍")},
     {u"手机", u"手机"},
     {u"附属房", u"附属房"},
 };

@@ -21,4 +21,24 @@ struct LookUp
     [[nodiscard]] QString check() const;
 };
 
+// Those of several screens.
+
+/// The entries of one kind of the data dictionary.
+constexpr LookUp dictionaryLookUp(QStringView helpCode, QStringView kind)
+{
+    return {.kind = LookUp::HostList,
+            .name = helpCode,
+            .valueColumn = u"代码",
+            .textColumn = u"名称",
+            .dictionary = kind};
+}
+
+inline constexpr LookUp houseTypeLookUp{
+    .kind = LookUp::HostList,
+    .name = u"gy_fx",
+    .valueColumn = u"房型编号",
+    .textColumn = u"房型名称",
+    .statement = u"select 房型编号,房型名称,房间数,客厅数,卫生间数,阳台数 from pdmfx where "
+                 u"(房型编号='@' or 房型名称='@')"};
+
 } // namespace ebtq
