@@ -3,6 +3,7 @@
 #include "contracts/host_contracts.h"
 #include "screens/frame/form_dialog.h"
 #include "screens/frame/view_registry.h"
+#include "screens/look/file_choice.h"
 #include "screens/look/look.h"
 #include "screens/look/message_text.h"
 #include "screens/look/window_below.h"
@@ -10,7 +11,6 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -50,16 +50,6 @@ void keepWhole(QMessageBox &box, const QString &text, const QString &title)
 {
     box.setToolTip(look::messageToolTip(text, title));
     look::logMessage(text, title);
-}
-
-QString chooseFile(QFileDialog &dialog, const QString &acceptText)
-{
-    dialog.setLabelText(QFileDialog::Accept, acceptText);
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("取消(&C)"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("文件名:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("类型:"));
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("位置:"));
-    return look::runModal(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 } // namespace
@@ -121,19 +111,12 @@ std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString 
 
 QString QtDesktop::openDialog(const QString &title, const QString &folder, const QString &filter)
 {
-    QFileDialog dialog(look::windowBelow(), title, folder, filter);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    return chooseFile(dialog, QStringLiteral("打开(&O)"));
+    return look::chooseFileToOpen(title, folder, filter);
 }
 
 QString QtDesktop::saveDialog(const QString &title, const QString &proposedPath, const QString &filter)
 {
-    const QFileInfo proposed(proposedPath);
-    QFileDialog dialog(look::windowBelow(), title, proposed.path(), filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(proposed.suffix());
-    dialog.selectFile(proposed.fileName());
-    return chooseFile(dialog, QStringLiteral("保存(&S)"));
+    return look::chooseFileToSave(title, proposedPath, filter);
 }
 
 void QtDesktop::showModal(QObject &form)

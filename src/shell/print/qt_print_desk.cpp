@@ -1,11 +1,11 @@
 #include "shell/print/qt_print_desk.h"
 
+#include "screens/look/file_choice.h"
 #include "screens/look/window_below.h"
 #include "shell/print/preview_dialog.h"
 #include "shell/print/setup_dialog.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QPrintDialog>
 #include <QPrinterInfo>
 
@@ -31,12 +31,8 @@ bool QtPrintDesk::choosePrinter(QPrinter &printer)
 
 QString QtPrintDesk::choosePdfFile(const QString &proposedPath)
 {
-    QFileDialog dialog(look::windowBelow(), QStringLiteral("存为 PDF"), QFileInfo(proposedPath).path(),
-                       QStringLiteral("PDF 文件 (*.pdf)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.selectFile(QFileInfo(proposedPath).fileName());
-    return look::runModal(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return look::chooseFileToSave(QStringLiteral("存为 PDF"), proposedPath,
+                                  QStringLiteral("PDF 文件 (*.pdf)"));
 }
 
 bool QtPrintDesk::editSettings(PrintSettings &settings)

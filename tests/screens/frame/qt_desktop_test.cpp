@@ -4,6 +4,7 @@
 #include "screens/frame/view_registry.h"
 #include "screens/support/screen.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
@@ -16,6 +17,10 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace ebtq;
 using namespace ebtq::test;
@@ -149,6 +154,41 @@ TEST_F(QtDesktopTest, FileDialogsGiveAPathOrNothing)
     const QString proposed = folder.filePath(u"新.txt"_qs);
     const WhenModal modal([](QWidget &box) { buttonWith(box, u"保存(&S)"_qs)->click(); });
     EXPECT_EQ(desktop.saveDialog(u"保存"_qs, proposed, filter), proposed);
+}
+
+/// As another program sees it: the record lock that this one holds on a file.
+bool isLocked(int file)
+{
+    const pid_t other = fork();
+    if (other == 0) {
+        struct flock lock = {};
+        lock.l_type = F_WRLCK;
+        _exit(fcntl(file, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK ? 0 : 1);
+    }
+    int status = 1;
+    waitpid(other, &status, 0);
+    return status == 0;
+}
+
+TEST_F(QtDesktopTest, AFileDialogTakesNoLockFromTheDatabaseBesideIt)
+{
+    const QTemporaryDir folder;
+    QFile database(folder.filePath(u"a.db"_qs));
+    ASSERT_TRUE(database.open(QFile::ReadWrite));
+    database.write("SQLite format 3");
+    database.flush();
+    struct flock lock = {};
+    lock.l_type = F_RDLCK;
+    ASSERT_EQ(fcntl(database.handle(), F_SETLK, &lock), 0);
+    const WhenModal modal([&](QWidget &box) {
+        auto *files = box.findChild<QAbstractItemView *>(u"treeView"_qs);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return files->model()->rowCount(files->rootIndex()) > 0; }));
+        box.grab();
+        QTest::qWait(100);
+        buttonWith(box, u"取消(&C)"_qs)->click();
+    });
+    (void)desktop.openDialog(u"打开"_qs, folder.path(), u"全部 (*)"_qs);
+    EXPECT_TRUE(isLocked(database.handle()));
 }
 
 TEST_F(QtDesktopTest, AModalFormEndsWhenItsScreenAgreesToClose)
