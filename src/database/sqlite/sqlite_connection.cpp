@@ -6,6 +6,7 @@
 #include "database/sqlite/sqlite_error.h"
 #include "database/sqlite/sqlite_rows.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -164,6 +165,17 @@ void SqliteConnection::configure(Missing missing)
     if ((isNew || isOurs) && !isReadOnly())
         run("pragma journal_mode=wal");
     run("pragma synchronous=full; pragma temp_store=memory; pragma cache_size=-65536");
+    // The engine opens the log with the first statement that reads.
+    run("select 1 from sqlite_master");
+    m_log = log();
+}
+
+FileIdentity SqliteConnection::log() const
+{
+    if (m_path.isEmpty())
+        return {};
+    const char *path = sqlite3_filename_wal(sqlite3_db_filename(m_handle.get(), "main"));
+    return FileIdentity::of(QFile::decodeName(path));
 }
 
 /// Another program may have upgraded the tables since the catalog was read: then a failed statement is tried
@@ -309,7 +321,7 @@ void SqliteConnection::requireSameFile()
         return;
     int moved = 0;
     sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
-    if (moved != 0 || FileIdentity::of(m_path) != m_file)
+    if (moved != 0 || FileIdentity::of(m_path) != m_file || log() != m_log)
         throw DatabaseError(u"数据库文件已被移动、删除或替换，未保存！"
                             "请记下未保存的内容，重新启动程序后再保存：%1"_s.arg(m_path));
 }

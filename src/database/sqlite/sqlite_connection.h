@@ -57,8 +57,9 @@ private:
     void open(const QString &location, Missing missing);
     void openSealed();
     void configure(Missing missing);
-    /// Throws when the file was replaced or removed meanwhile: what is written would be lost.
+    /// Throws when the file or its log was replaced or removed meanwhile: what is written would be lost.
     void requireSameFile();
+    [[nodiscard]] FileIdentity log() const;
     template<class Run> auto runTranslated(const SqlText &statement, Run run);
     /// Prepares the statement, by its shape where it has one, and passes it to `run` with its values bound.
     template<class Run> auto runPrepared(const SqlText &statement, Run run);
@@ -73,6 +74,7 @@ private:
     QString m_location;
     QString m_path; ///< empty for a database in memory
     FileIdentity m_file;
+    FileIdentity m_log; ///< of the log beside the file; all zero for a database without one
     std::unique_ptr<sqlite3, Closer> m_handle;
     std::unique_ptr<StatementCache> m_statements;
     TranslationCache m_translations; ///< by the catalog as it was read

@@ -91,6 +91,7 @@ TEST_F(SqliteFileTest, NothingIsSavedIntoAFileThatLostItsName)
              QFile::copy(path("b.db"), path("a.db"));
          }},
         {"deleted", [this] { QFile::remove(path("a.db")); }},
+        {"its log deleted", [this] { QFile::remove(path("a.db-wal")); }},
     };
     for (const auto &[what, act] : cases) {
         const auto connection = make();
