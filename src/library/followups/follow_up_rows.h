@@ -23,6 +23,7 @@ enum FollowUpColumn : int {
     FollowUpKey ///< hidden
 };
 
+/// Without a colour.
 [[nodiscard]] const ListGrid &followUpGrid();
 
 /// Columns and tables of a statement that fills such a grid from its first column on, between "select" and

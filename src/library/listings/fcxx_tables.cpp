@@ -72,7 +72,8 @@ constexpr ListGrid grid{
         u"  |房型    |面积      |朝向|装修  |售总价    |租总价    |委托日      |部门  |经纪人|房源ID|附件",
     .fixedColumns = 0,
     .hiddenColumns = hiddenColumns,
-    .toolTip = u"提示：双击进入原始单据查询"};
+    .toolTip = u"提示：双击进入原始单据查询",
+    .alternateColor = softYellow};
 
 constexpr ListTables list{.grid = grid,
                           .firstColumn = ListingMarker,

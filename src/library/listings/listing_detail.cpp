@@ -23,7 +23,8 @@ constexpr ListGrid customerGrid{
     .format =
         u" |方式  |状态  | 委托编号  | 客户名称    | 需求片区                 |需求楼层  |需求面积         "
         u"|求购价格(万元)|求租价格(元/月)|需求房型    | 委托日期        |部门       |经纪人    ",
-    .hiddenColumns = hiddenCustomerColumns};
+    .hiddenColumns = hiddenCustomerColumns,
+    .alternateColor = softYellow};
 
 DetailTables tables()
 {
@@ -79,7 +80,9 @@ ListingDetail::ListingDetail(Module &module, const VSFlexGrid &list)
 void ListingDetail::setUpGrids()
 {
     m_followUpsLayout.forget();
-    setUpListGrid(m_followUps, followUpGrid());
+    ListGrid followUps = followUpGrid();
+    followUps.alternateColor = softYellow;
+    setUpListGrid(m_followUps, followUps);
     setUpListGrid(m_customers, customerGrid);
 }
 
@@ -116,7 +119,7 @@ bool ListingDetail::LoadDataMsg(const QString &id)
     return trapped(u"-->LoadDataMsg::", [&] {
         const auto listing = openRows(app().Db(), measuresStatement(id));
         return !isEmpty(*listing) &&
-               loadGrid(m_customers, matchingCustomersStatement(listing->GetRows()), nullptr);
+               loadGrid(m_customers, matchingCustomersStatement(DetailRecord(listing->GetRows())), nullptr);
     });
 }
 

@@ -1,8 +1,6 @@
 #include "library/listings/listing_matching.h"
 
 #include "contracts/conversions.h"
-#include "contracts/host_contracts.h"
-#include "database/values/number_text.h"
 
 namespace ebtq {
 
@@ -21,15 +19,6 @@ constexpr Measure measures[] = {
     {u"租房价格", u" and 求租价格1<=", u" and 求租价格2>="},
 };
 
-/// A floor is a text and counts by its leading number.
-double measured(const RowBlock &row, QStringView name)
-{
-    const int column = row.columnNamed(name);
-    if (column < 0)
-        throw Failure(QStringLiteral("列 %1 不存在").arg(name));
-    return leadingNumber(row.cell(0, column));
-}
-
 } // namespace
 
 SqlText measuresStatement(const QString &listing)
@@ -46,7 +35,7 @@ SqlText measuresStatement(const QString &listing)
     return sql;
 }
 
-SqlText matchingCustomersStatement(const RowBlock &row)
+SqlText matchingCustomersStatement(const DetailRecord &listing)
 {
     SqlText sql(QStringLiteral(
         "select iif(方式=1,'求购',iif(方式=2,'求租',iif(方式=3,'购租',''))),iif(状态=0,'有效','失效'),"
@@ -56,7 +45,7 @@ SqlText matchingCustomersStatement(const RowBlock &row)
         "B.username as 业务员 from (fykh A left join su_membership B on A.用户ID=B.userID)"
         " left join su_usertype C on B.UserTypeID=C.mtID where 1=1"));
     for (const Measure &measure : measures) {
-        const double value = measured(row, measure.listingColumn);
+        const double value = listing.number(measure.listingColumn);
         if (!(value > 0))
             continue;
         for (const QStringView bound : {measure.lowerBound, measure.upperBound}) {

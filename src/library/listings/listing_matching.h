@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/values/row_block.h"
 #include "database/values/sql_text.h"
+#include "library/lists/record_detail.h"
 
 namespace ebtq {
 
@@ -12,8 +12,9 @@ namespace ebtq {
 /// The statement that reads a listing's measures, with what names it in front of them.
 [[nodiscard]] SqlText measuresStatement(const QString &listing);
 
-/// The statement that looks for the customers of the listing in the first row of `measures`. A measure that
-/// is not above 0 is not tested, so a listing without any suits everybody.
-[[nodiscard]] SqlText matchingCustomersStatement(const RowBlock &measures);
+/// The statement that looks for the customers of a listing with these measures. A floor is a text and counts
+/// by its leading number. A measure that is not above 0 is not tested, so a listing without any suits
+/// everybody.
+[[nodiscard]] SqlText matchingCustomersStatement(const DetailRecord &measures);
 
 } // namespace ebtq

@@ -59,6 +59,10 @@ CheckBox &ListFilter::Chk(int number)
 void ListFilter::setUp()
 {
     m_lookUps.setUp();
+    if (!m_tables.refusalsNameTheField) {
+        for (const FilterField &field : m_tables.fields)
+            qzTxt(field.number).set_error_message(FieldLookUps::refusal());
+    }
     if (m_periods)
         m_periods->setItems(periodCaptions());
 }

@@ -38,6 +38,7 @@ struct ListFilterTables
     std::array<QStringView, 2> ticks; ///< captions of the boxes Chk
     bool hasPeriods = true;           ///< the combo box XPCmb
     std::span<const FilterClause> clauses;
+    bool refusalsNameTheField = true; ///< what is said of a text that is not found
 };
 
 /// The filter controls of a list module, an array qzTxt, and the where clause that they make.

@@ -5,16 +5,11 @@
 
 namespace ebtq {
 
-namespace {
-
-constexpr int softYellow = 0xC0FFFF;
-
-} // namespace
-
 void setUpListGrid(VSFlexGrid &grid, const ListGrid &shape)
 {
     GridHelper().style(grid, shape.fixedColumns, shape.format.toString());
-    grid.setBackColorAlternate(softYellow);
+    grid.setBackColorAlternate(shape.alternateColor);
+    grid.setSelectionColor(shape.selectionColor);
     grid.setToolTipText(shape.toolTip.toString());
     for (const int column : shape.hiddenColumns)
         grid.setColHidden(column, true);

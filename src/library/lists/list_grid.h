@@ -8,6 +8,8 @@ namespace ebtq {
 
 class VSFlexGrid;
 
+inline constexpr int softYellow = 0xC0FFFF;
+
 /// How a grid of records is built.
 struct ListGrid
 {
@@ -16,9 +18,11 @@ struct ListGrid
     int fixedColumns = 1;
     std::span<const int> hiddenColumns;
     QStringView toolTip = {};
+    int alternateColor = 0; ///< of every second row; 0 for none
+    int selectionColor = 0; ///< of the current row; 0 for the usual one
 };
 
-/// The standard look, striped rows, and what the table says. Rows are lost.
+/// The standard look and what the table says. Rows are lost.
 void setUpListGrid(VSFlexGrid &grid, const ListGrid &shape);
 
 } // namespace ebtq

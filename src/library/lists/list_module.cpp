@@ -29,7 +29,7 @@ ListModule::ListModule(const QString &name, Desktop &desktop, FailureNames failu
 {
     if (tables.filter) {
         m_filter.emplace(*this, *tables.filter);
-        m_search.emplace(*this, m_grid);
+        m_search.emplace(*this, m_grid, tables.searchSensitivity);
         connect(&*m_search, &ListSearch::notFound, this,
                 [this](const QString &text) { raiseMessage(QStringLiteral("没有找到：") + text); });
     }

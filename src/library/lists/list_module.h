@@ -28,6 +28,7 @@ struct ListTables
     int keyColumn;
     const ListFilterTables *filter = nullptr; ///< nullptr for a list without filter and search box
     Wheel wheel = Wheel::Absolute;
+    Qt::CaseSensitivity searchSensitivity = Qt::CaseSensitive;
     bool tellsCount = true; ///< whether each load raises Message with the number of rows
     QStringView refreshTag = u"-->IRptUI_Refresh::";
     QStringView printTitle = {};

@@ -5,9 +5,10 @@
 
 namespace ebtq {
 
-ListSearch::ListSearch(Module &module, VSFlexGrid &list)
+ListSearch::ListSearch(Module &module, VSFlexGrid &list, Qt::CaseSensitivity sensitivity)
     : ModulePart(module)
     , m_list(list)
+    , m_sensitivity(sensitivity)
     , m_label(controls().add<Label>(QStringLiteral("lblSearch")))
     , m_box(controls().add<SearchBox>(QStringLiteral("SearchBox1")))
     , m_filters(controls().add<CheckBox>(QStringLiteral("ChkFind")))
@@ -34,10 +35,10 @@ bool ListSearch::search(const QString &text)
     return text.isEmpty() || drawnLater(m_list, [&] {
                m_list.showAllRows();
                if (m_filters.Value() == 1) {
-                   m_list.hideRowsWithout(text, m_box.columns());
+                   m_list.hideRowsWithout(text, m_box.columns(), m_sensitivity);
                    return true;
                }
-               const int row = m_list.findRow(text, m_box.columns(), m_list.FixedRows());
+               const int row = m_list.findRow(text, m_box.columns(), m_list.FixedRows(), m_sensitivity);
                if (row >= 0)
                    m_list.setRow(row);
                return row >= 0;

@@ -17,7 +17,7 @@ class ListSearch : public QObject, private ModulePart
 
 public:
     /// Adds the controls to the module's; `list` outlives the search.
-    ListSearch(Module &module, VSFlexGrid &list);
+    ListSearch(Module &module, VSFlexGrid &list, Qt::CaseSensitivity sensitivity);
 
     [[nodiscard]] SearchBox &SearchBox1() { return m_box; }
     [[nodiscard]] Label &lblSearch() { return m_label; }
@@ -37,6 +37,7 @@ private:
     void searchAgain(const QString &text);
 
     VSFlexGrid &m_list;
+    Qt::CaseSensitivity m_sensitivity;
     Label &m_label;
     SearchBox &m_box;
     CheckBox &m_filters;

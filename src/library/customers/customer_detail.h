@@ -1,0 +1,46 @@
+#pragma once
+
+#include "library/lists/record_detail.h"
+
+namespace ebtq {
+
+/// Tabs of a customer's detail, by number.
+enum CustomerDetailTab : int { RequestTab = 1, ContactTab, MatchingListingsTab, CustomerFollowUpsTab };
+
+/// The tabs below the list of customers.
+class CustomerDetail : public RecordDetail
+{
+    Q_OBJECT
+
+public:
+    CustomerDetail(Module &module, const VSFlexGrid &list);
+
+    /// The grids' columns; part of the module's Init.
+    void setUpGrids();
+    /// Fills the fields of the first two tabs, whichever tab is active.
+    bool LoadDataMsg(const QString &id);
+    /// Writes a follow-up of the current customer as it was saved: a new one stands at the bottom, as the
+    /// current row, until the tab is loaded again, newest first.
+    void mFrmGj_ReturnData(const QString &psID, bool pbNew);
+
+    /// The listings that suit the customer.
+    [[nodiscard]] VSFlexGrid &VsP() { return m_listings; }
+    /// The customer's follow-ups.
+    [[nodiscard]] VSFlexGrid &VsGj() { return m_followUps; }
+
+protected:
+    bool load(int tab, const QString &id) override;
+
+private:
+    bool LoadDataFy(const QString &id);
+    bool LoadDataGj(const QString &id);
+
+    VSFlexGrid &m_listings;
+    VSFlexGrid &m_followUps;
+    KeptLayout m_followUpsLayout;
+};
+
+/// The display fields of the first two tabs.
+[[nodiscard]] std::span<const DetailField> customerDetailFields();
+
+} // namespace ebtq

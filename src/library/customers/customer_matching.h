@@ -1,0 +1,15 @@
+#pragma once
+
+#include "database/values/sql_text.h"
+#include "library/lists/record_detail.h"
+
+namespace ebtq {
+
+/// Which listings suit a customer's request: those whose measures lie within every bound that the customer
+/// has set. A bound of 0 is none. The search from a listing (listing_matching.h) takes bounds as they are
+/// stored instead.
+
+/// The statement that looks for them. A floor is a text and counts by its leading number.
+[[nodiscard]] SqlText matchingListingsStatement(const DetailRecord &customer);
+
+} // namespace ebtq
