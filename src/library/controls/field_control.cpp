@@ -129,7 +129,8 @@ void qzTxt_S::help(int left, int top)
 bool qzTxt_S::check()
 {
     if (m_text.isEmpty() || (isJudged() && m_text.trimmed().isEmpty())) {
-        accept({}, {});
+        if (m_isOpen)
+            accept({}, {});
         return true;
     }
     if (!isJudged() || !m_isOpen) {
