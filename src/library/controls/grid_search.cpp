@@ -16,6 +16,7 @@ GridSearch::GridSearch(const GridRows &rows, const QString &text, int currentCol
     , m_columnCount(static_cast<size_t>(rows.block().columnCount()))
     , m_places(m_columnCount)
     , m_nextSearched(m_columnCount)
+    , m_formOffsets(m_text.otherForms().size())
 {
     for (qsizetype at = 0; at < m_columns.size(); ++at) {
         const int blockCol = m_columns[at] - rows.firstColumn();
@@ -32,6 +33,7 @@ GridSearch::GridSearch(const GridRows &rows, const QString &text, int currentCol
 
 void GridSearch::run(int from, const std::function<bool(int)> &found)
 {
+    m_runEnd = from;
     for (int position = from; position < m_rows.count();) {
         const int end = m_scanned.size == 0 ? position : endOfScan(position);
         if (end > position) {
@@ -59,23 +61,30 @@ bool GridSearch::rowHolds(int position)
     return cellText(m_rowText).contains(m_typed, m_sensitivity);
 }
 
-/// Rows in the block, one after the other, as far as no letter has a form that the scan does not know.
-int GridSearch::endOfScan(int begin) const
+/// The end of the consecutive rows of the block without a letter in a form that the scan does not know. A
+/// form is searched again only after its last occurrence, or the search would be quadratic.
+int GridSearch::endOfScan(int begin)
 {
-    int end = m_rows.endOfRun(begin);
-    for (const std::string &form : m_text.otherForms()) {
-        if (end == begin)
-            break;
-        const size_t first = m_rows.identity(begin);
-        const size_t last = first + static_cast<size_t>(end - begin) - 1;
-        const size_t offset = m_rows.block().arena().substr(0, rowEnd(last)).find(form, rowBegin(first));
-        if (offset != std::string_view::npos)
-            end = begin + static_cast<int>(rowHolding(offset, first, last) - first);
+    const bool isNewRun = begin >= m_runEnd;
+    if (isNewRun)
+        m_runEnd = m_rows.endOfRun(begin);
+    if (m_runEnd <= begin)
+        return begin;
+    const size_t first = m_rows.identity(begin);
+    const size_t last = first + static_cast<size_t>(m_runEnd - begin) - 1;
+    const std::string_view bytes = m_rows.block().arena().substr(0, rowEnd(last));
+    size_t nearest = std::string_view::npos;
+    for (size_t at = 0; at < m_formOffsets.size(); ++at) {
+        if (isNewRun || m_formOffsets[at] < rowBegin(first))
+            m_formOffsets[at] = bytes.find(m_text.otherForms()[at], rowBegin(first));
+        nearest = std::min(nearest, m_formOffsets[at]);
     }
-    return end;
+    return nearest == std::string_view::npos
+               ? m_runEnd
+               : begin + static_cast<int>(rowHolding(nearest, first, last) - first);
 }
 
-/// The scanned part stands in a cell of that column, `inCell` bytes from its begin.
+/// The scanned part was found in a cell of that column, `inCell` bytes from its begin.
 bool GridSearch::textStandsAround(size_t row, size_t blockCol, size_t inCell) const
 {
     const std::string_view cell = m_rows.block().cellAt(row * m_columnCount + blockCol);
@@ -118,7 +127,7 @@ std::string_view GridSearch::cellOf(size_t row, qsizetype at) const
                : m_rows.block().cell(static_cast<qsizetype>(row), col);
 }
 
-/// The rows from `begin` to `end` stand in the block one after the other.
+/// The rows from `begin` to `end` are consecutive in the block.
 bool GridSearch::scanRun(int begin, int end, const std::function<bool(int)> &found)
 {
     const size_t first = m_rows.identity(begin);

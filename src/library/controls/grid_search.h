@@ -17,8 +17,8 @@ namespace ebtq {
 ///
 /// A text without "%" lies within one cell, so the block's bytes are searched in one pass and each hit is
 /// mapped back to its cell. Of a text with "%" one of the parts between them is searched so, and the columns
-/// around each hit are looked at. Edited rows, and those with a letter in a rare form, are searched row by
-/// row.
+/// around each hit are compared. Edited rows, and those with a letter in a rare form, are searched one by
+/// one.
 class GridSearch
 {
 public:
@@ -34,13 +34,13 @@ public:
 
 private:
     [[nodiscard]] bool rowHolds(int position);
-    [[nodiscard]] int endOfScan(int begin) const;
+    [[nodiscard]] int endOfScan(int begin);
     [[nodiscard]] bool textStandsAround(size_t row, size_t blockCol, size_t inCell) const;
-    /// Whether the row goes on with the text from `begin` on, or ends with what stands before `end`, in the
-    /// columns from `at` on, forwards or backwards; `cell` is what is left of the first one.
+    /// Whether the row continues with the text from `begin`, or ends with the text up to `end`, in the
+    /// columns from `at`, forwards or backwards; `cell` is the rest of the first one.
     [[nodiscard]] bool textFollows(size_t row, qsizetype at, std::string_view cell, size_t begin) const;
     [[nodiscard]] bool textPrecedes(size_t row, qsizetype at, std::string_view cell, size_t end) const;
-    /// A row's cell of the block in the column that stands there in `m_columns`.
+    /// A row's cell of the block in the column m_columns[at].
     [[nodiscard]] std::string_view cellOf(size_t row, qsizetype at) const;
     bool scanRun(int begin, int end, const std::function<bool(int)> &found);
     [[nodiscard]] size_t cellBegin(size_t row, size_t col) const;
@@ -61,8 +61,10 @@ private:
     const bool m_scanDecides;           ///< the scanned part is the whole text
     const QList<int> m_columns;         ///< the current one first
     const size_t m_columnCount;         ///< of the block
-    std::vector<std::vector<qsizetype>> m_places; ///< by column of the block, where it stands in m_columns
+    std::vector<std::vector<qsizetype>> m_places; ///< by column of the block, its positions in m_columns
     std::vector<size_t> m_nextSearched;           ///< by column of the block; its count for none
+    int m_runEnd = 0;                  ///< of the consecutive rows of the block that are being searched
+    std::vector<size_t> m_formOffsets; ///< of each of the text's other forms the next one in them
     std::string m_rowText;
 };
 

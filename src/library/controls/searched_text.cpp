@@ -8,8 +8,7 @@ namespace ebtq {
 
 namespace {
 
-/// Of all letters that do not fold to themselves, what they fold to and the letter; and with it once more
-/// what they fold to.
+/// Pairs of a folded letter and each of its forms, itself included.
 const std::set<std::pair<char32_t, char32_t>> &foldedLetters()
 {
     constexpr char32_t endOfCasedScripts = 0x20000; // ideographs follow
@@ -63,7 +62,7 @@ void SearchedText::appendLetter(char32_t letter)
         m_inOtherCase += bytes;
 }
 
-/// Letter by letter: a byte of either case does not make the letter when the next one is of the other.
+/// Letter by letter: all bytes of one letter must be of the same case.
 bool SearchedText::standsInOtherCase(std::string_view bytes, size_t at) const
 {
     bool isText = false;
@@ -97,7 +96,7 @@ size_t SearchedText::frequency(size_t at, const Counts &counts) const
     return counts[one] + (one == other ? 0 : counts[other]);
 }
 
-/// The second one belongs to another letter: the bytes of one letter come together.
+/// The second byte is one of another letter, since the bytes of a letter occur together.
 size_t SearchedText::chooseBytes(Part &part, const Counts &counts) const
 {
     const auto letterAt = [&](size_t at) {
@@ -172,8 +171,8 @@ size_t TextScan::next(size_t from)
     return std::string_view::npos;
 }
 
-/// Goes on to the next stretch with a mark. The inner loop is in a form that compilers turn into vector
-/// instructions: no branch, a constant count. Where there are fewer places, each of them is looked at.
+/// Advances to the next stretch with a mark. Compilers vectorise the inner loop: no branch, a constant count.
+/// Where there are fewer places, each of them is compared.
 bool TextScan::markFrom(size_t from)
 {
     if (m_places < stride) {

@@ -11,8 +11,8 @@ namespace ebtq {
 
 /// A text to be found in UTF-8 bytes, with or without regard to case.
 ///
-/// Letters have at most two forms here, of equal length in UTF-8. The few further forms, as U+212A for "k",
-/// are `otherForms`: bytes that hold one of them are not to be searched with this class.
+/// Letters have at most two forms here, of equal length in UTF-8. The few others, as U+212A for "k", are
+/// `otherForms`: bytes that contain one of them must be searched otherwise.
 class SearchedText
 {
 public:
@@ -20,20 +20,20 @@ public:
 
     [[nodiscard]] std::string_view bytes() const { return m_text; }
     [[nodiscard]] const std::vector<std::string> &otherForms() const { return m_otherForms; }
-    /// Whether `bytes` are the text's own from `at` on, which has at least as many left.
+    /// Whether `bytes` equal the text from `at`, which has at least as many bytes left.
     [[nodiscard]] bool standsIn(std::string_view bytes, size_t at) const
     {
         return bytes.empty() || std::string_view(m_text).substr(at, bytes.size()) == bytes ||
                (m_hasCase && standsInOtherCase(bytes, at));
     }
 
-    /// A piece of the text, to be found in one pass.
+    /// A part of the text that is searched in one pass.
     struct Part
     {
         size_t begin = 0;
         size_t size = 0;
-        size_t one = 0;   ///< from `begin` on, the bytes that are looked at
-        size_t other = 0; ///< the same as `one` in a part of one letter
+        size_t one = 0;   ///< offset from `begin` of the first byte that is compared
+        size_t other = 0; ///< of the second one; the same as `one` in a part of one letter
     };
     /// Of the parts between "%" the one that is rarest in the bytes, by a sample; empty when there is none.
     [[nodiscard]] Part rarestPart(std::string_view bytes) const;
@@ -50,7 +50,7 @@ private:
     [[nodiscard]] bool standsInOtherCase(std::string_view bytes, size_t at) const;
     [[nodiscard]] bool continuesLetter(size_t at) const { return (m_text[at] & 0xC0) == 0x80; }
     [[nodiscard]] size_t frequency(size_t at, const Counts &counts) const;
-    /// Chooses the bytes that are looked at; gives how often both are to be expected.
+    /// Chooses the bytes that are compared; returns the expected frequency of both.
     [[nodiscard]] size_t chooseBytes(Part &part, const Counts &counts) const;
 
     std::string m_text;
@@ -59,21 +59,21 @@ private:
     std::vector<std::string> m_otherForms;
 };
 
-/// One pass over bytes for a part of a text. It looks at two bytes of the part, each in both cases; only
-/// where both stand the part itself is compared.
+/// One pass over bytes for a part of a text. It compares two bytes of the part, each in both cases, and the
+/// whole part only where both match.
 class TextScan
 {
 public:
-    /// Text and bytes have to stay as long as the scan.
+    /// Text and bytes must outlive the scan.
     TextScan(const SearchedText &text, const SearchedText::Part &part, std::string_view bytes);
 
-    /// Where the part stands first, at `from` or later; npos when it does not. `from` only grows.
+    /// The first occurrence at `from` or later; npos when there is none. `from` must not decrease.
     [[nodiscard]] size_t next(size_t from);
 
 private:
     static constexpr size_t stride = 128;
     using Marks = std::array<quint8, stride>;
-    /// Compared where both cases are alike; what else that lets through is sorted out with the part.
+    /// Only the bits that both cases share are compared; comparing the part rejects false hits.
     struct Byte
     {
         Byte(const SearchedText &text, size_t at)
