@@ -14,6 +14,8 @@
 #include <optional>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -150,7 +152,7 @@ double Val(const QVariant &value)
 std::optional<QString> TypedNumber(const QString &text)
 {
     static const QRegularExpression number(
-        QStringLiteral(R"(\A[+-]?(?:(?:\d+|\d{1,3}(?:[, ]\d{3})+)(?:\.\d*)?|\.\d+)(?:[Ee][+-]?\d{1,3})?\z)"));
+        uR"(\A[+-]?(?:(?:\d+|\d{1,3}(?:[, ]\d{3})+)(?:\.\d*)?|\.\d+)(?:[Ee][+-]?\d{1,3})?\z)"_s);
     QString plain = text;
     std::transform(plain.begin(), plain.end(), plain.begin(), plainCharacter);
     plain = Trim(plain);
@@ -170,7 +172,7 @@ QString NumberText(double number)
 QString PlainDecimal(double number)
 {
     if (!std::isfinite(number))
-        throw Failure(QStringLiteral("数值超出范围，请重新输入！"));
+        throw Failure(u"数值超出范围，请重新输入！"_s);
     const QString text = numberString(number);
     return text.contains(u'E') ? QString::number(number, 'f', QLocale::FloatingPointShortest) : text;
 }

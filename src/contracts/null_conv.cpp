@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -29,7 +31,7 @@ QString NullConv::ToText(const QVariant &value)
     case QMetaType::QDate:
         return regionalDate(value.toDate());
     case QMetaType::Bool:
-        return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+        return value.toBool() ? u"True"_s : u"False"_s;
     default:
         return value.toString();
     }
@@ -39,7 +41,7 @@ int NullConv::ToLong(const QVariant &value)
 {
     const double number = std::nearbyint(Val(value));
     if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
-        throw Failure(QStringLiteral("数值 %1 超出范围，请重新输入！").arg(ToText(value)));
+        throw Failure(u"数值 %1 超出范围，请重新输入！"_s.arg(ToText(value)));
     return static_cast<int>(number);
 }
 

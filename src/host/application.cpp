@@ -10,6 +10,8 @@
 
 #include <QHash>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -155,7 +157,7 @@ bool Application::ShowHelp(const QString &key, const QVariant &field, const QVar
     return d->attemptAndReport([&] {
         auto *object = field.value<QObject *>();
         if (!object)
-            throw Failure(QStringLiteral("帮助列表“%1”没有对应的输入框！").arg(key));
+            throw Failure(u"帮助列表“%1”没有对应的输入框！"_s.arg(key));
         FieldHelp help(d->connection, d->presenter, d->session.LoginDate());
         return help.show(key, *object, {left.toInt(), top.toInt()});
     });

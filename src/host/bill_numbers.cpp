@@ -2,6 +2,8 @@
 
 #include "contracts/host_contracts.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -9,37 +11,36 @@ namespace {
 QString period(const QDate &date)
 {
     if (!date.isValid())
-        throw Failure(QStringLiteral("单据日期无效，无法取得编号！"));
+        throw Failure(u"单据日期无效，无法取得编号！"_s);
     return date.toString(u"yyyyMM");
 }
 
 QString wherePeriod(int moduleId, const QDate &date)
 {
-    return QStringLiteral(" where moduleID=%1 and period='%2'").arg(moduleId).arg(period(date));
+    return u" where moduleID=%1 and period='%2'"_s.arg(moduleId).arg(period(date));
 }
 
 QString prefixOf(db::Connection &connection, int moduleId)
 {
     const RowBlock rows =
-        connection.query(QStringLiteral("select prefix from host_modules where moduleID=%1").arg(moduleId));
+        connection.query(u"select prefix from host_modules where moduleID=%1"_s.arg(moduleId));
     const QString prefix = rows.rowCount() == 0 ? QString() : rows.value(0, 0).toString();
     if (prefix.isEmpty())
-        throw Failure(QStringLiteral("模块 %1 没有单据编号的前缀，无法取得编号！").arg(moduleId));
+        throw Failure(u"模块 %1 没有单据编号的前缀，无法取得编号！"_s.arg(moduleId));
     return prefix;
 }
 
 int lastNumber(db::Connection &connection, int moduleId, const QDate &date)
 {
     const RowBlock rows =
-        connection.query(QStringLiteral("select lastNumber from host_numbers") + wherePeriod(moduleId, date));
+        connection.query(u"select lastNumber from host_numbers"_s + wherePeriod(moduleId, date));
     return rows.rowCount() == 0 ? 0 : rows.value(0, 0).toInt();
 }
 
 void insertNumber(db::Connection &connection, int moduleId, const QDate &date, int number)
 {
     connection.execute(
-        QStringLiteral("insert into host_numbers(moduleID,period,lastNumber) values(%1,'%2',%3)")
-            .arg(moduleId)
+        u"insert into host_numbers(moduleID,period,lastNumber) values(%1,'%2',%3)"_s.arg(moduleId)
             .arg(period(date))
             .arg(number));
 }
@@ -48,7 +49,7 @@ void insertNumber(db::Connection &connection, int moduleId, const QDate &date, i
 /// what this one has taken. False when the month has no row yet.
 bool advance(db::Connection &connection, int moduleId, const QDate &date)
 {
-    return connection.execute(QStringLiteral("update host_numbers set lastNumber=lastNumber+1") +
+    return connection.execute(u"update host_numbers set lastNumber=lastNumber+1"_s +
                               wherePeriod(moduleId, date)) != 0;
 }
 
@@ -59,7 +60,7 @@ void beginPeriod(db::Connection &connection, int moduleId, const QDate &date)
         insertNumber(connection, moduleId, date, 0);
     } catch (const db::DatabaseError &) {
         if (!connection.inTransaction() ||
-            connection.execute(QStringLiteral("update host_numbers set lastNumber=lastNumber") +
+            connection.execute(u"update host_numbers set lastNumber=lastNumber"_s +
                                wherePeriod(moduleId, date)) == 0)
             throw;
     }
@@ -69,7 +70,7 @@ void beginPeriod(db::Connection &connection, int moduleId, const QDate &date)
 
 QString billCode(QStringView prefix, const QDate &date, int number)
 {
-    return QStringLiteral("%1%2%3").arg(prefix, period(date)).arg(number, 4, 10, QLatin1Char('0'));
+    return u"%1%2%3"_s.arg(prefix, period(date)).arg(number, 4, 10, QLatin1Char('0'));
 }
 
 QString previewBillCode(db::Connection &connection, int moduleId, const QDate &date)
@@ -93,8 +94,8 @@ QString issueBillCode(db::Connection &connection, int moduleId, const QDate &dat
 void setLastBillNumber(db::Connection &connection, int moduleId, const QDate &date, int number)
 {
     db::Transaction transaction(connection);
-    const qint64 changed = connection.execute(
-        QStringLiteral("update host_numbers set lastNumber=%1").arg(number) + wherePeriod(moduleId, date));
+    const qint64 changed = connection.execute(u"update host_numbers set lastNumber=%1"_s.arg(number) +
+                                              wherePeriod(moduleId, date));
     if (changed == 0)
         insertNumber(connection, moduleId, date, number);
     transaction.commit();

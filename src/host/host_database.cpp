@@ -2,6 +2,8 @@
 
 #include "host/recordset.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 /// Runs `work`; a failure becomes the last error, a success clears it.
@@ -14,7 +16,7 @@ template<class Work> bool HostDatabase::attempt(Work work)
         m_lastError.Description = QString::fromUtf8(failure.what());
         // An empty text would read as success.
         if (m_lastError.Description.isEmpty())
-            m_lastError.Description = QStringLiteral("数据库操作失败！");
+            m_lastError.Description = u"数据库操作失败！"_s;
     }
     return m_lastError.Description.isEmpty();
 }
@@ -73,7 +75,7 @@ std::unique_ptr<HostQuery> HostDatabase::CreateQuery(const SqlText &sql, int /*m
 void HostDatabase::requireTransaction() const
 {
     if (m_depth > 0 && !m_connection.inTransaction())
-        throw Failure(QStringLiteral("事务已丢失，数据没有保存，请重试！"));
+        throw Failure(u"事务已丢失，数据没有保存，请重试！"_s);
 }
 
 bool HostDatabase::Release()
@@ -93,7 +95,7 @@ void HostDatabase::BeginTrans()
 void HostDatabase::CommitTrans()
 {
     if (m_depth == 0)
-        throw Failure(QStringLiteral("没有可提交的事务，数据没有保存！"));
+        throw Failure(u"没有可提交的事务，数据没有保存！"_s);
     if (--m_depth > 0)
         return;
     if (attempt([this] { m_connection.commit(); }))

@@ -1,14 +1,15 @@
 #include "host/host_parameters.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
 
 SqlText whereKey(const QString &owner, int group, const QString &key)
 {
-    return SqlText(QStringLiteral(" where (userID='")) + typed(owner) +
-           QStringLiteral("' or userID='') and groupID=%1 and keyText='").arg(group) + typed(key) +
-           QStringLiteral("'");
+    return SqlText(u" where (userID='"_s) + typed(owner) +
+           u"' or userID='') and groupID=%1 and keyText='"_s.arg(group) + typed(key) + u"'"_s;
 }
 
 } // namespace
@@ -17,8 +18,8 @@ QString parameterText(db::Connection &connection, const QString &owner, int grou
 {
     // The empty owner sorts behind every other, so the user's own value comes first.
     const RowBlock rows =
-        connection.query(SqlText(QStringLiteral("select valueText from host_parameters")) +
-                         whereKey(owner, group, key.toString()) + QStringLiteral(" order by userID desc"));
+        connection.query(SqlText(u"select valueText from host_parameters"_s) +
+                         whereKey(owner, group, key.toString()) + u" order by userID desc"_s);
     return rows.rowCount() == 0 ? QString() : rows.value(0, 0).toString();
 }
 
@@ -26,12 +27,11 @@ void setParameter(db::Connection &connection, const QString &owner, int group, c
                   const QString &value)
 {
     db::Transaction transaction(connection);
-    connection.execute(SqlText(QStringLiteral("delete from host_parameters")) + whereKey(owner, group, key) +
-                       QStringLiteral(" and userID='") + typed(owner) + QStringLiteral("'"));
-    connection.execute(
-        SqlText(QStringLiteral("insert into host_parameters(userID,groupID,keyText,valueText) values('")) +
-        typed(owner) + QStringLiteral("',%1,'").arg(group) + typed(key) + QStringLiteral("','") +
-        typed(value) + QStringLiteral("')"));
+    connection.execute(SqlText(u"delete from host_parameters"_s) + whereKey(owner, group, key) +
+                       u" and userID='"_s + typed(owner) + u"'"_s);
+    connection.execute(SqlText(u"insert into host_parameters(userID,groupID,keyText,valueText) values('"_s) +
+                       typed(owner) + u"',%1,'"_s.arg(group) + typed(key) + u"','"_s + typed(value) +
+                       u"')"_s);
     transaction.commit();
 }
 

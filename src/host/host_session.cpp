@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -9,7 +11,7 @@ namespace {
 QString madeFolder(const QString &path)
 {
     if (!QDir().mkpath(path))
-        throw Failure(QStringLiteral("无法创建文件夹“%1”，请检查磁盘空间和权限！").arg(path));
+        throw Failure(u"无法创建文件夹“%1”，请检查磁盘空间和权限！"_s.arg(path));
     return path;
 }
 
@@ -31,7 +33,7 @@ UserSession::UserSession(User user, Settings settings)
 
 QString UserSession::UserID() const
 {
-    return QStringLiteral("{%1}").arg(m_user.id);
+    return u"{%1}"_s.arg(m_user.id);
 }
 
 } // namespace ebtq::host

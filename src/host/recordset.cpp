@@ -2,6 +2,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 BlockRecordset::BlockRecordset(RowBlock rows)
@@ -18,10 +20,10 @@ void BlockRecordset::MoveNext()
 Field BlockRecordset::Fields(const QString &name) const
 {
     if (Eof())
-        throw Failure(QStringLiteral("没有当前记录，无法读取列 %1").arg(name));
+        throw Failure(u"没有当前记录，无法读取列 %1"_s.arg(name));
     const int column = m_rows.columnNamed(name);
     if (column < 0)
-        throw Failure(QStringLiteral("列 %1 不存在").arg(name));
+        throw Failure(u"列 %1 不存在"_s.arg(name));
     return {m_rows.value(m_row, column)};
 }
 

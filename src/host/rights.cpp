@@ -2,14 +2,15 @@
 
 #include "host/module_ids.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
 
 SqlText ofUser(const QString &userId, int moduleId)
 {
-    return SqlText(QStringLiteral(" where userID='")) + typed(userId) +
-           QStringLiteral("' and moduleID=%1").arg(moduleId);
+    return SqlText(u" where userID='"_s) + typed(userId) + u"' and moduleID=%1"_s.arg(moduleId);
 }
 
 } // namespace
@@ -19,8 +20,8 @@ ModuleRights::ModuleRights(db::Connection &connection, const QString &userId, in
     // Every right is one to write.
     if (connection.isReadOnly())
         return;
-    const RowBlock rows = connection.query(SqlText(QStringLiteral("select rightID from host_rights")) +
-                                           ofUser(userId, moduleId) + QStringLiteral(" and allowed=1"));
+    const RowBlock rows = connection.query(SqlText(u"select rightID from host_rights"_s) +
+                                           ofUser(userId, moduleId) + u" and allowed=1"_s);
     for (qsizetype row = 0; row < rows.rowCount(); ++row)
         m_allowed.insert(rows.value(row, 0).toInt());
 }
@@ -28,11 +29,10 @@ ModuleRights::ModuleRights(db::Connection &connection, const QString &userId, in
 void setRight(db::Connection &connection, const QString &userId, int moduleId, int right, bool allowed)
 {
     db::Transaction transaction(connection);
-    connection.execute(SqlText(QStringLiteral("delete from host_rights")) + ofUser(userId, moduleId) +
-                       QStringLiteral(" and rightID=%1").arg(right));
-    connection.execute(
-        SqlText(QStringLiteral("insert into host_rights(userID,moduleID,rightID,allowed) values('")) +
-        typed(userId) + QStringLiteral("',%1,%2,%3)").arg(moduleId).arg(right).arg(allowed ? 1 : 0));
+    connection.execute(SqlText(u"delete from host_rights"_s) + ofUser(userId, moduleId) +
+                       u" and rightID=%1"_s.arg(right));
+    connection.execute(SqlText(u"insert into host_rights(userID,moduleID,rightID,allowed) values('"_s) +
+                       typed(userId) + u"',%1,%2,%3)"_s.arg(moduleId).arg(right).arg(allowed ? 1 : 0));
     transaction.commit();
 }
 

@@ -6,6 +6,8 @@
 #include "host/rights.h"
 #include "host/users.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -28,11 +30,10 @@ constexpr DefaultParameter defaultParameters[] = {
 
 void writeModules(db::Connection &connection)
 {
-    connection.execute(QStringLiteral("delete from host_modules"));
+    connection.execute(u"delete from host_modules"_s);
     for (const ModuleEntry &module : modules) {
         connection.execute(
-            QStringLiteral(
-                "insert into host_modules(moduleID,caption,className,prefix) values(%1,'%2','%3','%4')")
+            u"insert into host_modules(moduleID,caption,className,prefix) values(%1,'%2','%3','%4')"_s
                 .arg(module.id)
                 .arg(module.caption, module.className, module.prefix));
     }
@@ -62,14 +63,14 @@ db::InstallReport prepareDatabase(db::Connection &connection, db::Foreign foreig
 bool hasUsers(db::Connection &connection)
 {
     return connection.catalog().table(u"host_users") &&
-           connection.query(QStringLiteral("select top 1 userID from host_users")).rowCount() != 0;
+           connection.query(u"select top 1 userID from host_users"_s).rowCount() != 0;
 }
 
 void createFirstUser(db::Connection &connection, const QString &name, const QString &password)
 {
     db::Transaction transaction(connection);
     if (hasUsers(connection))
-        throw Failure(QStringLiteral("数据库中已有用户，不能再创建首个用户！"));
+        throw Failure(u"数据库中已有用户，不能再创建首个用户！"_s);
     grantAll(connection, createUser(connection, {name, password, 0}));
     transaction.commit();
 }

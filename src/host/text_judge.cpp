@@ -4,6 +4,8 @@
 #include "contracts/inline_list.h"
 #include "database/values/date_text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -32,7 +34,7 @@ std::optional<Match> judgeInlineList(const QString &list, const QString &typedTe
 
 RowBlock inlineListRows(const QString &list)
 {
-    RowBlock rows({{QStringLiteral("名称"), ColumnType::Text}, {QStringLiteral("值"), ColumnType::Text}});
+    RowBlock rows({{u"名称"_s, ColumnType::Text}, {u"值"_s, ColumnType::Text}});
     const InlineList parsed(list);
     for (const InlineList::Entry &entry : parsed.entries()) {
         rows.append(entry.text.toStdString());
@@ -48,7 +50,7 @@ bool isInlineList(const QString &base)
 
 bool isDate(const QString &base)
 {
-    return isSame(base, QStringLiteral("date"));
+    return isSame(base, u"date"_s);
 }
 
 int columnFor(const RowBlock &rows, const QString &name, int otherwise)
@@ -57,7 +59,7 @@ int columnFor(const RowBlock &rows, const QString &name, int otherwise)
         return qMin(otherwise, rows.columnCount() - 1);
     const int column = rows.columnNamed(name);
     if (column < 0)
-        throw Failure(QStringLiteral("列 %1 不存在").arg(name));
+        throw Failure(u"列 %1 不存在"_s.arg(name));
     return column;
 }
 

@@ -7,6 +7,8 @@
 #include <sodium.h>
 #include <syslog.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -17,13 +19,12 @@ constexpr auto cannotHash = u"系统内存不足，无法处理密码！";
 void startSodium()
 {
     if (sodium_init() < 0)
-        throw Failure(QStringLiteral("加密组件无法启动！"));
+        throw Failure(u"加密组件无法启动！"_s);
 }
 
 SqlText userNamed(QStringView columns, const QString &name)
 {
-    return SqlText(QStringLiteral("select ")) + columns +
-           QStringLiteral(" from host_users where username='") + typed(name) + QStringLiteral("'");
+    return SqlText(u"select "_s) + columns + u" from host_users where username='"_s + typed(name) + u"'"_s;
 }
 
 QByteArray bytes(std::string_view cell)
@@ -46,10 +47,9 @@ constexpr char hashOfNobody[] =
 QString departmentOf(db::Connection &connection, const QString &userId)
 {
     const RowBlock rows = connection.query(
-        SqlText(QStringLiteral(
-            "select mtname from su_usertype where mtID in(select UserTypeID from su_membership "
-            "where userID='")) +
-        typed(userId) + QStringLiteral("') order by mtcode"));
+        SqlText(u"select mtname from su_usertype where mtID in(select UserTypeID from su_membership "
+                "where userID='"_s) +
+        typed(userId) + u"') order by mtcode"_s);
     return rows.rowCount() == 0 ? QString() : rows.value(0, 0).toString();
 }
 
@@ -69,17 +69,17 @@ void requireUserName(const QString &name)
 {
     const QString kept = name.trimmed();
     if (kept.isEmpty())
-        throw Failure(QStringLiteral("用户名不能为空，请输入！"));
+        throw Failure(u"用户名不能为空，请输入！"_s);
     if (kept.contains(u'\''))
-        throw Failure(QStringLiteral("用户名不能含有单引号，请换一个！"));
+        throw Failure(u"用户名不能含有单引号，请换一个！"_s);
     if (std::any_of(kept.begin(), kept.end(), [](QChar c) { return c.category() == QChar::Other_Control; }))
-        throw Failure(QStringLiteral("用户名不能含有换行、制表符等控制字符，请换一个！"));
+        throw Failure(u"用户名不能含有换行、制表符等控制字符，请换一个！"_s);
 }
 
 void requirePassword(const QString &password)
 {
     if (password.size() < shortestPassword)
-        throw Failure(QStringLiteral("密码至少要有 %1 个字符，请重新输入！").arg(shortestPassword));
+        throw Failure(u"密码至少要有 %1 个字符，请重新输入！"_s.arg(shortestPassword));
 }
 
 QByteArray hashPassword(const QString &password, PasswordCost cost)
@@ -110,9 +110,9 @@ User signIn(db::Connection &connection, const QString &name, const QString &pass
     const bool matches = verifies(known ? bytes(rows.cell(0, 2)) : QByteArray(hashOfNobody), password);
     if (!known || !matches) {
         const QString who =
-            rows.rowCount() == 1 ? u'“' + rows.value(0, 1).toString() + u'”' : QStringLiteral("（未知用户）");
-        log(QStringLiteral("房源管理登录失败：用户%1，数据库 %2").arg(who, connection.location()));
-        throw WrongPassword(QStringLiteral("用户名或密码不正确，请重新输入！"));
+            rows.rowCount() == 1 ? u'“' + rows.value(0, 1).toString() + u'”' : u"（未知用户）"_s;
+        log(u"房源管理登录失败：用户%1，数据库 %2"_s.arg(who, connection.location()));
+        throw WrongPassword(u"用户名或密码不正确，请重新输入！"_s);
     }
     const QString id = rows.value(0, 0).toString();
     return {id, rows.value(0, 1).toString(), departmentOf(connection, id)};
@@ -126,16 +126,14 @@ QString createUser(db::Connection &connection, const NewUser &user, PasswordCost
     const QByteArray hash = hashPassword(user.password, cost);
     db::Transaction transaction(connection);
     if (connection.query(userNamed(u"userID", name)).rowCount() != 0)
-        throw Failure(QStringLiteral("用户名“%1”已存在，请换一个！").arg(name));
+        throw Failure(u"用户名“%1”已存在，请换一个！"_s.arg(name));
     const QString id = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
-    connection.execute(
-        SqlText(QStringLiteral("insert into host_users(userID,username,password,isActive) values('")) +
-        typed(id) + QStringLiteral("','") + typed(name) + QStringLiteral("','") +
-        typed(QString::fromLatin1(hash)) + QStringLiteral("',1)"));
+    connection.execute(SqlText(u"insert into host_users(userID,username,password,isActive) values('"_s) +
+                       typed(id) + u"','"_s + typed(name) + u"','"_s + typed(QString::fromLatin1(hash)) +
+                       u"',1)"_s);
     if (user.departmentId != 0) {
-        connection.execute(
-            SqlText(QStringLiteral("insert into su_membership(userID,UserTypeID,username) values('")) +
-            typed(id) + QStringLiteral("',%1,'").arg(user.departmentId) + typed(name) + QStringLiteral("')"));
+        connection.execute(SqlText(u"insert into su_membership(userID,UserTypeID,username) values('"_s) +
+                           typed(id) + u"',%1,'"_s.arg(user.departmentId) + typed(name) + u"')"_s);
     }
     transaction.commit();
     return id;
@@ -145,11 +143,11 @@ void setPassword(db::Connection &connection, const QString &name, const QString 
 {
     requirePassword(password);
     const QByteArray hash = hashPassword(password, cost);
-    const qint64 changed = connection.execute(
-        SqlText(QStringLiteral("update host_users set password='")) + typed(QString::fromLatin1(hash)) +
-        QStringLiteral("' where username='") + typed(name) + QStringLiteral("'"));
+    const qint64 changed =
+        connection.execute(SqlText(u"update host_users set password='"_s) + typed(QString::fromLatin1(hash)) +
+                           u"' where username='"_s + typed(name) + u"'"_s);
     if (changed == 0)
-        throw Failure(QStringLiteral("没有名为“%1”的用户！").arg(name));
+        throw Failure(u"没有名为“%1”的用户！"_s.arg(name));
 }
 
 } // namespace ebtq::host

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -68,10 +70,10 @@ void writeRequest(TableWriter &writer, const Request &wanted, Random &random)
 {
     const HouseType &layout = *wanted.layout;
     const QStringView use = random.chance(92) ? words::uses[0] : random.pick(words::uses);
-    writer.part({use == u"住宅" ? QStringLiteral("%1房%2厅").arg(layout.rooms).arg(layout.halls) : QString(),
-                 u"", use, random.pickEarly(words::orientations), random.pickEarly(words::decorations),
-                 wanted.area[0], wanted.area[1], wanted.floor[0], wanted.floor[1], wanted.price[0],
-                 wanted.price[1], wanted.rent[0], wanted.rent[1]});
+    writer.part({use == u"住宅" ? u"%1房%2厅"_s.arg(layout.rooms).arg(layout.halls) : QString(), u"", use,
+                 random.pickEarly(words::orientations), random.pickEarly(words::decorations), wanted.area[0],
+                 wanted.area[1], wanted.floor[0], wanted.floor[1], wanted.price[0], wanted.price[1],
+                 wanted.rent[0], wanted.rent[1]});
 }
 
 void writeAgreement(TableWriter &writer, const Request &wanted, const Document &document, const Agent &agent,
@@ -141,7 +143,7 @@ std::vector<RecordKey> writeCustomers(db::Connection &connection, const DemoOpti
                                       const std::vector<Agent> &agents, Random &random,
                                       const DemoProgress &progress)
 {
-    TableWriter writer(connection, QStringLiteral("fykh"), columns);
+    TableWriter writer(connection, u"fykh"_s, columns);
     std::vector<RecordKey> keys;
     for (const Document &document :
          makeDocuments(connection, CustomerModule, options.customers, options.today, random)) {
@@ -152,7 +154,7 @@ std::vector<RecordKey> writeCustomers(db::Connection &connection, const DemoOpti
         writePerson(writer, keys.back(), document, building.quarter, random);
         writeRequest(writer, request, random);
         writeAgreement(writer, request, document, agent, random);
-        progress(QStringLiteral("客源"), static_cast<int>(keys.size()), options.customers);
+        progress(u"客源"_s, static_cast<int>(keys.size()), options.customers);
     }
     writer.flush();
     return keys;
@@ -164,13 +166,13 @@ void writeFollowUps(db::Connection &connection, const DemoOptions &options,
 {
     if (listings.empty() && customers.empty())
         return;
-    TableWriter writer(connection, QStringLiteral("fygj"),
+    TableWriter writer(connection, u"fygj"_s,
                        u"跟进ID,操作日期,业务员ID,用户ID,跟进内容,房源ID,下次提醒,提醒日期,提醒范围,提醒内容,"
                        u"处理结果,处理日期");
     for (int number = 1; number <= options.followUps; ++number) {
         const Talk talk = makeTalk(listings, customers, random);
         writeFollowUp(writer, talk, options.today, random.pick(agents), random);
-        progress(QStringLiteral("跟进"), number, options.followUps);
+        progress(u"跟进"_s, number, options.followUps);
     }
     writer.flush();
 }

@@ -8,6 +8,8 @@
 #include "host/host_parameters.h"
 #include "host/setup.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -15,14 +17,14 @@ namespace {
 void requireEmpty(db::Connection &connection)
 {
     for (const QStringView table : {u"fyxx", u"fykh", u"fygj", u"pdmlpzd", u"pdmdq", u"pdmsjzd", u"pdmgy"}) {
-        if (connection.query(QStringLiteral("select top 1 * from %1").arg(table)).rowCount() != 0)
-            throw Failure(QStringLiteral("数据库中已有数据（%1），示例数据只能写入空的数据库！").arg(table));
+        if (connection.query(u"select top 1 * from %1"_s.arg(table)).rowCount() != 0)
+            throw Failure(u"数据库中已有数据（%1），示例数据只能写入空的数据库！"_s.arg(table));
     }
 }
 
 void writeUserParameters(db::Connection &connection, const Agent &manager)
 {
-    setParameter(connection, manager.userId, 12, QStringLiteral("mouseeventscrollrate"), QStringLiteral("3"));
+    setParameter(connection, manager.userId, 12, u"mouseeventscrollrate"_s, u"3"_s);
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "host/demo/table_writer.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -51,19 +53,19 @@ constexpr PropertyRight rights[] = {
 
 QString code(size_t index)
 {
-    return QStringLiteral("%1").arg(index + 1, 2, 10, QLatin1Char('0'));
+    return u"%1"_s.arg(index + 1, 2, 10, QLatin1Char('0'));
 }
 
 QString houseTypeName(const HouseType &type)
 {
     static constexpr QStringView numerals[] = {u"无", u"一", u"二", u"三", u"四", u"五", u"六"};
-    return QStringLiteral("%1房%2厅%3卫%4阳台")
-        .arg(numerals[type.rooms], numerals[type.halls], numerals[type.baths], numerals[type.balconies]);
+    return u"%1房%2厅%3卫%4阳台"_s.arg(numerals[type.rooms], numerals[type.halls], numerals[type.baths],
+                                       numerals[type.balconies]);
 }
 
 void writeKinds(db::Connection &connection)
 {
-    TableWriter writer(connection, QStringLiteral("pdmsjzd"), u"类型,代码,名称");
+    TableWriter writer(connection, u"pdmsjzd"_s, u"类型,代码,名称");
     for (const Kind &kind : kinds) {
         for (size_t at = 0; at < kind.entries.size(); ++at)
             writer.row({kind.name, code(at), kind.entries[at]});
@@ -73,8 +75,7 @@ void writeKinds(db::Connection &connection)
 
 void writeHouseTypes(db::Connection &connection)
 {
-    TableWriter writer(connection, QStringLiteral("pdmfx"),
-                       u"房型ID,房型编号,房型名称,房间数,客厅数,卫生间数,阳台数");
+    TableWriter writer(connection, u"pdmfx"_s, u"房型ID,房型编号,房型名称,房间数,客厅数,卫生间数,阳台数");
     int id = 0;
     for (const HouseType &type : types) {
         writer.row({id + 1, code(static_cast<size_t>(id)), houseTypeName(type), type.rooms, type.halls,
@@ -86,8 +87,7 @@ void writeHouseTypes(db::Connection &connection)
 
 void writePropertyRights(db::Connection &connection)
 {
-    TableWriter writer(connection, QStringLiteral("pdmcq"),
-                       u"产权ID,产权编号,产权名称,证件名称,付款方式,付佣金方式");
+    TableWriter writer(connection, u"pdmcq"_s, u"产权ID,产权编号,产权名称,证件名称,付款方式,付佣金方式");
     int id = 0;
     for (const PropertyRight &right : rights) {
         writer.row(

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -202,7 +204,7 @@ void writeOffer(TableWriter &writer, const Listing &listing, Random &random)
                  offer.price > 0 ? random.pick(words::taxes) : QStringView(u""), offer.rent, offer.lowestRent,
                  offer.bought, made, random.pickEarly(words::commissions), listing.building.fee,
                  made.addDays(random.between(0, 120)),
-                 random.chance(30) ? QStringLiteral("WT%1").arg(random.between(1000, 9999)) : QString(),
+                 random.chance(30) ? u"WT%1"_s.arg(random.between(1000, 9999)) : QString(),
                  random.pick(words::sources)});
 }
 
@@ -237,7 +239,7 @@ void writeConditionAndPapers(TableWriter &writer, const Listing &listing, Random
                  isBare ? QStringView(u"无") : random.pick(words::appliances), right.name, right.certificate,
                  isSale ? right.payment : QStringView(u"押一付三"),
                  isSale ? right.fee : QStringView(u"双方各付"), listing.viewing,
-                 hasKey ? QStringLiteral("K%1").arg(random.between(100, 999)) : QString()});
+                 hasKey ? u"K%1"_s.arg(random.between(100, 999)) : QString()});
 }
 
 void writePeople(TableWriter &writer, const Listing &listing, Random &random)
@@ -265,7 +267,7 @@ std::vector<RecordKey> writeListings(db::Connection &connection, const DemoOptio
                                      const std::vector<Building> &buildings, const std::vector<Agent> &agents,
                                      Random &random, const DemoProgress &progress)
 {
-    TableWriter writer(connection, QStringLiteral("fyxx"), columns);
+    TableWriter writer(connection, u"fyxx"_s, columns);
     std::vector<RecordKey> keys;
     keys.reserve(static_cast<size_t>(options.listings));
     for (const Document &document :
@@ -280,7 +282,7 @@ std::vector<RecordKey> writeListings(db::Connection &connection, const DemoOptio
                      {keys.back(), document, building, block, premises, offer, random.pick(agents),
                       pickRight(building, random), random.pick(words::viewings), politeName(random)},
                      random);
-        progress(QStringLiteral("房源"), static_cast<int>(keys.size()), options.listings);
+        progress(u"房源"_s, static_cast<int>(keys.size()), options.listings);
     }
     writer.flush();
     return keys;
@@ -290,17 +292,16 @@ void writeAttachments(db::Connection &connection, const std::vector<RecordKey> &
 {
     static constexpr QStringView papers[] = {u"委托书", u"看房须知", u"房屋交接单", u"收费说明"};
     TableWriter writer(
-        connection, QStringLiteral("pubAttach"),
+        connection, u"pubAttach"_s,
         u"progID,IDs,filename,filesize,modifydate,createdate,contenttype,description,iscompress,"
         u"isencrypt,password,isActive,isPicture,contents");
     for (const RecordKey &listing : listings) {
         const int count = random.chance(8) ? random.between(1, 3) : 0;
         for (int number = 0; number < count; ++number) {
             const QString paper = papers[number + static_cast<int>(random.below(2))].toString();
-            const QByteArray contents = QStringLiteral("%1（示例）\n").arg(paper).toUtf8();
-            writer.row({ListingModule, listing.id, paper + QStringLiteral(".txt"),
-                        static_cast<int>(contents.size()), listing.made, listing.made, u"txt", paper, 0, 0,
-                        u"", 1, 0, contents});
+            const QByteArray contents = u"%1（示例）\n"_s.arg(paper).toUtf8();
+            writer.row({ListingModule, listing.id, paper + u".txt"_s, static_cast<int>(contents.size()),
+                        listing.made, listing.made, u"txt", paper, 0, 0, u"", 1, 0, contents});
         }
     }
     writer.flush();

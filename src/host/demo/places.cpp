@@ -3,6 +3,8 @@
 #include "host/demo/dictionaries.h"
 #include "host/demo/table_writer.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -78,18 +80,17 @@ double rounded(double number, double digits)
 
 std::vector<Quarter> writeDistricts(db::Connection &connection)
 {
-    TableWriter writer(connection, QStringLiteral("pdmdq"), u"地区ID,编码,地区,级次,是否明细");
+    TableWriter writer(connection, u"pdmdq"_s, u"地区ID,编码,地区,级次,是否明细");
     std::vector<Quarter> quarters;
     int id = 1;
     writer.row({id, u"01", cityName, 1, 0});
     int wardNumber = 0;
     for (const Ward &ward : wards) {
-        const QString code = QStringLiteral("01%1").arg(++wardNumber, 2, 10, QLatin1Char('0'));
+        const QString code = u"01%1"_s.arg(++wardNumber, 2, 10, QLatin1Char('0'));
         writer.row({++id, code, ward.name, 2, 0});
         int number = 0;
         for (const QStringView name : ward.quarters) {
-            writer.row(
-                {++id, code + QStringLiteral("%1").arg(++number, 2, 10, QLatin1Char('0')), name, 3, 1});
+            writer.row({++id, code + u"%1"_s.arg(++number, 2, 10, QLatin1Char('0')), name, 3, 1});
             quarters.push_back({id, name.toString(), ward.price * (1.15 - 0.1 * number)});
         }
     }
@@ -112,8 +113,8 @@ void writeBlocks(TableWriter &writer, const Building &building)
 {
     for (size_t at = 0; at < building.blocks.size(); ++at) {
         const Block &block = building.blocks[at];
-        writer.row({block.id, QStringLiteral("%1-%2").arg(building.id, 3, 10, QLatin1Char('0')).arg(at + 1),
-                    block.name, block.floors, building.id});
+        writer.row({block.id, u"%1-%2"_s.arg(building.id, 3, 10, QLatin1Char('0')).arg(at + 1), block.name,
+                    block.floors, building.id});
     }
 }
 
@@ -123,8 +124,8 @@ QString nameOf(size_t index, const Kind &kind, QString &initials)
     const NamePart &front = buildingNames[(index / 2) % std::size(buildingNames)];
     const NamePart &back = kind.use == u"住宅" ? homeSuffixes[(index % 2) * 3 + (index / 2) % 3]
                                                : officeSuffixes[index % std::size(officeSuffixes)];
-    initials = QStringLiteral("%1%2").arg(front.initials, back.initials);
-    return QStringLiteral("%1%2").arg(front.text, back.text);
+    initials = u"%1%2"_s.arg(front.initials, back.initials);
+    return u"%1%2"_s.arg(front.text, back.text);
 }
 
 Building makeBuilding(size_t index, const Quarter &quarter, const Kind &kind, int &lastBlockId,
@@ -148,9 +149,9 @@ std::vector<Building> writePlaces(db::Connection &connection, Random &random)
 {
     const std::vector<Quarter> quarters = writeDistricts(connection);
     TableWriter writer(
-        connection, QStringLiteral("pdmlpzd"),
+        connection, u"pdmlpzd"_s,
         u"楼盘ID,楼盘编号,楼盘名称,拼音缩写,地区ID,物业用途,物业类型,建房年代,售均价,管理费,详细地址");
-    TableWriter blockWriter(connection, QStringLiteral("pdmdz"), u"栋座ID,栋座编号,栋座名称,总楼层,楼盘ID");
+    TableWriter blockWriter(connection, u"pdmdz"_s, u"栋座ID,栋座编号,栋座名称,总楼层,楼盘ID");
     std::vector<Building> buildings;
     int lastBlockId = 0;
     for (size_t index = 0; index < 2 * std::size(buildingNames); ++index) {
@@ -158,10 +159,9 @@ std::vector<Building> writePlaces(db::Connection &connection, Random &random)
         Building building = makeBuilding(index, random.pick(quarters), kind, lastBlockId, random);
         QString initials;
         building.name = nameOf(index, kind, initials);
-        writer.row({building.id, QStringLiteral("LP%1").arg(building.id, 3, 10, QLatin1Char('0')),
-                    building.name, initials, building.quarter.id, building.use, building.type, building.year,
-                    building.price, building.fee,
-                    QStringLiteral("%1路%2号").arg(building.quarter.name).arg(random.between(1, 399))});
+        writer.row({building.id, u"LP%1"_s.arg(building.id, 3, 10, QLatin1Char('0')), building.name, initials,
+                    building.quarter.id, building.use, building.type, building.year, building.price,
+                    building.fee, u"%1路%2号"_s.arg(building.quarter.name).arg(random.between(1, 399))});
         writeBlocks(blockWriter, building);
         buildings.push_back(std::move(building));
     }

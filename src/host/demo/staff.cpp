@@ -4,6 +4,8 @@
 #include "host/module_ids.h"
 #include "host/rights.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -25,7 +27,7 @@ constexpr QStringView phoneFronts[] = {u"133", u"135", u"136", u"137", u"138", u
 
 std::vector<Agent> makeAgents(Random &random)
 {
-    std::vector<Agent> agents{{1, random.guid(), QStringLiteral("演示")}};
+    std::vector<Agent> agents{{1, random.guid(), u"演示"_s}};
     QStringList taken{agents.front().name};
     while (agents.size() < agentCount) {
         const QString name = personName(random);
@@ -39,11 +41,11 @@ std::vector<Agent> makeAgents(Random &random)
 
 void writeDepartments(db::Connection &connection)
 {
-    TableWriter writer(connection, QStringLiteral("su_usertype"), u"mtID,mtcode,mtname");
+    TableWriter writer(connection, u"su_usertype"_s, u"mtID,mtcode,mtname");
     int id = 0;
     for (const QStringView name : departments) {
         ++id;
-        writer.row({id, QStringLiteral("%1").arg(id, 2, 10, QLatin1Char('0')), name});
+        writer.row({id, u"%1"_s.arg(id, 2, 10, QLatin1Char('0')), name});
     }
     writer.flush();
 }
@@ -53,10 +55,10 @@ void writeAgents(db::Connection &connection, const std::vector<Agent> &agents, P
     // One hash, and so one salt, serves all users, which would show a thief of real data who share a
     // password. Here all share one on purpose and it is printed: thirty hashes would only make the sample
     // slow to write.
-    const QString password = QString::fromLatin1(hashPassword(QStringLiteral("demo"), cost));
-    TableWriter employees(connection, QStringLiteral("pdmgy"), u"雇员ID,姓名");
-    TableWriter users(connection, QStringLiteral("host_users"), u"userID,username,password,isActive");
-    TableWriter members(connection, QStringLiteral("su_membership"), u"userID,UserTypeID,username");
+    const QString password = QString::fromLatin1(hashPassword(u"demo"_s, cost));
+    TableWriter employees(connection, u"pdmgy"_s, u"雇员ID,姓名");
+    TableWriter users(connection, u"host_users"_s, u"userID,username,password,isActive");
+    TableWriter members(connection, u"su_membership"_s, u"userID,UserTypeID,username");
     for (const Agent &agent : agents) {
         employees.row({agent.employeeId, agent.name});
         users.row({agent.userId, agent.name, password, 1});
@@ -71,7 +73,7 @@ void writeAgents(db::Connection &connection, const std::vector<Agent> &agents, P
 /// All may do everything but the last two: one may not delete, the other only look.
 void writeRights(db::Connection &connection, const std::vector<Agent> &agents)
 {
-    TableWriter writer(connection, QStringLiteral("host_rights"), u"userID,moduleID,rightID,allowed");
+    TableWriter writer(connection, u"host_rights"_s, u"userID,moduleID,rightID,allowed");
     for (size_t at = 0; at < agents.size(); ++at) {
         const bool onlyLooks = at + 1 == agents.size();
         const bool keepsAll = onlyLooks || at + 2 == agents.size();
@@ -98,19 +100,19 @@ std::vector<Agent> writeStaff(db::Connection &connection, Random &random, Passwo
 QString personName(Random &random)
 {
     const QStringView surname = random.pick(surnames);
-    return QStringLiteral("%1%2").arg(surname, random.pick(givenNames));
+    return u"%1%2"_s.arg(surname, random.pick(givenNames));
 }
 
 QString politeName(Random &random)
 {
     const QStringView surname = random.pick(surnames);
-    return QStringLiteral("%1%2").arg(surname, random.chance(55) ? u"先生" : u"女士");
+    return u"%1%2"_s.arg(surname, random.chance(55) ? u"先生" : u"女士");
 }
 
 QString maskedPhone(Random &random)
 {
     const QStringView front = random.pick(phoneFronts);
-    return QStringLiteral("%1****%2").arg(front).arg(random.between(0, 9999), 4, 10, QLatin1Char('0'));
+    return u"%1****%2"_s.arg(front).arg(random.between(0, 9999), 4, 10, QLatin1Char('0'));
 }
 
 } // namespace ebtq::host

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -13,7 +15,7 @@ std::vector<Column> typedColumns(db::Connection &connection, const QString &tabl
     for (const QStringView name : names.split(u',')) {
         const Column *column = known ? known->column(name) : nullptr;
         if (!column)
-            throw db::DatabaseError(QStringLiteral("列 %1.%2 不存在").arg(table, name));
+            throw db::DatabaseError(u"列 %1.%2 不存在"_s.arg(table, name));
         columns.push_back(*column);
     }
     return columns;

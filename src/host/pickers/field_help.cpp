@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QVariant>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -54,7 +56,7 @@ bool FieldHelp::showList(const QString &code, QObject &field, const QPoint &corn
 {
     const auto list = listNamed(code);
     if (!list)
-        throw Failure(QStringLiteral("没有名为“%1”的帮助列表！").arg(code));
+        throw Failure(u"没有名为“%1”的帮助列表！"_s.arg(code));
     Panel panel = panelOf(*list, ParameterList(), m_connection.query(rowsToShow(*list)), {});
     const int valueColumn = columnFor(panel.rows, propertyText(field, "text_field_code"),
                                       panel.rows.columnNamed(list->valueColumn));

@@ -2,6 +2,8 @@
 
 #include "database/values/number_text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::host {
 
 namespace {
@@ -14,19 +16,19 @@ bool onlyDetails(const ListDefinition &list, const ParameterList &parameters)
 
 SqlText textEquals(QStringView expression, const QString &value)
 {
-    return SqlText(expression.toString()) + QStringLiteral("='") + typed(value) + QStringLiteral("'");
+    return SqlText(expression.toString()) + u"='"_s + typed(value) + u"'"_s;
 }
 
 /// The condition that holds for the list as a whole.
 QString condition(const ListDefinition &list)
 {
-    const QString all = QStringLiteral(" where 1=1");
-    return list.kind.isEmpty() ? all : all + QStringLiteral(" and 类型='%1'").arg(list.kind);
+    const QString all = u" where 1=1"_s;
+    return list.kind.isEmpty() ? all : all + u" and 类型='%1'"_s.arg(list.kind);
 }
 
 QString orderOf(const ListDefinition &list)
 {
-    return QStringLiteral(" order by %1").arg(list.order);
+    return u" order by %1"_s.arg(list.order);
 }
 
 /// A number is compared only where the text is one: a text never equals a number's column.
@@ -39,16 +41,16 @@ bool isWholeNumber(const QString &text)
 
 SqlText matching(const ListDefinition &list, const QString &typedText)
 {
-    SqlText text(QStringLiteral(" and ("));
+    SqlText text(u" and ("_s);
     const auto expressions = list.matches.split(u';');
     for (qsizetype at = 0; at < expressions.size(); ++at) {
         if (at > 0)
-            text += QStringLiteral(" or ");
+            text += u" or "_s;
         text += textEquals(expressions[at], typedText);
     }
     if (!list.numberKey.isEmpty() && isWholeNumber(typedText))
-        text += QStringLiteral(" or %1=%2").arg(list.numberKey).arg(typedText.trimmed().toInt());
-    text += QStringLiteral(")");
+        text += u" or %1=%2"_s.arg(list.numberKey).arg(typedText.trimmed().toInt());
+    text += u")"_s;
     return text;
 }
 
@@ -83,7 +85,7 @@ SqlText rowsThatMatch(const ListDefinition &list, const ParameterList &parameter
 {
     SqlText text = SqlText(list.select.toString()) + condition(list) + matching(list, typedText);
     if (onlyDetails(list, parameters))
-        text += QStringLiteral(" and %1=1").arg(list.detailColumn);
+        text += u" and %1=1"_s.arg(list.detailColumn);
     return text + orderOf(list);
 }
 
