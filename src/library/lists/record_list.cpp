@@ -178,22 +178,20 @@ void RecordList::showSaved(const QString &key, bool isNew)
     }
     const int row = isNew ? VS().Row() : rowToRewrite(key);
     const auto saved = openRows(app().Db(), rowStatement(key));
-    if (!isEmpty(*saved)) {
+    if (row >= 0 && !isEmpty(*saved)) {
         for (const SavedCell &cell : m_records.savedCells)
             VS().setTextMatrix(row, cell.column, NullConv::ToText(saved->Fields(cell.name.toString()).Value));
     }
     isNew ? rowsChanged() : layout().recount();
 }
 
-/// The current row. A search that was still to come when the editor was opened can have moved it since; then
-/// the row of the saved record, not that of another one.
+/// The current row. A search that was still to come when the editor was opened can have moved it since, and
+/// an editor can go on to other records; then the row of the saved record. Of one that the list does not show
+/// no row is rewritten: -1.
 int RecordList::rowToRewrite(const QString &key)
 {
     const int current = VS().Row();
-    if (keyOf(current) == key)
-        return current;
-    const int own = rowOf(key);
-    return own < 0 ? current : own;
+    return keyOf(current) == key ? current : rowOf(key);
 }
 
 // Deletion

@@ -1,4 +1,5 @@
 #include "library/customers/frm_kh_fixture.h"
+#include "library/customers/khxx.h"
 
 using namespace ebtq;
 using ebtq::test::FrmKhTest;
@@ -280,6 +281,25 @@ TEST_F(FrmKhTest, ForReadingOnlyNothingChangesAndARowThatIsGoneOpensNothing)
     ASSERT_EQ(events.size(), 2);
     EXPECT_EQ(events[0], u"FrmKh|2|这条客源已被删除，无法打开！");
     EXPECT_TRUE(events[1].startsWith(u"FrmKh|8|FrmKh-->LoadData::")) << events[1].toStdString();
+}
+
+TEST_F(FrmKhTest, ASavedRequestThatTheListDoesNotShowRewritesNoRow)
+{
+    insertCustomers(u"K1 K2"_qs);
+    connection->execute(u"update fykh set 方式=1 where 客源编号='K1'"_qs);
+    host::setRight(*connection, u"U1"_qs, host::CustomerModule, RightEdit, true);
+    khxx list(desktop);
+    list.IReportUI_Init(app, host::CustomerModule);
+    list.NavToolbar1().press(u"buy"_qs);
+    desktop.willShow([&](QObject &) {
+        list.mFrmKh()->RecordNext();
+        list.mFrmKh()->qzTxt(Number::Name).setText(u"乙"_qs);
+        list.mFrmKh()->Cmd(Number::Save).press();
+    });
+    list.NavToolbar1().press(u"edit"_qs);
+    EXPECT_EQ(stored(u"客户名称"_qs), u"甲1 乙");
+    ASSERT_EQ(list.VS().Rows(), 2);
+    EXPECT_EQ(list.VS().TextMatrix(1, 4), u"甲1");
 }
 
 } // namespace
