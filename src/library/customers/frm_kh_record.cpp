@@ -203,6 +203,7 @@ bool frmKh::deleteRow()
                                                  QStringLiteral("'")));
         if (query->RowsChanged() == 0)
             refuse(QStringLiteral("数据库中已没有这条客源！"));
+        Q_EMIT Message(QStringLiteral("客源 %1 已删除，刷新后不再列出！").arg(m_code));
         return true;
     } catch (const StatementFailure &failure) {
         Q_EMIT ErrMessage(QString::fromUtf8(failure.what()), FailureLevel, QStringLiteral("提示："));

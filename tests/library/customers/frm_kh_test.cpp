@@ -228,6 +228,7 @@ TEST_F(FrmKhTest, WhatIsMissingOrWrongIsRefusedAndStays)
 TEST_F(FrmKhTest, DeletionAsksAndGoesToTheNextOne)
 {
     insertCustomers(u"K1 K2"_qs);
+    QObject::connect(&form, &frmKh::Message, [&](const QString &text) { events += text; });
     open(u"C1"_qs, [&] {
         press(Number::Delete, {No});
         EXPECT_EQ(asked(), QStringList(u"提示：|是否删除当前记录？"_qs));
@@ -239,6 +240,7 @@ TEST_F(FrmKhTest, DeletionAsksAndGoesToTheNextOne)
             press(Number::Delete, {Yes});
             EXPECT_EQ(place(), QString::fromUtf16(expected));
         }
+        EXPECT_EQ(events.last(), u"客源 K2 已删除，刷新后不再列出！");
         press(Number::Delete, {Yes, Ok});
         EXPECT_EQ(asked().last(), u"提示:|数据库中已没有这条客源！");
     });
