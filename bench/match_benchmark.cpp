@@ -64,7 +64,7 @@ Engine server(db::PostgresConnection &connection)
 std::vector<QByteArray> statementsFor(db::Connection &connection, const QString &key)
 {
     const SqlText measures = measuresStatement(key);
-    const SqlText customers = matchingCustomersStatement(connection.query(measures));
+    const SqlText customers = matchingCustomersStatement(DetailRecord(connection.query(measures)));
     std::vector<QByteArray> texts;
     for (const SqlText &statement : {measures, customers})
         texts.push_back(db::translate(statement, connection.dialect(), connection.catalog()).sql);

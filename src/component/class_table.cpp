@@ -1,6 +1,7 @@
 #include "component/class_table.h"
 
 #include "library/customers/frm_kh.h"
+#include "library/customers/khxx.h"
 #include "library/followups/frm_gj.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/frm_fx.h"
@@ -8,6 +9,7 @@
 #include "library/pickers/sel_pdm_dz.h"
 #include "library/pickers/sel_pdm_lpzd.h"
 #include "screens/customers/frm_kh_view.h"
+#include "screens/customers/khxx_view.h"
 #include "screens/followups/frm_gj_view.h"
 #include "screens/frame/view_registry.h"
 #include "screens/listings/fcxx_view.h"
@@ -27,6 +29,7 @@ template<class Module, class View> constexpr ComponentClass componentClass(QLati
 
 const ComponentClass classes[] = {
     componentClass<Fcxx, FcxxView>(QLatin1String("EBTQ_S.Fcxx")),
+    componentClass<khxx, KhxxView>(QLatin1String("EBTQ_S.khxx")),
     componentClass<selPdm, PickerView>(QLatin1String("EBTQ_S.selPdm")),
     componentClass<selPdmLpzd, PickerView>(QLatin1String("EBTQ_S.selPdmLpzd")),
     componentClass<selPdmDz, PickerView>(QLatin1String("EBTQ_S.selPdmDz")),

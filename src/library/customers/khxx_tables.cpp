@@ -57,7 +57,8 @@ constexpr FilterClause clauses[] = {
 };
 
 constexpr ListFilterTables filter{
-    .fields = fields, .ticks = {u"求购", u"求租"}, .clauses = clauses, .refusalsNameTheField = false};
+    .fields = fields, .ticks = {u"求购", u"求租"},
+                                  .periods = u"显示最近", .clauses = clauses, .refusalsNameTheField = false};
 
 constexpr int hiddenColumns[] = {0, CustomerKey};
 

@@ -25,8 +25,10 @@ ListFilter::ListFilter(Module &module, const ListFilterTables &tables)
         tick.setCaption(tables.ticks[static_cast<size_t>(number)].toString());
         m_ticks[static_cast<size_t>(number)] = &tick;
     }
-    if (tables.hasPeriods)
+    if (!tables.periods.isEmpty()) {
         m_periods = &controls().add<XPCombo>(QStringLiteral("XPCmb"));
+        m_periods->setCaption(tables.periods.toString());
+    }
     for (const FilterField &field : tables.fields) {
         auto &control = controls().add<qzTxt_S>(arrayName(), field.number);
         control.setCaption(field.caption.toString());

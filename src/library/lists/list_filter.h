@@ -36,7 +36,7 @@ struct ListFilterTables
 {
     std::span<const FilterField> fields;
     std::array<QStringView, 2> ticks; ///< captions of the boxes Chk
-    bool hasPeriods = true;           ///< the combo box XPCmb
+    QStringView periods = u"最近";    ///< caption of the combo box XPCmb; empty for a filter without
     std::span<const FilterClause> clauses;
     bool refusalsNameTheField = true; ///< what is said of a text that is not found
 };

@@ -92,6 +92,8 @@ public:
     /// A display field by its number in the table.
     [[nodiscard]] qzTxt_S &field(int number);
     [[nodiscard]] TextBox &box(int number);
+    /// In the order of their table.
+    [[nodiscard]] const std::vector<TextBox *> &boxes() const { return m_boxes; }
 
 Q_SIGNALS:
     /// A tab was loaded: `done` when it shows what the database holds for the current record.

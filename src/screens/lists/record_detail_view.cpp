@@ -1,0 +1,139 @@
+#include "screens/lists/record_detail_view.h"
+
+#include "library/lists/record_detail.h"
+#include "screens/controls/control_binding.h"
+#include "screens/controls/display_field_view.h"
+#include "screens/controls/flex_grid_view.h"
+#include "screens/controls/tab_strip_view.h"
+#include "screens/controls/text_box_view.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace ebtq {
+
+namespace {
+
+constexpr int pairs = 6;
+constexpr int captionCharacters = 4;
+constexpr int boxLines = 2;
+
+QString inkName(DetailPlace::Ink ink)
+{
+    switch (ink) {
+    case DetailPlace::Ink::Sale:
+        return QStringLiteral("sale");
+    case DetailPlace::Ink::Rent:
+        return QStringLiteral("rent");
+    case DetailPlace::Ink::Plain:
+        break;
+    }
+    return {};
+}
+
+QGridLayout *makeGrid(QWidget &panel)
+{
+    auto *grid = new QGridLayout(&panel);
+    grid->setContentsMargins(12, 8, 12, 8);
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(5);
+    for (int pair = 0; pair < pairs; ++pair) {
+        grid->setColumnMinimumWidth(2 * pair,
+                                    captionCharacters * panel.fontMetrics().horizontalAdvance(u'房'));
+        grid->setColumnStretch(2 * pair + 1, 1);
+    }
+    return grid;
+}
+
+void place(QGridLayout &grid, QLabel &caption, QWidget &field, int row, int pair, int width)
+{
+    grid.addWidget(&caption, row, 2 * pair);
+    grid.addWidget(&field, row, 2 * pair + 1, 1, 2 * width - 1);
+}
+
+} // namespace
+
+RecordDetailView::RecordDetailView(RecordDetail &detail, QWidget *keyScope, QWidget *parent)
+    : QWidget(parent)
+    , m_detail(detail)
+    , m_tabs(new TabStripView(detail.qzVSTabCtl1(), keyScope, this))
+{
+    setProperty("kind", QStringLiteral("page"));
+    setAttribute(Qt::WA_StyledBackground);
+    setFocusProxy(m_tabs);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_tabs);
+}
+
+QWidget *RecordDetailView::addPanel(int tab)
+{
+    auto *panel = new QWidget(this);
+    panel->setProperty("kind", QStringLiteral("tabPanel"));
+    panel->setAttribute(Qt::WA_StyledBackground);
+    layout()->addWidget(panel);
+    m_panels.append(panel);
+    bindControl(m_detail.pnlTab(tab - 1), *panel);
+    return panel;
+}
+
+QSize RecordDetailView::minimumSizeHint() const
+{
+    QSize needed;
+    for (const QWidget *panel : m_panels)
+        needed = needed.expandedTo(panel->minimumSizeHint());
+    return {needed.width(), needed.height() + m_tabs->sizeHint().height()};
+}
+
+void RecordDetailView::addFields(int tab, std::span<const DetailPlace> places, int boxesRow)
+{
+    QWidget *panel = addPanel(tab);
+    QGridLayout *grid = makeGrid(*panel);
+    for (const DetailPlace &each : places)
+        addField(*grid, *panel, each);
+    if (boxesRow >= 0)
+        addBoxes(*grid, *panel, boxesRow);
+    grid->setRowStretch(grid->rowCount(), 1);
+}
+
+void RecordDetailView::addField(QGridLayout &grid, QWidget &panel, const DetailPlace &each)
+{
+    qzTxt_S &field = m_detail.field(each.number);
+    auto *view = new DisplayFieldView(field, &panel);
+    view->setProperty("ink", inkName(each.ink));
+    QLabel *caption = makeCaption(field, *view, &panel);
+    if (each.caption == DetailPlace::Caption::UnitOfTheFieldBefore)
+        caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    place(grid, *caption, *view, each.row, each.pair, each.width);
+}
+
+void RecordDetailView::addBoxes(QGridLayout &grid, QWidget &panel, int row)
+{
+    const int width = pairs / static_cast<int>(m_detail.boxes().size());
+    int pair = 0;
+    for (TextBox *box : m_detail.boxes()) {
+        auto *view = new TextAreaView(*box, &panel);
+        view->setReadOnly(true);
+        view->setFixedHeight(boxLines * view->fontMetrics().lineSpacing() + 12);
+        place(grid, *makeCaption(*box, *view, &panel), *view, row, pair, width);
+        pair += width;
+    }
+}
+
+/// "Nothing there" is said of a load that worked, never of a grid that a failure left empty.
+void RecordDetailView::addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint)
+{
+    QWidget *panel = addPanel(tab);
+    auto *column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto *view = new FlexGridView(grid, panel);
+    column->addWidget(view);
+    connect(&m_detail, &RecordDetail::TabShown, view, [=](int shown, bool done) {
+        if (shown == tab)
+            view->setEmptyHint(done ? emptyHint : QString());
+    });
+}
+
+} // namespace ebtq

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+#include <span>
+
+class QGridLayout;
+
+namespace ebtq {
+
+class FlexGridView;
+class RecordDetail;
+class TabStripView;
+class VSFlexGrid;
+
+/// Where a display field stands on its tab. Captions and fields stand in pairs, six of them side by side, so
+/// that they line up on all tabs.
+struct DetailPlace
+{
+    enum class Ink : quint8 { Plain, Sale, Rent };
+    /// The caption of some fields is the unit of the field to their left and stands close to it.
+    enum class Caption : quint8 { Own, UnitOfTheFieldBefore };
+
+    int number;
+    int row;
+    int pair;
+    int width = 1; ///< in pairs
+    Ink ink = Ink::Plain;
+    Caption caption = Caption::Own;
+};
+
+/// The screen of the tabs below a list: the tab strip and, below it, the panel of the active tab. A detail's
+/// view adds its panels in the order of the tabs.
+class RecordDetailView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// What the tallest panel needs, whichever is shown: the list above does not move with the tabs.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+
+protected:
+    /// The keys that choose a tab work from anywhere in `keyScope`.
+    RecordDetailView(RecordDetail &detail, QWidget *keyScope, QWidget *parent);
+
+    QWidget *addPanel(int tab);
+    /// A panel of fields; with `boxesRow` all boxes stand side by side in that row.
+    void addFields(int tab, std::span<const DetailPlace> places, int boxesRow = -1);
+    /// A panel of one grid; the hint is shown by a load that worked and found nothing.
+    void addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint);
+
+private:
+    void addField(QGridLayout &grid, QWidget &panel, const DetailPlace &place);
+    void addBoxes(QGridLayout &grid, QWidget &panel, int row);
+
+    RecordDetail &m_detail;
+    TabStripView *m_tabs;
+    QList<QWidget *> m_panels;
+};
+
+} // namespace ebtq
