@@ -216,7 +216,7 @@ void MainWindow::openFirstModule()
 
 void MainWindow::bindPage(ModulePage &page)
 {
-    connect(&page, &ModulePage::message, m_status, &QLabel::setText);
+    connect(&page, &ModulePage::message, this, &MainWindow::showStatus);
     connect(&page, &ModulePage::errMessage, this, &MainWindow::tell);
     connect(&page, &ModulePage::closeRequested, this, [this, &page] { closePage(page); });
 }
@@ -279,13 +279,19 @@ void MainWindow::removePage(ModulePage &page)
     showCurrentPage();
 }
 
+/// Of the page in front: what another one has to say is seen when it comes to the front.
+void MainWindow::showStatus()
+{
+    const ModulePage *current = currentPage();
+    m_status->setText(current ? current->status() : QString());
+}
+
 void MainWindow::showCurrentPage()
 {
     ModulePage *current = currentPage();
-    if (!current) {
-        m_status->clear();
+    showStatus();
+    if (!current)
         return m_navigation->clearCurrent();
-    }
     m_pages->setCurrentWidget(current);
     m_navigation->setCurrent(current->module());
     giveFocus(*current);

@@ -63,6 +63,7 @@ private:
     /// message box stays open, and the request is dropped.
     [[nodiscard]] bool isWaitedFor(const std::function<void()> &again);
     void showCurrentPage();
+    void showStatus();
     void stepTab(int step);
     void switchSide();
     void toggleScheme();

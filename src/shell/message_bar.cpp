@@ -64,6 +64,12 @@ MessageBar::MessageBar(QWidget *parent)
     rebuild();
 }
 
+/// Its own labels lose the keyboard when they go with it.
+MessageBar::~MessageBar()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void MessageBar::noteFocus(QWidget *before, QWidget *now)
 {
     if (isAncestorOf(now) && !isAncestorOf(before))

@@ -19,6 +19,7 @@ class MessageBar : public QWidget
 
 public:
     explicit MessageBar(QWidget *parent = nullptr);
+    ~MessageBar() override;
 
     /// `level` as in the event ErrMessage.
     void add(const QString &text, int level, const QString &title);

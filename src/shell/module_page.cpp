@@ -74,7 +74,10 @@ void ModulePage::make()
 void ModulePage::bindEvents()
 {
     m_events = std::make_unique<ModuleEvents>(*m_module);
-    connect(m_events.get(), &ModuleEvents::Message, this, &ModulePage::message);
+    connect(m_events.get(), &ModuleEvents::Message, this, [this](const QString &text) {
+        m_status = text;
+        Q_EMIT message();
+    });
     connect(m_events.get(), &ModuleEvents::ErrMessage, this, &ModulePage::errMessage);
     connect(m_events.get(), &ModuleEvents::RefreshGetGridStatus, this, &ModulePage::restoreLayout);
     connect(m_events.get(), &ModuleEvents::UnLoad, this, [this](const bool &close) {

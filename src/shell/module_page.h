@@ -30,6 +30,8 @@ public:
     /// nothing to be shown or the module could not be initialised; one whose first load failed is shown with
     /// what it has.
     bool open();
+    /// The module's last message.
+    [[nodiscard]] const QString &status() const { return m_status; }
     /// Loads the module again.
     void refresh();
     /// Saves the layout and ends the module: the view first, since it looks at the module. May be called
@@ -37,7 +39,8 @@ public:
     void shut();
 
 Q_SIGNALS:
-    void message(const QString &text);
+    /// status() has changed.
+    void message();
     void errMessage(const QString &text, int level, const QString &title);
     /// The module asks to be closed; sent after its operation has returned.
     void closeRequested();
@@ -58,6 +61,7 @@ private:
     IReportUI *m_report = nullptr; ///< the module by its contract
     std::unique_ptr<ModuleEvents> m_events;
     std::unique_ptr<QWidget> m_view;
+    QString m_status;
     bool m_isReady = false;
     bool m_restoring = false;
 };

@@ -57,6 +57,19 @@ void showWindow(MainWindow &window)
     window.openFirstModule();
 }
 
+/// Forms stand on the ground of the scheme in force.
+void styleForm(QObject &form)
+{
+    auto *design = qobject_cast<IDesignUI *>(&form);
+    if (!design)
+        return;
+    const QColor ground = look::tokens().window;
+    DesignParameters parameters;
+    parameters.Item(QStringLiteral("backcolor")).Value =
+        ground.red() | ground.green() << 8 | ground.blue() << 16;
+    design->IDesignUI_Parameters(&parameters);
+}
+
 int runSession(GuardedApplication &application, const Options &options, db::Connection &connection,
                const host::User &user, const Drive &drive)
 {
@@ -71,6 +84,7 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
     QtPrintDesk printDesk;
     PrintEngine printEngine(printDesk);
     app.setPrintContext(&printEngine);
+    app.setFormStyler(styleForm);
     app.setPickerFactory(componentPickers(library, app));
     const QString place = options.tour.isEmpty() ? databasePlace(connection) : QStringLiteral("演示副本");
     MainWindow window(library, app, {user.name, user.department, today, place});

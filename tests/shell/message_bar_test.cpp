@@ -86,6 +86,18 @@ TEST_F(MessageBarTest, ALongTextWrapsAndMarkUpStaysText)
     EXPECT_LE(bar.minimumSizeHint().width(), 400) << "a long message must not widen the window";
 }
 
+TEST_F(MessageBarTest, GoesWhileItsTextHasTheKeyboard)
+{
+    auto *going = new MessageBar(&window);
+    going->add(u"甲"_qs, Refusal, {});
+    going->resize(400, 100);
+    QApplication::processEvents();
+    auto *label = going->findChild<QLabel *>(u"messageText"_qs);
+    label->setFocus();
+    ASSERT_TRUE(label->hasFocus());
+    delete going;
+}
+
 TEST_F(MessageBarTest, EscapeIsLeftToOthersWhileThereIsNoMessage)
 {
     struct Listener : QWidget

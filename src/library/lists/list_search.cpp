@@ -30,15 +30,22 @@ void ListSearch::setUp()
     m_box.setFilterFlag(m_filters.Value() == 1);
 }
 
+/// Lists that are searched without regard to case have a "%" behind the last column as well.
+QList<int> ListSearch::columns() const
+{
+    constexpr int emptyCell = -1;
+    return m_sensitivity == Qt::CaseSensitive ? m_box.columns() : m_box.columns() + QList<int>{emptyCell};
+}
+
 bool ListSearch::search(const QString &text)
 {
     return text.isEmpty() || drawnLater(m_list, [&] {
                m_list.showAllRows();
                if (m_filters.Value() == 1) {
-                   m_list.hideRowsWithout(text, m_box.columns(), m_sensitivity);
+                   m_list.hideRowsWithout(text, columns(), m_sensitivity);
                    return true;
                }
-               const int row = m_list.findRow(text, m_box.columns(), m_list.FixedRows(), m_sensitivity);
+               const int row = m_list.findRow(text, columns(), m_list.FixedRows(), m_sensitivity);
                if (row >= 0)
                    m_list.setRow(row);
                return row >= 0;

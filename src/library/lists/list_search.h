@@ -34,6 +34,7 @@ Q_SIGNALS:
 
 private:
     bool search(const QString &text);
+    [[nodiscard]] QList<int> columns() const;
     void searchAgain(const QString &text);
 
     VSFlexGrid &m_list;

@@ -3,6 +3,7 @@
 #include "screens/look/look.h"
 #include "shell/message_bar.h"
 #include "shell/tour/action_steps.h"
+#include "shell/tour/customer_steps.h"
 #include "shell/tour/detail_steps.h"
 #include "shell/tour/editor_steps.h"
 #include "shell/tour/layout_steps.h"
@@ -343,6 +344,8 @@ std::vector<TourStep> tourSteps()
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
     const std::span<const TourStep> editor = editorSteps();
     result.insert(result.end(), editor.begin(), editor.end());
+    const std::span<const TourStep> customers = customerSteps();
+    result.insert(result.end(), customers.begin(), customers.end());
     return result;
 }
 

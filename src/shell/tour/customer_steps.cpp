@@ -1,0 +1,158 @@
+#include "shell/tour/customer_steps.h"
+
+#include "host/module_ids.h"
+#include "shell/tour/tour.h"
+
+#include <QAbstractItemModel>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTableView>
+
+#include <algorithm>
+
+namespace ebtq::shell {
+
+namespace {
+
+constexpr int mostRowsTried = 60;
+constexpr int nameField = 1;
+constexpr int telephoneField = 4;
+constexpr int nameColumn = 4;
+const QString name = QStringLiteral("林小姐");
+
+int rowsShown(Tour &tour, const QString &grid)
+{
+    return tour.person().see<QTableView>(grid).model()->rowCount();
+}
+
+qsizetype stored(Tour &tour, const QString &condition)
+{
+    const QString sql = QStringLiteral("select 客源ID from fykh") + condition;
+    return tour.connection().query(SqlText(sql)).rowCount();
+}
+
+bool isListInSight(const QWidget &window)
+{
+    return std::ranges::any_of(window.findChildren<QTableView *>(QStringLiteral("VS")), &QWidget::isVisible);
+}
+
+void open(Tour &tour)
+{
+    Person &person = tour.person();
+    person.window().resize(1440, 900);
+    person.click(QStringLiteral("Navigation_%1").arg(static_cast<int>(host::CustomerModule)));
+    person.waitFor([&] { return isListInSight(person.window()); }, QStringLiteral("客源列表"));
+}
+
+void seeList(Tour &tour)
+{
+    Tour::expect(rowsShown(tour, QStringLiteral("VS")) == stored(tour, {}), QStringLiteral("应列出全部客源"));
+}
+
+void goToNextTab(Tour &tour)
+{
+    tour.person().focus(QStringLiteral("qzVSTabCtl1"));
+    tour.person().press(Qt::Key_Right);
+}
+
+void seeTab(Tour &tour, const QString &caption)
+{
+    const auto &tabs = tour.person().see<QTabBar>(QStringLiteral("qzVSTabCtl1"));
+    Tour::expect(tabs.tabText(tabs.currentIndex()) == caption, QStringLiteral("应打开“%1”").arg(caption));
+}
+
+/// Goes down the list until the grid of the open tab has rows.
+void moveToCustomerWith(Tour &tour, const QString &grid)
+{
+    Person &person = tour.person();
+    person.focus(QStringLiteral("VS"));
+    for (int row = 0; row < mostRowsTried && rowsShown(tour, grid) == 0; ++row)
+        person.press(Qt::Key_Down);
+    tour.note(QStringLiteral("  行数：%1").arg(rowsShown(tour, grid)));
+    Tour::expect(rowsShown(tour, grid) > 0,
+                 QStringLiteral("前 %1 位客源应有一位填满此页").arg(mostRowsTried));
+}
+
+void seeContact(Tour &tour)
+{
+    seeTab(tour, QStringLiteral("保密信息"));
+}
+
+void seeListings(Tour &tour)
+{
+    seeTab(tour, QStringLiteral("匹配房源"));
+    moveToCustomerWith(tour, QStringLiteral("VsP"));
+}
+
+void seeFollowUps(Tour &tour)
+{
+    seeTab(tour, QStringLiteral("跟进记录"));
+    moveToCustomerWith(tour, QStringLiteral("VsGj"));
+}
+
+void fill(Tour &tour, int number, const QString &text)
+{
+    Person &person = tour.person();
+    person.focus(QStringLiteral("qzTxt_%1").arg(number));
+    person.press(Qt::Key_A, Qt::ControlModifier);
+    person.type(text);
+    person.press(Qt::Key_Tab);
+}
+
+/// Refused without a telephone number, then saved. The form stays open for the next one.
+void writeRequest(Tour &tour)
+{
+    Person &person = tour.person();
+    person.withDialog([&] { person.click(QStringLiteral("NavToolbar1_new")); },
+                      [&] {
+                          tour.takePicture(QStringLiteral("customer-empty"));
+                          fill(tour, nameField, name);
+                          person.withDialog([&] { person.click(QStringLiteral("Cmd_0")); },
+                                            [&] {
+                                                tour.takePicture(QStringLiteral("customer-refused"));
+                                                person.press(Qt::Key_Return);
+                                            });
+                          fill(tour, telephoneField, QStringLiteral("138****2026"));
+                          tour.takePicture(QStringLiteral("customer-filled"));
+                          person.withDialog([&] { person.click(QStringLiteral("Cmd_0")); },
+                                            [&] { person.press(Qt::Key_Escape); });
+                          person.click(QStringLiteral("Cmd_1"));
+                      });
+}
+
+void seeRequest(Tour &tour)
+{
+    Tour::expect(stored(tour, QStringLiteral(" where 客户名称='%1'").arg(name)) == 1,
+                 QStringLiteral("客源应已保存一条"));
+    const auto &view = tour.person().see<QTableView>(QStringLiteral("VS"));
+    const QAbstractItemModel &model = *view.model();
+    Tour::expect(model.index(0, nameColumn).data().toString() == name, QStringLiteral("新客源应在第一行"));
+}
+
+void askForDeletion(Tour &tour)
+{
+    Person &person = tour.person();
+    person.withDialog([&] { person.click(QStringLiteral("NavToolbar1_delete")); },
+                      [&] {
+                          tour.takePicture(QStringLiteral("customer-delete-question"));
+                          person.press(Qt::Key_Escape);
+                      });
+}
+
+constexpr TourStep steps[] = {
+    {u"打开客源列表", u"customers", open, seeList},
+    {u"客源的保密信息", u"customer-contact", goToNextTab, seeContact},
+    {u"匹配房源", u"customer-listings", goToNextTab, seeListings},
+    {u"客源的跟进记录", u"customer-follow-ups", goToNextTab, seeFollowUps},
+    {u"新建客源", u"customer-saved", writeRequest, seeRequest},
+    {u"删除客源前询问", u"customer-kept", askForDeletion, seeRequest},
+};
+
+} // namespace
+
+std::span<const TourStep> customerSteps()
+{
+    return steps;
+}
+
+} // namespace ebtq::shell
