@@ -40,8 +40,8 @@ public:
     /// Name of the icon in a cell; empty for none.
     [[nodiscard]] virtual QString picture(int row, int column) const = 0;
     [[nodiscard]] virtual CellLook look(int row, int column) const = 0;
-    /// The label of a row of sums runs on into the empty cells beside it.
-    [[nodiscard]] virtual bool isSum(int row) const = 0;
+    /// A text in a row of sums that runs on into the empty cells beside it.
+    [[nodiscard]] virtual bool isSumLabel(int row, int column) const = 0;
 };
 
 /// The host's print object. Both operations return when the person is done, with the text of the failure for

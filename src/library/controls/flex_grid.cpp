@@ -219,6 +219,11 @@ void VSFlexGrid::clearSubtotals()
     rearrangeRows([this] { m_subtotals.clear(m_rows); });
 }
 
+bool VSFlexGrid::isSumLabel(int row, int col) const
+{
+    return isSubtotal(row) && shownAlignment(col) != AlignRight && !displayText(row, col).isEmpty();
+}
+
 bool VSFlexGrid::isSubtotal(int row) const
 {
     return isData(row) && m_rows.isSubtotal(position(row));

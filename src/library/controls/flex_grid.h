@@ -116,6 +116,8 @@ public:
     void addSubtotals(std::span<const Subtotal> wanted);
     void clearSubtotals();
     [[nodiscard]] bool isSubtotal(int row) const;
+    /// A text in a row of sums that is no sum itself: it runs on over the empty cells beside it.
+    [[nodiscard]] bool isSumLabel(int row, int col) const;
     /// Where the next sums stand, below their group or above it.
     [[nodiscard]] SubtotalPosition subtotalPosition() const { return m_subtotalPosition; }
     void setSubtotalPosition(SubtotalPosition position) { m_subtotalPosition = position; }
@@ -142,6 +144,9 @@ public:
     void setColDataType(int col, int type);
     [[nodiscard]] int ColAlignment(int col) const;
     void setColAlignment(int col, int alignment);
+    /// AlignLeft, AlignCentre or AlignRight: where the column's texts stand, numbers to the right unless told
+    /// otherwise.
+    [[nodiscard]] int shownAlignment(int col) const;
     /// Alignment of the column's cells in the fixed rows.
     [[nodiscard]] int FixedAlignment(int col) const;
     void setFixedAlignment(int col, int alignment);

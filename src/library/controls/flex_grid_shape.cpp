@@ -153,6 +153,15 @@ int VSFlexGrid::ColAlignment(int col) const
     return column(col) ? column(col)->alignment : AlignGeneral;
 }
 
+int VSFlexGrid::shownAlignment(int col) const
+{
+    const int alignment = ColAlignment(col);
+    if (alignment == AlignLeft || alignment == AlignCentre || alignment == AlignRight)
+        return alignment;
+    const ColumnType held = columnType(col);
+    return held == ColumnType::Integer || held == ColumnType::Number ? AlignRight : AlignLeft;
+}
+
 void VSFlexGrid::setColAlignment(int col, int alignment)
 {
     changeColumn(col, &GridColumn::alignment, alignment);

@@ -9,17 +9,15 @@ namespace ebtq {
 
 namespace {
 
-PrintedGrid::Alignment across(int alignment, bool isNumber)
+PrintedGrid::Alignment across(int alignment)
 {
     switch (alignment) {
     case VSFlexGrid::AlignCentre:
         return PrintedGrid::Alignment::Centre;
     case VSFlexGrid::AlignRight:
         return PrintedGrid::Alignment::Right;
-    case VSFlexGrid::AlignLeft:
-        return PrintedGrid::Alignment::Left;
     default:
-        return isNumber ? PrintedGrid::Alignment::Right : PrintedGrid::Alignment::Left;
+        return PrintedGrid::Alignment::Left;
     }
 }
 
@@ -44,12 +42,9 @@ void ShownGrid::readColumns()
 
 PrintedGrid::Column ShownGrid::column(int gridColumn) const
 {
-    const ColumnType held = m_grid.columnType(gridColumn);
-    const bool isNumber = held == ColumnType::Integer || held == ColumnType::Number;
     return {m_grid.FixedRows() > 0 ? m_grid.TextMatrix(0, gridColumn).trimmed() : QString(),
             m_grid.ColWidth(gridColumn), !m_grid.isWidthGiven(gridColumn),
-            across(m_grid.ColAlignment(gridColumn), isNumber),
-            across(m_grid.FixedAlignment(gridColumn), false)};
+            across(m_grid.shownAlignment(gridColumn)), across(m_grid.FixedAlignment(gridColumn))};
 }
 
 void ShownGrid::readRows()
@@ -82,6 +77,11 @@ bool ShownGrid::isSum(int row) const
     return m_grid.isSubtotal(m_rows[static_cast<size_t>(row)]);
 }
 
+bool ShownGrid::isSumLabel(int row, int column) const
+{
+    return m_grid.isSumLabel(m_rows[static_cast<size_t>(row)], m_gridColumns[static_cast<size_t>(column)]);
+}
+
 std::string_view ShownGrid::shown(int row, int column) const
 {
     if (m_grid.ColFormat(m_gridColumns[static_cast<size_t>(column)]).isEmpty())
@@ -103,7 +103,7 @@ std::string_view ShownGrid::stored(int row, int column) const
 bool ShownGrid::labelsSums(int column) const
 {
     for (int row = 0; row < rowCount(); ++row) {
-        if (isSum(row) && !stored(row, column).empty())
+        if (isSumLabel(row, column))
             return true;
     }
     return false;

@@ -23,8 +23,9 @@ public:
     [[nodiscard]] QString text(int row, int column) const override;
     [[nodiscard]] QString picture(int row, int column) const override;
     [[nodiscard]] CellLook look(int row, int column) const override;
-    [[nodiscard]] bool isSum(int row) const override;
+    [[nodiscard]] bool isSumLabel(int row, int column) const override;
 
+    [[nodiscard]] bool isSum(int row) const;
     /// What the column's cells hold.
     [[nodiscard]] ColumnType type(int column) const;
     /// The text of a cell in UTF-8; valid until the next call and until the grid changes.

@@ -40,11 +40,11 @@ bool isEmpty(const QModelIndex &index)
     return textOf(index).isEmpty() && !index.data(Qt::DecorationRole).isValid();
 }
 
-/// In a row with sums all but the sums themselves is label.
+/// In a row with sums all but the sums themselves is label: it runs on over empty cells.
 bool isLabel(const QModelIndex &index)
 {
-    return index.data(FlexGridModel::IsSubtotal).toBool() &&
-           !(across(index) & Qt::AlignRight && !isEmpty(index));
+    return index.data(FlexGridModel::IsSumLabel).toBool() ||
+           (index.data(FlexGridModel::IsSubtotal).toBool() && isEmpty(index));
 }
 
 /// The cell with the label that this one shows or goes on with; invalid when there is none. A label that was

@@ -12,17 +12,15 @@ namespace {
 
 constexpr int headerRow = 0;
 
-Qt::AlignmentFlag across(int alignment, bool isNumber)
+Qt::AlignmentFlag across(int alignment)
 {
     switch (alignment) {
     case VSFlexGrid::AlignCentre:
         return Qt::AlignHCenter;
     case VSFlexGrid::AlignRight:
         return Qt::AlignRight;
-    case VSFlexGrid::AlignLeft:
-        return Qt::AlignLeft;
     default:
-        return isNumber ? Qt::AlignRight : Qt::AlignLeft;
+        return Qt::AlignLeft;
     }
 }
 
@@ -140,6 +138,8 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const
         return picture(row, index.column());
     case IsSubtotal:
         return m_grid.isSubtotal(row);
+    case IsSumLabel:
+        return m_grid.isSumLabel(row, index.column());
     default:
         return look(row, index.column(), role);
     }
@@ -164,7 +164,7 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
     case Qt::DisplayRole:
         return m_grid.TextMatrix(headerRow, section).trimmed();
     case Qt::TextAlignmentRole:
-        return static_cast<int>(across(m_grid.FixedAlignment(section), false) | Qt::AlignVCenter);
+        return static_cast<int>(across(m_grid.FixedAlignment(section)) | Qt::AlignVCenter);
     case Qt::DecorationRole:
         return picture(headerRow, section);
     default:
@@ -174,9 +174,7 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
 
 QVariant FlexGridModel::alignment(int column) const
 {
-    const ColumnType type = m_grid.columnType(column);
-    const bool isNumber = type == ColumnType::Integer || type == ColumnType::Number;
-    return static_cast<int>(across(m_grid.ColAlignment(column), isNumber) | Qt::AlignVCenter);
+    return static_cast<int>(across(m_grid.shownAlignment(column)) | Qt::AlignVCenter);
 }
 
 QVariant FlexGridModel::picture(int row, int column) const

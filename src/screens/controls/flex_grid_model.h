@@ -16,6 +16,7 @@ class FlexGridModel : public QAbstractTableModel
 public:
     /// True for the cells of a row with sums.
     static constexpr int IsSubtotal = Qt::UserRole;
+    static constexpr int IsSumLabel = Qt::UserRole + 1;
 
     explicit FlexGridModel(VSFlexGrid &grid, QObject *parent = nullptr);
 

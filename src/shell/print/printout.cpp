@@ -150,7 +150,7 @@ double Printout::contentsWidth(int row, int column) const
     const double icon = m_grid.picture(row, column).isEmpty() ? 0 : m_cellText.lineHeight();
     const bool hasRoomBeside =
         column + 1 < static_cast<int>(m_grid.columns().size()) && isEmpty(row, column + 1);
-    if (m_grid.isSum(row) && isLabel(row, column) && hasRoomBeside)
+    if (m_grid.isSumLabel(row, column) && hasRoomBeside)
         return icon;
     return std::max(icon, textOf(row, column).width(m_grid.text(row, column)));
 }
@@ -175,16 +175,8 @@ bool Printout::isEmpty(int row, int column) const
     return m_grid.text(row, column).isEmpty() && m_grid.picture(row, column).isEmpty();
 }
 
-/// A right-aligned cell is a sum.
-bool Printout::isLabel(int row, int column) const
-{
-    return m_grid.columns()[static_cast<size_t>(column)].alignment != PrintedGrid::Alignment::Right &&
-           !m_grid.text(row, column).isEmpty();
-}
-
 std::vector<Printout::Cell> Printout::cellsOf(const FittedColumns::Band &band, int row) const
 {
-    const bool isSum = m_grid.isSum(row);
     std::vector<Cell> cells;
     bool runsOn = false;
     for (const FittedColumns::Column &column : band) {
@@ -193,7 +185,7 @@ std::vector<Printout::Cell> Printout::cellsOf(const FittedColumns::Band &band, i
             continue;
         }
         cells.push_back({column.number, column.left, column.width});
-        runsOn = isSum && isLabel(row, column.number);
+        runsOn = m_grid.isSumLabel(row, column.number);
     }
     return cells;
 }

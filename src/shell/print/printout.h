@@ -51,7 +51,6 @@ private:
     };
     [[nodiscard]] std::vector<Cell> cellsOf(const FittedColumns::Band &band, int row) const;
     [[nodiscard]] bool isEmpty(int row, int column) const;
-    [[nodiscard]] bool isLabel(int row, int column) const;
     [[nodiscard]] ColumnNeed need(int column) const;
     /// On one line.
     [[nodiscard]] double contentsWidth(int row, int column) const;

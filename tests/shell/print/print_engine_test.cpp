@@ -46,7 +46,11 @@ public:
         return row == subtotal ? CellLook{0x80FFFF, 0x0000FF, true} : CellLook{};
     }
 
-    [[nodiscard]] bool isSum(int row) const override { return row == subtotal; }
+    [[nodiscard]] bool isSumLabel(int row, int column) const override
+    {
+        return row == subtotal && !text(row, column).isEmpty() &&
+               columns()[static_cast<size_t>(column)].alignment != Alignment::Right;
+    }
     void addColumn(const QString &caption, int width, Alignment alignment = Alignment::Left)
     {
         shown.push_back({caption, width, true, alignment, Alignment::Centre});
