@@ -33,7 +33,7 @@ ComboView::ComboView(XPCombo &combo, QWidget *parent)
 
 void ComboView::take(const QString &text)
 {
-    const QScopedValueRollback taking(m_isTaking, true);
+    const auto taking = m_exchange.take();
     if (currentIndex() >= 0 && itemText(currentIndex()) == text)
         m_combo.setListIndex(currentIndex()); // entries of one name are told apart
     else
@@ -43,7 +43,7 @@ void ComboView::take(const QString &text)
 /// A text that code puts in is confirmed as it stands.
 void ComboView::follow()
 {
-    if (!m_isTaking)
+    if (!m_exchange.isTaking())
         m_confirmedText = m_combo.Text();
     showText();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/controls/exchange.h"
+
 #include <QComboBox>
 
 namespace ebtq {
@@ -35,7 +37,7 @@ private:
     XPCombo &m_combo;
     QString m_confirmedText;
     QStringList m_shownItems;
-    bool m_isTaking = false;
+    Exchange m_exchange;
     bool m_isStepping = false;
 };
 

@@ -7,7 +7,6 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QMenu>
-#include <QScopedValueRollback>
 #include <QTableView>
 
 #include <algorithm>
@@ -62,7 +61,7 @@ double FlexGridColumns::scale() const
 
 void FlexGridColumns::follow()
 {
-    const QScopedValueRollback following(m_following, true);
+    const auto following = m_exchange.follow();
     if (m_format != m_grid.FormatString()) {
         m_format = m_grid.FormatString();
         fit();
@@ -88,9 +87,9 @@ void FlexGridColumns::followOrder()
 /// left of it they share. While the user draws the edge of one, the others stay under the mouse.
 void FlexGridColumns::layOut()
 {
-    if (m_isResizedByUser)
+    if (m_exchange.isTaking())
         return;
-    const QScopedValueRollback following(m_following, true);
+    const auto following = m_exchange.follow();
     std::vector<Width> widths;
     Width all;
     for (int column = 0; column < m_model.columnCount(); ++column) {
@@ -157,9 +156,9 @@ int FlexGridColumns::neededWidth(int column) const
 
 void FlexGridColumns::resized(int column, int width)
 {
-    if (m_following || m_model.isChanging() || width <= 0)
+    if (m_exchange.isFollowing() || m_model.isChanging() || width <= 0)
         return;
-    const QScopedValueRollback resized(m_isResizedByUser, true);
+    const auto resized = m_exchange.take();
     m_grid.setColWidth(column, std::max(1, qRound(width / scale())));
     m_isUnsaved = true;
     Q_EMIT laidOut();
@@ -167,7 +166,7 @@ void FlexGridColumns::resized(int column, int width)
 
 void FlexGridColumns::moved()
 {
-    if (m_following || m_model.isChanging())
+    if (m_exchange.isFollowing() || m_model.isChanging())
         return;
     std::vector<int> order;
     for (int place = 0; place < m_model.columnCount(); ++place)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/controls/exchange.h"
+
 #include <QObject>
 #include <QString>
 
@@ -64,8 +66,7 @@ private:
     QTableView &m_view;
     QString m_format;
     std::vector<int> m_neededWidths;
-    bool m_following = false;
-    bool m_isResizedByUser = false;
+    Exchange m_exchange;
     bool m_isUnsaved = false; ///< a width, until the mouse is let go
 };
 

@@ -11,7 +11,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -156,13 +155,13 @@ void FlexGridView::resizeEvent(QResizeEvent *event)
 void FlexGridView::followCurrent()
 {
     markCurrent();
-    if (!m_movedByUser)
+    if (!m_exchange.isTaking())
         showCurrent();
 }
 
 void FlexGridView::markCurrent()
 {
-    const QScopedValueRollback following(m_following, true);
+    const auto following = m_exchange.follow();
     const int position = m_grid.Row() < 0 ? -1 : m_grid.positionInSight(m_grid.Row());
     const QModelIndex index = m_model->index(position, std::max(0, m_grid.Col()));
     if (index == currentIndex())
@@ -182,7 +181,7 @@ void FlexGridView::showCurrent()
     if (!currentIndex().isValid())
         return;
     {
-        const QScopedValueRollback following(m_following, true);
+        const auto following = m_exchange.follow();
         updateGeometries(); // as for the top row
         scrollTo(currentIndex());
     }
@@ -199,15 +198,15 @@ void FlexGridView::currentChanged(const QModelIndex &current, const QModelIndex 
 {
     QTableView::currentChanged(current, previous);
     viewport()->update(); // the whole row that was current has another colour now
-    if (m_following || m_model->isChanging() || !current.isValid())
+    if (m_exchange.isFollowing() || m_model->isChanging() || !current.isValid())
         return;
-    const QScopedValueRollback moved(m_movedByUser, true);
+    const auto moved = m_exchange.take();
     m_grid.setCurrent(m_grid.rowInSight(current.row()), current.column());
 }
 
 void FlexGridView::followTopRow()
 {
-    const QScopedValueRollback following(m_following, true);
+    const auto following = m_exchange.follow();
     updateGeometries(); // the scroll bar's range, which is otherwise set when the view is next painted
     if (const int top = m_grid.topInSight(); top >= 0)
         verticalScrollBar()->setValue(top);
@@ -218,7 +217,7 @@ void FlexGridView::reportTopRow(int position)
 {
     if (m_isMerged)
         viewport()->update();
-    if (!m_following && !m_model->isChanging())
+    if (!m_exchange.isFollowing() && !m_model->isChanging())
         m_grid.setTopRow(m_grid.rowInSight(position));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "screens/controls/exchange.h"
 #include "screens/controls/flex_grid_delegate.h"
 
 #include <QTableView>
@@ -76,8 +77,7 @@ private:
     QString m_emptyHint;
     bool m_isMerged = false; ///< some column shows equal neighbours as one cell
     int m_wheelAngle = 0;
-    bool m_following = false;
-    bool m_movedByUser = false;
+    Exchange m_exchange;
     bool m_currentSeen = false; ///< before the rows are reset
 };
 

@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHeaderView>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 
 namespace ebtq {
@@ -34,7 +33,7 @@ FrozenColumns::FrozenColumns(QTableView &list)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-        if (!m_isFollowing && width > 0)
+        if (!m_exchange.isFollowing() && width > 0)
             m_list.setColumnWidth(column, width);
     });
     connect(horizontalHeader(), &QHeaderView::sectionClicked, list.horizontalHeader(),
@@ -77,7 +76,7 @@ void FrozenColumns::follow()
 
 void FrozenColumns::followColumns()
 {
-    const QScopedValueRollback following(m_isFollowing, true);
+    const auto following = m_exchange.follow();
     const QHeaderView &sections = *m_list.horizontalHeader();
     horizontalHeader()->setSectionsClickable(sections.sectionsClickable());
     for (int place = 0; place < sections.count(); ++place) {

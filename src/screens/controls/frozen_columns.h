@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/controls/exchange.h"
+
 #include <QTableView>
 
 namespace ebtq {
@@ -30,7 +32,7 @@ private:
 
     QTableView &m_list;
     int m_count = 0;
-    bool m_isFollowing = false;
+    Exchange m_exchange;
 };
 
 } // namespace ebtq

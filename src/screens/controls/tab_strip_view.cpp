@@ -3,7 +3,6 @@
 #include "library/controls/tab_strip.h"
 #include "screens/controls/control_binding.h"
 
-#include <QScopedValueRollback>
 #include <QShortcut>
 
 namespace ebtq {
@@ -20,7 +19,7 @@ TabStripView::TabStripView(qzVSTabCtl &strip, QWidget *keyScope, QWidget *parent
     connect(&strip, &Control::stateChanged, this, &TabStripView::follow);
     connect(&strip, &qzVSTabCtl::TabEntered, this, [this](int tab) { setCurrentIndex(tab - 1); });
     connect(this, &QTabBar::currentChanged, this, [this](int position) {
-        if (!m_following)
+        if (!m_exchange.isFollowing())
             m_strip.setActiveTab(position + 1);
     });
     follow();
@@ -36,7 +35,7 @@ void TabStripView::addShortcut(int tab, QWidget *keyScope)
 
 void TabStripView::follow()
 {
-    const QScopedValueRollback following(m_following, true);
+    const auto following = m_exchange.follow();
     const int tabs = static_cast<int>(m_strip.tabs().size());
     while (count() > tabs)
         removeTab(count() - 1);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/controls/exchange.h"
+
 #include <QTabBar>
 
 namespace ebtq {
@@ -20,7 +22,7 @@ private:
     void addShortcut(int tab, QWidget *keyScope);
 
     qzVSTabCtl &m_strip;
-    bool m_following = false;
+    Exchange m_exchange;
 };
 
 } // namespace ebtq
