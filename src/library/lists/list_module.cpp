@@ -236,8 +236,7 @@ void ListModule::turnedTo(int position)
 
 void ListModule::turnedBy(int steps)
 {
-    const int row = m_grid.TopRow() + WholePart(steps * m_wheelRate);
-    m_grid.setTopRow(std::max(m_grid.FixedRows(), std::min(row, m_grid.Rows() - 1)));
+    m_grid.setTopRow(m_grid.TopRow() + WholePart(steps * m_wheelRate)); // kept within the list by the grid
 }
 
 // Print

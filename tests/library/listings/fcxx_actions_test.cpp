@@ -137,6 +137,12 @@ TEST_F(FcxxActionsTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
     EXPECT_EQ(grid.Rows(), before + 3);
     EXPECT_EQ(message + listEvents.join(u' '), QString());
 
+    grid.setRow(before);
+    connection->execute(u"update fygj set 跟进内容='改过' where 跟进内容='看房'"_qs);
+    Q_EMIT list.mFrmGj()->ReturnData(grid.TextMatrix(before, 11), false);
+    EXPECT_EQ(grid.TextMatrix(before, 2), u"改过") << "the current row, and no new one";
+    EXPECT_EQ(grid.Rows(), before + 3);
+
     connection->executeNative("alter table pdmgy rename to x");
     write([](FrmGj &) {});
     ASSERT_EQ(listEvents.size(), 1);

@@ -1,5 +1,7 @@
+#include "contracts/conversions.h"
 #include "library/listings/fcxx_editor_fixture.h"
 #include "library/listings/fcxx_tables.h"
+#include "library/listings/listing_detail_fields.h"
 
 using namespace ebtq;
 using ebtq::test::FcxxEditorTest;
@@ -54,6 +56,25 @@ TEST_F(FcxxEditorTest, TheTabsShowTheCurrentListingAndClaimNothingOfAnother)
     expectEditor([&] { editor().Cmd(0).press(); });
     list.NavToolbar1().press(u"edit"_qs);
     EXPECT_FALSE(isTrue) << "the follow-ups have been emptied, not counted";
+}
+
+/// What was just saved need not be read again: the open tab is asked for the leading number of the key.
+TEST_F(FcxxEditorTest, AnEditAsksTheOpenTabForTheNumberOfItsKey)
+{
+    const std::pair<int, QString> tabs[] = {{ListingTab, u"A.*,C.mtname"_qs},
+                                            {OwnerTab, u"A.*,C.mtname"_qs},
+                                            {FollowUpsTab, u"select 操作日期"_qs},
+                                            {CustomersTab, u"select '【'"_qs},
+                                            {PicturesTab, u"isPicture=1"_qs}};
+    list.VS().setRow(2);
+    const QString number = PlainDecimal(Val(cell(2, ListingKey)));
+    for (const auto &[tab, statement] : tabs) {
+        list.detail().qzVSTabCtl1().setActiveTab(tab);
+        expectEditor([&] { editor().Cmd(0).press(); });
+        list.NavToolbar1().press(u"edit"_qs);
+        EXPECT_TRUE(app.statements.last().contains(statement)) << app.statements.last().toStdString();
+        EXPECT_TRUE(app.statements.last().contains(u"='%1'"_qs.arg(number))) << tab;
+    }
 }
 
 TEST_F(FcxxEditorTest, SumsFollowWhatIsSavedAndDeleted)
