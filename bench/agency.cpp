@@ -82,22 +82,4 @@ db::PostgresConnection &Agency::server()
     return *connection;
 }
 
-QByteArray handWrittenList(int moduleId)
-{
-    return "select '', 房源编号, 交易方式, 交易状态, 地区, 楼盘字典, 栋座位置, 房号,"
-           " ifnull(楼层,'')||'/'||ifnull(总楼层,''), 附属房,"
-           " ifnull(房型_房,'')||'房'||ifnull(房型_厅,'')||'厅'||ifnull(房型_卫,'')||'卫'||ifnull(房型_阳台,'"
-           "')||'阳台',"
-           " 总面积, 朝向, 装修, ifnull(售房价格,'')||'万元', ifnull(租房价格,'')||'元/月', 委托日期, "
-           "C.mtname, D.姓名, 房源ID, coalesce(E.n,0)"
-           " from fyxx A left join su_membership B on A.用户ID=B.userID"
-           " left join su_usertype C on B.UserTypeID=C.mtID"
-           " left join pdmgy D on A.业务员ID=D.雇员ID"
-           " left join (select IDs, count(rowIndex) as n from pubAttach"
-           " where isActive=1 and isPicture<>1 and progID=" +
-           QByteArray::number(moduleId) +
-           " group by IDs) E on E.IDs=A.房源ID"
-           " order by 房源编号 desc";
-}
-
 } // namespace ebtq::bench

@@ -37,8 +37,4 @@ private:
     std::unique_ptr<Desktop> m_desktop;
 };
 
-/// The list's statement written by hand for the engine: the same rows and cells, but for the date, which it
-/// leaves as stored.
-[[nodiscard]] QByteArray handWrittenList(int moduleId);
-
 } // namespace ebtq::bench

@@ -1,9 +1,7 @@
-#include "agency.h"
+#include "benched_list.h"
 #include "benchmarks.h"
 #include "database/sqlite/functions.h"
 #include "database/values/date_text.h"
-#include "host/module_ids.h"
-#include "library/listings/fcxx.h"
 #include "measure.h"
 
 #include <QJsonObject>
@@ -46,15 +44,17 @@ void readRaw(sqlite3 *handle, const QByteArray &sql)
 }
 
 /// The first difference between the grid and the hand-written statement; empty when there is none.
-QString firstDifference(sqlite3 *handle, const QByteArray &sql, const VSFlexGrid &grid)
+QString firstDifference(sqlite3 *handle, BenchedList &list)
 {
+    const VSFlexGrid &grid = list.module().VS();
     QString difference;
     int rows = 0;
-    stepThrough(handle, sql, [&](int row, int column, std::string_view cell) {
+    stepThrough(handle, list.forSqlite(), [&](int row, int column, std::string_view cell) {
         rows = row + 1;
         std::string regional;
         appendRegionalDate(cell, regional);
-        if (difference.isEmpty() && row + 1 < grid.Rows() && grid.cell(row + 1, column) != regional)
+        if (difference.isEmpty() && row + 1 < grid.Rows() &&
+            grid.cell(row + 1, column + list.firstColumn()) != regional)
             difference = QStringLiteral("row %1, column %2").arg(row).arg(column);
     });
     return rows + 1 == grid.Rows() ? difference
@@ -106,16 +106,12 @@ int listBenchmark(const Options &options)
 {
     if (db::PostgresAddress::isUrl(options.database))
         return serverListBenchmark(options);
-    Agency agency(options);
-    Fcxx list(agency.desktop());
-    QObject::connect(&list, &Fcxx::ErrMessage, &list,
-                     [](const QString &text) { std::cerr << qPrintable(text) << '\n'; });
-    list.IReportUI_Init(agency.app(), host::ListingModule);
-    const QByteArray sql = handWrittenList(host::ListingModule);
+    Agency agency(BenchedList::sized(options));
+    BenchedList benched(options, agency);
+    RecordList &list = benched.module();
+    const QByteArray &sql = benched.forSqlite();
     sqlite3 *handle = agency.connection().handle();
-    if (!list.IReportUI_Refresh())
-        return 1;
-    if (const QString difference = firstDifference(handle, sql, list.VS()); !difference.isEmpty()) {
+    if (const QString difference = firstDifference(handle, benched); !difference.isEmpty()) {
         std::cerr << "the grid and the hand-written statement differ: " << qPrintable(difference) << '\n';
         return 1;
     }
@@ -127,6 +123,7 @@ int listBenchmark(const Options &options)
     const double processor = processorTime([&] { list.IReportUI_Refresh(); }, options.rounds);
     const double rows = list.VS().Rows() - 1;
     print({{QStringLiteral("benchmark"), QStringLiteral("list")},
+           {QStringLiteral("module"), options.module},
            {QStringLiteral("rows"), rows},
            {QStringLiteral("raw_ms"), rounded(times[0])},
            {QStringLiteral("ours_ms"), rounded(times[1])},

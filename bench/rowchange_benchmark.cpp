@@ -1,7 +1,5 @@
-#include "agency.h"
+#include "benched_list.h"
 #include "benchmarks.h"
-#include "host/module_ids.h"
-#include "library/listings/fcxx.h"
 #include "measure.h"
 #include "statement_trace.h"
 
@@ -45,9 +43,10 @@ struct Stretch
     }
 };
 
-QJsonObject measureTab(Fcxx &list, int tab, sqlite3 *handle, int rounds)
+QJsonObject measureTab(BenchedList &benched, int tab, sqlite3 *handle, int rounds)
 {
-    list.detail().qzVSTabCtl1().setActiveTab(tab);
+    RecordList &list = benched.module();
+    benched.tabs().setActiveTab(tab);
     const int changes = std::min(list.VS().Rows() - 1, mostVisited);
     std::deque<Stretch> stretches;
     std::vector<std::vector<Contender>> contenders;
@@ -71,7 +70,8 @@ QJsonObject measureTab(Fcxx &list, int tab, sqlite3 *handle, int rounds)
 /// As many customers and follow-ups to a listing as an agency has.
 Options inProportion(Options options)
 {
-    options.customers = options.rows / 4;
+    if (options.module != QStringLiteral("customers"))
+        options.customers = options.rows / 4;
     options.followUps = options.rows * 5 / 4;
     return options;
 }
@@ -80,24 +80,19 @@ Options inProportion(Options options)
 
 int rowChangeBenchmark(const Options &options)
 {
-    Agency agency(inProportion(options));
-    Fcxx list(agency.desktop());
-    QObject::connect(&list, &Fcxx::ErrMessage, &list,
-                     [](const QString &text) { std::cerr << qPrintable(text) << '\n'; });
-    list.IReportUI_Init(agency.app(), host::ListingModule);
-    list.IReportUI_DoGetFormStatus(agency.app().Session().AppPath() + QStringLiteral("/Fcxx.txt"));
-    if (!list.IReportUI_Refresh())
-        return 1;
+    Agency agency(inProportion(BenchedList::sized(options)));
+    BenchedList list(options, agency);
     QJsonObject figures{{QStringLiteral("benchmark"), QStringLiteral("rowchange")},
-                        {QStringLiteral("rows"), list.VS().Rows() - 1}};
-    const std::pair<int, const char *> tabs[] = {
-        {1, "listing"}, {2, "owner"}, {3, "follow_ups"}, {4, "customers"}};
+                        {QStringLiteral("module"), options.module},
+                        {QStringLiteral("rows"), list.module().VS().Rows() - 1}};
+    // The last one of the listings, their pictures, is a count alone.
+    const char *const names[] = {"record", "confidential", "third", "fourth"};
     double ratios[] = {0, 0};
-    for (const auto &[tab, name] : tabs) {
+    for (int tab = 1; tab <= static_cast<int>(std::size(names)); ++tab) {
         const QJsonObject measured = measureTab(list, tab, agency.connection().handle(), options.rounds);
         double &worst = ratios[tab <= 2 ? 0 : 1];
         worst = std::max(worst, measured[QStringLiteral("ratio")].toDouble());
-        figures.insert(QLatin1String(name), measured);
+        figures.insert(QLatin1String(names[tab - 1]), measured);
     }
     figures.insert(QStringLiteral("ratio_fields"), ratios[0]);
     figures.insert(QStringLiteral("ratio_grids"), ratios[1]);

@@ -1,8 +1,6 @@
-#include "agency.h"
+#include "benched_list.h"
 #include "benchmarks.h"
 #include "database/values/date_text.h"
-#include "host/module_ids.h"
-#include "library/listings/fcxx.h"
 #include "measure.h"
 #include "server_statements.h"
 
@@ -14,39 +12,18 @@ namespace ebtq::bench {
 
 namespace {
 
-/// The fastest statement that was found. Attachments are counted once and joined. The order is that of the
-/// column, but on a text, of which each row's lower case is made once: with a join by hashing in between the
-/// server must sort.
-QByteArray listForServer(int moduleId)
-{
-    return "select '', 房源编号, 交易方式, 交易状态, 地区, 楼盘字典, 栋座位置, 房号,"
-           " coalesce(楼层,'')||'/'||coalesce(总楼层,''), 附属房,"
-           " coalesce(房型_房::text,'')||'房'||coalesce(房型_厅::text,'')||'厅'||coalesce(房型_卫::text,'')||"
-           "'卫'"
-           "||coalesce(房型_阳台::text,'')||'阳台',"
-           " 总面积, 朝向, 装修, coalesce(售房价格::text,'')||'万元', coalesce(租房价格::text,'')||'元/月', "
-           "委托日期,"
-           " C.mtname, D.姓名, \"房源ID\", coalesce(E.n,0)"
-           " from fyxx A left join su_membership B on A.\"用户ID\"=B.\"userID\""
-           " left join su_usertype C on B.\"UserTypeID\"=C.\"mtID\""
-           " left join pdmgy D on A.\"业务员ID\"=D.\"雇员ID\""
-           " left join (select \"IDs\", count(\"rowIndex\") as n from \"pubAttach\""
-           " where \"isActive\"=1 and \"isPicture\"<>1 and \"progID\"=" +
-           QByteArray::number(moduleId) +
-           " group by \"IDs\") E on E.\"IDs\"=A.\"房源ID\""
-           " order by lower(房源编号::text collate \"default\") collate \"C\" desc nulls last";
-}
-
 /// The first cell that the grid shows otherwise; empty when there is none.
-QString firstDifference(pg_conn *handle, const QByteArray &sql, const VSFlexGrid &grid)
+QString firstDifference(pg_conn *handle, BenchedList &list)
 {
+    const VSFlexGrid &grid = list.module().VS();
     QString difference;
     int rows = 0;
-    fetchFromServer(handle, sql, [&](int row, int column, std::string_view cell) {
+    fetchFromServer(handle, list.forServer(), [&](int row, int column, std::string_view cell) {
         rows = row + 1;
         std::string regional;
         appendRegionalDate(cell, regional);
-        if (difference.isEmpty() && row + 1 < grid.Rows() && grid.cell(row + 1, column) != regional)
+        if (difference.isEmpty() && row + 1 < grid.Rows() &&
+            grid.cell(row + 1, column + list.firstColumn()) != regional)
             difference = QStringLiteral("row %1, column %2").arg(row).arg(column);
     });
     return rows + 1 == grid.Rows() ? difference
@@ -57,17 +34,13 @@ QString firstDifference(pg_conn *handle, const QByteArray &sql, const VSFlexGrid
 
 int serverListBenchmark(const Options &options)
 {
-    Agency agency(options);
+    Agency agency(BenchedList::sized(options));
     agency.server().executeNative("analyze");
-    Fcxx list(agency.desktop());
-    QObject::connect(&list, &Fcxx::ErrMessage, &list,
-                     [](const QString &text) { std::cerr << qPrintable(text) << '\n'; });
-    list.IReportUI_Init(agency.app(), host::ListingModule);
-    const QByteArray sql = listForServer(host::ListingModule);
+    BenchedList benched(options, agency);
+    RecordList &list = benched.module();
+    const QByteArray &sql = benched.forServer();
     pg_conn *handle = agency.server().handle();
-    if (!list.IReportUI_Refresh())
-        return 1;
-    if (const QString difference = firstDifference(handle, sql, list.VS()); !difference.isEmpty()) {
+    if (const QString difference = firstDifference(handle, benched); !difference.isEmpty()) {
         std::cerr << "the grid and the hand-written statement differ: " << qPrintable(difference) << '\n';
         return 1;
     }
@@ -77,6 +50,7 @@ int serverListBenchmark(const Options &options)
     const double rows = list.VS().Rows() - 1;
     print({{QStringLiteral("benchmark"), QStringLiteral("list")},
            {QStringLiteral("engine"), QStringLiteral("postgresql")},
+           {QStringLiteral("module"), options.module},
            {QStringLiteral("rows"), rows},
            {QStringLiteral("copy_ms"), rounded(times[0])},
            {QStringLiteral("ours_ms"), rounded(times[1])},
