@@ -95,6 +95,87 @@ TEST_F(FrmFxViewTest, EachFieldInTheOrderOfTabIsItsControls)
     EXPECT_EQ(events, u"changed closed"_qs.split(u' '));
 }
 
+/// What a person types into the widgets, and the columns that it must reach, new and changed. What no list
+/// knows is stored as it was typed; the number of a new listing is the host's.
+TEST_F(FrmFxViewTest, EveryFieldReachesItsColumn)
+{
+    const struct
+    {
+        const char16_t *field;
+        const char16_t *typed;
+        const char16_t *column;
+    } fields[] = {
+        {u"qzFcTxt_1", u"城", u"地区"},
+        {u"qzFcTxt_6", u"楼", u"楼盘字典"},
+        {u"qzFcTxt_3", u"栋", u"栋座位置"},
+        {u"qzFcTxt_8", u"1801", u"房号"},
+        {u"qzFcTxt_14", u"8", u"楼层"},
+        {u"qzFcTxt_10", u"18", u"总楼层"},
+        {u"qzFcTxt_4", u"5", u"房型_房"},
+        {u"qzFcTxt_19", u"2", u"房型_厅"},
+        {u"qzFcTxt_18", u"3", u"房型_卫"},
+        {u"qzFcTxt_16", u"1", u"房型_阳台"},
+        {u"qzFcTxt_7", u"91.5", u"总面积"},
+        {u"qzFcTxt_5", u"80.25", u"实用面积"},
+        {u"qzFcTxt_17", u"朝", u"朝向"},
+        {u"qzFcTxt_20", u"用", u"用途"},
+        {u"qzFcTxt_21", u"类", u"类型"},
+        {u"qzFcTxt_22", u"1999", u"建房年代"},
+        {u"qzFcTxt_23", u"出售", u"交易方式"},
+        {u"qzFcTxt_24", u"状", u"交易状态"},
+        {u"qzFcTxt_25", u"201", u"售房价格"},
+        {u"qzFcTxt_27", u"202", u"售房底价"},
+        {u"qzFcTxt_28", u"税", u"售房包税费"},
+        {u"qzFcTxt_29", u"3001", u"租房价格"},
+        {u"qzFcTxt_31", u"3002", u"租房底价"},
+        {u"qzFcTxt_32", u"103", u"租房原购价"},
+        {u"qzFcTxt_33", u"2026-1-2", u"委托日期"},
+        {u"qzFcTxt_34", u"委", u"委托方式"},
+        {u"qzFcTxt_35", u"2026-1-3", u"交房日期"},
+        {u"qzFcTxt_36", u"WT", u"委托编号"},
+        {u"qzFcTxt_37", u"2.5", u"管理费"},
+        {u"qzFcTxt_38", u"来", u"来源"},
+        {u"qzFcTxt_39", u"现", u"现状"},
+        {u"qzFcTxt_40", u"装", u"装修"},
+        {u"qzFcTxt_41", u"配", u"配套"},
+        {u"qzFcTxt_42", u"具", u"家具"},
+        {u"qzFcTxt_43", u"电", u"家电"},
+        {u"qzFcTxt_44", u"产", u"产权"},
+        {u"qzFcTxt_45", u"证", u"证件"},
+        {u"qzFcTxt_46", u"付", u"付款"},
+        {u"qzFcTxt_47", u"佣", u"付佣"},
+        {u"qzFcTxt_48", u"匙", u"看房"},
+        {u"qzFcTxt_49", u"A-7", u"钥匙号"},
+        {u"qzFcTxt_54", u"附", u"附属房"},
+        {u"qzFcTxt_2", u"2026-1-4", u"操作日期"},
+        {u"qzFcTxt_50", u"业", u"业主"},
+        {u"qzFcTxt_51", u"联", u"联系人"},
+        {u"qzFcTxt_52", u"国", u"国籍"},
+        {u"qzFcTxt_53", u"139", u"手机"},
+        {u"Txt_0", u"联系注", u"联系说明"},
+        {u"Txt_1", u"备注", u"备注"},
+    };
+    for (const bool isNew : {true, false}) {
+        for (const auto &each : fields) // nothing is left of what was typed the first time
+            connection->execute(u"update fyxx set %1=Null"_qs.arg(QString::fromUtf16(each.column)));
+        openOnScreen(isNew ? QString() : saved, [&](QWidget &view) {
+            for (const auto &each : fields) {
+                QWidget &field = child(view, QString::fromUtf16(each.field));
+                field.setFocus();
+                QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+                typeText(field, QString::fromUtf16(each.typed));
+                QTest::keyClick(&field, Qt::Key_Tab);
+            }
+            if (isNew)
+                desktop.willAnswer(Desktop::Answer::No);
+            click(view, u"Cmd_0");
+        });
+        for (const auto &each : fields)
+            EXPECT_EQ(stored(QString::fromUtf16(each.column) + u" & ''"_qs), QString::fromUtf16(each.typed))
+                << QString::fromUtf16(each.field).toStdString() << (isNew ? " new" : " changed");
+    }
+}
+
 TEST_F(FrmFxViewTest, ARefusedDealHoldsTheSaveBackButNotTheWayOut)
 {
     openOnScreen(makeListing(), [&](QWidget &view) {
