@@ -5,6 +5,7 @@
 #include "library/followups/frm_gj.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/frm_fx.h"
+#include "library/matching/match_reasons.h"
 #include "library/pickers/sel_pdm.h"
 #include "library/pickers/sel_pdm_dz.h"
 #include "library/pickers/sel_pdm_lpzd.h"
@@ -14,6 +15,7 @@
 #include "screens/frame/view_registry.h"
 #include "screens/listings/fcxx_view.h"
 #include "screens/listings/frm_fx_view.h"
+#include "screens/matching/match_reasons_view.h"
 #include "screens/pickers/picker_view.h"
 
 namespace ebtq {
@@ -47,6 +49,7 @@ void addFormViews(ViewRegistry &views)
     views.add<FrmFx, FrmFxView>();
     views.add<FrmGj, FrmGjView>();
     views.add<frmKh, FrmKhView>();
+    views.add<MatchReasons, MatchReasonsView>();
 }
 
 } // namespace ebtq

@@ -84,6 +84,7 @@ CustomerDetail::CustomerDetail(Module &module, const VSFlexGrid &list)
     : RecordDetail(module, list, tables)
     , m_listings(addGrid(QStringLiteral("VsP")))
     , m_followUps(addGrid(QStringLiteral("VsGj")))
+    , m_reasons(module, MatchReasons::Of::Customer)
 {}
 
 void CustomerDetail::setUpGrids()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/lists/record_detail.h"
+#include "library/matching/match_reasons.h"
 
 namespace ebtq {
 
@@ -27,6 +28,8 @@ public:
     [[nodiscard]] VSFlexGrid &VsP() { return m_listings; }
     /// The customer's follow-ups.
     [[nodiscard]] VSFlexGrid &VsGj() { return m_followUps; }
+    /// Shows why the matching tab holds these and no others.
+    void showReasons() { m_reasons.show(currentRecord()); }
 
 protected:
     bool load(int tab, const QString &id) override;
@@ -38,6 +41,7 @@ private:
     VSFlexGrid &m_listings;
     VSFlexGrid &m_followUps;
     KeptLayout m_followUpsLayout;
+    MatchReasons m_reasons;
 };
 
 /// The display fields of the first two tabs.

@@ -18,6 +18,7 @@ protected:
     ~ModulePart() = default;
 
     [[nodiscard]] ControlCollection &controls() const { return m_module.controls(); }
+    [[nodiscard]] Desktop &desktop() const { return m_module.desktop(); }
     [[nodiscard]] HostApp &app() const { return m_module.app(); }
     /// Empty until the host tells where it keeps the layout of this screen.
     [[nodiscard]] const QString &layoutFile() const { return m_module.m_layoutFile; }

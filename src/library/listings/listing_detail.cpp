@@ -75,6 +75,7 @@ ListingDetail::ListingDetail(Module &module, const VSFlexGrid &list)
     : RecordDetail(module, list, tables())
     , m_followUps(addGrid(QStringLiteral("VsGj")))
     , m_customers(addGrid(QStringLiteral("VsP")))
+    , m_reasons(module, MatchReasons::Of::Listing)
 {}
 
 void ListingDetail::setUpGrids()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/lists/record_detail.h"
+#include "library/matching/match_reasons.h"
 
 namespace ebtq {
 
@@ -28,6 +29,8 @@ public:
     [[nodiscard]] VSFlexGrid &VsGj() { return m_followUps; }
     /// The customers that the listing suits.
     [[nodiscard]] VSFlexGrid &VsP() { return m_customers; }
+    /// Shows why the matching tab holds these and no others.
+    void showReasons() { m_reasons.show(currentRecord()); }
 
 protected:
     bool load(int tab, const QString &id) override;
@@ -41,6 +44,7 @@ private:
     VSFlexGrid &m_followUps;
     VSFlexGrid &m_customers;
     KeptLayout m_followUpsLayout;
+    MatchReasons m_reasons;
     int m_pictureCount = 0;
 };
 

@@ -22,7 +22,7 @@ struct ListGrid
     int selectionColor = 0; ///< of the current row; 0 for the usual one
 };
 
-/// The standard look and what the table says. Rows are lost.
+/// The standard look and what the table says.
 void setUpListGrid(VSFlexGrid &grid, const ListGrid &shape);
 
 } // namespace ebtq

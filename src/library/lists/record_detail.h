@@ -104,6 +104,8 @@ protected:
     /// as the module does; the tables are constants.
     RecordDetail(Module &module, const VSFlexGrid &list, const DetailTables &tables);
 
+    /// The key of the list's current row; empty without one.
+    [[nodiscard]] QString currentRecord() const;
     /// A grid of this detail, which an empty list empties; to be called by the constructor.
     [[nodiscard]] VSFlexGrid &addGrid(const QString &name);
 
@@ -118,7 +120,6 @@ private:
     template<class T> [[nodiscard]] T &control(QStringView name, int number);
     void makeControls();
     void setPanelVisible(int tab, bool visible);
-    [[nodiscard]] QString currentRecord() const;
     void empty();
     void fill(const DetailRecord &record);
 

@@ -8,7 +8,9 @@
 #include "screens/controls/text_box_view.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace ebtq {
@@ -123,13 +125,21 @@ void RecordDetailView::addBoxes(QGridLayout &grid, QWidget &panel, int row)
 }
 
 /// "Nothing there" is said of a load that worked, never of a grid that a failure left empty.
-void RecordDetailView::addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint)
+void RecordDetailView::addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint,
+                               const std::optional<Action> &action)
 {
     QWidget *panel = addPanel(tab);
-    auto *column = new QVBoxLayout(panel);
-    column->setContentsMargins(0, 0, 0, 0);
+    auto *row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
     auto *view = new FlexGridView(grid, panel);
-    column->addWidget(view);
+    row->addWidget(view, 1);
+    if (action) {
+        auto *button = new QPushButton(action->caption, panel);
+        button->setObjectName(action->name);
+        connect(button, &QPushButton::clicked, this, action->run);
+        row->addWidget(button, 0, Qt::AlignTop);
+        row->setContentsMargins(0, 0, 8, 0);
+    }
     connect(&m_detail, &RecordDetail::TabShown, view, [=](int shown, bool done) {
         if (shown == tab)
             view->setEmptyHint(done ? emptyHint : QString());

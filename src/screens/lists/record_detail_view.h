@@ -3,6 +3,8 @@
 #include <QList>
 #include <QWidget>
 
+#include <functional>
+#include <optional>
 #include <span>
 
 class QGridLayout;
@@ -48,8 +50,16 @@ protected:
     QWidget *addPanel(int tab);
     /// A panel of fields; with `boxesRow` all boxes stand side by side in that row.
     void addFields(int tab, std::span<const DetailPlace> places, int boxesRow = -1);
+    /// A button beside a grid, whose mnemonic works in the panel.
+    struct Action
+    {
+        QString name;
+        QString caption;
+        std::function<void()> run;
+    };
     /// A panel of one grid; the hint is shown by a load that worked and found nothing.
-    void addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint);
+    void addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint,
+                 const std::optional<Action> &action = {});
 
 private:
     void addField(QGridLayout &grid, QWidget &panel, const DetailPlace &place);

@@ -84,6 +84,16 @@ void seeListings(Tour &tour)
     moveToCustomerWith(tour, QStringLiteral("VsP"));
 }
 
+void askWhy(Tour &tour)
+{
+    Person &person = tour.person();
+    person.withDialog([&] { person.click(QStringLiteral("WhyMatch")); },
+                      [&] {
+                          tour.takePicture(QStringLiteral("customer-why"));
+                          person.press(Qt::Key_Escape);
+                      });
+}
+
 void seeFollowUps(Tour &tour)
 {
     seeTab(tour, QStringLiteral("跟进记录"));
@@ -143,6 +153,7 @@ constexpr TourStep steps[] = {
     {u"打开客源列表", u"customers", open, seeList},
     {u"客源的保密信息", u"customer-contact", goToNextTab, seeContact},
     {u"匹配房源", u"customer-listings", goToNextTab, seeListings},
+    {u"为什么匹配", u"customer-why-closed", askWhy, seeListings},
     {u"客源的跟进记录", u"customer-follow-ups", goToNextTab, seeFollowUps},
     {u"新建客源", u"customer-saved", writeRequest, seeRequest},
     {u"删除客源前询问", u"customer-kept", askForDeletion, seeRequest},
