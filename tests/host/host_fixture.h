@@ -63,7 +63,7 @@ protected:
 };
 
 inline const QString agentId = u"0A1B2C3D-0000-4000-8000-0123456789AB"_qs;
-inline const QDate loginDate = QDate(2026, 11, 24);
+inline const QDate loginDate = QDate(2019, 11, 24); ///< never the day of the run
 
 } // namespace ebtq::test
 

@@ -56,7 +56,7 @@ private:
     QStringList m_asked;
     QStringList m_openedFiles;
     QStringList m_tempFiles;
-    QDateTime m_now{QDate(2026, 11, 22), QTime(9, 30)};
+    QDateTime m_now{QDate(2026, 11, 25), QTime(9, 30)}; ///< not the day of a login
     int m_waits = 0;
     int m_waiting = 0;
     char m_lastGuid = 0;

@@ -53,7 +53,7 @@ const QString insertion =
 TEST_F(FrmGjTest, ANewFollowUpIsInsertedAsItStands)
 {
     const std::pair<std::function<void()>, QString> cases[] = {
-        {[] {}, u"#2026-11-22 9:30:00#,0,'U1','','L1',0,#2026-11-22 9:30:00#,0,'','')"_qs},
+        {[] {}, u"#2026-11-25 9:30:00#,0,'U1','','L1',0,#2026-11-25 9:30:00#,0,'','')"_qs},
         {[&] {
              gj.qzTxt(0).type(u" 2026-3-1 "_qs);
              script = {{}, u"李强"_qs, 5, nullptr};
@@ -75,7 +75,7 @@ TEST_F(FrmGjTest, ANewFollowUpIsInsertedAsItStands)
         QString key;
         openGj({}, [&] {
             EXPECT_EQ(gj.qzTxt(0).Text() + gj.qzTxt(1).Text() + gj.qzTxt(7).Text(),
-                      u"2026-11-22 9:30:00营业一部张敏");
+                      u"2026-11-25 9:30:00营业一部张敏");
             fill();
             saveGj();
         });

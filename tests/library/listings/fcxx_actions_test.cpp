@@ -107,7 +107,7 @@ TEST_F(FcxxActionsTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
 {
     const std::pair<std::function<void(FrmGj &)>, QString> cases[] = {
         {[](FrmGj &gj) { gj.Txt().setText(u"看房"_qs); },
-         u"|2026-11-22 9:30:00|看房|营业一部||否|2026-11-22 9:30:00|本人|||"_qs},
+         u"|2026-11-25 9:30:00|看房|营业一部||否|2026-11-25 9:30:00|本人|||"_qs},
         {[](FrmGj &gj) {
              gj.Chk().setValue(1);
              gj.qzTxt(2).setValue(5);
@@ -119,7 +119,7 @@ TEST_F(FcxxActionsTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
          },
          u"|2026-1-2||营业一部|李强|是|2026-1-9|本部|回电|好|"_qs},
         {[](FrmGj &gj) { gj.qzTxt(4).setValue(3); },
-         u"|2026-11-22 9:30:00||营业一部||否|2026-11-22 9:30:00||||"_qs},
+         u"|2026-11-25 9:30:00||营业一部||否|2026-11-25 9:30:00||||"_qs},
     };
     VSFlexGrid &grid = list.detail().VsGj();
     const int before = grid.Rows();

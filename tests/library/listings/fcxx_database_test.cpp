@@ -7,7 +7,7 @@ using ebtq::test::FcxxTest;
 
 namespace {
 
-/// Today is 2026-11-22. U3 is in two departments, U2 in none.
+/// Now is 2026-11-25. U3 is in two departments, U2 in none.
 class FcxxDatabaseTest : public FcxxTest
 {
 protected:
@@ -21,11 +21,11 @@ protected:
                 u"pubAttach (progID,IDs,filename,isActive,isPicture) values (101,'FY1','picture',1,1)",
                 u"pubAttach (progID,IDs,filename,isActive,isPicture) values (102,'FY2','f',1,0)"});
         for (const char16_t *values :
-             {u"'FY1','U1',5,'天河区','翠堤雅居',3,2,2,1,'出售','有效',#2026-11-22 08:00:00#",
-              u"'FY2','U1',6,'海珠区','东湖名苑',1,1,1,0,'出租','有效',#2026-11-19#",
-              u"'FY3','U2',5,'天河区','香樟里',3,2,2,1,'售租','已成交',#2026-11-19 00:00:01#",
+             {u"'FY1','U1',5,'天河区','翠堤雅居',3,2,2,1,'出售','有效',#2026-11-25 08:00:00#",
+              u"'FY2','U1',6,'海珠区','东湖名苑',1,1,1,0,'出租','有效',#2026-11-22#",
+              u"'FY3','U2',5,'天河区','香樟里',3,2,2,1,'售租','已成交',#2026-11-22 00:00:01#",
               u"'FY4','U3',7,'天河区','翠堤雅居',2,1,1,1,'转让','有效',#2025-1-1#",
-              u"'FY5','',0,'天河 区','Palm Court',0,0,0,0,'','',#2026-11-15#"})
+              u"'FY5','',0,'天河 区','Palm Court',0,0,0,0,'','',#2026-11-18#"})
             connection->execute(
                 u"insert into fyxx (房源ID,房源编号,用户ID,业务员ID,地区,楼盘字典,房型_房,房型_厅,房型_卫,"
                 u"房型_阳台,交易方式,交易状态,操作日期,楼层,总楼层,总面积,售房价格,租房价格) values "

@@ -177,7 +177,7 @@ TEST_F(FcxxTest, FilterFieldsMakeTheStatement)
         u"on A.业务员ID=D.雇员ID where A.用户ID in(select userID from su_membership where UserTypeID=12)"
         u" and A.业务员ID=0 and A.地区='天河区' and A.楼盘字典='翠堤雅居'"
         u" and 房型_房 & '-' & 房型_厅 & '-' & 房型_卫 & '-' & 房型_阳台='3-2-1-1' and 交易方式 like '%售%'"
-        u" and 交易状态='有效' and 操作日期>#2026-11-19# order by 房源编号 desc"))
+        u" and 交易状态='有效' and 操作日期>#2026-11-22# order by 房源编号 desc"))
         << lastStatement().toStdString();
 }
 
@@ -185,9 +185,9 @@ TEST_F(FcxxTest, CommandsSetTheFilterAndReload)
 {
     init();
     const std::tuple<QString, int, int, QString> cases[] = {
-        {u"buy"_qs, 1, 0, u" where 交易方式 like '%售%' and 操作日期>#2026-11-19# order"_qs},
-        {u"rent"_qs, 0, 1, u" where 交易方式 like '%租%' and 操作日期>#2026-11-19# order"_qs},
-        {u"all"_qs, 0, 0, u" where 操作日期>#2026-11-19# order"_qs}};
+        {u"buy"_qs, 1, 0, u" where 交易方式 like '%售%' and 操作日期>#2026-11-22# order"_qs},
+        {u"rent"_qs, 0, 1, u" where 交易方式 like '%租%' and 操作日期>#2026-11-22# order"_qs},
+        {u"all"_qs, 0, 0, u" where 操作日期>#2026-11-22# order"_qs}};
     list.XPCmb().setText(u"三天内"_qs);
     for (const auto &[key, forSale, forRent, clause] : cases) {
         list.Chk(0).setValue(1 - forSale);
@@ -209,7 +209,7 @@ TEST_F(FcxxTest, CommandsSetTheFilterAndReload)
     list.qzTxt(3).setText(u"有效"_qs);
     app.statements.clear();
     list.NavToolbar1().press(u"refresh"_qs);
-    EXPECT_TRUE(lastStatement().contains(u" where 交易状态='有效' and 操作日期>#2026-11-19# order"));
+    EXPECT_TRUE(lastStatement().contains(u" where 交易状态='有效' and 操作日期>#2026-11-22# order"));
     events.clear();
     list.NavToolbar1().press(u"close"_qs);
     list.NavToolbar1().press(u"delete"_qs);

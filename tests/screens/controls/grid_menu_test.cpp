@@ -199,8 +199,8 @@ TEST_F(GridMenuTest, ExportsWhatIsShownWhereThePersonSays)
     QFile file(csv);
     ASSERT_TRUE(file.open(QFile::ReadOnly));
     EXPECT_EQ(file.readAll(), QByteArray("\xEF\xBB\xBF编号,城区\r\nA2,海珠\r\nA3,'=1+1\r\n"));
-    EXPECT_TRUE(desktop.asked()[0].endsWith(u"/房源 2026-11-22.csv"_qs));
-    EXPECT_EQ(desktop.asked()[2], u"导出列表|"_qs + folder.filePath(u"房源 2026-11-22.xlsx"_qs));
+    EXPECT_TRUE(desktop.asked()[0].endsWith(u"/房源 2026-11-25.csv"_qs));
+    EXPECT_EQ(desktop.asked()[2], u"导出列表|"_qs + folder.filePath(u"房源 2026-11-25.xlsx"_qs));
     ASSERT_EQ(done.size(), 2);
     EXPECT_EQ(done[0], u"已导出2行到 "_qs + csv);
     EXPECT_TRUE(done[1].startsWith(u"failed 无法写入文件“"_qs));

@@ -2,6 +2,7 @@
 
 #include "contracts/host_contracts.h"
 #include "screens/frame/view_registry.h"
+#include "screens/look/look.h"
 #include "screens/support/screen.h"
 
 #include <QAbstractItemView>
@@ -99,6 +100,27 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
         EXPECT_EQ(desktop.messageBox(u"DoSave:是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, Desktop::Icon::Question,
                                      buttons),
                   result);
+    }
+}
+
+TEST_F(QtDesktopTest, EachKindOfBoxHasItsDrawing)
+{
+    const std::pair<Desktop::Icon, QString> drawings[] = {
+        {Desktop::Icon::Question, u"dialog-question"_qs},
+        {Desktop::Icon::Exclamation, u"dialog-warning"_qs},
+        {Desktop::Icon::Critical, u"dialog-error"_qs},
+        {Desktop::Icon::Information, u"dialog-information"_qs},
+    };
+    const auto shape = [](const QPixmap &drawing) {
+        return drawing.toImage().convertToFormat(QImage::Format_Alpha8);
+    };
+    for (const auto &[icon, name] : drawings) {
+        const WhenModal modal([&](QWidget &box) {
+            const QPixmap shown = dynamic_cast<QMessageBox &>(box).iconPixmap();
+            EXPECT_EQ(shape(shown), shape(look::icon(name).pixmap(shown.size()))) << name.toStdString();
+            box.close();
+        });
+        desktop.messageBox({}, {}, icon, Desktop::Buttons::Ok);
     }
 }
 
