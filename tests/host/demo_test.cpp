@@ -1,8 +1,6 @@
 #include "host/demo/demo.h"
 
-#include "contracts/host_contracts.h"
 #include "host/bill_numbers.h"
-#include "host/rights.h"
 #include "host/users.h"
 
 #include <gtest/gtest.h>
@@ -111,18 +109,6 @@ TEST(DemoTest, RowsBelongTogetherAndAreBelievable)
     EXPECT_GT(count(sample(), u"fygj where 下次提醒=1 and 处理结果=''"_qs), 0);
 }
 
-TEST(DemoTest, ListsAndDictionariesHaveSomethingToShow)
-{
-    EXPECT_GE(count(sample(), u"pdmlpzd"_qs), 40);
-    const RowBlock names = sample().query(u"select distinct 楼盘名称 from pdmlpzd"_qs);
-    EXPECT_EQ(names.rowCount(), count(sample(), u"pdmlpzd"_qs)) << "two buildings have one name";
-    const RowBlock kinds = sample().query(u"select distinct 类型 from pdmsjzd"_qs);
-    EXPECT_EQ(kinds.rowCount(), 21);
-    for (const char16_t *state : {u"有效", u"已售", u"已租"})
-        EXPECT_GT(count(sample(), u"fyxx where 交易状态='%1'"_qs.arg(state)), 0);
-    EXPECT_GT(count(sample(), u"pubAttach where isActive=1 and isPicture<>1 and filesize>0"_qs), 0);
-}
-
 TEST(DemoTest, NumbersAreUniqueAndGoOnFromTheLast)
 {
     const RowBlock numbers = sample().query(u"select distinct 房源编号 from fyxx"_qs);
@@ -130,17 +116,6 @@ TEST(DemoTest, NumbersAreUniqueAndGoOnFromTheLast)
     const QString next = host::previewBillCode(sample(), 101, today);
     EXPECT_EQ(count(sample(), u"fyxx where 房源编号>='%1' and 房源编号 like 'FY202611%'"_qs.arg(next)), 0);
     EXPECT_GT(next, u"FY2026110001"_qs);
-}
-
-TEST(DemoTest, StaffSignsInWithItsRights)
-{
-    const host::User manager = host::signIn(sample(), u"演示"_qs, u"demo"_qs);
-    EXPECT_EQ(manager.department, u"营业一部"_qs);
-    for (const int right : {RightNew, RightDelete, RightEdit})
-        EXPECT_TRUE(host::ModuleRights(sample(), manager.id, 101).Allowed(right));
-    EXPECT_GT(count(sample(), u"host_rights where rightID=2 and allowed=0"_qs), 0);
-    EXPECT_GT(count(sample(), u"host_rights where rightID=7 and allowed=0"_qs),
-              count(sample(), u"host_rights where rightID=8 and allowed=0"_qs));
 }
 
 TEST(DemoTest, ADatabaseInUseIsLeftAlone)

@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QSizeGrip>
-#include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -163,35 +162,6 @@ TEST_F(ComponentPickerTest, ADialogAbovePutsThePanelAsideForAWhile)
         press(Qt::Key_Return);
     });
     EXPECT_EQ(text, u"云锦苑"_qs);
-}
-
-TEST_F(ComponentPickerTest, LooksUpWithoutAPanelAndKeepsNothingOfAnEarlierUse)
-{
-    const auto validate = [&](const QString &typedText) {
-        return buildings().Validate({}, {}, {}, typedText, value, text);
-    };
-    EXPECT_TRUE(validate(u"lp2"_qs));
-    EXPECT_EQ(value, QVariant(u"32"_qs));
-    EXPECT_TRUE(buildings().Objects());
-    EXPECT_FALSE(validate(u"无"_qs));
-    EXPECT_EQ(failures, QStringList()) << "no match is no failure";
-    EXPECT_FALSE(validate(u"a'b"_qs));
-    EXPECT_EQ(failures.size(), 1);
-
-    int rows = 0;
-    const auto count = [&rows](PickerPopup &popup) {
-        rows = popup.findChild<QTableView *>()->model()->rowCount();
-        leave(popup);
-    };
-    buildings().Parameters().Item(u"地区"_qs).Value = u"清水湾"_qs;
-    show(count);
-    EXPECT_EQ(rows, 1);
-    show(count);
-    EXPECT_EQ(rows, 2) << "what one field asked for narrows the next one's list";
-
-    connection->executeNative("drop table pdmlpzd");
-    EXPECT_FALSE(buildings().Show(1, 1, text, value));
-    EXPECT_EQ(failures.size(), 2) << "told, with no panel shown";
 }
 
 TEST_F(ComponentPickerTest, AFieldOfAModuleIsFilledByItAndChecked)

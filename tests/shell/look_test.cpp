@@ -71,15 +71,6 @@ TEST(Look, StyleSheetNamesNoUnknownColour)
     EXPECT_FALSE(styleSheet(tokens(Scheme::Light)).contains(u'@'));
 }
 
-TEST(Look, SchemeInForceFollowsApply)
-{
-    apply(*qApp, Scheme::Dark);
-    EXPECT_EQ(tokens().card, tokens(Scheme::Dark).card);
-    EXPECT_EQ(QApplication::palette().color(QPalette::Base), tokens(Scheme::Dark).card);
-    apply(*qApp, Scheme::Light);
-    EXPECT_EQ(tokens().card, tokens(Scheme::Light).card);
-}
-
 /// The colours of an icon's solid pixels.
 QSet<QRgb> solidColours(const QIcon &icon, int size, qreal scale = 1, QIcon::Mode mode = QIcon::Normal)
 {

@@ -210,17 +210,6 @@ TEST(PanelModel, HangsARowBelowTheLongestCodeThatBeginsItsOwn)
     EXPECT_EQ(model.rowCount(), 3);
 }
 
-TEST(PanelModel, TenThousandRowsAreFound)
-{
-    Rows rows;
-    for (int number = 0; number < 10'000; ++number)
-        rows.push_back({std::to_string(number), "楼盘" + std::to_string(number)});
-    const host::Panel panel = panelOf(rows, {{1, u"楼盘"_qs}});
-    EXPECT_THAT(choose(panel, {typed(u"楼盘9999"), {Qt::Key_Return}}), Optional(9999));
-    EXPECT_THAT(choose(panel, {{Qt::Key_PageDown}, {Qt::Key_PageUp}, {Qt::Key_Down}, {Qt::Key_Return}}),
-                Optional(1));
-}
-
 /// A press on the form's button closes the popup, and the form closes with a question.
 TEST(PanelPopup, IsNotWaitedForLongerThanTheFormBelow)
 {

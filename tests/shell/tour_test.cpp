@@ -34,22 +34,6 @@ protected:
     QPushButton button{&window};
 };
 
-TEST_F(PersonTest, TypesAndClicksOnRealWidgets)
-{
-    Person person(window);
-    int clicks = 0;
-    QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
-    person.focus(u"field"_qs);
-    person.type(u"天河x"_qs);
-    person.press(Qt::Key_Backspace);
-    person.click(u"button"_qs);
-    EXPECT_EQ(field.text(), u"天河");
-    EXPECT_EQ(clicks, 1);
-    button.setEnabled(false);
-    person.click(u"button"_qs);
-    EXPECT_EQ(clicks, 1);
-}
-
 TEST_F(PersonTest, ABoxThatNobodyExpectsEndsTheStepWithItsText)
 {
     Person person(window);

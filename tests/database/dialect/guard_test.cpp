@@ -209,10 +209,4 @@ TEST(Guard, LooksAtEachSpanByItself)
     }
 }
 
-TEST(Guard, FixedTextMayHoldWhatTypedTextMayNot)
-{
-    const SqlText fixed(QStringLiteral("select 'it''s' as x"));
-    EXPECT_EQ(outcomeOf(fixed, sqliteDialect()).sql, "SELECT 'it''s'");
-}
-
 } // namespace ebtq::db::test

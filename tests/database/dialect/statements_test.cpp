@@ -12,12 +12,6 @@ namespace {
 class StatementsTest : public ::testing::TestWithParam<CorpusCase>
 {};
 
-std::string onPostgres(const char16_t *statement)
-{
-    static const Catalog catalog = schemaCatalog();
-    return translate(QString::fromUtf16(statement), postgresDialect(), catalog).sql.toStdString();
-}
-
 } // namespace
 
 TEST_P(StatementsTest, IsReadAlikeForEveryEngine)
@@ -63,36 +57,6 @@ TEST(Translation, NamesAndTypesTheResultsColumns)
         EXPECT_EQ(translation.columns[at].name.toStdString(), expected[at].name.toStdString());
         EXPECT_EQ(translation.columns[at].type, expected[at].type) << at;
     }
-}
-
-TEST(Translation, TellsWhatKindOfStatementItIs)
-{
-    const Catalog catalog = schemaCatalog();
-    const auto kindOf = [&](const char16_t *text) {
-        return translate(QString::fromUtf16(text), sqliteDialect(), catalog).kind;
-    };
-    EXPECT_EQ(kindOf(u"select 1"), StatementKind::Select);
-    EXPECT_EQ(kindOf(u"insert into pdmgy values(1,'a')"), StatementKind::Insert);
-    EXPECT_EQ(kindOf(u"update pdmgy set 姓名=''"), StatementKind::Update);
-    EXPECT_EQ(kindOf(u"delete from pdmgy"), StatementKind::Delete);
-}
-
-/// That both give the same rows is tested on the engines themselves; this shows the forms in which one
-/// differs.
-TEST(Translation, WritesPostgresInItsOwnForms)
-{
-    EXPECT_EQ(
-        onPostgres(u"select 房型_房 & '房', 1/房型_房, 委托日期 & '' from fyxx order by 总面积 desc, 房号"),
-        "SELECT coalesce(ebtq.text(t0.\"房型_房\"),'')||'房',CAST(1 AS double precision)/"
-        "nullif(t0.\"房型_房\",0),coalesce(ebtq.datetext(t0.\"委托日期\"),'')||'' FROM \"fyxx\" AS t0"
-        " ORDER BY t0.\"总面积\" DESC NULLS LAST,t0.\"房号\" NULLS FIRST");
-    EXPECT_EQ(onPostgres(u"select 1=1, 2.5+1, (select 姓名 from pdmgy) where 'a' & 1='B' and 'x' like '%售%'"
-                         u" and 'x' in ('X', 'y' & 1) and 'a' like 'b_' and #2026-9-8# is null"),
-              "SELECT (-(1=1)::integer),CAST(2.5::double precision AS double precision)+1,"
-              "(SELECT t0.\"姓名\" FROM \"pdmgy\" AS t0 LIMIT 1)"
-              " WHERE ('a'||'1')::citext COLLATE \"C\"='B' AND 'x'::text LIKE '%售%' ESCAPE ''"
-              " AND 'x'::citext COLLATE \"C\" IN ('X',('y'||'1')::citext COLLATE \"C\")"
-              " AND ebtq.like('a','b_') AND timestamp '2026-09-08' IS NULL");
 }
 
 /// What both forms give is in the corpus; this shows which lists are counted for at once.

@@ -1,5 +1,6 @@
 #include "database/connection.h"
 #include "database/schema/installer.h"
+#include "support/messages.h"
 #include "support/postgres_server.h"
 
 #include <gmock/gmock.h>
@@ -9,27 +10,17 @@ namespace ebtq::db::test {
 
 namespace {
 
+using ebtq::test::messageOf;
 using ebtq::test::PostgresServer;
 using ::testing::HasSubstr;
 
-std::string insertFailure(Connection &connection)
+std::string writeFailure(const QString &url)
 {
-    try {
-        connection.execute(QStringLiteral("insert into pdmgy(雇员ID,姓名)values(1,'甲')"));
-        connection.execute(QStringLiteral("delete from pdmgy"));
-    } catch (const DatabaseError &error) {
-        return error.what();
-    }
-    return {};
-}
-
-std::string openFailure(const QString &url)
-{
-    try {
-        return insertFailure(*Connection::open(url));
-    } catch (const DatabaseError &error) {
-        return error.what();
-    }
+    return messageOf([&] {
+        const auto connection = Connection::open(url);
+        connection->execute(QStringLiteral("insert into pdmgy(雇员ID,姓名)values(1,'甲')"));
+        connection->execute(QStringLiteral("delete from pdmgy"));
+    });
 }
 
 } // namespace
@@ -58,7 +49,7 @@ TEST(PostgresHosts, TheOneThatCanBeWrittenIsTakenInWhicheverOrder)
     for (const Case &each : cases) {
         const QString places = each.places.join(u',');
         const std::string failure =
-            openFailure(primary.url().replace(primary.place(), places) + QString::fromLatin1(each.options));
+            writeFailure(primary.url().replace(primary.place(), places) + QString::fromLatin1(each.options));
         EXPECT_THAT(failure, HasSubstr(each.failure)) << places.toStdString();
         EXPECT_EQ(failure.empty(), *each.failure == '\0') << places.toStdString() << failure;
         EXPECT_THAT(failure, Not(HasSubstr(primary.password().toStdString())));

@@ -1,17 +1,17 @@
 #include "database/connection.h"
 #include "database/schema/installer.h"
+#include "support/messages.h"
 #include "support/postgres_base.h"
 #include "support/postgres_server.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace ebtq::db::test {
 
 namespace {
 
+using ebtq::test::messageOf;
 using ::testing::HasSubstr;
 
 class LossTest : public ::testing::Test
@@ -32,16 +32,6 @@ protected:
     ebtq::test::PostgresServer m_server;
     std::unique_ptr<Connection> m_connection;
 };
-
-std::string messageOf(const std::function<void()> &run)
-{
-    try {
-        run();
-    } catch (const DatabaseError &error) {
-        return error.what();
-    }
-    return {};
-}
 
 } // namespace
 

@@ -2,7 +2,6 @@
 
 #include "database/connection.h"
 #include "database/dialect/translator.h"
-#include "database/schema/tables.h"
 #include "support/messages.h"
 
 #include <QFile>
@@ -38,24 +37,6 @@ std::string plan(Connection &connection, const char *statement)
 
 } // namespace
 
-TEST(Installer, MakesEveryTableOfTheSchemaWithItsTypes)
-{
-    auto connection = Connection::open(QStringLiteral(":memory:"));
-    EXPECT_EQ(checkSchema(*connection).size(), 1);
-    EXPECT_THAT(joined(checkSchema(*connection)), HasSubstr("尚未初始化"));
-    install(*connection);
-    EXPECT_EQ(joined(checkSchema(*connection)), "");
-    for (const TableDefinition &table : schemaTables()) {
-        const Catalog::Table *found = connection->catalog().table(table.name);
-        ASSERT_TRUE(found);
-        EXPECT_EQ(found->columns.size(), table.columns.size())
-            << QString::fromUtf16(table.name).toStdString();
-    }
-    const InstallReport again = install(*connection);
-    EXPECT_EQ(again.versionBefore, schemaVersion);
-    EXPECT_TRUE(again.added.isEmpty());
-}
-
 TEST(Installer, SaysWhatItCannotMend)
 {
     auto connection = installed();
@@ -64,16 +45,6 @@ TEST(Installer, SaysWhatItCannotMend)
     const std::string message = messageOf([&] { install(*connection); });
     EXPECT_THAT(message, HasSubstr("pdmsjzd.ID")) << "a key cannot be made up";
     EXPECT_THAT(message, HasSubstr("备份"));
-    EXPECT_FALSE(connection->inTransaction());
-}
-
-TEST(Installer, LeavesANewerSchemaAlone)
-{
-    auto connection = installed();
-    connection->execute(QStringLiteral("update host_schema set version=99"));
-    connection->executeNative("drop table fygj");
-    EXPECT_THROW(install(*connection), DatabaseError);
-    EXPECT_FALSE(connection->catalog().table(u"fygj"));
     EXPECT_FALSE(connection->inTransaction());
 }
 

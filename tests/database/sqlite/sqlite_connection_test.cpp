@@ -1,8 +1,6 @@
 #include "database/connection.h"
 #include "support/messages.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -30,12 +28,6 @@ protected:
             " 面积 numeric check(typeof(面积)<>'text'), 日期 date, 内容 blob)");
         return connection;
     }
-    void write(const char *name, const QByteArray &bytes) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
 
 private:
     QTemporaryDir m_folder;
@@ -59,28 +51,6 @@ TEST_F(SqliteConnectionTest, ShowsLargeNumbersAlikeHoweverTheyAreKept)
         EXPECT_EQ(rows.cell(row, 0), texts[row]);
         EXPECT_EQ(rows.cell(row, 1), texts[row]) << "joined to a text";
     }
-}
-
-TEST_F(SqliteConnectionTest, RefusesWhatCannotBeOpened)
-{
-    write("notes.db", QByteArray(4096, 'x'));
-    EXPECT_THAT(messageOf([&] { (void)Connection::open(path("notes.db")); }), HasSubstr("不是数据库"));
-    EXPECT_THAT(messageOf([&] { (void)Connection::open(path("missing.db")); }),
-                HasSubstr("找不到数据库文件"));
-    EXPECT_THAT(
-        messageOf([&] { (void)Connection::open(path("no/folder.db"), Connection::Missing::IsCreated); }),
-        HasSubstr("无法打开数据库文件"));
-    EXPECT_THAT(messageOf([&] { (void)Connection::open(path("")); }), HasSubstr("无法打开数据库文件"));
-    EXPECT_FALSE(QFile::exists(path("missing.db"))) << "looking for a database must not make one";
-}
-
-TEST_F(SqliteConnectionTest, AReadOnlyDatabaseIsReadAndNotWritten)
-{
-    make()->execute(QStringLiteral("insert into t(id)values(1)"));
-    auto connection = Connection::open(QStringLiteral("file:%1?mode=ro").arg(path()));
-    EXPECT_EQ(count(*connection), 1);
-    EXPECT_THAT(messageOf([&] { connection->execute(QStringLiteral("delete from t")); }), HasSubstr("只读"));
-    EXPECT_THAT(messageOf([&] { connection->executeNative("create table u(x)"); }), HasSubstr("只读"));
 }
 
 TEST_F(SqliteConnectionTest, TransactionsEndOneWayOrTheOther)
@@ -107,23 +77,6 @@ TEST_F(SqliteConnectionTest, TransactionsEndOneWayOrTheOther)
     }
     EXPECT_EQ(count(*connection), 2) << "a failed statement leaves the others of its transaction";
     connection->rollback();
-
-    const auto second = make();
-    second->setLockTimeout(10);
-    connection->begin();
-    EXPECT_THAT(messageOf([&] { second->begin(); }), HasSubstr("占用"));
-    EXPECT_FALSE(second->inTransaction());
-    EXPECT_EQ(second->execute(QStringLiteral("select * from t")), 0) << "readers are not kept waiting";
-}
-
-TEST_F(SqliteConnectionTest, LooksAtAForeignDatabaseWithoutChangingIt)
-{
-    write("empty.db", {});
-    {
-        auto connection = Connection::open(path("empty.db"));
-        EXPECT_EQ(connection->query(QStringLiteral("select 1")).rowCount(), 1);
-    }
-    EXPECT_EQ(QFileInfo(path("empty.db")).size(), 0);
 }
 
 } // namespace ebtq::db

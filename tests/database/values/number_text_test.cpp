@@ -33,25 +33,4 @@ TEST(LeadingNumber, ReadsWhatStandsInFront)
     EXPECT_FALSE(std::signbit(leadingNumber(QStringView(u"-0"))));
 }
 
-TEST(NumberText, HasFifteenDigitsAndNoTrailingZero)
-{
-    const std::pair<double, const char *> cases[] = {
-        {0, "0"},
-        {-0.0, "0"},
-        {586, "586"},
-        {128.5, "128.5"},
-        {0.1 + 0.2, "0.3"},
-        {1.0 / 3, "0.333333333333333"},
-        {-2.50, "-2.5"},
-        {999999999999999, "999999999999999"},
-        {1e15, "1E+15"},
-        {1.5e300, "1.5E+300"},
-        {0.0001, "0.0001"},
-        {0.00001, "1E-05"},
-        {123456789.123456789, "123456789.123457"},
-    };
-    for (const auto &[number, text] : cases)
-        EXPECT_EQ(numberText(number), text);
-}
-
 } // namespace ebtq

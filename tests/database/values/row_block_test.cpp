@@ -58,23 +58,4 @@ TEST(RowBlock, KeepsCellsNullsAndTypes)
     EXPECT_EQ(cellText("\xEF\xBB\xBF\xEF\xBB\xBF中"), QStringLiteral("\xFEFF\xFEFF中"));
 }
 
-TEST(RowBlock, FindsColumnsWithoutRegardToCase)
-{
-    const RowBlock block(
-        {{QStringLiteral("mtName"), ColumnType::Text}, {QStringLiteral("部门"), ColumnType::Text}});
-    EXPECT_EQ(block.columnNamed(u"MTNAME"), 0);
-    EXPECT_EQ(block.columnNamed(u"部门"), 1);
-    EXPECT_EQ(block.columnNamed(u"mt"), -1);
-    EXPECT_EQ(block.rowCount(), 0);
-}
-
-TEST(RowBlock, MovesWithoutCopyingACell)
-{
-    RowBlock from = sample();
-    const char *arena = from.arena().data();
-    const RowBlock to = std::move(from);
-    EXPECT_EQ(to.arena().data(), arena);
-    EXPECT_EQ(to.cell(0, 0), "云山花园");
-}
-
 } // namespace ebtq
