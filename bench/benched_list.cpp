@@ -107,7 +107,8 @@ Options BenchedList::sized(Options options)
 void BenchedList::makeListings(Desktop &desktop)
 {
     auto list = std::make_unique<Fcxx>(desktop);
-    m_tabs = &list->detail().qzVSTabCtl1();
+    m_detail = &list->detail();
+    m_matches = &list->detail().VsP();
     m_module = std::move(list);
     m_forSqlite = listingsForSqlite(host::ListingModule);
     m_forServer = listingsForServer(host::ListingModule);
@@ -116,7 +117,8 @@ void BenchedList::makeListings(Desktop &desktop)
 void BenchedList::makeCustomers(Desktop &desktop)
 {
     auto list = std::make_unique<khxx>(desktop);
-    m_tabs = &list->detail().qzVSTabCtl1();
+    m_detail = &list->detail();
+    m_matches = &list->detail().VsP();
     m_module = std::move(list);
     m_firstColumn = CustomerDeal;
     m_forSqlite = customersForSqlite();

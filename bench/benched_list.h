@@ -1,7 +1,7 @@
 #pragma once
 
 #include "agency.h"
-#include "library/controls/tab_strip.h"
+#include "library/lists/record_detail.h"
 #include "library/lists/record_list.h"
 
 namespace ebtq::bench {
@@ -17,7 +17,11 @@ public:
     [[nodiscard]] static Options sized(Options options);
 
     [[nodiscard]] RecordList &module() { return *m_module; }
-    [[nodiscard]] qzVSTabCtl &tabs() { return *m_tabs; }
+    [[nodiscard]] qzVSTabCtl &tabs() { return m_detail->qzVSTabCtl1(); }
+    /// Loads the open tab for the record with this key.
+    void showDetail(const QString &key) { m_detail->ShowDetail(key); }
+    /// The grid of the tab with the matches.
+    [[nodiscard]] VSFlexGrid &matches() { return *m_matches; }
     /// The column of the grid that the statement's first one fills.
     [[nodiscard]] int firstColumn() const { return m_firstColumn; }
     /// The list's statement written by hand for each engine, the fastest that was found: the same rows and
@@ -30,7 +34,8 @@ private:
     void makeCustomers(Desktop &desktop);
 
     std::unique_ptr<RecordList> m_module;
-    qzVSTabCtl *m_tabs = nullptr;
+    RecordDetail *m_detail = nullptr;
+    VSFlexGrid *m_matches = nullptr;
     int m_firstColumn = 0;
     QByteArray m_forSqlite;
     QByteArray m_forServer;

@@ -20,7 +20,8 @@ constexpr Command commands[] = {
     {"list", "open the listing list", ebtq::bench::listBenchmark},
     {"search", "search in the loaded rows", ebtq::bench::searchBenchmark},
     {"rowchange", "go down the list with each tab of the detail open", ebtq::bench::rowChangeBenchmark},
-    {"match", "find the customers whom a listing suits", ebtq::bench::matchBenchmark},
+    {"match", "find the customers whom a listing suits, or the listings that suit a customer",
+     ebtq::bench::matchBenchmark},
     {"editor", "open the editor for a listing or, with --module customers, a customer",
      ebtq::bench::editorBenchmark},
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
@@ -76,7 +77,9 @@ int main(int argc, char **argv)
                                       QStringLiteral("file or URL"));
     const QCommandLineOption module(
         QStringLiteral("module"),
-        QStringLiteral("whose editor is opened: listings, or customers, of which there are --rows then"),
+        QStringLiteral(
+            "whose list, tabs, matches or editor are measured: listings, or customers, of which there"
+            " are --rows then"),
         QStringLiteral("name"), QStringLiteral("listings"));
     parser.addOptions({rows, customers, rounds, clients, seconds, database, module});
     parser.process(*application);

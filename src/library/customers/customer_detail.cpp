@@ -62,17 +62,6 @@ constexpr ListGrid listingGrid{.format = u" |房源编号  |交易  |城区     
                                .hiddenColumns = hiddenListingColumns,
                                .selectionColor = softYellow};
 
-SqlText recordStatement(const QString &id)
-{
-    SqlText sql(
-        QStringLiteral("select A.*,C.mtname as 部门,D.姓名 as 业务员 from ((fykh A left join su_membership B"
-                       " on A.用户ID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID)"
-                       " left join pdmgy D on A.业务员ID=D.雇员ID where 客源ID='"));
-    sql += typed(id);
-    sql += QStringView(u"'");
-    return sql;
-}
-
 } // namespace
 
 std::span<const DetailField> customerDetailFields()
@@ -113,14 +102,14 @@ bool CustomerDetail::load(int tab, const QString &id)
 
 bool CustomerDetail::LoadDataMsg(const QString &id)
 {
-    return trapped(u"-->LoadDataMsg::", [&] { return loadFields(recordStatement(id)); });
+    return trapped(u"-->LoadDataMsg::", [&] { return loadFields(requestStatement(id)); });
 }
 
 /// A request that cannot be read leaves the listings of the one before.
 bool CustomerDetail::LoadDataFy(const QString &id)
 {
     return trapped({}, [&] {
-        const auto customer = openRows(app().Db(), recordStatement(id));
+        const auto customer = openRows(app().Db(), requestStatement(id));
         return !isEmpty(*customer) &&
                loadGrid(m_listings, matchingListingsStatement(DetailRecord(customer->GetRows())), nullptr);
     });

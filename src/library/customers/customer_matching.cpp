@@ -20,6 +20,17 @@ constexpr Bound bounds[] = {
 
 } // namespace
 
+SqlText requestStatement(const QString &customer)
+{
+    SqlText sql(
+        QStringLiteral("select A.*,C.mtname as 部门,D.姓名 as 业务员 from ((fykh A left join su_membership B"
+                       " on A.用户ID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID)"
+                       " left join pdmgy D on A.业务员ID=D.雇员ID where 客源ID='"));
+    sql += typed(customer);
+    sql += QStringView(u"'");
+    return sql;
+}
+
 SqlText matchingListingsStatement(const DetailRecord &customer)
 {
     SqlText sql(QStringLiteral(

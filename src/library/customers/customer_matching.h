@@ -9,6 +9,9 @@ namespace ebtq {
 /// has set. A bound of 0 is none. The search from a listing (listing_matching.h) takes bounds as they are
 /// stored instead.
 
+/// The statement that reads a request, with its department and agent.
+[[nodiscard]] SqlText requestStatement(const QString &customer);
+
 /// The statement that looks for them. A floor is a text and counts by its leading number.
 [[nodiscard]] SqlText matchingListingsStatement(const DetailRecord &customer);
 
