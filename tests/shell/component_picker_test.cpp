@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QSizeGrip>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -162,6 +163,21 @@ TEST_F(ComponentPickerTest, ADialogAbovePutsThePanelAsideForAWhile)
         press(Qt::Key_Return);
     });
     EXPECT_EQ(text, u"云锦苑"_qs);
+}
+
+TEST_F(ComponentPickerTest, FailuresAreToldAndNothingOfAnEarlierUseIsKept)
+{
+    EXPECT_FALSE(buildings().Validate({}, {}, {}, u"无"_qs, value, text));
+    EXPECT_EQ(failures, QStringList()) << "no match is no failure";
+    EXPECT_FALSE(buildings().Validate({}, {}, {}, u"a'b"_qs, value, text));
+    EXPECT_EQ(failures.size(), 1);
+    buildings().Parameters().Item(u"地区"_qs).Value = u"清水湾"_qs;
+    for (const int rows : {1, 2}) {
+        show([rows](PickerPopup &popup) {
+            EXPECT_EQ(popup.findChild<QTableView *>()->model()->rowCount(), rows);
+            leave(popup);
+        });
+    }
 }
 
 TEST_F(ComponentPickerTest, AFieldOfAModuleIsFilledByItAndChecked)

@@ -151,6 +151,7 @@ TEST_F(SqliteFileTest, AFolderThatCannotBeWrittenIsNamed)
     }
     EXPECT_FALSE(colleague->isReadOnly());
     EXPECT_THAT(messageOf([&] { (void)make("no/folder.db"); }), HasSubstr("文件夹不存在"));
+    EXPECT_THAT(messageOf([&] { (void)Connection::open(path("none.db")); }), HasSubstr("找不到数据库文件"));
 }
 
 TEST_F(SqliteFileTest, ADiscIsReadWithoutALog)
