@@ -65,14 +65,4 @@ TEST_F(ApplicationTest, DefaultsStandUnderNumbersAndTexts)
     EXPECT_THROW(m_host->SystemParameter(12, u"x' or '1'='1"_qs), db::DatabaseError);
 }
 
-TEST_F(ApplicationTest, FormsAreHandedToTheStyler)
-{
-    QObject form;
-    m_host->FormStyler().Apply(form);
-    QObject *styled = nullptr;
-    m_host->setFormStyler([&](QObject &given) { styled = &given; });
-    m_host->FormStyler().Apply(form);
-    EXPECT_EQ(styled, &form);
-}
-
 } // namespace ebtq::test
