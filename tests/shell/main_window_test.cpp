@@ -343,6 +343,7 @@ TEST_F(MainWindowTest, TheSchemeCanBeChangedAndBack)
 {
     press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(look::scheme(), look::Scheme::Dark);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), look::tokens().card);
     QTest::mouseClick(child<QToolButton>("SchemeToggle"), Qt::LeftButton);
     EXPECT_EQ(look::scheme(), look::Scheme::Light);
 }

@@ -1,6 +1,7 @@
 #include "database/connection.h"
 #include "support/messages.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -77,6 +78,13 @@ TEST_F(SqliteConnectionTest, TransactionsEndOneWayOrTheOther)
     }
     EXPECT_EQ(count(*connection), 2) << "a failed statement leaves the others of its transaction";
     connection->rollback();
+}
+
+TEST_F(SqliteConnectionTest, AForeignDatabaseIsLookedAtAndNotChanged)
+{
+    ASSERT_TRUE(QFile(path()).open(QIODevice::WriteOnly));
+    EXPECT_EQ(Connection::open(path())->query(QStringLiteral("select 1")).rowCount(), 1);
+    EXPECT_EQ(QFile(path()).size(), 0);
 }
 
 } // namespace ebtq::db
