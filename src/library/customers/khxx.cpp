@@ -43,14 +43,14 @@ void khxx::rowChanged(const QString &key)
         m_detail.ShowDetail(key);
 }
 
-void khxx::openEditor(const QString &key, bool isRestricted)
+void khxx::openEditor(HostApp &host, const QString &key, bool isRestricted)
 {
-    m_editor->py_Init(app(), moduleId(), key, isRestricted);
+    m_editor->py_Init(host, moduleId(), key, isRestricted);
 }
 
-void khxx::openFollowUpEditor(const QString &owner)
+void khxx::openFollowUpEditor(HostApp &host, const QString &owner)
 {
-    m_followUpEditor->py_Init(app(), owner, {}, false);
+    m_followUpEditor->py_Init(host, owner, {}, false);
 }
 
 /// Deliberately as it is: the second statement looks for the customer's key among the listings, where it

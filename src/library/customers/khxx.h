@@ -32,8 +32,8 @@ protected:
     void setUpGrids() override { m_detail.setUpGrids(); }
     void rowChanged(const QString &key) override;
     RecordDetail &recordDetail() override { return m_detail; }
-    void openEditor(const QString &key, bool isRestricted) override;
-    void openFollowUpEditor(const QString &owner) override;
+    void openEditor(HostApp &host, const QString &key, bool isRestricted) override;
+    void openFollowUpEditor(HostApp &host, const QString &owner) override;
     SqlText rowStatement(const QString &key) const override { return customerRowStatement(key); }
     Deletion deletion(const QString &key) const override;
 

@@ -76,15 +76,15 @@ void Fcxx::rowsLoaded()
     }
 }
 
-void Fcxx::openEditor(const QString &key, bool isRestricted)
+void Fcxx::openEditor(HostApp &host, const QString &key, bool isRestricted)
 {
     // Who may not edit does not see the owner.
-    m_editor->py_Init(app(), moduleId(), key, isRestricted);
+    m_editor->py_Init(host, moduleId(), key, isRestricted);
 }
 
-void Fcxx::openFollowUpEditor(const QString &owner)
+void Fcxx::openFollowUpEditor(HostApp &host, const QString &owner)
 {
-    m_followUpEditor->py_Init(app(), owner, {}, false);
+    m_followUpEditor->py_Init(host, owner, {}, false);
 }
 
 /// Follow-ups first. Attachments and pictures are left in the database.

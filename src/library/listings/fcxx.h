@@ -33,8 +33,8 @@ protected:
     void rowsLoaded() override;
     QString printSubtitle() override;
     RecordDetail &recordDetail() override { return m_detail; }
-    void openEditor(const QString &key, bool isRestricted) override;
-    void openFollowUpEditor(const QString &owner) override;
+    void openEditor(HostApp &host, const QString &key, bool isRestricted) override;
+    void openFollowUpEditor(HostApp &host, const QString &owner) override;
     SqlText rowStatement(const QString &key) const override;
     Deletion deletion(const QString &key) const override;
 

@@ -130,7 +130,7 @@ QString RecordList::keyInSight()
 void RecordList::open(const QString &key, bool isRestricted)
 {
     trapped(m_records.openTag, [&] {
-        openEditor(key, isRestricted);
+        openEditor(app(), key, isRestricted);
         return true;
     });
 }
@@ -163,7 +163,7 @@ void RecordList::writeFollowUp()
         else if (VS().RowHidden(row))
             Q_EMIT Message(named(u"当前%1 %2 已被过滤隐藏，所写跟进将属于该%1！")
                                .arg(VS().TextMatrix(row, m_records.numberColumn)));
-        openFollowUpEditor(keyOf(row));
+        openFollowUpEditor(app(), keyOf(row));
         return true;
     });
 }

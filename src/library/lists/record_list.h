@@ -74,12 +74,12 @@ protected:
 
     [[nodiscard]] virtual RecordDetail &recordDetail() = 0;
     /// Shows the editor of a record, empty for a new one; `isRestricted` for who may only look at it.
-    virtual void openEditor(const QString &key, bool isRestricted) = 0;
+    virtual void openEditor(HostApp &host, const QString &key, bool isRestricted) = 0;
     /// The row of one record; its columns have names.
     [[nodiscard]] virtual SqlText rowStatement(const QString &key) const = 0;
     [[nodiscard]] virtual Deletion deletion(const QString &key) const = 0;
     /// Shows the editor of a new follow-up.
-    virtual void openFollowUpEditor(const QString &owner) = 0;
+    virtual void openFollowUpEditor(HostApp &host, const QString &owner) = 0;
 
     void applyRights() override;
     void rowChanged(const QString &key) override;
