@@ -1,19 +1,15 @@
 #include "library/customers/khxx_tables.h"
 
+#include "library/lists/common_tables.h"
+
 namespace ebtq {
 
 namespace {
 
 using namespace CustomerFilter;
 
-constexpr FilterField::Parameter districts[] = {{u"pdmsfmx", 1}};
-constexpr FilterField::Parameter agents[] = {{u"组织类型", 1}};
-
 constexpr FilterField fields[] = {
-    {.number = District,
-     .caption = u"城区",
-     .lookUp = {.kind = LookUp::Picker, .name = u"pdmdq"},
-     .parameters = districts},
+    districtFilter(District),
     {.number = Rooms,
      .caption = u"房型",
      .lookUp = {.kind = LookUp::HostList,
@@ -23,17 +19,8 @@ constexpr FilterField fields[] = {
                 .statement = u"select 房型编号,房型名称,房间数,客厅数,卫生间数,阳台数 from pdmfx where "
                              u"(房型编号='@' or 房型名称='@')"}},
     {.number = State, .caption = u"状态", .lookUp = {.kind = LookUp::InlineList, .name = u"|有效;0|失效;1"}},
-    {.number = Department,
-     .caption = u"  部门",
-     .lookUp = {.kind = LookUp::HostList,
-                .name = u"sy_usertype",
-                .valueColumn = u"mtID",
-                .textColumn = u"mtName",
-                .statement = u"select mtcode,mtName,mtID from su_usertype where mtcode='@' or mtname='@'"}},
-    {.number = Agent,
-     .caption = u"经纪人",
-     .lookUp = {.kind = LookUp::Picker, .name = u"pdmgy"},
-     .parameters = agents},
+    departmentFilter(Department, u"  部门"),
+    agentFilter(Agent),
     {.number = Grade,
      .caption = u"等级",
      .lookUp = {.kind = LookUp::HostList,
@@ -46,8 +33,8 @@ constexpr FilterField fields[] = {
 using enum FilterClause::Kind;
 
 constexpr FilterClause clauses[] = {
-    {Key, Department, u" and A.用户ID in(select userID from su_membership where UserTypeID=", u")"},
-    {Key, Agent, u" and A.业务员ID="},
+    departmentClause(Department),
+    agentClause(Agent),
     {Text, District, u" and A.地区='", u"'"},
     {Text, Grade, u" and A.委托等级='", u"'"},
     {Text, Rooms, u" and 需求户型='", u"'"},
@@ -56,9 +43,11 @@ constexpr FilterClause clauses[] = {
     {PeriodTime, -1, u" and 操作日期>#", u"#"},
 };
 
-constexpr ListFilterTables filter{
-    .fields = fields, .ticks = {u"求购", u"求租"},
-                                  .periods = u"显示最近", .clauses = clauses, .refusalsNameTheField = false};
+constexpr ListFilterTables filter{.fields = fields,
+                                  .ticks = {u"求购", u"求租"},
+                                  .periods = u"显示最近",
+                                  .clauses = clauses,
+                                  .refusalsNameTheField = false};
 
 constexpr int hiddenColumns[] = {0, CustomerKey};
 
@@ -79,21 +68,7 @@ constexpr ListTables list{.grid = grid,
                           .tellsCount = false,
                           .printTitle = u"客源信息列表"};
 
-constexpr RecordListTables::Button buttons[] = {
-    {u"all", u"全部", u"view-list-details"},
-    {u"buy", u"求购", u"tag"},
-    {u"rent", u"求租"},
-    {},
-    {u"new", u"新建", u"list-add"},
-    {u"edit", u"修改", u"document-edit"},
-    {u"delete", u"删除", u"edit-delete"},
-    {},
-    {u"gj", u"写跟进", u"edit-comment"},
-    {},
-    {u"refresh", u"刷新", u"view-refresh"},
-    {},
-    {u"close", u"关闭", u"dialog-close"},
-};
+constexpr auto buttons = recordButtons(u"求购", u"求租", u"新建", u"修改", u"删除");
 
 constexpr int clearedValues[] = {District, Department, Agent};
 

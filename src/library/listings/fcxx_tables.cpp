@@ -1,19 +1,15 @@
 #include "library/listings/fcxx_tables.h"
 
+#include "library/lists/common_tables.h"
+
 namespace ebtq {
 
 namespace {
 
 using namespace ListingFilter;
 
-constexpr FilterField::Parameter districts[] = {{u"pdmsfmx", 1}};
-constexpr FilterField::Parameter agents[] = {{u"组织类型", 1}};
-
 constexpr FilterField fields[] = {
-    {.number = District,
-     .caption = u"城区",
-     .lookUp = {.kind = LookUp::Picker, .name = u"pdmdq"},
-     .parameters = districts},
+    districtFilter(District),
     {.number = Rooms,
      .caption = u"房型",
      .lookUp = {.kind = LookUp::HostList,
@@ -30,17 +26,8 @@ constexpr FilterField fields[] = {
                 .valueColumn = u"代码",
                 .textColumn = u"名称",
                 .dictionary = u"交易状态"}},
-    {.number = Department,
-     .caption = u"部门",
-     .lookUp = {.kind = LookUp::HostList,
-                .name = u"sy_usertype",
-                .valueColumn = u"mtID",
-                .textColumn = u"mtName",
-                .statement = u"select mtcode,mtName,mtID from su_usertype where mtcode='@' or mtname='@'"}},
-    {.number = Agent,
-     .caption = u"经纪人",
-     .lookUp = {.kind = LookUp::Picker, .name = u"pdmgy"},
-     .parameters = agents},
+    departmentFilter(Department, u"部门"),
+    agentFilter(Agent),
     {.number = Building,
      .caption = u"楼盘",
      .lookUp = {.kind = LookUp::Picker, .name = u"selpdmlpzd"},
@@ -51,8 +38,8 @@ constexpr FilterField fields[] = {
 using enum FilterClause::Kind;
 
 constexpr FilterClause clauses[] = {
-    {Key, Department, u" and A.用户ID in(select userID from su_membership where UserTypeID=", u")"},
-    {Key, Agent, u" and A.业务员ID="},
+    departmentClause(Department),
+    agentClause(Agent),
     {Text, District, u" and A.地区='", u"'"},
     {Text, Building, u" and A.楼盘字典='", u"'"},
     {Text, Rooms, u" and 房型_房 & '-' & 房型_厅 & '-' & 房型_卫 & '-' & 房型_阳台='", u"'"},
@@ -81,21 +68,7 @@ constexpr ListTables list{.grid = grid,
                           .filter = &filter,
                           .printTitle = u"房源信息列表"};
 
-constexpr RecordListTables::Button buttons[] = {
-    {u"all", u"全部", u"view-list-details"},
-    {u"buy", u"出售", u"tag"},
-    {u"rent", u"出租"},
-    {},
-    {u"new", u"新建房源", u"list-add"},
-    {u"edit", u"修改房源", u"document-edit"},
-    {u"delete", u"删除房源", u"edit-delete"},
-    {},
-    {u"gj", u"写跟进", u"edit-comment"},
-    {},
-    {u"refresh", u"刷新", u"view-refresh"},
-    {},
-    {u"close", u"关闭", u"dialog-close"},
-};
+constexpr auto buttons = recordButtons(u"出售", u"出租", u"新建房源", u"修改房源", u"删除房源");
 
 /// Nothing reads the values behind the others.
 constexpr int clearedValues[] = {District, Department, Agent};

@@ -1,11 +1,10 @@
 #include "shell/tour/customer_steps.h"
 
 #include "host/module_ids.h"
+#include "shell/tour/detail_walk.h"
 #include "shell/tour/tour.h"
 
 #include <QAbstractItemModel>
-#include <QLineEdit>
-#include <QTabBar>
 #include <QTableView>
 
 #include <algorithm>
@@ -14,16 +13,10 @@ namespace ebtq::shell {
 
 namespace {
 
-constexpr int mostRowsTried = 60;
 constexpr int nameField = 1;
 constexpr int telephoneField = 4;
 constexpr int nameColumn = 4;
 const QString name = QStringLiteral("林小姐");
-
-int rowsShown(Tour &tour, const QString &grid)
-{
-    return tour.person().see<QTableView>(grid).model()->rowCount();
-}
 
 qsizetype stored(Tour &tour, const QString &condition)
 {
@@ -55,24 +48,6 @@ void goToNextTab(Tour &tour)
     tour.person().press(Qt::Key_Right);
 }
 
-void seeTab(Tour &tour, const QString &caption)
-{
-    const auto &tabs = tour.person().see<QTabBar>(QStringLiteral("qzVSTabCtl1"));
-    Tour::expect(tabs.tabText(tabs.currentIndex()) == caption, QStringLiteral("应打开“%1”").arg(caption));
-}
-
-/// Goes down the list until the grid of the open tab has rows.
-void moveToCustomerWith(Tour &tour, const QString &grid)
-{
-    Person &person = tour.person();
-    person.focus(QStringLiteral("VS"));
-    for (int row = 0; row < mostRowsTried && rowsShown(tour, grid) == 0; ++row)
-        person.press(Qt::Key_Down);
-    tour.note(QStringLiteral("  行数：%1").arg(rowsShown(tour, grid)));
-    Tour::expect(rowsShown(tour, grid) > 0,
-                 QStringLiteral("前 %1 位客源应有一位填满此页").arg(mostRowsTried));
-}
-
 void seeContact(Tour &tour)
 {
     seeTab(tour, QStringLiteral("保密信息"));
@@ -81,7 +56,7 @@ void seeContact(Tour &tour)
 void seeListings(Tour &tour)
 {
     seeTab(tour, QStringLiteral("匹配房源"));
-    moveToCustomerWith(tour, QStringLiteral("VsP"));
+    moveToRecordWith(tour, QStringLiteral("VsP"), QStringLiteral("位客源"));
 }
 
 void askWhy(Tour &tour)
@@ -97,7 +72,7 @@ void askWhy(Tour &tour)
 void seeFollowUps(Tour &tour)
 {
     seeTab(tour, QStringLiteral("跟进记录"));
-    moveToCustomerWith(tour, QStringLiteral("VsGj"));
+    moveToRecordWith(tour, QStringLiteral("VsGj"), QStringLiteral("位客源"));
 }
 
 void fill(Tour &tour, int number, const QString &text)

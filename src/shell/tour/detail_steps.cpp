@@ -1,51 +1,24 @@
 #include "shell/tour/detail_steps.h"
 
+#include "shell/tour/detail_walk.h"
 #include "shell/tour/tour.h"
 
-#include <QAbstractItemModel>
 #include <QLineEdit>
-#include <QTabBar>
 #include <QTableView>
 
 namespace ebtq::shell {
 
 namespace {
 
-constexpr int mostRowsTried = 60;
-
 QString fieldText(Tour &tour, int number)
 {
     return tour.person().see<QLineEdit>(QStringLiteral("qzFcTxt_%1").arg(number)).text();
-}
-
-int rowsShown(Tour &tour, const QString &grid)
-{
-    return tour.person().see<QTableView>(grid).model()->rowCount();
 }
 
 void goToTabBefore(Tour &tour)
 {
     tour.person().focus(QStringLiteral("qzVSTabCtl1"));
     tour.person().press(Qt::Key_Left);
-}
-
-void seeTab(Tour &tour, const QString &caption)
-{
-    const auto &tabs = tour.person().see<QTabBar>(QStringLiteral("qzVSTabCtl1"));
-    const QString shown = tabs.tabText(tabs.currentIndex());
-    Tour::expect(shown == caption, QStringLiteral("应打开“%1”，看到的是“%2”").arg(caption, shown));
-}
-
-/// Goes down the list until the grid of the open tab has rows.
-void moveToListingWith(Tour &tour, const QString &grid)
-{
-    Person &person = tour.person();
-    person.focus(QStringLiteral("VS"));
-    for (int row = 0; row < mostRowsTried && rowsShown(tour, grid) == 0; ++row)
-        person.press(Qt::Key_Down);
-    tour.note(QStringLiteral("  行数：%1").arg(rowsShown(tour, grid)));
-    Tour::expect(rowsShown(tour, grid) > 0,
-                 QStringLiteral("前 %1 套房源应有一套填满此页").arg(mostRowsTried));
 }
 
 void seePictures(Tour &tour)
@@ -56,13 +29,13 @@ void seePictures(Tour &tour)
 void seeCustomers(Tour &tour)
 {
     seeTab(tour, QStringLiteral("匹配客源"));
-    moveToListingWith(tour, QStringLiteral("VsP"));
+    moveToRecordWith(tour, QStringLiteral("VsP"), QStringLiteral("套房源"));
 }
 
 void seeFollowUps(Tour &tour)
 {
     seeTab(tour, QStringLiteral("跟进记录"));
-    moveToListingWith(tour, QStringLiteral("VsGj"));
+    moveToRecordWith(tour, QStringLiteral("VsGj"), QStringLiteral("套房源"));
 }
 
 void seeOwner(Tour &tour)

@@ -1,0 +1,40 @@
+#include "shell/tour/detail_walk.h"
+
+#include "shell/tour/tour.h"
+
+#include <QAbstractItemModel>
+#include <QTabBar>
+#include <QTableView>
+
+namespace ebtq::shell {
+
+namespace {
+
+constexpr int mostRowsTried = 60;
+
+} // namespace
+
+int rowsShown(Tour &tour, const QString &grid)
+{
+    return tour.person().see<QTableView>(grid).model()->rowCount();
+}
+
+void seeTab(Tour &tour, const QString &caption)
+{
+    const auto &tabs = tour.person().see<QTabBar>(QStringLiteral("qzVSTabCtl1"));
+    const QString shown = tabs.tabText(tabs.currentIndex());
+    Tour::expect(shown == caption, QStringLiteral("应打开“%1”，看到的是“%2”").arg(caption, shown));
+}
+
+void moveToRecordWith(Tour &tour, const QString &grid, const QString &record)
+{
+    Person &person = tour.person();
+    person.focus(QStringLiteral("VS"));
+    for (int row = 0; row < mostRowsTried && rowsShown(tour, grid) == 0; ++row)
+        person.press(Qt::Key_Down);
+    tour.note(QStringLiteral("  行数：%1").arg(rowsShown(tour, grid)));
+    Tour::expect(rowsShown(tour, grid) > 0,
+                 QStringLiteral("前 %1 %2应有一个填满此页").arg(mostRowsTried).arg(record));
+}
+
+} // namespace ebtq::shell

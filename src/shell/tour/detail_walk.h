@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace ebtq::shell {
+
+class Tour;
+
+/// What the steps of all lists with tabs do and see alike.
+
+[[nodiscard]] int rowsShown(Tour &tour, const QString &grid);
+/// The open tab is the one with this caption.
+void seeTab(Tour &tour, const QString &caption);
+/// Goes down the list until the grid of the open tab has rows; `record` is what a row of the list is called.
+void moveToRecordWith(Tour &tour, const QString &grid, const QString &record);
+
+} // namespace ebtq::shell
