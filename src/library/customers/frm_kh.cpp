@@ -54,17 +54,14 @@ void frmKh::connectButtons()
 
 void frmKh::py_Init(HostApp &host, int moduleId, const QString &id, bool bReadOnly)
 {
-    setApp(&host);
-    m_moduleId = moduleId;
-    trapped(u"-->py_Init::", [&] {
+    open(host, u"-->py_Init::", [&] {
+        m_moduleId = moduleId;
         load();
         if (!openRow(id))
             return false; // a form without its row would be saved as another one
         SetEnabled(!bReadOnly && isWritable());
-        desktop().showModal(*this);
         return true;
     });
-    setApp(nullptr);
 }
 
 /// Help fields have one text for what is not found, without the field's name. The date is checked at its

@@ -107,18 +107,15 @@ void FrmGj::setParameters(int, ParameterList &parameters)
 
 void FrmGj::py_Init(HostApp &host, const QString &ownerID, const QString &followUpID, bool disable)
 {
-    setApp(&host);
-    m_ownerId = ownerID;
-    m_id = followUpID;
-    trapped(u"-->Py_Init::", [&] {
+    open(host, u"-->Py_Init::", [&] {
+        m_ownerId = ownerID;
+        m_id = followUpID;
         reset();
         m_id.isEmpty() ? NewRecord() : LoadData();
         SetFieldsEnabled(!disable && isWritable());
         clearDirty();
-        desktop().showModal(*this);
         return true;
     });
-    setApp(nullptr);
 }
 
 void FrmGj::activate()

@@ -56,10 +56,9 @@ void FrmFx::makeControls()
 
 void FrmFx::py_Init(HostApp &host, int moduleID, const QString &listingID, bool hideOwner)
 {
-    setApp(&host);
-    m_moduleID = moduleID;
-    m_id = listingID;
-    trapped(u"-->Py_Init::", [&] {
+    open(host, u"-->Py_Init::", [&] {
+        m_moduleID = moduleID;
+        m_id = listingID;
         load();
         if (!(m_id.isEmpty() ? NewRecord() : LoadData()))
             return false; // a form without its listing would be saved over it
@@ -67,10 +66,8 @@ void FrmFx::py_Init(HostApp &host, int moduleID, const QString &listingID, bool 
         if (hideOwner)
             hideOwnerBlock();
         clearDirty();
-        desktop().showModal(*this);
         return true;
     });
-    setApp(nullptr);
 }
 
 void FrmFx::load()

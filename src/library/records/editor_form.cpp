@@ -116,6 +116,22 @@ void EditorForm::connectField(qzTxt_S &field)
 
 // Opening
 
+void EditorForm::open(HostApp &host, QStringView tag, const std::function<bool()> &load)
+{
+    if (m_isOpen)
+        return;
+    m_isOpen = true;
+    setApp(&host);
+    trapped(tag, [&] {
+        const bool isLoaded = load();
+        if (isLoaded)
+            desktop().showModal(*this);
+        return isLoaded;
+    });
+    setApp(nullptr);
+    m_isOpen = false;
+}
+
 void EditorForm::reset()
 {
     m_triedKey.clear();

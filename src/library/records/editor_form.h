@@ -10,6 +10,7 @@
 
 #include <QDate>
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -111,6 +112,10 @@ protected:
     /// Asks what becomes of the changes; nothing when the form is to stay as it is.
     [[nodiscard]] std::optional<bool> wantsSave();
 
+    /// One opening, from loading to closing: `load` brings what the form shows and is false when there is
+    /// nothing to show. A form that is open already stays as it is, with what was typed: a command can still
+    /// arrive in the form's own event loop.
+    void open(HostApp &host, QStringView tag, const std::function<bool()> &load);
     /// The form as it was designed, whatever its last opening left in it.
     void reset();
     void emptyFields();
@@ -210,6 +215,7 @@ private:
     std::vector<CheckBox *> m_ticks;
     std::vector<OptionButton *> m_options;
     LoadedRow m_loaded;
+    bool m_isOpen = false;
     bool m_isDirty = false;
     QString m_triedKey; ///< of the new row that could not be saved yet
     std::optional<TakenNumber> m_taken;

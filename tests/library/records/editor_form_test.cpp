@@ -123,6 +123,18 @@ TEST_F(EditorFormTest, AChangedFormAsksBeforeItCloses)
         true);
 }
 
+TEST_F(EditorFormTest, AFormThatIsOpenIsNotOpenedAgain)
+{
+    const QString id = makeListing();
+    open(id, [&] {
+        form.qzFcTxt(Number::Owner).type(u"王女士"_qs);
+        form.py_Init(app, 101, {}, false);
+        EXPECT_EQ(text(Number::Owner), u"王女士");
+        save();
+    });
+    EXPECT_EQ(stored(u"业主"_qs), u"王女士");
+}
+
 TEST_F(EditorFormTest, ARowThatIsGoneIsNotReportedAsSaved)
 {
     const QString id = makeListing();
