@@ -2,7 +2,9 @@
 
 #include "library/customers/frm_kh.h"
 #include "library/customers/khxx.h"
+#include "library/followups/cx_gj.h"
 #include "library/followups/frm_gj.h"
+#include "library/followups/yj_tx.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/frm_fx.h"
 #include "library/matching/match_reasons.h"
@@ -11,7 +13,9 @@
 #include "library/pickers/sel_pdm_lpzd.h"
 #include "screens/customers/frm_kh_view.h"
 #include "screens/customers/khxx_view.h"
+#include "screens/followups/cx_gj_view.h"
 #include "screens/followups/frm_gj_view.h"
+#include "screens/followups/yj_tx_view.h"
 #include "screens/frame/view_registry.h"
 #include "screens/listings/fcxx_view.h"
 #include "screens/listings/frm_fx_view.h"
@@ -32,6 +36,8 @@ template<class Module, class View> constexpr ComponentClass componentClass(QLati
 const ComponentClass classes[] = {
     componentClass<Fcxx, FcxxView>(QLatin1String("EBTQ_S.Fcxx")),
     componentClass<khxx, KhxxView>(QLatin1String("EBTQ_S.khxx")),
+    componentClass<Cx_Gj, CxGjView>(QLatin1String("EBTQ_S.Cx_Gj")),
+    componentClass<YjTx, YjTxView>(QLatin1String("EBTQ_S.YjTx")),
     componentClass<selPdm, PickerView>(QLatin1String("EBTQ_S.selPdm")),
     componentClass<selPdmLpzd, PickerView>(QLatin1String("EBTQ_S.selPdmLpzd")),
     componentClass<selPdmDz, PickerView>(QLatin1String("EBTQ_S.selPdmDz")),

@@ -7,6 +7,8 @@
 
 #include <QScopedValueRollback>
 
+#include <cmath>
+
 namespace ebtq {
 
 qzTxt_S::qzTxt_S(const QString &name, int index)
@@ -150,6 +152,17 @@ bool qzTxt_S::check()
     return true;
 }
 
+bool qzTxt_S::judgeAsNumber(QString &text) const
+{
+    constexpr double mostRows = 1E15;
+    const auto number = TypedNumber(text);
+    text = number.value_or(text);
+    if (m_judge_type == JudgeNumber)
+        return number.has_value();
+    const double limit = Val(text);
+    return limit == std::floor(limit) && limit <= mostRows;
+}
+
 bool qzTxt_S::judge(QVariant &value, QString &text)
 {
     if (m_judge_type == JudgeDate) {
@@ -158,11 +171,8 @@ bool qzTxt_S::judge(QVariant &value, QString &text)
         value = text;
         return date.has_value();
     }
-    if (m_judge_type == JudgeNumber) {
-        const auto number = TypedNumber(text);
-        text = number.value_or(text);
-        return number.has_value();
-    }
+    if (m_judge_type == JudgeNumber || m_judge_type == JudgeLimit)
+        return judgeAsNumber(text);
     if (m_judge_type == JudgeInlineList) {
         const auto entry = ebtq::InlineList(m_help_code).find(text);
         text = entry ? entry->text : text;

@@ -40,13 +40,16 @@ class qzTxt_S : public Control
 
 public:
     enum HelpType : int { HostList = 0, Calendar = 1, Custom = 2, InlineList = 3 };
-    /// JudgeNumber is ours: a number as people type it becomes the one that `Val` reads.
+    /// Those from 100 on are ours. By JudgeNumber a number as people type it becomes the one that `Val`
+    /// reads; by JudgeLimit as well, and a text whose leading number has a fraction is refused, while a text
+    /// without a number passes: it sets no limit.
     enum JudgeType : int {
         JudgeNothing = 0,
         JudgeStatement = 1,
         JudgeInlineList = 3,
         JudgeDate = 7,
         JudgeNumber = 100,
+        JudgeLimit = 101,
     };
     enum JudgeTime : int { JudgeNever = 0, JudgeOnLeaving = 1 };
     enum TextAlignment : int { AlignLeft = 0, AlignRight = 1, AlignCentre = 2 };
@@ -112,6 +115,7 @@ private:
     void help(int left, int top);
     [[nodiscard]] bool isJudged() const { return m_judge_type != JudgeNothing && m_judge_time != JudgeNever; }
     bool judge(QVariant &value, QString &text);
+    [[nodiscard]] bool judgeAsNumber(QString &text) const;
     void accept();
     void accept(const QString &text, const QVariant &value);
 

@@ -259,6 +259,29 @@ int VSFlexGrid::findRow(const QString &text, const QList<int> &columns, int from
     return row;
 }
 
+std::vector<int> VSFlexGrid::rowsHolding(const QString &text, const QList<int> &columns,
+                                         Searched searched) const
+{
+    std::vector<int> rows;
+    if (columns.isEmpty())
+        return rows;
+    GridSearch(m_rows, text, columns.first(), columns.mid(1), Qt::CaseInsensitive).run(0, [&](int found) {
+        if (searched == AllRows || !m_rows.isHidden(found))
+            rows.push_back(found + m_fixedInUse);
+        return true;
+    });
+    return rows;
+}
+
+void VSFlexGrid::showOnly(std::span<const int> rows)
+{
+    resetRows([&] {
+        m_rows.hideAll();
+        for (const int row : rows)
+            m_rows.setHidden(position(row), false);
+    });
+}
+
 // Current cell and scrolling
 
 void VSFlexGrid::setCurrent(int row, int col)

@@ -107,6 +107,13 @@ public:
     /// when there is none.
     [[nodiscard]] int findRow(const QString &text, const QList<int> &columns, int fromRow,
                               Qt::CaseSensitivity sensitivity = Qt::CaseSensitive) const;
+    enum Searched : quint8 { AllRows, RowsInSight };
+    /// The data rows with the text in one of these columns, or across neighbouring ones as above, without
+    /// regard to case, in their order. Without columns none.
+    [[nodiscard]] std::vector<int> rowsHolding(const QString &text, const QList<int> &columns,
+                                               Searched searched) const;
+    /// Hides every other data row.
+    void showOnly(std::span<const int> rows);
 
     /// Puts the data rows in order by the current column and drops subtotals, which stood for another order.
     /// The current row goes with its contents, which is no change of row.

@@ -51,12 +51,7 @@ const ListGrid &followUpGrid()
 {
     static constexpr int hidden[] = {0, FollowUpKey};
     static constexpr ListGrid grid{
-        .format =
-            u" |跟进时间            |跟进内容                                          |部门    |经纪人  "
-            u"|下次提醒|提醒时间        |提醒范围|提醒内容                    |处理内容              "
-            u"|处理时间            |跟进ID",
-        .hiddenColumns = hidden,
-        .toolTip = u"提示：双击进入原始单据查询"};
+        .format = followUpFormat, .hiddenColumns = hidden, .toolTip = u"提示：双击进入原始单据查询"};
     return grid;
 }
 

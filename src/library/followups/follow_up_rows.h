@@ -23,7 +23,12 @@ enum FollowUpColumn : int {
     FollowUpKey ///< hidden
 };
 
-/// Without a colour.
+inline constexpr QStringView followUpFormat =
+    u" |跟进时间            |跟进内容                                          |部门    |经纪人  "
+    u"|下次提醒|提醒时间        |提醒范围|提醒内容                    |处理内容              "
+    u"|处理时间            |跟进ID";
+
+/// Of a detail tab; without a colour.
 [[nodiscard]] const ListGrid &followUpGrid();
 
 /// Columns and tables of a statement that fills such a grid from its first column on, between "select" and

@@ -31,12 +31,13 @@ constexpr FilterField departmentFilter(int number, QStringView caption)
                            u"select mtcode,mtName,mtID from su_usertype where mtcode='@' or mtname='@'"}};
 }
 
-constexpr FilterField agentFilter(int number)
+constexpr FilterField agentFilter(int number,
+                                  std::span<const FilterField::Parameter> parameters = agentParameters)
 {
     return {.number = number,
             .caption = u"经纪人",
             .lookUp = {.kind = LookUp::Picker, .name = u"pdmgy"},
-            .parameters = agentParameters};
+            .parameters = parameters};
 }
 
 constexpr FilterClause departmentClause(int field)

@@ -32,7 +32,10 @@ ListFilter::ListFilter(Module &module, const ListFilterTables &tables)
     for (const FilterField &field : tables.fields) {
         auto &control = controls().add<qzTxt_S>(arrayName(), field.number);
         control.setCaption(field.caption.toString());
-        control.setText(field.text.toString());
+        if (!field.text.isEmpty()) {
+            control.setText(field.text.toString());
+            control.setValue(field.text.toString());
+        }
         m_lookUps.add(control, field.lookUp);
     }
 }
@@ -61,12 +64,22 @@ CheckBox &ListFilter::Chk(int number)
 void ListFilter::setUp()
 {
     m_lookUps.setUp();
-    if (!m_tables.refusalsNameTheField) {
-        for (const FilterField &field : m_tables.fields)
-            qzTxt(field.number).set_error_message(FieldLookUps::refusal());
-    }
+    for (const FilterField &field : m_tables.fields)
+        setUpCheck(field);
     if (m_periods)
         m_periods->setItems(periodCaptions());
+}
+
+void ListFilter::setUpCheck(const FilterField &field)
+{
+    qzTxt_S &control = qzTxt(field.number);
+    if (field.judge != qzTxt_S::JudgeNothing) {
+        control.set_judge_type(field.judge);
+        control.set_judge_time(qzTxt_S::JudgeOnLeaving);
+        control.set_error_message(Trim(field.caption) + FieldLookUps::refusal());
+    }
+    if (!m_tables.refusalsNameTheField)
+        control.set_error_message(FieldLookUps::refusal());
 }
 
 SqlText ListFilter::where(const QDateTime &now)

@@ -28,7 +28,8 @@ struct FilterField
     /// -1 for none.
     int narrowedBy = -1;
     QStringView narrowedAs = {};
-    QStringView text = {}; ///< what it holds from the start
+    QStringView text = {};                            ///< what it and the value behind it hold from the start
+    qzTxt_S::JudgeType judge = qzTxt_S::JudgeNothing; ///< how a text is checked that is not looked up
 };
 
 /// The filter row of a list. All of it is constant.
@@ -54,6 +55,7 @@ public:
     [[nodiscard]] qzTxt_S &qzTxt(int number);
     /// Numbers 0 and 1.
     [[nodiscard]] CheckBox &Chk(int number);
+    [[nodiscard]] bool hasPeriods() const { return m_periods; }
     /// Only of a filter with periods.
     [[nodiscard]] XPCombo &XPCmb() { return *m_periods; }
 
@@ -66,6 +68,7 @@ public:
 private:
     void setParameters(int number, ParameterList &parameters) override;
     bool check(int number, const Check &check) override { return m_lookUps.lookUp(number, check); }
+    void setUpCheck(const FilterField &field);
     [[nodiscard]] const FilterField &fieldOf(int number) const;
 
     ListFilterTables m_tables;

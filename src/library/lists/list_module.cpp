@@ -241,10 +241,15 @@ void ListModule::turnedBy(int steps)
 
 // Print
 
+QString ListModule::printSettings()
+{
+    return printFile(app().PrintEnv().PrintFolder(), m_moduleId);
+}
+
 bool ListModule::SelfPrint(bool bPrint, bool bSetup)
 {
-    return trappedWithoutDatabase(u"-->SelfPrint::", [&] {
-        const QString file = printFile(app().PrintEnv().PrintFolder(), m_moduleId);
+    return trappedWithoutDatabase(m_tables.printTag, [&] {
+        const QString file = printSettings();
         const ShownGrid shown(m_grid);
         printSelf(app(), {file, m_tables.printTitle.toString(), printSubtitle(), shown}, bPrint, bSetup);
         return true;

@@ -32,6 +32,7 @@ struct ListTables
     bool tellsCount = true; ///< whether each load raises Message with the number of rows
     QStringView refreshTag = u"-->IRptUI_Refresh::";
     QStringView printTitle = {};
+    QStringView printTag = u"-->SelfPrint::"; ///< of a failure to print
 };
 
 /// The base of all modules that show rows of one statement in a grid VS: filter, load, search, wheel, layout,
@@ -46,7 +47,8 @@ public:
     // The controls of the filter and the search; only of a list that has them.
     [[nodiscard]] qzTxt_S &qzTxt(int number) { return m_filter->qzTxt(number); }
     [[nodiscard]] CheckBox &Chk(int number) { return m_filter->Chk(number); }
-    [[nodiscard]] XPCombo &XPCmb() { return m_filter->XPCmb(); }
+    [[nodiscard]] bool hasPeriods() const { return m_filter && m_filter->hasPeriods(); }
+    [[nodiscard]] XPCombo &XPCmb() { return m_filter->XPCmb(); } ///< only with periods
     [[nodiscard]] SearchBox &SearchBox1() { return m_search->SearchBox1(); }
     [[nodiscard]] Label &lblSearch() { return m_search->lblSearch(); }
     [[nodiscard]] CheckBox &ChkFind() { return m_search->ChkFind(); }
@@ -99,6 +101,8 @@ protected:
     virtual void rowChanged(const QString & /*key*/) {}
     /// What the list is filtered by, as it stands below the title on paper.
     [[nodiscard]] virtual QString printSubtitle() { return {}; }
+    /// The file of its print settings; the folder exists. Throws Failure when it cannot be made.
+    [[nodiscard]] virtual QString printSettings();
     virtual void raiseMessage(const QString &text) = 0;
     virtual void raiseRefreshGetGridStatus() = 0;
 

@@ -54,13 +54,11 @@ std::pair<int, int> chosenRows(const FlexGridView &view)
 
 } // namespace
 
-GridMenu::GridMenu(FlexGridView &view, VSFlexGrid &grid, NavToolbar &commands, ToolBarView &toolBar,
-                   Desktop &desktop)
+GridMenu::GridMenu(FlexGridView &view, VSFlexGrid &grid, QWidget &page, Desktop &desktop)
     : QObject(&view)
     , m_view(view)
     , m_grid(grid)
-    , m_commands(commands)
-    , m_toolBar(toolBar)
+    , m_page(page)
     , m_desktop(desktop)
     , m_listName(QStringLiteral("列表"))
     , m_folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
@@ -71,13 +69,24 @@ GridMenu::GridMenu(FlexGridView &view, VSFlexGrid &grid, NavToolbar &commands, T
     addShortcuts();
 }
 
+void GridMenu::setCommands(NavToolbar &commands, ToolBarView &toolBar)
+{
+    m_commands = &commands;
+    m_toolBar = &toolBar;
+}
+
 void GridMenu::addShortcuts()
 {
     auto *copying = new QShortcut(QKeySequence::Copy, &m_view, nullptr, nullptr, Qt::WidgetShortcut);
     connect(copying, &QShortcut::activated, this, &GridMenu::copy);
-    auto *printing = new QShortcut(QKeySequence::Print, m_toolBar.parentWidget(), nullptr, nullptr,
-                                   Qt::WidgetWithChildrenShortcut);
-    connect(printing, &QShortcut::activated, this, [this] { print(true, false); });
+}
+
+void GridMenu::setPrint(std::function<void(bool bPrint, bool bSetup)> print)
+{
+    m_print = std::move(print);
+    auto *printing =
+        new QShortcut(QKeySequence::Print, &m_page, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(printing, &QShortcut::activated, this, [this] { m_print(true, false); });
 }
 
 /// A press of the right button has made its row current before. What comes up from the header with the mouse
@@ -106,7 +115,9 @@ void GridMenu::popUp(const QPoint &place)
 {
     auto *menu = new PassingMenu(&m_view);
     menu->setObjectName(QStringLiteral("GridMenu"));
-    addCommands(*menu);
+    if (m_commands)
+        addCommands(*menu);
+    addPageActions(*menu);
     addExport(*menu);
     if (m_print)
         addPrint(*menu);
@@ -116,19 +127,36 @@ void GridMenu::popUp(const QPoint &place)
 /// A command is given by its button, with everything that the button sees to.
 void GridMenu::addCommands(PassingMenu &menu)
 {
-    for (const NavToolbar::Item &item : m_commands.items()) {
+    for (const NavToolbar::Item &item : m_commands->items()) {
         if (item.key.isEmpty()) {
             menu.addSeparator();
             continue;
         }
-        auto *button = m_toolBar.findChild<QToolButton *>(m_commands.Name() + u'_' + item.key);
+        auto *button = m_toolBar->findChild<QToolButton *>(m_commands->Name() + u'_' + item.key);
         if (!item.visible || !button)
             continue;
         QAction *action =
             menu.offer(item.icon.isEmpty() ? QIcon() : look::icon(item.icon),
                        item.caption + u'\t' + button->shortcut().toString(), button, &QToolButton::click);
         action->setObjectName(item.key);
-        action->setEnabled(item.enabled && m_commands.Enabled());
+        action->setEnabled(item.enabled && m_commands->Enabled());
+    }
+}
+
+void GridMenu::addPageActions(PassingMenu &menu)
+{
+    for (QAction *offered : m_page.actions()) {
+        if (offered->isSeparator()) {
+            menu.addSeparator();
+            continue;
+        }
+        const QString key = offered->shortcut().toString(QKeySequence::NativeText);
+        QAction *action =
+            menu.offer(offered->icon(), key.isEmpty() ? offered->text() : offered->text() + u'\t' + key,
+                       offered, &QAction::trigger);
+        action->setObjectName(offered->objectName());
+        action->setEnabled(offered->isEnabled());
+        action->setVisible(offered->isVisible());
     }
 }
 
@@ -148,16 +176,10 @@ void GridMenu::addExport(PassingMenu &menu)
 void GridMenu::addPrint(PassingMenu &menu)
 {
     menu.addSeparator();
-    menu.offer(QStringLiteral("打印预览(&V)"), this, [this] { print(false, false); });
+    menu.offer(QStringLiteral("打印预览(&V)"), this, [this] { m_print(false, false); });
     menu.offer(look::icon(QStringLiteral("document-print")), QStringLiteral("打印(&P)…\tCtrl+P"), this,
-               [this] { print(true, false); });
-    menu.offer(QStringLiteral("页面设置(&U)…"), this, [this] { print(false, true); });
-}
-
-void GridMenu::print(bool bPrint, bool bSetup)
-{
-    if (m_print)
-        m_print(bPrint, bSetup);
+               [this] { m_print(true, false); });
+    menu.offer(QStringLiteral("页面设置(&U)…"), this, [this] { m_print(false, true); });
 }
 
 void GridMenu::copy()

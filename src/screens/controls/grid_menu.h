@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class QWidget;
+
 namespace ebtq {
 
 class Desktop;
@@ -15,22 +17,24 @@ class ShownGrid;
 class ToolBarView;
 class VSFlexGrid;
 
-/// The context menu of a list: the commands of its tool bar, in the state that they have there, and what any
-/// list offers: copying the chosen rows, exporting and printing what is shown. With it, rows that follow one
-/// another can be chosen by Shift; the current row is one of them. The header has a menu of its own.
+/// The context menu of a list: the commands of its tool bar, in the state that they have there, the actions
+/// of its page, which a host adds, and what any list offers: copying the chosen rows, exporting and printing
+/// what is shown. With it, rows that follow one another can be chosen by Shift; the current row is one of
+/// them. The header has a menu of its own.
 class GridMenu : public QObject
 {
     Q_OBJECT
 
 public:
     /// Everything outlives the menu, which belongs to the view.
-    GridMenu(FlexGridView &view, VSFlexGrid &grid, NavToolbar &commands, ToolBarView &toolBar,
-             Desktop &desktop);
+    GridMenu(FlexGridView &view, VSFlexGrid &grid, QWidget &page, Desktop &desktop);
+
+    void setCommands(NavToolbar &commands, ToolBarView &toolBar);
 
     /// What the list is called: in the names of exported files.
     void setListName(const QString &name) { m_listName = name; }
     /// The list's own print operation; without one, printing is not offered.
-    void setPrint(std::function<void(bool bPrint, bool bSetup)> print) { m_print = std::move(print); }
+    void setPrint(std::function<void(bool bPrint, bool bSetup)> print);
 
 Q_SIGNALS:
     /// What was done, for the status line.
@@ -44,10 +48,10 @@ private:
     void addShortcuts();
     void popUp(const QPoint &place);
     void addCommands(PassingMenu &menu);
+    void addPageActions(PassingMenu &menu);
     void addExport(PassingMenu &menu);
     void addPrint(PassingMenu &menu);
     [[nodiscard]] QPoint placeOfCurrentRow() const;
-    void print(bool bPrint, bool bSetup);
     void copy();
     struct Format;
     void exportAs(const Format &format);
@@ -55,9 +59,10 @@ private:
 
     FlexGridView &m_view;
     VSFlexGrid &m_grid;
-    NavToolbar &m_commands;
-    ToolBarView &m_toolBar;
+    QWidget &m_page;
     Desktop &m_desktop;
+    NavToolbar *m_commands = nullptr;
+    ToolBarView *m_toolBar = nullptr; ///< where they stand
     QString m_listName;
     QString m_folder; ///< where the last export went
     std::function<void(bool bPrint, bool bSetup)> m_print;

@@ -8,16 +8,16 @@ namespace ebtq {
 
 namespace {
 
-constexpr RecordListLook::Field fields[] = {{CustomerFilter::District, 4},   {CustomerFilter::Rooms, 5},
-                                            {CustomerFilter::State, 3},      {CustomerFilter::Grade, 3},
-                                            {CustomerFilter::Department, 4}, {CustomerFilter::Agent, 4}};
-constexpr RecordListLook::Column columns[] = {{CustomerPrice, &look::Tokens::salePrice},
-                                              {CustomerRent, &look::Tokens::rent}};
-constexpr RecordListLook listLook{.fields = fields,
-                                  .columns = columns,
-                                  .searchHint = u"在已加载的客源中查找",
-                                  .emptyHint = u"没有符合条件的客源",
-                                  .listName = u"客源信息列表"};
+constexpr ListLook::Field fields[] = {{CustomerFilter::District, 4},   {CustomerFilter::Rooms, 5},
+                                      {CustomerFilter::State, 3},      {CustomerFilter::Grade, 3},
+                                      {CustomerFilter::Department, 4}, {CustomerFilter::Agent, 4}};
+constexpr ListLook::Column columns[] = {{CustomerPrice, &look::Tokens::salePrice},
+                                        {CustomerRent, &look::Tokens::rent}};
+constexpr ListLook listLook{.fields = fields,
+                            .columns = columns,
+                            .searchHint = u"在已加载的客源中查找",
+                            .emptyHint = u"没有符合条件的客源",
+                            .listName = u"客源信息列表"};
 
 } // namespace
 

@@ -8,16 +8,16 @@ namespace ebtq {
 
 namespace {
 
-constexpr RecordListLook::Field fields[] = {{ListingFilter::District, 4},   {ListingFilter::Building, 5},
-                                            {ListingFilter::Rooms, 4},      {ListingFilter::State, 3},
-                                            {ListingFilter::Department, 4}, {ListingFilter::Agent, 4}};
-constexpr RecordListLook::Column columns[] = {{ListingSalePrice, &look::Tokens::salePrice},
-                                              {ListingRent, &look::Tokens::rent}};
-constexpr RecordListLook listLook{.fields = fields,
-                                  .columns = columns,
-                                  .searchHint = u"在已加载的房源中查找",
-                                  .emptyHint = u"没有符合条件的房源",
-                                  .listName = u"房源信息列表"};
+constexpr ListLook::Field fields[] = {{ListingFilter::District, 4},   {ListingFilter::Building, 5},
+                                      {ListingFilter::Rooms, 4},      {ListingFilter::State, 3},
+                                      {ListingFilter::Department, 4}, {ListingFilter::Agent, 4}};
+constexpr ListLook::Column columns[] = {{ListingSalePrice, &look::Tokens::salePrice},
+                                        {ListingRent, &look::Tokens::rent}};
+constexpr ListLook listLook{.fields = fields,
+                            .columns = columns,
+                            .searchHint = u"在已加载的房源中查找",
+                            .emptyHint = u"没有符合条件的房源",
+                            .listName = u"房源信息列表"};
 
 } // namespace
 

@@ -40,6 +40,7 @@ protected:
         grid.setColHidden(3, true);
         grid.LoadArray(
             textBlock({{"", "A1", "天河", "K"}, {"", "A2", "海珠", "K"}, {"", "A3", "=1+1", "K"}}));
+        menu.setCommands(commands, toolBar);
         menu.setPrint([this](bool bPrint, bool bSetup) {
             during();
             done.append(u"print %1%2"_qs.arg(bPrint).arg(bSetup));
@@ -87,7 +88,7 @@ protected:
     QWidget window;
     ToolBarView toolBar{commands, &window};
     FlexGridView view{grid, &window};
-    GridMenu &menu = *new GridMenu(view, grid, commands, toolBar, desktop);
+    GridMenu &menu = *new GridMenu(view, grid, window, desktop);
     QStringList done;
     std::function<void()> during = [] {}; ///< what a command does while it works
 };

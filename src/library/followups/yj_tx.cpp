@@ -1,0 +1,72 @@
+#include "library/followups/yj_tx.h"
+
+#include "database/values/date_text.h"
+#include "library/followups/follow_up_rows.h"
+
+namespace ebtq {
+
+namespace {
+
+constexpr int numberColumn = 0;
+constexpr int hiddenColumns[] = {FollowUpKey};
+constexpr int turquoise = 0xC0C000;
+
+constexpr ListGrid grid{
+    .format =
+        u"序号|跟进日期            |跟进内容                                          |部门    |经纪人  "
+        u"|下次提醒|提醒时间         |提醒范围|提醒内容                    |处理内容              "
+        u"|处理时间            |跟进ID",
+    .hiddenColumns = hiddenColumns,
+    .selectionColor = turquoise};
+
+constexpr ListTables list{.grid = grid,
+                          .firstColumn = FollowUpTime,
+                          .keyColumn = FollowUpKey,
+                          .wheel = ListTables::Wheel::None,
+                          .printTitle = u"跟进提醒\r",
+                          .printTag = u"->Print:"};
+
+QString withoutBraces(QString id)
+{
+    return id.remove(u'{').remove(u'}').remove(u'\'');
+}
+
+} // namespace
+
+YjTx::YjTx(Desktop &desktop)
+    : FollowUpList(QStringLiteral("YjTx"), desktop, {QStringLiteral("YjTx"), QStringLiteral("跟进提醒")},
+                   list)
+    , m_panel(controls().add<qzPanel>(QStringLiteral("Panel1")))
+    , m_caption(controls().add<Label>(QStringLiteral("lblCaption")))
+{
+    m_caption.setCaption(QStringLiteral("跟进提醒"));
+}
+
+/// Each range but the user's own compares 用户ID with itself, which holds for everybody; 本部 is deliberately
+/// not narrowed to the department.
+SqlText YjTx::statement()
+{
+    const HostSession &session = app().Session();
+    SqlText sql(QStringLiteral("select"));
+    sql += followUpSource();
+    sql += QStringLiteral(" where 下次提醒=1 and 提醒日期=#%1# and 处理结果=''")
+               .arg(regionalDate(session.LoginDate()));
+    sql += QStringView(u" and 用户ID in(iif(提醒范围=0 or 提醒范围 is null,'");
+    sql += typed(withoutBraces(session.UserID()));
+    sql += QStringView(u"',用户ID)) order by 操作日期 desc");
+    return sql;
+}
+
+void YjTx::rowsLoaded()
+{
+    for (int row = VS().FixedRows(); row < VS().Rows(); ++row)
+        VS().setTextMatrix(row, numberColumn, QString::number(row - VS().FixedRows() + 1));
+}
+
+/// In the working folder: where the component is installed nothing can be written.
+QString YjTx::printSettings()
+{
+    return app().Session().AppPath() + QStringLiteral("/YjTx.Prn");
+}
+
+} // namespace ebtq
