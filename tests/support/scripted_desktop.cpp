@@ -27,10 +27,13 @@ template<class T> T ScriptedDesktop::take(QList<T> &script, const QString &quest
     return script.takeFirst();
 }
 
-Desktop::Answer ScriptedDesktop::messageBox(const QString &text, const QString &title, Icon, Buttons buttons)
+Desktop::Answer ScriptedDesktop::messageBox(const QString &text, const QString &title, Icon icon,
+                                            Buttons buttons)
 {
+    const QString marks[] = {{}, QStringLiteral("?"), QStringLiteral("!"), QStringLiteral("x")};
     const Answer closed = buttons == Buttons::Ok ? Answer::Ok : Answer::No;
-    const Answer answer = take(m_answers, title + u'|' + text, closed);
+    const QString question = title + marks[static_cast<int>(icon)] + u'|' + text;
+    const Answer answer = take(m_answers, question, closed);
     EXPECT_EQ(answer == Answer::Ok, buttons == Buttons::Ok) << "an answer that the box has not";
     return answer;
 }

@@ -26,7 +26,8 @@ public:
     void willMakeNoKeys() { m_makesKeys = false; }
     void setNow(const QDateTime &now) { m_now = now; }
 
-    /// Each question as "title|text", each file request as "title|file", in order.
+    /// Each question as "title|text", each file request as "title|file", in order. A message box has a mark
+    /// of its icon behind the title: "?", "!", "x" for a failure, none for an information.
     [[nodiscard]] const QStringList &asked() const { return m_asked; }
     [[nodiscard]] const QStringList &openedFiles() const { return m_openedFiles; }
     /// How often the wait cursor was shown; that it was taken away each time is checked at the end.

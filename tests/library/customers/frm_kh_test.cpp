@@ -198,14 +198,15 @@ TEST_F(FrmKhTest, WhatIsMissingOrWrongIsRefusedAndStays)
         {Number::Grade, u"甲级"_qs, u"输入有误，请重新输入！"_qs},
         {Number::AreaTo, u"很大"_qs, u"最大面积输入有误，请重新输入！"_qs},
         {Number::EntrustedOn, u"2026-2-30"_qs, u"委托日期输入有误，请重新输入！"_qs},
-        {Number::Location, u"x',电话='y"_qs, u"输入的内容中含有单引号（'），无法执行，请去掉后重试！"_qs},
+        {Number::Location, u"x',电话='y"_qs, u"x|输入的内容中含有单引号（'），无法执行，请去掉后重试！"_qs},
     };
     for (const auto &[number, typed, told] : cases) {
         open(u"C1"_qs, [&, field = number, wrong = typed, expected = told] {
             form.qzTxt(field).type(wrong);
             form.Txt().setText(u"注"_qs);
             press(Number::Save, {Ok});
-            EXPECT_EQ(asked(), QStringList(u"提示:|"_qs + expected));
+            EXPECT_EQ(asked(),
+                      QStringList((expected.startsWith(u'x') ? u"提示:"_qs : u"提示:|"_qs) + expected));
             EXPECT_EQ(text(field), wrong);
         });
     }
@@ -222,7 +223,7 @@ TEST_F(FrmKhTest, WhatIsMissingOrWrongIsRefusedAndStays)
         form.qzTxt(0).setText(u"自编"_qs);
         press(Number::Save, {Ok});
     });
-    EXPECT_EQ(asked().join(u' '), u"提示:|模块 102 没有单据编号的前缀，无法取得编号！DoSave:");
+    EXPECT_EQ(asked().join(u' '), u"提示:x|模块 102 没有单据编号的前缀，无法取得编号！DoSave:");
 }
 
 TEST_F(FrmKhTest, DeletionAsksAndGoesToTheNextOne)
@@ -231,7 +232,7 @@ TEST_F(FrmKhTest, DeletionAsksAndGoesToTheNextOne)
     QObject::connect(&form, &frmKh::Message, [&](const QString &text) { events += text; });
     open(u"C1"_qs, [&] {
         press(Number::Delete, {No});
-        EXPECT_EQ(asked(), QStringList(u"提示：|是否删除当前记录？"_qs));
+        EXPECT_EQ(asked(), QStringList(u"提示：?|是否删除当前记录？"_qs));
         app.asRun = [](const SqlText &) { return SqlText(u"delete from nothing"_qs); };
         press(Number::Delete, {Yes});
         EXPECT_TRUE(events.value(0).startsWith(u"提示：|8|")) << events.join(u' ').toStdString();
@@ -242,13 +243,13 @@ TEST_F(FrmKhTest, DeletionAsksAndGoesToTheNextOne)
         }
         EXPECT_EQ(events.last(), u"客源 K2 已删除，刷新后不再列出！");
         press(Number::Delete, {Yes, Ok});
-        EXPECT_EQ(asked().last(), u"提示:|数据库中已没有这条客源！");
+        EXPECT_EQ(asked().last(), u"提示:x|数据库中已没有这条客源！");
     });
     host::setRight(*connection, u"U1"_qs, host::CustomerModule, RightDelete, false);
     insertCustomers(u"K1"_qs);
     open(u"C1"_qs, [&] {
         press(Number::Delete, {Ok});
-        EXPECT_EQ(asked(), QStringList(u"提示:|您没有删除客源的权限！"_qs));
+        EXPECT_EQ(asked(), QStringList(u"提示:x|您没有删除客源的权限！"_qs));
         QObject::connect(&form, &frmKh::ReturnData, [this] { connection->execute(u"delete from fykh"_qs); });
         fill(u"乙"_qs);
         connection->execute(u"update fykh set 状态=1,方式=3"_qs);
@@ -257,7 +258,7 @@ TEST_F(FrmKhTest, DeletionAsksAndGoesToTheNextOne)
         const QString told = asked().join(u' ');
         EXPECT_TRUE(told.contains(u"状态：有效 → 失效\n方式：（空） → 求购价、求租价\n"_qs))
             << told.toStdString();
-        EXPECT_TRUE(told.contains(u"提示:|保存之后，这条客源已被他人删除！"_qs));
+        EXPECT_TRUE(told.contains(u"提示:x|保存之后，这条客源已被他人删除！"_qs));
     });
 }
 

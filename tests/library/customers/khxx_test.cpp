@@ -277,7 +277,7 @@ TEST_F(KhxxTest, ADeletionRunsBothStatements)
         app.statements.clear();
         desktop.willAnswer(c.answer);
         press(u"delete"_qs);
-        EXPECT_EQ(asked(), QStringList(u"提示:|是否删除当前所选记录:"_qs));
+        EXPECT_EQ(asked(), QStringList(u"提示:?|是否删除当前所选记录:"_qs));
         EXPECT_EQ(shown(), c.shown);
         EXPECT_EQ(events.size(), c.error.isEmpty() ? 0 : 1);
         EXPECT_TRUE(events.join(u' ').endsWith(c.error)) << events.join(u' ').toStdString();

@@ -164,13 +164,13 @@ TEST_F(FrmGjTest, ARefusedSaveKeepsEverythingTyped)
         });
         const QStringList told = asked();
         ASSERT_EQ(told.size(), 1) << c.what;
-        EXPECT_TRUE(told[0].startsWith(u"提示:|") && told[0].size() > 8) << told[0].toStdString();
+        EXPECT_TRUE(told[0].startsWith(u"提示:x|") && told[0].size() > 8) << told[0].toStdString();
         EXPECT_EQ(events, QStringList()) << c.what;
     }
     connection->executeNative("alter table x rename to fygj");
     desktop.willAnswer(Desktop::Answer::Ok);
     saveGj(); // nobody has opened it
-    EXPECT_EQ(asked(), QStringList(u"提示:|DoSave:模块尚未初始化！"_qs));
+    EXPECT_EQ(asked(), QStringList(u"提示:x|DoSave:模块尚未初始化！"_qs));
     EXPECT_EQ(rows(u"select 跟进ID from fygj"_qs).rowCount(), 0);
 }
 
@@ -215,7 +215,7 @@ TEST_F(FrmGjEditTest, ARowThatCannotBeReadOpensNothing)
     gj.py_Init(app, owner, u"G1"_qs, false); // a form shown now would fail as not scripted
     const QStringList told = asked();
     ASSERT_EQ(told.size(), 1);
-    EXPECT_TRUE(told[0].startsWith(u"提示:|Py_Init:") && told[0].size() > 20) << told[0].toStdString();
+    EXPECT_TRUE(told[0].startsWith(u"提示:x|Py_Init:") && told[0].size() > 20) << told[0].toStdString();
     EXPECT_EQ(row(u"*"_qs), before);
 }
 

@@ -6,7 +6,7 @@ using ebtq::test::FcxxEditorTest;
 
 namespace {
 
-const QString question = u"提示:|是否删除当前所选记录:"_qs;
+const QString question = u"提示:?|是否删除当前所选记录:"_qs;
 const QString hiddenRow = u"当前房源已被过滤隐藏，请先在列表中选择房源！"_qs;
 
 /// A listing with a follow-up stands in row 2 and is current.

@@ -143,7 +143,7 @@ TEST_F(FrmFxSaveTest, RequiredFieldsAreAskedForInOrder)
         form.qzFcTxt(0).setText(u"  "_qs);
         save(Ok);
     });
-    EXPECT_EQ(asked().last(), u"提示：|房源编号不能为空，请输入后重试!  ");
+    EXPECT_EQ(asked().last(), u"提示：x|房源编号不能为空，请输入后重试!  ");
 }
 
 TEST_F(FrmFxSaveTest, YesGoesOnWithAFreshListing)
@@ -174,7 +174,7 @@ TEST_F(FrmFxSaveTest, AListingIsSavedAlsoWhenNoKeyCanBeMade)
         desktop.willAnswer(Ok);
         save(No);
     });
-    EXPECT_EQ(asked().first(), u"EBTQ_S|Error While creating GUID!");
+    EXPECT_EQ(asked().first(), u"EBTQ_S!|Error While creating GUID!");
     EXPECT_EQ(stored(u"房源ID & 地区"_qs), u"天河区");
 }
 
@@ -242,7 +242,7 @@ TEST_F(FrmFxFileTest, FailuresOfASaveAreToldAndTheNextSaveWorks)
         fill(form, required);
         save(Ok);
     });
-    EXPECT_TRUE(asked().last().startsWith(u"提示:|DoSave:模块"));
+    EXPECT_TRUE(asked().last().startsWith(u"提示:x|DoSave:模块"));
     connection->execute(u"update host_modules set prefix='FY'"_qs);
     for (const Case &c : cases) {
         for (const QString &listing : {id, QString()}) {
@@ -253,7 +253,7 @@ TEST_F(FrmFxFileTest, FailuresOfASaveAreToldAndTheNextSaveWorks)
                 save(Ok);
                 const QStringList told = asked();
                 ASSERT_EQ(told.size(), 1);
-                EXPECT_TRUE(told[0].startsWith(u"提示:|") && told[0].contains(c.told))
+                EXPECT_TRUE(told[0].startsWith(u"提示:x|") && told[0].contains(c.told))
                     << told[0].toStdString();
                 EXPECT_EQ(text(50), u"王女士");
                 EXPECT_EQ(events, QStringList());

@@ -145,7 +145,7 @@ TEST_F(EditorFormTest, ARowThatIsGoneIsNotReportedAsSaved)
             form.qzFcTxt(Number::Owner).setText(u"王女士"_qs);
             save(Ok);
             EXPECT_EQ(asked(),
-                      QStringList(u"提示:|这条记录已被他人删除，没有保存！输入的内容仍在窗口中。"_qs));
+                      QStringList(u"提示:x|这条记录已被他人删除，没有保存！输入的内容仍在窗口中。"_qs));
             EXPECT_EQ(text(Number::Owner), u"王女士");
         });
         EXPECT_EQ(events, QStringList());
