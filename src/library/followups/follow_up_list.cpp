@@ -14,11 +14,12 @@ struct Wanted
 
 Wanted wantedBy(const QVariant &condition)
 {
-    const QVariantList parts = condition.toList();
-    if (parts.isEmpty())
+    if (condition.typeId() !=
+        QMetaType::QVariantList) // a text would be converted to a list of its characters
         return {NullConv::ToText(condition)};
+    const QVariantList parts = condition.toList();
     const bool isBackward = NullConv::ToLong(parts.value(1)) < 0;
-    return {NullConv::ToText(parts.first()), isBackward ? GridFind::Backward : GridFind::Forward};
+    return {NullConv::ToText(parts.value(0)), isBackward ? GridFind::Backward : GridFind::Forward};
 }
 
 } // namespace

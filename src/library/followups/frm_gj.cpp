@@ -75,10 +75,13 @@ FrmGj::FrmGj(Desktop &desktop)
     , m_contentsLabel(controls().add<Label>(QStringLiteral("lbl"), 0))
     , m_contents(addMemo(QStringLiteral("Txt"), -1, QStringLiteral("跟进内容")))
     , m_reminds(addTick(QStringLiteral("Chk"), -1, QStringLiteral("下次提醒")))
+    , m_hint(controls().add<Label>(QStringLiteral("lblHint")))
 {
+    m_hint.setCaption(QStringLiteral("请填写提醒时间，否则到期不会提醒！"));
     m_contentsLabel.setCaption(m_contents.Caption());
     addButtons({u"保存(&S)", u"关闭(&X)"});
     connect(&m_reminds, &CheckBox::Click, this, [this] { openReminder(m_reminds.Value() != 0); });
+    connect(&qzTxt(ReminderTime), &qzTxt_S::FieldChange, this, &FrmGj::showHint);
 }
 
 QString FrmGj::Caption()
@@ -181,6 +184,12 @@ void FrmGj::openReminder(bool open)
 {
     for (const int number : reminderFields)
         qzTxt(number).setEnabled(open);
+    showHint();
+}
+
+void FrmGj::showHint()
+{
+    m_hint.setVisible(qzTxt(ReminderTime).Enabled() && qzTxt(ReminderTime).Text().trimmed().isEmpty());
 }
 
 // Saving

@@ -24,6 +24,9 @@ public:
     [[nodiscard]] TextBox &Txt() const { return m_contents; }
     /// 下次提醒, which opens the fields of the reminder.
     [[nodiscard]] CheckBox &Chk() const { return m_reminds; }
+    /// Seen while a reminder is wanted and has no date: it is saved with the present time and never falls
+    /// due.
+    [[nodiscard]] Label &lblHint() const { return m_hint; }
 
     /// Opens the form and returns when it was closed. `ownerID` is the key of the listing or customer,
     /// `followUpID` the 跟进ID of the row, empty for a new one; `disable` opens it for reading only. A row
@@ -51,11 +54,13 @@ private:
     void showRange(int range);
     void SetFieldsEnabled(bool enabled);
     void openReminder(bool open);
+    void showHint();
     bool save();
 
     Label &m_contentsLabel;
     TextBox &m_contents;
     CheckBox &m_reminds;
+    Label &m_hint;
     QString m_ownerId; ///< 房源ID or 客源ID
     QString m_id;      ///< 跟进ID of the row that is edited; empty for a new one
 };

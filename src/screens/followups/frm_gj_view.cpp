@@ -2,11 +2,13 @@
 
 #include "library/followups/frm_gj.h"
 #include "screens/controls/check_box_view.h"
+#include "screens/controls/control_binding.h"
 #include "screens/controls/field_view.h"
 #include "screens/controls/text_box_view.h"
 
 #include <QEvent>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -64,7 +66,16 @@ void FrmGjView::addContents(QGroupBox &card)
 
 void FrmGjView::addTick(QGroupBox &card)
 {
-    put(card, {0, 0, pairs}, new QLabel(&card), new CheckBoxView(m_form.Chk(), &card, u'T'));
+    auto *row = new QWidget(&card);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins({});
+    auto *tick = new CheckBoxView(m_form.Chk(), row, u'T');
+    layout->addWidget(tick);
+    QLabel *hint = makeCaption(m_form.lblHint(), *tick, row);
+    hint->setProperty("kind", QStringLiteral("error"));
+    layout->addWidget(hint);
+    layout->addStretch();
+    put(card, {0, 0, pairs}, new QLabel(&card), row);
 }
 
 void FrmGjView::addFields(int cardNumber)

@@ -97,12 +97,14 @@ TEST_F(FrmGjTest, TheTickOpensTheReminder)
             numbers += gj.qzTxt(number).Enabled() ? QString::number(number) : QString();
         return numbers + (gj.Txt().Enabled() ? u"T"_qs : QString()) +
                (gj.Chk().Enabled() ? u"C"_qs : QString()) + (gj.Cmd(0).Enabled() ? u"S"_qs : QString()) +
-               (gj.Cmd(1).Enabled() ? u"X"_qs : QString());
+               (gj.Cmd(1).Enabled() ? u"X"_qs : QString()) + (gj.lblHint().Visible() ? u"H"_qs : QString());
     };
     for (int opening = 0; opening < 2; ++opening) {
         openGj({}, [&] {
             EXPECT_EQ(enabled(), u"02TCSX") << opening;
             gj.Chk().setValue(1);
+            EXPECT_EQ(enabled(), u"023456TCSXH") << "it would never fall due without a date";
+            gj.qzTxt(3).setText(u"2026-3-8"_qs);
             EXPECT_EQ(enabled(), u"023456TCSX");
             gj.Chk().setValue(0);
             EXPECT_EQ(enabled(), u"02TCSX");
