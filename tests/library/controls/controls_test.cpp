@@ -5,7 +5,7 @@
 #include "library/controls/mouse_wheel.h"
 #include "library/controls/nav_toolbar.h"
 #include "library/controls/search_box.h"
-#include "library/support/blocks.h"
+#include "library/support/grids.h"
 
 #include <gtest/gtest.h>
 

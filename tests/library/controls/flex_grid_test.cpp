@@ -1,5 +1,5 @@
 #include "library/controls/flex_grid.h"
-#include "library/support/blocks.h"
+#include "library/support/grids.h"
 
 #include <gtest/gtest.h>
 

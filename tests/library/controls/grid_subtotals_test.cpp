@@ -2,7 +2,7 @@
 
 #include "contracts/conversions.h"
 #include "library/controls/flex_grid.h"
-#include "library/support/blocks.h"
+#include "library/support/grids.h"
 
 #include <gtest/gtest.h>
 

@@ -12,7 +12,7 @@
 #include "library/layout/ini_store.h"
 #include "library/layout/layout_file.h"
 #include "library/support/agency_test.h"
-#include "library/support/blocks.h"
+#include "library/support/grids.h"
 
 #include <QFile>
 

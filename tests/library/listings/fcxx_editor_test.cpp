@@ -1,61 +1,31 @@
 #include "contracts/conversions.h"
-#include "library/listings/fcxx_editor_fixture.h"
-#include "library/listings/fcxx_tables.h"
+#include "library/followups/frm_gj.h"
+#include "library/listings/fcxx_fixture.h"
 #include "library/listings/listing_detail_fields.h"
 
 using namespace ebtq;
-using ebtq::test::FcxxEditorTest;
+using namespace ebtq::test;
 
 namespace {
 
 TEST_F(FcxxEditorTest, ANewListingStandsOnTop)
 {
+    list.detail().qzVSTabCtl1().setActiveTab(ListingTab);
     list.VS().setRow(3);
-    expectEditor([&] {
-        fill(editor(),
-             u"1 海珠区,6 江南里,3 B座,23 出售,24 有效,8 1802,14 18,10 33,4 3,25 586,7 128.5,54 车位"_qs);
-        desktop.willAnswer(Desktop::Answer::No);
-        editor().Cmd(0).press();
-    });
-    list.NavToolbar1().press(u"new"_qs);
+    makeListing(u"1 海珠区,6 江南里,3 B座,23 出售,24 有效,8 1802,14 18,10 33,4 3,25 586,7 128.5,54 车位"_qs);
     ASSERT_EQ(list.VS().Rows(), 5);
     EXPECT_EQ(list.VS().Row(), 1);
-    QStringList row;
-    for (int col = 0; col < 19; ++col)
-        row.append(cell(1, col));
-    EXPECT_EQ(row.join(u'|'),
-              u"|FY2026110004|出售|有效|海珠区|江南里|B座|1802|18/33|车位|3房0厅0卫0阳台|128.5|||"
-              u"586万元|0元/月|2026-11-22|营业一部|");
-    EXPECT_EQ(cell(2, 1), u"FY2026110003");
+    EXPECT_TRUE(rowText(list.VS(), 1)
+                    .startsWith(u"|FY2026110004|出售|有效|海珠区|江南里|B座|1802|18/33|车位|3房0厅0卫0阳台|"
+                                u"128.5|||586万元|0元/月|2026-11-22|营业一部||"));
+    EXPECT_EQ(cell(2, ListingNumber), u"FY2026110003");
+    EXPECT_EQ(list.detail().qzFcTxt(0).Text(), u"FY2026110004");
     const QString statement =
-        listingStatement(101, SqlText(u" where 房源ID='%1'"_qs.arg(cell(1, 19)))).text();
-    EXPECT_EQ(app.statements.filter(u"fyxx A"_qs).last(),
+        listingStatement(101, SqlText(u" where 房源ID='%1'"_qs.arg(cell(1, ListingKey)))).text();
+    EXPECT_EQ(app.statements.filter(u"楼层1"_qs).last(),
               QString(statement)
                   .replace(u"& 总楼层,"_qs, u"& 总楼层 as 楼层1,"_qs)
                   .remove(u" order by 房源编号 desc"_qs));
-}
-
-TEST_F(FcxxEditorTest, TheTabsShowTheCurrentListingAndClaimNothingOfAnother)
-{
-    ListingDetail &detail = list.detail();
-    bool isTrue = false;
-    QObject::connect(&detail, &ListingDetail::TabShown, [&](int, bool done) { isTrue = done; });
-    detail.qzVSTabCtl1().setActiveTab(1);
-    expectEditor([&] {
-        fill(editor(), u"1 海珠区,6 江南里,3 B座,23 出售,24 有效"_qs);
-        desktop.willAnswer(Desktop::Answer::No);
-        editor().Cmd(0).press();
-    });
-    list.NavToolbar1().press(u"new"_qs);
-    EXPECT_EQ(detail.qzFcTxt(0).Text(), u"FY2026110004") << "a new listing";
-    desktop.willAnswer(Desktop::Answer::Yes);
-    list.NavToolbar1().press(u"delete"_qs);
-    EXPECT_EQ(detail.qzFcTxt(0).Text(), u"FY2026110003") << "the one below a deleted listing";
-    EXPECT_TRUE(isTrue);
-    detail.qzVSTabCtl1().setActiveTab(3);
-    expectEditor([&] { editor().Cmd(0).press(); });
-    list.NavToolbar1().press(u"edit"_qs);
-    EXPECT_FALSE(isTrue) << "the follow-ups have been emptied, not counted";
 }
 
 /// What was just saved need not be read again: the open tab is asked for the leading number of the key.
@@ -66,14 +36,19 @@ TEST_F(FcxxEditorTest, AnEditAsksTheOpenTabForTheNumberOfItsKey)
                                             {FollowUpsTab, u"select 操作日期"_qs},
                                             {CustomersTab, u"select '【'"_qs},
                                             {PicturesTab, u"isPicture=1"_qs}};
+    connection->execute(u"update fyxx set 房源ID='12-AB' where 房源编号='FY2026110002'"_qs);
+    refresh();
     list.VS().setRow(2);
-    const QString number = PlainDecimal(Val(cell(2, ListingKey)));
+    bool isOfTheListing = true;
+    QObject::connect(&list.detail(), &ListingDetail::TabShown,
+                     [&](int, bool done) { isOfTheListing = done; });
     for (const auto &[tab, statement] : tabs) {
         list.detail().qzVSTabCtl1().setActiveTab(tab);
-        expectEditor([&] { editor().Cmd(0).press(); });
-        list.NavToolbar1().press(u"edit"_qs);
+        EXPECT_TRUE(isOfTheListing);
+        edit(u"edit"_qs, [&] { editor().Cmd(0).press(); });
         EXPECT_TRUE(app.statements.last().contains(statement)) << app.statements.last().toStdString();
-        EXPECT_TRUE(app.statements.last().contains(u"='%1'"_qs.arg(number))) << tab;
+        EXPECT_TRUE(app.statements.last().contains(u"='12'")) << tab;
+        EXPECT_FALSE(isOfTheListing) << "what is shown is not the listing's";
     }
 }
 
@@ -81,56 +56,46 @@ TEST_F(FcxxEditorTest, SumsFollowWhatIsSavedAndDeleted)
 {
     put(u"VsIsTotalOn"_qs, u"VsCol11"_qs, u"1"_qs);
     list.IReportUI_DoGetFormStatus(layoutFile);
-    const auto total = [&] { return cell(list.VS().Rows() - 1, 11).toDouble(); };
+    const auto total = [&] { return cell(list.VS().Rows() - 1, ListingArea).toDouble(); };
     list.VS().setRow(1);
-    const double before = total() - cell(1, 11).toDouble();
-    expectEditor([&] {
-        editor().qzFcTxt(7).setText(u"1000"_qs);
+    const double before = total() - cell(1, ListingArea).toDouble();
+    edit(u"edit"_qs, [&] {
+        ListingTexts::fill(editor(), u"7 1000"_qs);
         editor().Cmd(0).press();
     });
-    list.NavToolbar1().press(u"edit"_qs);
     EXPECT_EQ(total(), before + 1000);
     desktop.willAnswer(Desktop::Answer::Yes);
-    list.NavToolbar1().press(u"delete"_qs);
+    press(u"delete"_qs);
     EXPECT_EQ(total(), before);
 }
 
 TEST_F(FcxxEditorTest, AnEditRewritesItsRowAndLeavesTheAttachmentsAlone)
 {
-    list.VS().setRow(2);
-    list.VS().setTextMatrix(2, 20, u"7"_qs);
-    expectEditor([&] {
-        EXPECT_EQ(editor().qzFcTxt(6).Text(), u"东湖名苑");
-        editor().qzFcTxt(6).setText(u"西湖名苑"_qs);
-        editor().Cmd(0).press();
-    });
-    list.NavToolbar1().press(u"edit"_qs);
-    EXPECT_EQ(list.VS().Rows(), 4);
-    EXPECT_EQ(cell(2, 5) + cell(2, 20), u"西湖名苑7");
-    EXPECT_EQ(cell(1, 5) + cell(3, 5), u"翠堤雅居翠堤雅居");
-}
-
-TEST_F(FcxxEditorTest, AnEditRewritesItsRowAlsoWhenASearchHasMovedOn)
-{
-    list.VS().setRow(2);
-    expectEditor([&] {
-        list.SearchBox1().setText(u"FY2026110001"_qs);
-        list.SearchBox1().searchNow();
-        EXPECT_EQ(list.VS().Row(), 3);
-        editor().qzFcTxt(6).setText(u"西湖名苑"_qs);
-        editor().Cmd(0).press();
-    });
-    list.NavToolbar1().press(u"edit"_qs);
-    EXPECT_EQ(cell(1, 5) + cell(2, 5) + cell(3, 5), u"翠堤雅居西湖名苑翠堤雅居");
-    EXPECT_EQ(cell(2, 1) + cell(3, 1), u"FY2026110002FY2026110001");
+    for (const bool searchMovesOn : {false, true}) {
+        list.VS().setRow(2);
+        list.VS().setTextMatrix(2, ListingAttachments, u"7"_qs);
+        edit(u"edit"_qs, [&] {
+            EXPECT_EQ(editor().qzFcTxt(6).Text(), searchMovesOn ? u"西湖名苑" : u"东湖名苑");
+            if (searchMovesOn) {
+                list.SearchBox1().setText(u"FY2026110001"_qs);
+                list.SearchBox1().searchNow();
+                EXPECT_EQ(list.VS().Row(), 3);
+            }
+            ListingTexts::fill(editor(), searchMovesOn ? u"6 南湖名苑"_qs : u"6 西湖名苑"_qs);
+            editor().Cmd(0).press();
+        });
+        EXPECT_EQ(columnText(list.VS(), ListingBuilding),
+                  searchMovesOn ? u"翠堤雅居 南湖名苑 翠堤雅居" : u"翠堤雅居 西湖名苑 翠堤雅居");
+        EXPECT_EQ(shown(), u"FY2026110003 FY2026110002 FY2026110001");
+        EXPECT_EQ(cell(2, ListingAttachments), u"7");
+    }
 }
 
 TEST_F(FcxxEditorTest, ADoubleClickHidesTheOwnerFromWhoMayNotEdit)
 {
     for (const bool allowed : {true, false}) {
-        if (!allowed)
-            connection->execute(u"delete from host_rights where rightID=8"_qs);
-        expectEditor([&] {
+        setRight(RightEdit, allowed);
+        desktop.willShow([&](QObject &) {
             EXPECT_EQ(editor().qzFcTxt(50).Visible(), allowed);
             EXPECT_EQ(editor().Cmd(0).Enabled(), allowed);
         });
@@ -139,31 +104,139 @@ TEST_F(FcxxEditorTest, ADoubleClickHidesTheOwnerFromWhoMayNotEdit)
     }
 }
 
-TEST_F(FcxxEditorTest, WhatIsNotSeenIsNotOpened)
+TEST_F(FcxxEditorTest, WhatIsNotSeenIsNotOpenedAndAFollowUpOnItIsSaidToBe)
 {
+    const auto writeFollowUp = [&] { edit(u"gj"_qs, [&] { list.mFrmGj()->Cmd(0).press(); }); };
     list.VS().setRow(2);
     list.VS().setRowHidden(2, true);
-    list.NavToolbar1().press(u"edit"_qs);
+    press(u"edit"_qs);
     list.VS().reportDoubleClick();
-    EXPECT_EQ(message, u"当前房源已被过滤隐藏，请先在列表中选择房源！");
+    writeFollowUp();
     list.VS().setRows(1);
-    list.NavToolbar1().press(u"edit"_qs);
-    EXPECT_EQ(listEvents, QStringList());
+    press(u"edit"_qs);
+    writeFollowUp();
+    const QString hidden = u"当前房源已被过滤隐藏，请先在列表中选择房源！"_qs;
+    EXPECT_EQ(events,
+              QStringList({hidden, hidden, u"当前房源 FY2026110002 已被过滤隐藏，所写跟进将属于该房源！"_qs,
+                           u"列表中没有当前房源，所写跟进将不属于任何房源！"_qs}));
+    EXPECT_EQ(rows(u"select 房源ID from fygj where 房源ID='房源ID'"_qs).rowCount(), 1);
     list.IReportUI_Clear();
-    list.NavToolbar1().press(u"new"_qs);
-    EXPECT_EQ(listEvents, QStringList(u"Fcxx-->OpenFrmFx::模块尚未初始化！|8|EBTQ_S"_qs));
+    EXPECT_TRUE(!list.mFrmFx() && !list.mFrmGj() && !list.mcMouseEvent());
+    events.clear();
+    for (const QString &key : {u"new"_qs, u"gj"_qs, u"delete"_qs})
+        press(key);
+    EXPECT_EQ(events, QStringList({u"Fcxx-->OpenFrmFx::模块尚未初始化！|8|EBTQ_S"_qs,
+                                   u"列表中没有当前房源，所写跟进将不属于任何房源！"_qs,
+                                   u"Fcxx-->OpenFrmGj::模块尚未初始化！|8|EBTQ_S"_qs}));
 }
 
 TEST_F(FcxxEditorTest, FailuresOfTheEditorComeOutOfTheList)
 {
     connection->executeNative("drop table su_usertype");
     list.VS().setRow(1);
-    list.NavToolbar1().press(u"edit"_qs);
-    ASSERT_EQ(listEvents.size(), 1);
-    EXPECT_TRUE(listEvents[0].startsWith(u"FrmFx-->LoadData::") && listEvents[0].endsWith(u"|8|EBTQ_S"));
+    press(u"edit"_qs);
     Q_EMIT editor().ReturnData(u"x"_qs, false);
-    ASSERT_EQ(listEvents.size(), 2);
-    EXPECT_TRUE(listEvents[1].contains(u"su_usertype") && !listEvents[1].contains(u"Fcxx"));
+    events = events.filter(u"|8|"_qs);
+    ASSERT_EQ(events.size(), 2);
+    EXPECT_TRUE(events[0].startsWith(u"FrmFx-->LoadData::") && events[0].endsWith(u"|8|EBTQ_S"));
+    EXPECT_TRUE(events[1].contains(u"su_usertype") && !events[1].contains(u"Fcxx"));
+}
+
+TEST_F(FcxxEditorTest, ADeletionAsksAndRemovesWhatIsSeen)
+{
+    list.detail().qzVSTabCtl1().setActiveTab(ListingTab);
+    list.VS().setRow(2);
+    const QString key = cell(2, ListingKey);
+    connection->execute(u"insert into fygj (跟进ID,房源ID) values ('G1','%1')"_qs.arg(key));
+    const QString guard =
+        u"create trigger keep before delete on %1 begin select raise(abort, 'kept'); end"_qs;
+    const QString count = u"共加载%1条记录"_qs;
+    using enum Desktop::Answer;
+    const struct
+    {
+        std::function<void()> prepare;
+        std::optional<Desktop::Answer> answer; ///< nothing: nobody is asked
+        QString told;                          ///< how the only message or failure ends
+        QString left;                          ///< numbers of the rows, then of follow-ups in the database
+    } cases[] = {
+        {[&] { list.VS().setRowHidden(2, true); }, std::nullopt, u"请先在列表中选择房源！"_qs, u"3 1 1"_qs},
+        {[&] { list.VS().showAllRows(); }, No, {}, u"3 2 1 1"_qs},
+        {[&] { connection->executeNative(guard.arg(u"fygj").toUtf8()); }, Yes, u"（kept）|8|Fcxx"_qs,
+         u"3 2 1 1"_qs},
+        {[&] { connection->executeNative("drop trigger keep;" + guard.arg(u"fyxx").toUtf8()); }, Yes,
+         u"（kept）|8|Fcxx"_qs, u"3 2 1 0"_qs},
+        {[&] { connection->executeNative("drop trigger keep"); }, Yes, count.arg(2), u"3 1 0"_qs},
+        {[&] { connection->executeNative("delete from fyxx where 房源编号='FY2026110001'"); }, Yes,
+         u"所选房源已被他人删除，现从列表中移除！|2|Fcxx "_qs + count.arg(1), u"3 0"_qs},
+        {[&] { list.VS().setRows(1); }, std::nullopt, {}, u" 0"_qs},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.told.toStdString() + c.left.toStdString());
+        c.prepare();
+        events.clear();
+        app.statements.clear();
+        if (c.answer)
+            desktop.willAnswer(*c.answer);
+        press(u"delete"_qs);
+        EXPECT_EQ(asked(), c.answer ? QStringList(u"提示:?|是否删除当前所选记录:"_qs) : QStringList());
+        EXPECT_TRUE(events.join(u' ').endsWith(c.told) && events.isEmpty() == c.told.isEmpty())
+            << events.join(u' ').toStdString();
+        EXPECT_EQ(shown().remove(u"FY202611000"_qs) + u' ' +
+                      QString::number(rows(u"select 跟进ID from fygj"_qs).rowCount()),
+                  c.left);
+        if (c.told == count.arg(2)) {
+            EXPECT_EQ(app.statements.first(2),
+                      QStringList({u" Delete from fygj where 房源ID='%1'"_qs.arg(key),
+                                   u" Delete from fyxx where 房源ID='%1'"_qs.arg(key)}));
+            EXPECT_EQ(list.mcMouseEvent()->Max(), 0);
+            EXPECT_EQ(list.detail().qzFcTxt(0).Text(), u"FY2026110001") << "the one below";
+        }
+    }
+    EXPECT_EQ(rows(u"select 房源ID from fyxx"_qs).rowCount(), 1);
+}
+
+TEST_F(FcxxEditorTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
+{
+    const std::pair<std::function<void(FrmGj &)>, QString> cases[] = {
+        {[](FrmGj &gj) { gj.Txt().setText(u"看房"_qs); },
+         u"|2026-11-25 9:30:00|看房|营业一部||否|2026-11-25 9:30:00|本人||||"_qs},
+        {[](FrmGj &gj) {
+             gj.Chk().setValue(1);
+             gj.qzTxt(2).setValue(5);
+             gj.qzTxt(0).setText(u"2026-1-2"_qs);
+             gj.qzTxt(3).setText(u"2026-1-9"_qs);
+             gj.qzTxt(4).setValue(1);
+             gj.qzTxt(5).setText(u"回电"_qs);
+             gj.qzTxt(6).setText(u"好"_qs);
+         },
+         u"|2026-1-2||营业一部|李强|是|2026-1-9|本部|回电|好||"_qs},
+        {[](FrmGj &gj) { gj.qzTxt(4).setValue(3); },
+         u"|2026-11-25 9:30:00||营业一部||否|2026-11-25 9:30:00|||||"_qs},
+    };
+    VSFlexGrid &grid = list.detail().VsGj();
+    const int before = grid.Rows();
+    for (const auto &[act, expected] : cases) {
+        edit(u"gj"_qs, [&, fill = act] {
+            fill(*list.mFrmGj());
+            list.mFrmGj()->Cmd(0).press();
+        });
+        EXPECT_EQ(u'|' + rowText(grid, grid.Rows() - 1), expected + grid.TextMatrix(grid.Rows() - 1, 11));
+    }
+    EXPECT_EQ(grid.Rows(), before + 3);
+    EXPECT_EQ(rows(u"select 跟进ID from fygj where 房源ID='%1'"_qs.arg(cell(1, ListingKey))).rowCount(), 3);
+    EXPECT_EQ(events, QStringList());
+
+    grid.setRow(before);
+    connection->execute(u"update fygj set 跟进内容='改过' where 跟进内容='看房'"_qs);
+    Q_EMIT list.mFrmGj()->ReturnData(grid.TextMatrix(before, 11), false);
+    EXPECT_EQ(grid.TextMatrix(before, 2), u"改过") << "the current row, and no new one";
+    EXPECT_EQ(grid.Rows(), before + 3);
+
+    connection->executeNative("alter table pdmgy rename to x");
+    edit(u"gj"_qs, [&] { list.mFrmGj()->Cmd(0).press(); });
+    ASSERT_EQ(events.size(), 1);
+    EXPECT_TRUE(events[0].endsWith(u"|8|EBTQ_S")) << events[0].toStdString();
+    EXPECT_EQ(rows(u"select 跟进ID from fygj"_qs).rowCount(), 4) << "it is saved all the same";
 }
 
 } // namespace

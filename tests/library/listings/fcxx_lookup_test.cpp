@@ -1,7 +1,7 @@
 #include "library/listings/fcxx_fixture.h"
 
 using namespace ebtq;
-using ebtq::test::FcxxTest;
+using namespace ebtq::test;
 
 namespace {
 
@@ -106,9 +106,9 @@ TEST_F(FcxxLookupTest, LookUpsReleaseTheDatabaseAndTrapFailures)
     list.IReportUI_Clear();
     events.clear();
     lookUp();
-    EXPECT_EQ(events, QStringList({u"error Fcxx-->qzTxt_FieldHelp::模块尚未初始化！|8|EBTQ_S"_qs,
-                                   u"error Fcxx-->qzTxt_FieldGenericHelp::模块尚未初始化！|8|EBTQ_S"_qs,
-                                   u"error Fcxx-->qzTxt_FieldCheck::模块尚未初始化！|8|EBTQ_S"_qs}));
+    EXPECT_EQ(events, QStringList({u"Fcxx-->qzTxt_FieldHelp::模块尚未初始化！|8|EBTQ_S"_qs,
+                                   u"Fcxx-->qzTxt_FieldGenericHelp::模块尚未初始化！|8|EBTQ_S"_qs,
+                                   u"Fcxx-->qzTxt_FieldCheck::模块尚未初始化！|8|EBTQ_S"_qs}));
 }
 
 } // namespace

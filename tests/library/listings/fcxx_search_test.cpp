@@ -1,7 +1,7 @@
 #include "library/listings/fcxx_fixture.h"
 
 using namespace ebtq;
-using ebtq::test::FcxxTest;
+using namespace ebtq::test;
 
 namespace {
 
@@ -10,11 +10,9 @@ class FcxxSearchTest : public FcxxTest
 protected:
     void SetUp() override
     {
-        init();
-        store({u"FY14"_qs, u"fy13"_qs, u"FY12"_qs, u"FY11"_qs});
-        ASSERT_TRUE(refresh());
+        store(u"FY14 fy13 FY12 FY11"_qs);
+        open(host::ListingModule);
         app.statements.clear();
-        app.releases = 0;
     }
     void searchFor(const QString &text)
     {
@@ -33,12 +31,12 @@ TEST_F(FcxxSearchTest, WithoutTheFilterTheFirstMatchBecomesCurrent)
         list.VS().setRow(3);
         events.clear();
         searchFor(text);
-        EXPECT_EQ(events, row < 0 ? QStringList(u"message 没有找到："_qs + text) : QStringList());
+        EXPECT_EQ(events, row < 0 ? QStringList(u"没有找到："_qs + text) : QStringList());
         EXPECT_EQ(list.VS().Row(), row < 0 ? 3 : row) << text.toStdString();
-        EXPECT_EQ(inSight().size(), 4) << "nothing is hidden";
+        EXPECT_EQ(list.VS().visibleCount(), 4) << "nothing is hidden";
         EXPECT_TRUE(list.VS().Redraw());
     }
-    list.VS().setCol(19);
+    list.VS().setCol(ListingKey);
     searchFor(u"KEY-FY12"_qs);
     EXPECT_EQ(list.VS().Row(), 3) << "the current column is searched even when it cannot be seen";
     EXPECT_TRUE(app.statements.filter(u"fyxx"_qs).isEmpty()) << "the loaded rows are searched";
@@ -49,32 +47,31 @@ TEST_F(FcxxSearchTest, WithTheFilterOtherRowsAreHidden)
     list.VS().setRow(2);
     list.ChkFind().setValue(1);
     EXPECT_TRUE(list.SearchBox1().FilterFlag());
-    EXPECT_EQ(inSight().size(), 4) << "an empty box touches nothing";
+    EXPECT_EQ(list.VS().visibleCount(), 4) << "an empty box touches nothing";
     searchFor(u"天河"_qs);
-    EXPECT_EQ(inSight(), QStringList({u"FY14"_qs, u"FY12"_qs}));
+    EXPECT_EQ(shown(), u"FY14 FY12");
     EXPECT_EQ(list.VS().Row(), 2) << "filtering moves no row";
     events.clear();
     searchFor(u"没有"_qs);
     EXPECT_EQ(events, QStringList()) << "the empty list says it";
     searchFor(u"FY1"_qs);
-    EXPECT_EQ(inSight(), QStringList({u"FY14"_qs, u"FY12"_qs, u"FY11"_qs})) << "searched anew in all rows";
+    EXPECT_EQ(shown(), u"FY14 FY12 FY11") << "searched anew in all rows";
     list.SearchBox1().setText({});
-    EXPECT_EQ(inSight().size(), 4);
+    EXPECT_EQ(list.VS().visibleCount(), 4);
 }
 
 TEST_F(FcxxSearchTest, TheTickAndARefreshSearchAgainWithThePresentText)
 {
     list.SearchBox1().setText(u"海珠"_qs);
     list.ChkFind().setValue(1);
-    EXPECT_EQ(inSight(), QStringList({u"fy13"_qs, u"FY11"_qs}));
-    store({u"FY22"_qs, u"FY21"_qs, u"FY20"_qs, u"FY19"_qs});
+    EXPECT_EQ(shown(), u"fy13 FY11");
+    store(u"FY22 FY21 FY20 FY19"_qs);
     EXPECT_TRUE(refresh());
-    EXPECT_EQ(inSight(), QStringList({u"FY21"_qs, u"FY19"_qs}));
-    EXPECT_EQ(events, QStringList({u"layout, 4 rows"_qs, u"message 共加载4条记录"_qs}))
-        << "hidden rows count";
+    EXPECT_EQ(shown(), u"FY21 FY19");
+    EXPECT_EQ(events.last(), u"共加载4条记录") << "hidden rows count";
     list.ChkFind().setValue(0);
     EXPECT_FALSE(list.SearchBox1().FilterFlag());
-    EXPECT_EQ(inSight().size(), 4);
+    EXPECT_EQ(list.VS().visibleCount(), 4);
     EXPECT_EQ(list.VS().Row(), 2);
     searchFor(u"FY20"_qs);
     EXPECT_TRUE(refresh());

@@ -4,9 +4,10 @@
 #include "library/customers/khxx.h"
 #include "library/listings/fcxx.h"
 #include "library/support/agency_test.h"
+#include "library/support/grids.h"
 
 using namespace ebtq;
-using ebtq::test::AgencyTest;
+using namespace ebtq::test;
 
 namespace {
 
@@ -31,16 +32,10 @@ protected:
         ASSERT_TRUE(list.IReportUI_Init(app, moduleId));
         ASSERT_TRUE(list.IReportUI_Refresh());
     }
-    static QString text(VSFlexGrid &grid)
+    /// The cells with "," between them, the rows with "|".
+    static QString text(const VSFlexGrid &grid)
     {
-        QStringList rows;
-        for (int row = 1; row < grid.Rows(); ++row) {
-            QStringList cells;
-            for (int column = 0; column < grid.Cols(); ++column)
-                cells += grid.TextMatrix(row, column);
-            rows += cells.join(u',');
-        }
-        return rows.join(u'|');
+        return rowTexts(grid).join(u'\n').replace(u'|', u',').replace(u'\n', u'|');
     }
     /// What the panel holds: title, criteria, near misses, remark.
     template<class List> QStringList shown(List &list)

@@ -47,7 +47,7 @@ TEST_F(EditorFormTest, WhatIsNoNumberIsRefusedAtTheFieldAndAtTheSave)
             qzTxt_S &area = form.qzFcTxt(Number::Area);
             area.type(typed);
             EXPECT_FALSE(area.check()) << typed.toStdString();
-            save(Ok);
+            save({Ok});
             EXPECT_EQ(asked(), QStringList(u"提示:|面积输入有误，请重新输入！"_qs));
             EXPECT_EQ(area.Text(), typed);
         });
@@ -143,7 +143,7 @@ TEST_F(EditorFormTest, ARowThatIsGoneIsNotReportedAsSaved)
         open(id, [&] {
             connection->execute(u"update fyxx set 房源ID='away'"_qs);
             form.qzFcTxt(Number::Owner).setText(u"王女士"_qs);
-            save(Ok);
+            save({Ok});
             EXPECT_EQ(asked(),
                       QStringList(u"提示:x|这条记录已被他人删除，没有保存！输入的内容仍在窗口中。"_qs));
             EXPECT_EQ(text(Number::Owner), u"王女士");
@@ -223,10 +223,10 @@ TEST_F(EditorFormTest, AnEarlierAttemptOfItsOwnIsNoColleaguesChange)
             connection->execute(sql);
             return SqlText(u"answer lost"_qs);
         };
-        save(Ok);
+        save({Ok});
         form.qzFcTxt(Number::Owner).setText(u"王女士"_qs);
         (void)asked();
-        save(No);
+        save({No});
         EXPECT_EQ(asked(), QStringList(u"提示:|是否继续新建?"_qs));
     });
     EXPECT_EQ(events, u"new closed"_qs.split(u' '));
@@ -262,9 +262,9 @@ TEST_F(EditorFormTest, ANumberTakenByARefusedSaveIsUsedByTheNext)
     open({}, [&] {
         fill(form, required);
         form.qzFcTxt(Number::Owner).setText(u"O'Neil"_qs);
-        save(Ok);
+        save({Ok});
         form.qzFcTxt(Number::Area).setText(u"x"_qs);
-        save(Ok);
+        save({Ok});
     });
     for (const QString &number : u"FY2026110001,FY2026110002"_qs.split(u',')) {
         connection->execute(u"delete from fyxx"_qs);

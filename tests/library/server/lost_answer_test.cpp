@@ -74,7 +74,7 @@ TEST_P(LostListingTest, IsWrittenOnceWhenItIsSavedAgain)
     open({}, [&] {
         fill(form, required);
         form.qzFcTxt(8).setText(u"1201"_qs);
-        loseAnswerOf([&] { save(Desktop::Answer::Ok); });
+        loseAnswerOf([&] { save({Desktop::Answer::Ok}); });
         EXPECT_THAT(onlyMessage(), HasSubstr("不能确定操作是否已完成，请核对后再重试"));
         EXPECT_EQ(text(8), u"1201");
         EXPECT_EQ(events, QStringList());
@@ -84,11 +84,11 @@ TEST_P(LostListingTest, IsWrittenOnceWhenItIsSavedAgain)
             deleteWithoutWaiting();
 
         kill();
-        save(Desktop::Answer::Ok);
+        save({Desktop::Answer::Ok});
         EXPECT_THAT(onlyMessage(), HasSubstr("无法连接数据库服务器"));
         mendServer();
         form.qzFcTxt(8).setText(u"1202"_qs);
-        save(Desktop::Answer::No);
+        save({Desktop::Answer::No});
         EXPECT_THAT(onlyMessage(), HasSubstr("是否继续新建"));
         EXPECT_EQ(stored(u"房号"_qs), u"1202") << "one row, with what was typed last";
         EXPECT_EQ(stored(u"房源编号"_qs), number) << "none is left out";
@@ -151,7 +151,7 @@ TEST_F(TwoPeopleTest, AServerLostBetweenTheLookAndTheSaveSavesNothing)
                     " where datname=current_database() and pid<>pg_backend_pid()");
             return sql;
         };
-        save(Desktop::Answer::Ok);
+        save({Desktop::Answer::Ok});
         EXPECT_THAT(onlyMessage(), HasSubstr("没有保存"));
         EXPECT_EQ(text(EditorNumber::Owner), u"新");
         EXPECT_EQ(stored(u"业主"_qs), u"陈先生");

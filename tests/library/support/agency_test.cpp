@@ -57,6 +57,16 @@ void AgencyTest::put(const QString &section, const QString &key, const QString &
     ASSERT_TRUE(store.save());
 }
 
+host::Application &AgencyTest::sealedHost()
+{
+    const QString file = folder.filePath(u"sealed.db"_qs);
+    connection->executeNative("vacuum into '" + file.toUtf8() + '\'');
+    m_sealed = db::Connection::open(u"file:%1?mode=ro"_qs.arg(file));
+    m_sealedHost = std::make_unique<host::Application>(*m_sealed, host::User{u"U1"_qs, {}, {}},
+                                                       host::Settings{folder.path(), {}}, panels);
+    return *m_sealedHost;
+}
+
 QStringList AgencyTest::asked()
 {
     const QStringList fresh = desktop.asked().mid(m_askedBefore);

@@ -102,6 +102,8 @@ protected:
     void setRight(int right, bool allowed);
     /// Writes an entry of the layout file.
     void put(const QString &section, const QString &key, const QString &value) const;
+    /// A host over a copy of the database as it stands that nobody can write.
+    [[nodiscard]] host::Application &sealedHost();
     /// What was asked since the last call.
     [[nodiscard]] QStringList asked();
 
@@ -117,6 +119,8 @@ protected:
 
 private:
     qsizetype m_askedBefore = 0;
+    std::unique_ptr<db::Connection> m_sealed;
+    std::unique_ptr<host::Application> m_sealedHost;
 };
 
 } // namespace ebtq::test
