@@ -116,15 +116,4 @@ TEST(FlexGridModel, TellsCellsAndHeaderAsTheyAreToBeSeen)
     EXPECT_FALSE(model.headerData(9, Qt::Horizontal).isValid());
 }
 
-TEST(FlexGridModel, FollowsAnotherNumberOfColumns)
-{
-    VSFlexGrid grid(u"VS"_qs);
-    FlexGridModel model(grid);
-    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
-    grid.setFormatString(u"a|b|c"_qs);
-    EXPECT_EQ(model.columnCount(), 3);
-    grid.setFormatString(u"a"_qs);
-    EXPECT_EQ(model.columnCount(), 1);
-}
-
 } // namespace

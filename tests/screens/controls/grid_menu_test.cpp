@@ -61,18 +61,22 @@ protected:
         view.setParent(nullptr);
     }
 
+    void askForMenu(QContextMenuEvent::Reason reason, QWidget &widget, QPoint place = {5, 5})
+    {
+        QContextMenuEvent request(reason, place, widget.mapToGlobal(place));
+        QApplication::sendEvent(&widget, &request);
+        ASSERT_TRUE(open());
+    }
     void rightClick(int row)
     {
         const QPoint place = view.visualRect(view.model()->index(row, 1)).center();
         QTest::mouseClick(view.viewport(), Qt::RightButton, {}, place);
-        QContextMenuEvent request(QContextMenuEvent::Mouse, place, view.viewport()->mapToGlobal(place));
-        QApplication::sendEvent(view.viewport(), &request);
+        askForMenu(QContextMenuEvent::Mouse, *view.viewport(), place);
     }
     [[nodiscard]] static QMenu *open() { return qobject_cast<QMenu *>(QApplication::activePopupWidget()); }
     void choose(const QString &beginning)
     {
         QMenu *shown = open();
-        ASSERT_TRUE(shown);
         for (QAction *action : shown->actions()) {
             if (action->text().startsWith(beginning))
                 action->trigger();
@@ -97,7 +101,6 @@ TEST_F(GridMenuTest, OffersTheCommandsInTheirStateAtTheRowOfThePress)
 {
     toolBar.setShortcuts({{u"edit"_qs, QKeySequence(Qt::ALT | Qt::Key_E)}});
     rightClick(2);
-    ASSERT_TRUE(open());
     EXPECT_EQ(grid.Row(), 3);
     QStringList offered;
     for (const QAction *action : open()->actions()) {
@@ -121,16 +124,12 @@ TEST_F(GridMenuTest, OffersTheCommandsInTheirStateAtTheRowOfThePress)
 TEST_F(GridMenuTest, TheKeyOpensItAtTheCurrentRowAndTheHeaderHasItsOwn)
 {
     grid.setRow(2);
-    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(&view, &key);
-    ASSERT_TRUE(open());
+    askForMenu(QContextMenuEvent::Keyboard, view);
     const QRect row = view.visualRect(view.model()->index(1, 1));
     EXPECT_EQ(open()->pos().y(), view.viewport()->mapToGlobal(row.bottomLeft()).y());
     EXPECT_EQ(grid.Row(), 2);
     open()->close();
-    QContextMenuEvent header(QContextMenuEvent::Mouse, {5, 5}, view.mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(view.horizontalHeader()->viewport(), &header);
-    ASSERT_TRUE(open());
+    askForMenu(QContextMenuEvent::Mouse, *view.horizontalHeader()->viewport());
     EXPECT_EQ(open()->objectName(), u"ColumnMenu"_qs);
     open()->close();
 }
@@ -142,7 +141,6 @@ TEST_F(GridMenuTest, AnActionBeginsOnceTheMenuIsGone)
         done.clear();
         rightClick(0);
         const QPointer<QMenu> shown = open();
-        ASSERT_TRUE(shown);
         during = [&] {
             EXPECT_FALSE(shown) << chosen.toStdString();
             QTest::qWait(1);

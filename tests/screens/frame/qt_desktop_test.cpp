@@ -70,68 +70,63 @@ QPushButton *buttonWith(QWidget &box, const QString &text)
     return nullptr;
 }
 
-TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
+std::function<void(QWidget &box)> clicks(const char16_t *text)
 {
-    const std::tuple<Desktop::Buttons, std::function<void(QWidget & box)>, Desktop::Answer> cases[] = {
-        {Desktop::Buttons::YesNo, [](QWidget &box) { buttonWith(box, u"是(&Y)"_qs)->click(); },
-         Desktop::Answer::Yes},
-        {Desktop::Buttons::YesNo, [](QWidget &box) { buttonWith(box, u"否(&N)"_qs)->click(); },
-         Desktop::Answer::No},
-        {Desktop::Buttons::YesNo, [](QWidget &box) { QTest::keyClick(&box, Qt::Key_Escape); },
-         Desktop::Answer::No},
-        {Desktop::Buttons::YesNo, [](QWidget &box) { box.close(); }, Desktop::Answer::No},
-        {Desktop::Buttons::YesNo, [](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); },
-         Desktop::Answer::No},
-        {Desktop::Buttons::Ok, [](QWidget &box) { buttonWith(box, u"确定(&O)"_qs)->click(); },
-         Desktop::Answer::Ok},
-        {Desktop::Buttons::Ok, [](QWidget &box) { QTest::keyClick(&box, Qt::Key_Escape); },
-         Desktop::Answer::Ok},
-    };
-    for (const auto &[buttons, answer, result] : cases) {
-        const WhenModal modal([&](QWidget &window) {
-            const auto *box = qobject_cast<QMessageBox *>(&window);
-            ASSERT_TRUE(box);
-            EXPECT_EQ(box->text(), u"是否删除 <b>'1'</b>?"_qs);
-            EXPECT_EQ(box->textFormat(), Qt::PlainText) << "a value is no markup";
-            EXPECT_EQ(box->windowTitle(), u"提示:"_qs);
-            EXPECT_FALSE(box->iconPixmap().isNull());
-            answer(window);
-        });
-        EXPECT_EQ(desktop.messageBox(u"DoSave:是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, Desktop::Icon::Question,
-                                     buttons),
-                  result);
-    }
+    return [text](QWidget &box) { buttonWith(box, QString::fromUtf16(text))->click(); };
 }
 
-TEST_F(QtDesktopTest, EachKindOfBoxHasItsDrawing)
+std::function<void(QWidget &box)> presses(Qt::Key key)
 {
-    const std::pair<Desktop::Icon, QString> drawings[] = {
-        {Desktop::Icon::Question, u"dialog-question"_qs},
-        {Desktop::Icon::Exclamation, u"dialog-warning"_qs},
-        {Desktop::Icon::Critical, u"dialog-error"_qs},
-        {Desktop::Icon::Information, u"dialog-information"_qs},
+    return [key](QWidget &box) { QTest::keyClick(&box, key); };
+}
+
+TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
+{
+    using enum Desktop::Buttons;
+    using enum Desktop::Icon;
+    struct Case
+    {
+        Desktop::Buttons buttons;
+        std::function<void(QWidget &box)> answer;
+        Desktop::Answer result;
+        Desktop::Icon icon;
+        QString drawing;
+    };
+    const Case cases[] = {
+        {YesNo, clicks(u"是(&Y)"), Desktop::Answer::Yes, Question, u"dialog-question"_qs},
+        {YesNo, clicks(u"否(&N)"), Desktop::Answer::No, Question, u"dialog-question"_qs},
+        {YesNo, presses(Qt::Key_Escape), Desktop::Answer::No, Exclamation, u"dialog-warning"_qs},
+        {YesNo, [](QWidget &box) { box.close(); }, Desktop::Answer::No, Critical, u"dialog-error"_qs},
+        {YesNo, presses(Qt::Key_Return), Desktop::Answer::No, Question, u"dialog-question"_qs},
+        {Ok, clicks(u"确定(&O)"), Desktop::Answer::Ok, Information, u"dialog-information"_qs},
+        {Ok, presses(Qt::Key_Escape), Desktop::Answer::Ok, Information, u"dialog-information"_qs},
     };
     const auto shape = [](const QPixmap &drawing) {
         return drawing.toImage().convertToFormat(QImage::Format_Alpha8);
     };
-    for (const auto &[icon, name] : drawings) {
-        const WhenModal modal([&](QWidget &box) {
-            const QPixmap shown = dynamic_cast<QMessageBox &>(box).iconPixmap();
-            EXPECT_EQ(shape(shown), shape(look::icon(name).pixmap(shown.size()))) << name.toStdString();
-            box.close();
+    for (const Case &c : cases) {
+        const WhenModal modal([&](QWidget &window) {
+            const auto &box = dynamic_cast<QMessageBox &>(window);
+            EXPECT_EQ(box.text(), u"是否删除 <b>'1'</b>?"_qs);
+            EXPECT_EQ(box.textFormat(), Qt::PlainText) << "a value is no markup";
+            EXPECT_EQ(box.windowTitle(), u"提示:"_qs);
+            const QPixmap shown = box.iconPixmap();
+            EXPECT_EQ(shape(shown), shape(look::icon(c.drawing).pixmap(shown.size())));
+            c.answer(window);
         });
-        desktop.messageBox({}, {}, icon, Desktop::Buttons::Ok);
+        EXPECT_EQ(desktop.messageBox(u"DoSave:是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, c.icon, c.buttons),
+                  c.result);
     }
 }
 
 TEST_F(QtDesktopTest, AQuestionGivesTheChosenAnswerOrNothing)
 {
     const std::pair<std::function<void(QWidget &)>, std::optional<int>> cases[] = {
-        {[](QWidget &box) { buttonWith(box, u"合并(&M)"_qs)->click(); }, 0},
-        {[](QWidget &box) { buttonWith(box, u"覆盖(&O)"_qs)->click(); }, 1},
-        {[](QWidget &box) { buttonWith(box, u"取消(&C)"_qs)->click(); }, std::nullopt},
-        {[](QWidget &box) { QTest::keyClick(&box, Qt::Key_Escape); }, std::nullopt},
-        {[](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); }, std::nullopt},
+        {clicks(u"合并(&M)"), 0},
+        {clicks(u"覆盖(&O)"), 1},
+        {clicks(u"取消(&C)"), std::nullopt},
+        {presses(Qt::Key_Escape), std::nullopt},
+        {presses(Qt::Key_Return), std::nullopt},
     };
     for (const auto &[answer, result] : cases) {
         const WhenModal modal(answer);
@@ -149,7 +144,7 @@ TEST_F(QtDesktopTest, InputBoxGivesTheTextOrNothing)
         });
         EXPECT_EQ(desktop.inputBox(u"查找"_qs, u"提示"_qs, u"旧"_qs), u"新"_qs);
     }
-    const WhenModal modal([](QWidget &box) { buttonWith(box, u"取消(&C)"_qs)->click(); });
+    const WhenModal modal(clicks(u"取消(&C)"));
     EXPECT_FALSE(desktop.inputBox(QString(), QString(), u"旧"_qs).has_value());
 }
 
@@ -161,20 +156,18 @@ TEST_F(QtDesktopTest, FileDialogsGiveAPathOrNothing)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
     const QString filter = u"文本 (*.txt)"_qs;
-    {
-        const WhenModal modal([&](QWidget &box) {
-            auto &dialog = dynamic_cast<QFileDialog &>(box);
-            dialog.selectFile(path);
-            buttonWith(dialog, u"打开(&O)"_qs)->click();
-        });
-        EXPECT_EQ(desktop.openDialog(u"打开"_qs, folder.path(), filter), path);
-    }
-    {
-        const WhenModal modal([](QWidget &box) { buttonWith(box, u"取消(&C)"_qs)->click(); });
-        EXPECT_EQ(desktop.openDialog(u"打开"_qs, folder.path(), filter), QString());
-    }
+    const auto opened = [&](const std::function<void(QWidget & box)> &answer) {
+        const WhenModal modal(answer);
+        return desktop.openDialog(u"打开"_qs, folder.path(), filter);
+    };
+    EXPECT_EQ(opened([&](QWidget &box) {
+                  dynamic_cast<QFileDialog &>(box).selectFile(path);
+                  buttonWith(box, u"打开(&O)"_qs)->click();
+              }),
+              path);
+    EXPECT_EQ(opened(clicks(u"取消(&C)")), QString());
     const QString proposed = folder.filePath(u"新.txt"_qs);
-    const WhenModal modal([](QWidget &box) { buttonWith(box, u"保存(&S)"_qs)->click(); });
+    const WhenModal modal(clicks(u"保存(&S)"));
     EXPECT_EQ(desktop.saveDialog(u"保存"_qs, proposed, filter), proposed);
 }
 

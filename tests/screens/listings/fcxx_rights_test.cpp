@@ -8,14 +8,11 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFile>
 #include <QMenu>
 #include <QMimeData>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
-
-#include <algorithm>
 
 using namespace ebtq;
 using namespace ebtq::test;
@@ -53,22 +50,15 @@ protected:
         return *view->findChild<QToolButton *>(u"NavToolbar1_"_qs + command.key);
     }
     [[nodiscard]] QTableView &table() const { return *view->findChild<QTableView *>(u"VS"_qs); }
-    /// A command by its key, anything else by the beginning of its text.
-    void chooseFromMenu(const QString &what) const
+    void chooseFromMenu(const QString &command) const
     {
         QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(&table(), &event);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         ASSERT_TRUE(menu);
-        const QList<QAction *> actions = menu->actions();
-        const auto found = std::ranges::find_if(actions, [&](const QAction *action) {
-            return action->objectName() == what || action->text().startsWith(what);
-        });
-        ASSERT_TRUE(found != actions.end()) << what.toStdString();
-        menu->setActiveAction(*found);
+        menu->setActiveAction(menu->findChild<QAction *>(command));
         QTest::keyClick(menu, Qt::Key_Return);
-        if (QApplication::activePopupWidget())
-            QApplication::activePopupWidget()->close();
+        menu->close();
         QCoreApplication::processEvents();
     }
     std::unique_ptr<FcxxView> view;
@@ -76,8 +66,7 @@ protected:
 
 TEST_F(FcxxRightsTest, EachCommandIsGivenOrRefusedByEveryWay)
 {
-    for (const int refused :
-         {0, static_cast<int>(RightNew), static_cast<int>(RightEdit), static_cast<int>(RightDelete)}) {
+    for (const int refused : std::initializer_list<int>{0, RightNew, RightEdit, RightDelete}) {
         showWithout(refused);
         for (const Command &command : commands) {
             const bool allowed = refused == 0 || command.right != refused;
@@ -123,13 +112,8 @@ TEST_F(FcxxRightsTest, WhatGoesOutOfTheListTellsNoOwner)
     table().setFocus();
     table().selectAll();
     QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
-    const QString file = folder.filePath(u"list.csv"_qs);
-    desktop.willChooseFile(file);
-    chooseFromMenu(u"导出 CSV"_qs);
-    QFile written(file);
-    ASSERT_TRUE(written.open(QFile::ReadOnly));
     const QMimeData &copied = *QApplication::clipboard()->mimeData();
-    for (const QString &out : {copied.text(), copied.html(), QString::fromUtf8(written.readAll())}) {
+    for (const QString &out : {copied.text(), copied.html()}) {
         EXPECT_TRUE(out.contains(u"东湖名苑"_qs)) << out.toStdString();
         EXPECT_FALSE(out.contains(secret) || out.contains(cell(1, ListingKey))) << out.toStdString();
     }
