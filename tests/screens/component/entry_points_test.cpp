@@ -47,16 +47,14 @@ protected:
 
 TEST_F(EntryPoints, GiveTheLibraryForItsOwnNamesOnly)
 {
-    struct Case
-    {
-        const char *name;
-        int result;
-    };
-    for (const Case &asked : {Case{"EBTQ_S", 0}, Case{"ebtq_s.fcxx", 0}, Case{"EBTQ_S.Nothing", 1},
-                              Case{"", 1}, Case{nullptr, 1}}) {
+    for (const auto &[name, result] : {std::pair<const char *, int>("EBTQ_S", 0),
+                                       {"ebtq_s.fcxx", 0},
+                                       {"EBTQ_S.Nothing", 1},
+                                       {"", 1},
+                                       {nullptr, 1}}) {
         ComponentLibrary *found = components;
-        EXPECT_EQ(getClassObject(asked.name, &found), asked.result) << (asked.name ? asked.name : "null");
-        EXPECT_EQ(found != nullptr, asked.result == 0);
+        EXPECT_EQ(getClassObject(name, &found), result) << (name ? name : "null");
+        EXPECT_EQ(found != nullptr, result == 0);
     }
     EXPECT_EQ(getClassObject("EBTQ_S", nullptr), 1);
 }
