@@ -42,7 +42,7 @@ private:
     QLineEdit *m_password;
     QLabel *m_error;
     QPushButton *m_enter;
-    QTimer m_second;
+    QTimer m_second{this};
     QString m_refusal;
     int m_wrong = 0;
     int m_secondsLeft = 0; ///< until the next try

@@ -60,7 +60,6 @@ protected:
             texts << tabs().tabText(tab);
         return texts;
     }
-    QString status() { return child<QLabel>("StatusMessage")->text(); }
     QStringList messages() { return child<MessageBar>("MessageBar")->shownTexts(); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
@@ -68,7 +67,6 @@ protected:
         QTest::keyClick(focus ? focus : &window(), key, modifiers);
         QApplication::processEvents();
     }
-    void discardGone() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     QTemporaryDir folder;
     test::TestLibrary library{
@@ -101,20 +99,12 @@ TEST_F(MainWindowTest, AModuleLivesByTheContract)
     press(Qt::Key_F5);
     EXPECT_EQ(library.log.join(u','), u"Refresh");
     library.log.clear();
+    Q_EMIT library.module->Message(u"共加载3条记录"_qs);
+    EXPECT_EQ(child<QLabel>("StatusMessage")->text(), u"共加载3条记录");
 
     press(Qt::Key_W, Qt::ControlModifier);
     EXPECT_EQ(library.log.join(u','), u"DoSaveFormStatus,Clear,view gone,module gone");
     EXPECT_TRUE(tabTexts().isEmpty());
-}
-
-TEST_F(MainWindowTest, ClosingTheWindowEndsAllModules)
-{
-    window().openModule(ListingModule);
-    window().openModule(CustomerModule);
-    library.log.clear();
-    window().close();
-    EXPECT_EQ(library.log.count(u"Clear"_qs), 2);
-    EXPECT_EQ(library.log.count(u"module gone"_qs), 2);
 }
 
 TEST_F(MainWindowTest, AnOpenListIsPutAwayBeforeItsModuleEnds)
@@ -168,9 +158,11 @@ TEST_F(MainWindowTest, AModuleOutlivesTheEventLoopsThatItHasBegun)
     EXPECT_TRUE(QTest::qWaitFor([&] { return library.log.count(u"module gone"_qs) == 1; }));
 }
 
-TEST_F(MainWindowTest, AMessageBoxKeepsTheWindowOpen)
+TEST_F(MainWindowTest, ClosingTheWindowEndsAllModulesButNotBehindAMessageBox)
 {
     window().openModule(ListingModule);
+    window().openModule(CustomerModule);
+    library.log.clear();
     QDialog box(&window());
     box.setModal(true);
     box.show();
@@ -179,16 +171,41 @@ TEST_F(MainWindowTest, AMessageBoxKeepsTheWindowOpen)
     box.close();
     window().close();
     EXPECT_FALSE(window().isVisible());
+    EXPECT_EQ(library.log.count(u"Clear"_qs), 2);
+    EXPECT_EQ(library.log.count(u"module gone"_qs), 2);
 }
 
-TEST_F(MainWindowTest, AModuleThatIsNotReadyIsNotOpened)
+TEST_F(MainWindowTest, FailuresOfAModuleAreShown)
 {
-    library.prepare = [](test::TestModule &module) { module.isInitialised = false; };
-    window().openModule(ListingModule);
-    EXPECT_EQ(library.log.join(u','), u"Init 101,Clear,view gone,module gone")
-        << "neither loaded nor its layout overwritten";
-    EXPECT_TRUE(tabTexts().isEmpty());
-    EXPECT_EQ(messages(), QStringList(u"房源信息：模块初始化失败，未能打开。"_qs));
+    const auto fails = [](test::TestModule &module) {
+        module.duringRefresh = [] { throw std::runtime_error("数据库已关闭"); };
+    };
+    struct Case
+    {
+        std::function<void(test::TestModule &)> prepare;
+        bool hasView;
+        QString told;
+        QString done;
+    };
+    const Case cases[] = {
+        {[](test::TestModule &module) { module.isInitialised = false; }, true,
+         u"房源信息：模块初始化失败，未能打开。"_qs, u"Init 101,Clear,view gone,module gone"_qs},
+        {[](test::TestModule &) {}, false, u"EBTQ_S.Fcxx"_qs, u"module gone"_qs},
+        {fails, true, u"房源信息：数据库已关闭"_qs, u"Init 101,DoGetFormStatus,Refresh"_qs},
+    };
+    for (const Case &c : cases) {
+        library.log.clear();
+        library.prepare = c.prepare;
+        library.hasViews = c.hasView;
+        window().openModule(ListingModule);
+        EXPECT_TRUE(messages().front().contains(c.told)) << messages().front().toStdString();
+        EXPECT_EQ(library.log.join(u','), c.done);
+    }
+    EXPECT_EQ(tabTexts().size(), 1);
+    press(Qt::Key_F5);
+    EXPECT_EQ(messages().front(), u"房源信息：数据库已关闭（2 次）");
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor must go after a failure, too";
+    EXPECT_EQ(messages().size(), 3);
 }
 
 TEST_F(MainWindowTest, TheLayoutIsRestoredWhenTheModuleAsks)
@@ -253,15 +270,6 @@ TEST_F(MainWindowTest, TheKeyboardGoesBetweenNavigationAndModule)
     EXPECT_EQ(tabTexts().value(1), u"客源信息"_qs);
 }
 
-TEST_F(MainWindowTest, EventsReachStatusLineAndMessageBar)
-{
-    window().openModule(ListingModule);
-    Q_EMIT library.module->Message(u"共加载3条记录"_qs);
-    EXPECT_EQ(status(), u"共加载3条记录");
-    Q_EMIT library.module->ErrMessage(u"记录正在使用"_qs, Refusal, u"楼盘字典"_qs);
-    EXPECT_EQ(messages(), QStringList(u"楼盘字典：记录正在使用"_qs));
-}
-
 TEST_F(MainWindowTest, WhatFailsBehindAModalFormIsToldInTheForm)
 {
     window().openModule(ListingModule);
@@ -292,40 +300,11 @@ TEST_F(MainWindowTest, AModuleThatUnloadsItselfIsClosedWhenControlIsBack)
     EXPECT_EQ(tabTexts().size(), 1) << "the module is still in its own call";
     QApplication::processEvents();
     EXPECT_TRUE(tabTexts().isEmpty());
-    discardGone();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(library.log.back(), u"module gone"_qs);
 }
 
-TEST_F(MainWindowTest, FailuresInsideAModuleAreShownAndItStays)
-{
-    library.prepare = [](test::TestModule &module) {
-        module.duringRefresh = [] { throw std::runtime_error("数据库已关闭"); };
-    };
-    window().openModule(ListingModule);
-    EXPECT_EQ(messages(), QStringList(u"房源信息：数据库已关闭"_qs));
-    EXPECT_EQ(tabTexts().size(), 1);
-    press(Qt::Key_F5);
-    EXPECT_EQ(messages(), QStringList(u"房源信息：数据库已关闭（2 次）"_qs));
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor must go after a failure, too";
-}
-
-TEST_F(MainWindowTest, AClassWithoutAScreenIsRefused)
-{
-    library.hasViews = false;
-    window().openModule(ListingModule);
-    ASSERT_EQ(messages().size(), 1);
-    EXPECT_TRUE(messages().front().contains(u"EBTQ_S.Fcxx"));
-    EXPECT_TRUE(tabTexts().isEmpty());
-}
-
-TEST_F(MainWindowTest, ALibraryWithoutModulesIsTold)
-{
-    library = test::TestLibrary({});
-    window().openFirstModule();
-    EXPECT_EQ(messages().size(), 1);
-}
-
-TEST_F(MainWindowTest, ShowsSessionAndModulesAndCollapsesWhenNarrow)
+TEST_F(MainWindowTest, ShowsSessionAndModulesAndChangesItsLook)
 {
     EXPECT_THAT(child<Navigation>("Navigation")->modules(),
                 ElementsAre(ListingModule, CustomerModule, BuildingModule));
@@ -337,15 +316,10 @@ TEST_F(MainWindowTest, ShowsSessionAndModulesAndCollapsesWhenNarrow)
     window().resize(1000, 700);
     QApplication::processEvents();
     EXPECT_TRUE(child<Navigation>("Navigation")->isCollapsed());
-}
-
-TEST_F(MainWindowTest, TheSchemeCanBeChangedAndBack)
-{
-    press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(look::scheme(), look::Scheme::Dark);
-    EXPECT_EQ(QApplication::palette().color(QPalette::Base), look::tokens().card);
-    QTest::mouseClick(child<QToolButton>("SchemeToggle"), Qt::LeftButton);
-    EXPECT_EQ(look::scheme(), look::Scheme::Light);
+    for (const auto scheme : {look::Scheme::Dark, look::Scheme::Light}) {
+        press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(look::scheme(), scheme);
+    }
 }
 
 } // namespace
