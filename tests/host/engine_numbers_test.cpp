@@ -17,18 +17,15 @@ namespace {
 const QDate day(2026, 11, 22);
 
 /// Numbers and keys while many programs ask at once, each over a connection of its own.
-class EngineNumbersTest : public ::testing::TestWithParam<Engine>
+class EngineNumbersTest : public EngineTest
 {
 protected:
-    [[nodiscard]] std::unique_ptr<db::Connection> connect() const
+    [[nodiscard]] std::unique_ptr<db::Connection> patient() const
     {
-        auto connection = m_database.connect();
+        auto connection = connect();
         connection->setLockTimeout(120000);
         return connection;
     }
-
-private:
-    EngineDatabase m_database{GetParam()};
 };
 
 struct Taken
@@ -79,10 +76,10 @@ TEST_P(EngineNumbersTest, NoNumberAndNoKeyIsGivenTwiceOrLeftOut)
     constexpr size_t programs = 32;
     constexpr int rounds = 6;
     constexpr size_t saved = programs * rounds * 2 / 3;
-    host::prepareDatabase(*connect());
+    host::prepareDatabase(*patient());
     std::vector<std::unique_ptr<db::Connection>> connections;
     for (size_t at = 0; at < programs; ++at)
-        connections.push_back(connect());
+        connections.push_back(patient());
     std::vector<Taken> taken(programs);
     std::vector<std::thread> threads;
     for (size_t at = 0; at < programs; ++at)
@@ -105,7 +102,6 @@ TEST_P(EngineNumbersTest, NoNumberAndNoKeyIsGivenTwiceOrLeftOut)
     EXPECT_EQ(*keys.rbegin(), saved);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, EngineNumbersTest, ::testing::Values(Engine::Sqlite, Engine::Postgres),
-                         [](const auto &engine) { return nameOf(engine.param); });
+ON_EACH_ENGINE(EngineNumbersTest);
 
 } // namespace ebtq::test

@@ -149,11 +149,10 @@ TEST_F(PickersTest, HelpListsFillTheField)
 TEST_F(PickersTest, EveryHelpCodeHasAListThatCanBeRead)
 {
     qzTxt_S field(u"qzTxt"_qs, 0);
-    const QString codes =
-        QStringLiteral("gy_fx gy_fxrpt gy_cq sy_usertype gy_sjzd_yt gy_sjzd_lx gy_sjzd_cx gy_sjzd_jy "
-                       "gy_sjzd_zt gy_sjzd_bsf gy_sjzd_wt gy_sjzd_ly gy_sjzd_xz gy_sjzd_zx "
-                       "gy_sjzd_pt gy_sjzd_jj gy_sjzd_jd gy_sjzd_zj gy_sjzd_fk gy_sjzd_fy "
-                       "gy_sjzd_kf gy_sjzd_gj gy_sjzd_wtdj");
+    const QString codes = u"gy_fx gy_fxrpt gy_cq sy_usertype gy_sjzd_yt gy_sjzd_lx gy_sjzd_cx gy_sjzd_jy "
+                          "gy_sjzd_zt gy_sjzd_bsf gy_sjzd_wt gy_sjzd_ly gy_sjzd_xz gy_sjzd_zx "
+                          "gy_sjzd_pt gy_sjzd_jj gy_sjzd_jd gy_sjzd_zj gy_sjzd_fk gy_sjzd_fy "
+                          "gy_sjzd_kf gy_sjzd_gj gy_sjzd_wtdj"_qs;
     for (const QString &code : codes.split(u' ')) {
         m_panels.willChoose({});
         EXPECT_FALSE(help(code, field)) << code.toStdString();

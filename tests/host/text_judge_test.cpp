@@ -5,9 +5,9 @@ namespace ebtq::test {
 namespace {
 
 const QString states = u"select 代码,名称 from pdmsjzd where 类型='交易状态' and (代码='@' or 名称='@')"_qs;
-const QString houseTypes = QStringLiteral("select 房型编号,房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & "
-                                          "阳台数 as 房型名称 from pdmfx where (房型编号='@' or "
-                                          "房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & 阳台数='@')");
+const QString houseTypes = u"select 房型编号,房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & "
+                           "阳台数 as 房型名称 from pdmfx where (房型编号='@' or "
+                           "房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & 阳台数='@')"_qs;
 const QString departments = u"select mtcode,mtName,mtID from su_usertype where mtcode='@' or mtname='@'"_qs;
 const QString range = u"|本人;0|本部;1|All;2"_qs;
 

@@ -20,7 +20,7 @@ EngineDatabase::EngineDatabase(Engine engine)
     if (engine == Engine::Postgres)
         m_location = m_place->base.emplace().url();
     else
-        m_location = m_place->folder.emplace().filePath(QStringLiteral("test.db"));
+        m_location = m_place->folder.emplace().filePath(u"test.db"_qs);
 }
 
 EngineDatabase::~EngineDatabase() = default;

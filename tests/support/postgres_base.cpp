@@ -22,7 +22,7 @@ QString withBase(const QString &url, const QString &base)
 PostgresBase::PostgresBase()
 {
     static int count = 0;
-    m_name = QStringLiteral("t%1_%2").arg(getpid()).arg(++count);
+    m_name = u"t%1_%2"_qs.arg(getpid()).arg(++count);
     db::Connection::open(postgresServer())->executeNative("create database " + m_name.toLatin1());
 }
 

@@ -10,20 +10,20 @@ namespace ebtq::test {
 PostgresServer::PostgresServer(Wire wire)
     : PostgresServer(NotStarted{}) // so that one that failed half-way is cleared away
 {
-    script({QStringLiteral("start"), wire == Wire::Encrypted ? QStringLiteral("tls") : QString()});
+    script({u"start"_qs, wire == Wire::Encrypted ? u"tls"_qs : QString()});
     readUrl();
 }
 
 PostgresServer::PostgresServer(StandbyOf of)
     : PostgresServer(NotStarted{})
 {
-    script({QStringLiteral("standby"), of.primary.m_server});
+    script({u"standby"_qs, of.primary.m_server});
     readUrl();
 }
 
 PostgresServer::~PostgresServer()
 {
-    QProcess::execute(QStringLiteral(EBTQ_POSTGRES_SCRIPT), {QStringLiteral("stop"), m_server});
+    QProcess::execute(QStringLiteral(EBTQ_POSTGRES_SCRIPT), {u"stop"_qs, m_server});
 }
 
 void PostgresServer::script(QStringList arguments) const
@@ -35,7 +35,7 @@ void PostgresServer::script(QStringList arguments) const
 
 void PostgresServer::readUrl()
 {
-    QFile opened(file(QStringLiteral("url")));
+    QFile opened(file(u"url"_qs));
     if (!opened.open(QIODevice::ReadOnly))
         throw std::runtime_error("the test server has no URL");
     m_url = QString::fromUtf8(opened.readAll()).trimmed();

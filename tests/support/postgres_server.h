@@ -23,15 +23,15 @@ public:
     PostgresServer &operator=(const PostgresServer &) = delete;
     ~PostgresServer();
 
-    void kill() const { script({QStringLiteral("kill")}); }
+    void kill() const { script({u"kill"_qs}); }
     /// After a kill; where it was.
-    void start() const { script({QStringLiteral("start")}); }
+    void start() const { script({u"start"_qs}); }
     void restart() const
     {
         kill();
         start();
     }
-    void promote() const { script({QStringLiteral("promote")}); }
+    void promote() const { script({u"promote"_qs}); }
 
     /// With its password.
     [[nodiscard]] QString url() const { return m_url; }
@@ -50,7 +50,7 @@ private:
     void readUrl();
 
     QTemporaryDir m_folder;
-    QString m_server = m_folder.filePath(QStringLiteral("server"));
+    QString m_server = m_folder.filePath(u"server"_qs);
     QString m_url;
 };
 

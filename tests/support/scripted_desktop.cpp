@@ -30,7 +30,7 @@ template<class T> T ScriptedDesktop::take(QList<T> &script, const QString &quest
 Desktop::Answer ScriptedDesktop::messageBox(const QString &text, const QString &title, Icon icon,
                                             Buttons buttons)
 {
-    const QString marks[] = {{}, QStringLiteral("?"), QStringLiteral("!"), QStringLiteral("x")};
+    const QString marks[] = {{}, u"?"_qs, u"!"_qs, u"x"_qs};
     const Answer closed = buttons == Buttons::Ok ? Answer::Ok : Answer::No;
     const QString question = title + marks[static_cast<int>(icon)] + u'|' + text;
     const Answer answer = take(m_answers, question, closed);
@@ -82,7 +82,7 @@ void ScriptedDesktop::setWaitCursor(bool on)
 
 QString ScriptedDesktop::makeTempFile(const QString &prefix)
 {
-    QTemporaryFile file(QDir::temp().filePath(prefix + QStringLiteral("XXXXXX")));
+    QTemporaryFile file(QDir::temp().filePath(prefix + u"XXXXXX"_qs));
     file.setAutoRemove(false);
     if (!file.open())
         return {};

@@ -72,7 +72,7 @@ void fillDatabase(Connection &connection)
 
 std::unique_ptr<Connection> filledDatabase()
 {
-    auto connection = Connection::open(QStringLiteral(":memory:"));
+    auto connection = Connection::open(u":memory:"_qs);
     fillDatabase(*connection);
     return connection;
 }
@@ -85,7 +85,7 @@ QStringList rowTexts(const RowBlock &block)
         for (int column = 0; column < block.columnCount(); ++column) {
             const std::string_view cell = block.cell(row, column);
             cells += block.isNull(row, column)
-                         ? QStringLiteral("∅")
+                         ? u"∅"_qs
                          : QString::fromUtf8(cell.data(), static_cast<qsizetype>(cell.size()));
         }
         rows += cells.join(u'|');

@@ -1,36 +1,24 @@
 #include "corpus.h"
+#include "database/database_test.h"
 #include "database/dialect/dialect.h"
 #include "database/dialect/translator.h"
 #include "database/schema/tables.h"
 #include "database/values/date_text.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 namespace ebtq::db::test {
 
 namespace {
 
-using ::testing::HasSubstr;
-
 constexpr char16_t lone[] = {0xD800, 0};
-const QString apostropheMessage = QStringLiteral("输入的内容中含有单引号（'），无法执行，请去掉后重试！");
+const QString apostropheMessage = u"输入的内容中含有单引号（'），无法执行，请去掉后重试！"_qs;
 
 /// What somebody might type to break out of a literal, alone and in pairs.
 QStringList attacks()
 {
-    const QStringList fragments{
-        QStringLiteral("'"),         QStringLiteral("''"),        QStringLiteral("' or '1'='1"),
-        QStringLiteral("\\'"),       QStringLiteral("\\"),        QStringLiteral("\""),
-        QStringLiteral("#"),         QStringLiteral("]"),         QStringLiteral("["),
-        QStringLiteral("--"),        QStringLiteral(";"),         QStringLiteral("/*"),
-        QStringLiteral("*/"),        QStringLiteral("\n"),        QString(QChar(u'\0')),
-        QString(QChar(0x2019)),      QString(QChar(0xFF07)),      QString(QChar(0x02BC)),
-        QString::fromUtf16(lone),    QStringLiteral("😀"),         QStringLiteral("%_[a]"),
-        QStringLiteral("@ ? :x $1"), QStringLiteral(") or (1=1"), QStringLiteral(" union select 1"),
-        QStringLiteral("2026-9-8"),  QStringLiteral("5"),         QStringLiteral("-5"),
-        QStringLiteral("1e3"),       QStringLiteral(" "),         QStringLiteral("张三"),
-        QStringLiteral("null"),      QStringLiteral("0x1F")};
+    const QStringList fragments =
+        u"'|''|' or '1'='1|\\'|\\|\"|#|]|[|--|;|/*|*/|\n|😀|%_[a]|@ ? :x $1|) or (1=1| union select 1|"
+        "2026-9-8|5|-5|1e3| |张三|null|0x1F|\u2019|\uFF07|\u02BC"_qs.split(u'|') +
+        QStringList{QString(QChar(u'\0')), QString::fromUtf16(lone)};
     QStringList all = fragments;
     for (const QString &first : fragments) {
         for (const QString &second : fragments)
@@ -94,7 +82,7 @@ TEST(Guard, NoTextChangesTheStatementAroundIt)
     int accepted = 0;
     for (const Dialect *dialect : {&sqliteDialect(), &postgresDialect()}) {
         for (const char16_t *pattern : patterns) {
-            const QByteArray harmless = outcomeOf(filled(pattern, QStringLiteral("Zq")), *dialect).sql;
+            const QByteArray harmless = outcomeOf(filled(pattern, u"Zq"_qs), *dialect).sql;
             const bool isDoubleQuoted = QString::fromUtf16(pattern).contains(u'"');
             ASSERT_FALSE(harmless.isEmpty());
             for (const QString &value : attacks()) {
@@ -102,8 +90,8 @@ TEST(Guard, NoTextChangesTheStatementAroundIt)
                                            value.contains(QChar(u'\0')) || !value.isValidUtf16();
                 const Outcome outcome = outcomeOf(filled(pattern, value), *dialect);
                 EXPECT_EQ(outcome.refusal.isEmpty(), !mustBeRefused) << shown(value);
-                const QByteArray expected = QByteArray(harmless).replace(
-                    "Zq", QString(value).replace(u'\'', QStringLiteral("''")).toUtf8());
+                const QByteArray expected =
+                    QByteArray(harmless).replace("Zq", QString(value).replace(u'\'', u"''"_qs).toUtf8());
                 EXPECT_EQ(outcome.sql, mustBeRefused ? QByteArray() : expected) << shown(value);
                 accepted += mustBeRefused ? 0 : 1;
                 const bool tellsOfIt = outcome.refusal == apostropheMessage;
@@ -160,14 +148,13 @@ TEST(Guard, AcceptedTextsComeBackAsTheyWereTyped)
     const auto connection = filledDatabase();
     int key = 1000;
     for (const QString &value : attacks()) {
-        SqlText insertion = QStringLiteral("insert into pdmgy(雇员ID,姓名)values(%1,'").arg(++key);
+        SqlText insertion = u"insert into pdmgy(雇员ID,姓名)values(%1,'"_qs.arg(++key);
         insertion += typed(value);
         insertion += u"')";
         if (!outcomeOf(insertion, sqliteDialect()).refusal.isEmpty())
             continue;
         connection->execute(insertion);
-        const RowBlock block =
-            connection->query(QStringLiteral("select 姓名 from pdmgy where 雇员ID=%1").arg(key));
+        const RowBlock block = connection->query(u"select 姓名 from pdmgy where 雇员ID=%1"_qs.arg(key));
         ASSERT_EQ(block.rowCount(), 1);
         EXPECT_EQ(std::string(block.cell(0, 0)), value.toStdString()) << shown(value);
     }

@@ -1,32 +1,19 @@
+#include "database/database_test.h"
 #include "database/schema/installer.h"
 #include "database/schema/tables.h"
 #include "support/engine_database.h"
-#include "support/messages.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace ebtq::db::test {
 
 namespace {
 
-using ebtq::test::Engine;
-using ebtq::test::EngineDatabase;
-using ebtq::test::joined;
-using ebtq::test::messageOf;
-using ebtq::test::nameOf;
-using ::testing::HasSubstr;
+using namespace ebtq::test;
 
 /// What a connection promises, whatever the engine.
-class ConnectionTest : public ::testing::TestWithParam<Engine>
+class ConnectionTest : public EngineTest
 {
 protected:
-    void SetUp() override
-    {
-        m_connection = m_database.connect();
-        install(*m_connection);
-    }
-    [[nodiscard]] std::unique_ptr<Connection> another() const { return m_database.connect(); }
+    ConnectionTest() { install(*m_connection); }
     qint64 execute(const char16_t *statement) { return m_connection->execute(QString::fromUtf16(statement)); }
     [[nodiscard]] std::string cell(const char16_t *statement)
     {
@@ -34,8 +21,7 @@ protected:
         return rows.rowCount() == 0 ? "no row" : std::string(rows.cell(0, 0));
     }
 
-    EngineDatabase m_database{GetParam()};
-    std::unique_ptr<Connection> m_connection;
+    std::unique_ptr<Connection> m_connection = connect();
 };
 
 } // namespace
@@ -69,13 +55,13 @@ TEST_P(ConnectionTest, AFailedStatementLeavesTheOthersOfItsTransaction)
 TEST_P(ConnectionTest, ALockIsWaitedForAndThenSaid)
 {
     execute(u"insert into pdmgy(雇员ID,姓名)values(1,'甲')");
-    const auto second = another();
+    const auto second = connect();
     second->setLockTimeout(20);
     m_connection->begin();
     execute(u"update pdmgy set 姓名='乙'");
-    const auto update = [&] { second->execute(QStringLiteral("update pdmgy set 姓名='丙'")); };
+    const auto update = [&] { second->execute(u"update pdmgy set 姓名='丙'"_qs); };
     EXPECT_THAT(messageOf(update), HasSubstr("占用"));
-    EXPECT_EQ(second->query(QStringLiteral("select 姓名 from pdmgy")).cell(0, 0), "甲");
+    EXPECT_EQ(second->query(u"select 姓名 from pdmgy"_qs).cell(0, 0), "甲");
     m_connection->commit();
     EXPECT_EQ(messageOf(update), "");
     EXPECT_EQ(cell(u"select 姓名 from pdmgy"), "丙");
@@ -83,11 +69,11 @@ TEST_P(ConnectionTest, ALockIsWaitedForAndThenSaid)
 
 TEST_P(ConnectionTest, RowsPutInComeBackAsTheyWere)
 {
-    RowBlock block({{QStringLiteral("rowIndex"), ColumnType::Integer},
-                    {QStringLiteral("IDs"), ColumnType::Text},
-                    {QStringLiteral("filesize"), ColumnType::Number},
-                    {QStringLiteral("modifydate"), ColumnType::Date},
-                    {QStringLiteral("contents"), ColumnType::Binary}});
+    RowBlock block({{u"rowIndex"_qs, ColumnType::Integer},
+                    {u"IDs"_qs, ColumnType::Text},
+                    {u"filesize"_qs, ColumnType::Number},
+                    {u"modifydate"_qs, ColumnType::Date},
+                    {u"contents"_qs, ColumnType::Binary}});
     const std::string bytes("\0\\\t\n\r\x1f\xff'\\N", 10);
     const std::string text = "a\tb\\n\\N\nc\r' \"中文😀 \\.";
     block.append("70");
@@ -104,9 +90,9 @@ TEST_P(ConnectionTest, RowsPutInComeBackAsTheyWere)
     block.append("0100-1-1");
     block.append("");
     block.finish();
-    m_connection->insertRows(QStringLiteral("pubAttach"), block);
+    m_connection->insertRows(u"pubAttach"_qs, block);
     const RowBlock rows = m_connection->query(
-        QStringLiteral("select IDs, filesize, modifydate, contents from pubAttach order by rowIndex"));
+        u"select IDs, filesize, modifydate, contents from pubAttach order by rowIndex"_qs);
     ASSERT_EQ(rows.rowCount(), 3);
     EXPECT_EQ(rows.cell(0, 0), text);
     EXPECT_EQ(rows.cell(0, 1), "0.1");
@@ -119,8 +105,7 @@ TEST_P(ConnectionTest, RowsPutInComeBackAsTheyWere)
     }
     execute(u"insert into pubAttach(IDs)values('next')");
     EXPECT_EQ(cell(u"select rowIndex from pubAttach where IDs='next'"), "73") << "a key was given out again";
-    EXPECT_THAT(messageOf([&] { m_connection->insertRows(QStringLiteral("pubAttach"), block); }),
-                HasSubstr("数据重复"));
+    EXPECT_THAT(messageOf([&] { m_connection->insertRows(u"pubAttach"_qs, block); }), HasSubstr("数据重复"));
     EXPECT_FALSE(m_connection->inTransaction());
     EXPECT_EQ(cell(u"select count(*) from pubAttach"), "4");
 }
@@ -130,20 +115,17 @@ TEST_P(ConnectionTest, AWholeTableIsReadExactlyAndAsOfOneMoment)
     execute(u"insert into fyxx(房源ID,总面积,售房价格,委托日期,操作日期)values('A',1/3,1e15,#2026-9-8#,"
             u"#2026-9-8 7:05#)");
     m_connection->beginReading();
-    another()->execute(QStringLiteral("insert into fyxx(房源ID)values('B')"));
+    connect()->execute(u"insert into fyxx(房源ID)values('B')"_qs);
     std::vector<std::string> cells;
-    m_connection->readTable(QStringLiteral("fyxx"),
-                            {QStringLiteral("房源ID"), QStringLiteral("总面积"), QStringLiteral("售房价格"),
-                             QStringLiteral("委托日期"), QStringLiteral("操作日期"), QStringLiteral("备注")},
-                            [&](const RowBlock &block) {
-                                for (size_t at = 0; at < block.cellCount(); ++at)
-                                    cells.emplace_back(block.cellAt(at));
-                            });
+    m_connection->readTable(
+        u"fyxx"_qs, {u"房源ID"_qs, u"总面积"_qs, u"售房价格"_qs, u"委托日期"_qs, u"操作日期"_qs, u"备注"_qs},
+        [&](const RowBlock &block) {
+            for (size_t at = 0; at < block.cellCount(); ++at)
+                cells.emplace_back(block.cellAt(at));
+        });
     EXPECT_THAT(cells, ::testing::ElementsAre("A", "0.3333333333333333", "1000000000000000", "2026-09-08",
                                               "2026-09-08 07:05:00", ""));
-    EXPECT_THROW(
-        m_connection->readTable(QStringLiteral("fyxx"), {QStringLiteral("无此列")}, [](const RowBlock &) {}),
-        DatabaseError);
+    EXPECT_THROW(m_connection->readTable(u"fyxx"_qs, {u"无此列"_qs}, [](const RowBlock &) {}), DatabaseError);
     m_connection->rollback();
     EXPECT_EQ(cell(u"select count(*) from fyxx"), "2");
     EXPECT_EQ(cell(u"select 总面积 from fyxx where 房源ID='A'"), "0.333333333333333");
@@ -151,20 +133,18 @@ TEST_P(ConnectionTest, AWholeTableIsReadExactlyAndAsOfOneMoment)
 
 TEST_P(ConnectionTest, ALongReadComesInPiecesAndCanBeGivenUp)
 {
-    RowBlock block({{QStringLiteral("雇员ID"), ColumnType::Integer}});
+    RowBlock block({{u"雇员ID"_qs, ColumnType::Integer}});
     for (int id = 1; id <= 20000; ++id)
         block.appendInteger(id);
-    m_connection->insertRows(QStringLiteral("pdmgy"), block);
+    m_connection->insertRows(u"pdmgy"_qs, block);
     const auto giveUp = [](const RowBlock &) { throw std::length_error("enough"); };
     for (const bool isInTransaction : {false, true}) {
         if (isInTransaction)
             m_connection->begin();
         int blocks = 0;
-        m_connection->readTable(QStringLiteral("pdmgy"), {QStringLiteral("雇员ID")},
-                                [&blocks](const RowBlock &) { ++blocks; });
+        m_connection->readTable(u"pdmgy"_qs, {u"雇员ID"_qs}, [&blocks](const RowBlock &) { ++blocks; });
         EXPECT_GT(blocks, 2) << "all rows were held at once";
-        EXPECT_THROW(m_connection->readTable(QStringLiteral("pdmgy"), {QStringLiteral("雇员ID")}, giveUp),
-                     std::length_error);
+        EXPECT_THROW(m_connection->readTable(u"pdmgy"_qs, {u"雇员ID"_qs}, giveUp), std::length_error);
         EXPECT_EQ(cell(u"select count(*) from pdmgy"), "20000");
     }
     EXPECT_EQ(execute(u"delete from pdmgy where 雇员ID>5"), 19995);
@@ -174,16 +154,16 @@ TEST_P(ConnectionTest, ALongReadComesInPiecesAndCanBeGivenUp)
 
 TEST_P(ConnectionTest, SeesTablesThatAnotherProgramChanged)
 {
-    const auto all = [&] { return m_connection->query(QStringLiteral("select * from pdmgy")).columnCount(); };
+    const auto all = [&] { return m_connection->query(u"select * from pdmgy"_qs).columnCount(); };
     for (int time = 0; time < 3; ++time)
         EXPECT_EQ(all(), 2);
-    const auto other = another();
+    const auto other = connect();
     other->executeNative("alter table pdmgy add column 备注 text; create table 新表(x integer)");
     EXPECT_EQ(cell(u"select 备注 from pdmgy"), "no row");
     EXPECT_EQ(cell(u"select x from 新表"), "no row");
     EXPECT_EQ(all(), 3);
     other->executeNative("alter table pdmgy drop column 备注; alter table pdmgy add column 说明 text");
-    EXPECT_EQ(m_connection->query(QStringLiteral("select * from pdmgy")).columns()[2].name, u"说明");
+    EXPECT_EQ(m_connection->query(u"select * from pdmgy"_qs).columns()[2].name, u"说明");
     EXPECT_THAT(messageOf([&] { (void)cell(u"select 备注 from pdmgy"); }), HasSubstr("列 备注 不存在"));
     other->executeNative("alter table pdmgy drop column 说明; drop table 新表");
     EXPECT_EQ(all(), 2);
@@ -208,7 +188,6 @@ TEST_P(ConnectionTest, AnOlderSchemaIsBroughtUpWithItsRows)
     EXPECT_EQ(cell(u"select 房源编号 from fyxx where 附属房 is null"), "FY1");
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ConnectionTest, ::testing::Values(Engine::Sqlite, Engine::Postgres),
-                         [](const auto &engine) { return nameOf(engine.param); });
+ON_EACH_ENGINE(ConnectionTest);
 
 } // namespace ebtq::db::test

@@ -1,21 +1,13 @@
 #include "corpus.h"
 
+#include "database/database_test.h"
 #include "support/engine_database.h"
-#include "support/messages.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace ebtq::db::test {
 
 namespace {
 
-using ebtq::test::Engine;
-using ebtq::test::EngineDatabase;
-using ebtq::test::joined;
-using ebtq::test::messageOf;
-using ebtq::test::nameOf;
-using ::testing::HasSubstr;
+using namespace ebtq::test;
 
 /// The statements of the corpus and what they must give, on every engine.
 class CorpusTest : public ::testing::TestWithParam<std::tuple<Engine, CorpusCase>>

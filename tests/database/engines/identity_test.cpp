@@ -1,21 +1,14 @@
 #include "database/schema/identity.h"
 
+#include "database/database_test.h"
 #include "database/schema/installer.h"
 #include "support/engine_database.h"
-#include "support/messages.h"
-
-#include <gmock/gmock.h>
 
 namespace ebtq::db::test {
 
 namespace {
 
-using ebtq::test::Engine;
-using ebtq::test::EngineDatabase;
-using ebtq::test::joined;
-using ebtq::test::messageOf;
-using ebtq::test::nameOf;
-using ::testing::HasSubstr;
+using namespace ebtq::test;
 using IdentityTest = ::testing::TestWithParam<Engine>;
 
 QByteArray with(QByteArray script, Engine engine)
@@ -76,7 +69,6 @@ TEST_P(IdentityTest, TablesOfOthersAreTakenOverOnlyWhenAsked)
     EXPECT_EQ(joined(foreignRoutines(*connection)), "视图 报表\n触发器 窃取");
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, IdentityTest, ::testing::Values(Engine::Sqlite, Engine::Postgres),
-                         [](const auto &engine) { return nameOf(engine.param); });
+ON_EACH_ENGINE(IdentityTest);
 
 } // namespace ebtq::db::test

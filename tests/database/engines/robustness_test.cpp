@@ -1,11 +1,9 @@
 #include "corpus.h"
+#include "database/database_test.h"
 #include "database/dialect/dialect.h"
 #include "database/dialect/translator.h"
 #include "database/schema/installer.h"
 #include "support/engine_database.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <random>
 
@@ -13,9 +11,7 @@ namespace ebtq::db::test {
 
 namespace {
 
-using ebtq::test::Engine;
-using ebtq::test::EngineDatabase;
-using ::testing::HasSubstr;
+using namespace ebtq::test;
 
 /// Fixed, so that a failure can be looked at again.
 constexpr unsigned seed = 20261122;

@@ -1,21 +1,15 @@
 #include "database/postgresql/postgres_address.h"
 
-#include "database/connection.h"
-#include "support/messages.h"
+#include "database/database_test.h"
 #include "support/postgres_base.h"
 
 #include <QTemporaryFile>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <map>
 
 namespace ebtq::db::test {
 
 namespace {
-
-using ::testing::HasSubstr;
 
 /// What libpq is given: of two settings of one name the later one counts.
 std::map<std::string, std::string> settingsOf(const char *url)
@@ -36,12 +30,7 @@ std::string refusalOf(const QString &url)
 
 TEST(PostgresAddress, ShowsNoSecret)
 {
-    struct Case
-    {
-        const char *url;
-        const char *shown;
-    };
-    const Case cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"postgresql://wang:s3cret@db:5433/office", "postgresql://wang@db:5433/office"},
         {"postgres://wang:s%2F%403cret@db/office?sslmode=verify-full&sslpassword=s3cret",
          "postgresql://wang@db/office"},
@@ -51,9 +40,9 @@ TEST(PostgresAddress, ShowsNoSecret)
         {"postgresql:///office?host=a,b&port=6000&passfile=/s3cret", "postgresql://a:6000,b:6000/office"},
         {"postgresql:///?service=office", "postgresql:///"},
     };
-    for (const Case &each : cases)
-        EXPECT_EQ(Connection::shownLocation(QString::fromUtf8(each.url)).toStdString(), each.shown);
-    EXPECT_EQ(Connection::shownLocation(QStringLiteral("/home/a.db")), QStringLiteral("/home/a.db"));
+    for (const auto &[url, shown] : cases)
+        EXPECT_EQ(Connection::shownLocation(QString::fromUtf8(url)).toStdString(), shown);
+    EXPECT_EQ(Connection::shownLocation(u"/home/a.db"_qs), u"/home/a.db"_qs);
 }
 
 TEST(PostgresAddress, RefusesWhatItCannotReadWithoutQuotingIt)
@@ -65,7 +54,7 @@ TEST(PostgresAddress, RefusesWhatItCannotReadWithoutQuotingIt)
         const std::string message = refusalOf(QString::fromUtf8(url));
         EXPECT_THAT(message, HasSubstr("数据库地址有误")) << url;
         EXPECT_THAT(message, Not(HasSubstr("s3cret"))) << url;
-        EXPECT_EQ(Connection::shownLocation(QString::fromUtf8(url)), QStringLiteral("postgresql://…"));
+        EXPECT_EQ(Connection::shownLocation(QString::fromUtf8(url)), u"postgresql://…"_qs);
     }
 }
 
@@ -86,13 +75,16 @@ TEST(PostgresAddress, SaysWhyNoConnectionCameAbout)
 {
     const QString server = ebtq::test::postgresServer();
     const QString place = server.section(u'@', 1);
-    EXPECT_THAT(refusalOf(QStringLiteral("postgresql://tester:wrong@") + place),
-                HasSubstr("用户名或密码不对"));
-    EXPECT_THAT(refusalOf(QStringLiteral("postgresql://tester@") + place), HasSubstr("没有提供密码"));
-    EXPECT_THAT(refusalOf(ebtq::test::withBase(server, QStringLiteral("none"))), HasSubstr("没有这个数据库"));
-    EXPECT_THAT(refusalOf(QStringLiteral("postgresql://u@127.0.0.1:1/x")), HasSubstr("服务器没有运行"));
-    EXPECT_THAT(refusalOf(server + QStringLiteral("?sslmode=require")), HasSubstr("无法建立加密连接"));
-    EXPECT_THAT(refusalOf(server + QStringLiteral("?target_session_attrs=standby")), HasSubstr("无法连接"));
+    const std::pair<QString, const char *> cases[] = {
+        {u"postgresql://tester:wrong@"_qs + place, "用户名或密码不对"},
+        {u"postgresql://tester@"_qs + place, "没有提供密码"},
+        {ebtq::test::withBase(server, u"none"_qs), "没有这个数据库"},
+        {u"postgresql://u@127.0.0.1:1/x"_qs, "服务器没有运行"},
+        {server + u"?sslmode=require"_qs, "无法建立加密连接"},
+        {server + u"?target_session_attrs=standby"_qs, "无法连接"},
+    };
+    for (const auto &[url, message] : cases)
+        EXPECT_THAT(refusalOf(url), HasSubstr(message));
 }
 
 /// A file that only its owner may read, as libpq demands of one with passwords, and the variable that names
@@ -122,38 +114,29 @@ TEST(PostgresAddress, TakesThePasswordFromTheUsualPlacesAndShowsItNowhere)
     const QString server = ebtq::test::postgresServer();
     const QString real = server.section(u':', 2).section(u'@', 0, 0);
     const QString place = server.section(u'@', 1).section(u'/', 0, 0);
-    for (const QString &password : {real, QStringLiteral("s3cret"), QStringLiteral("")}) {
-        const QString passwords = QStringLiteral("*:*:*:tester:") + password + u'\n';
+    for (const QString &password : {real, u"s3cret"_qs, u""_qs}) {
+        const QString passwords = u"*:*:*:tester:"_qs + password + u'\n';
         const QString service =
-            QStringLiteral("[office]\nhost=127.0.0.1\nport=%1\nuser=tester\ndbname=postgres\n%2\n")
-                .arg(place.section(u':', 1),
-                     password.isEmpty() ? QString() : QStringLiteral("password=") + password);
-        struct Case
-        {
-            const char *variable;
-            QString text;
-            QString url;
-        };
-        const QString url = QStringLiteral("postgresql://tester@") + place + QStringLiteral("/postgres");
-        const Case cases[] = {
+            u"[office]\nhost=127.0.0.1\nport=%1\nuser=tester\ndbname=postgres\n%2\n"_qs.arg(
+                place.section(u':', 1), password.isEmpty() ? QString() : u"password="_qs + password);
+        const QString url = u"postgresql://tester@"_qs + place + u"/postgres"_qs;
+        const std::tuple<const char *, QString, QString> cases[] = {
             {"PGPASSFILE", passwords, url},
-            {"PGSERVICEFILE", service, QStringLiteral("postgresql:///?service=office")},
-            {"PGSERVICEFILE", {}, url + QStringLiteral("?password=") + password},
+            {"PGSERVICEFILE", service, u"postgresql:///?service=office"_qs},
+            {"PGSERVICEFILE", {}, url + u"?password="_qs + password},
         };
-        for (const Case &each : cases) {
-            const SecretFile file(each.variable, each.text);
-            const std::string outcome = refusalOf(each.url);
+        for (const auto &[variable, text, location] : cases) {
+            const SecretFile file(variable, text);
+            const std::string outcome = refusalOf(location);
             EXPECT_EQ(outcome.empty(), password == real) << outcome;
             EXPECT_THAT(outcome, HasSubstr(password == real     ? ""
                                            : password.isEmpty() ? "没有提供密码"
-                                                                : "用户名或密码不对"))
-                << each.url.toStdString();
+                                                                : "用户名或密码不对"));
             EXPECT_TRUE(password.isEmpty() || !QString::fromStdString(outcome).contains(password));
         }
     }
     const SecretFile file("PGSERVICEFILE", {});
-    EXPECT_THAT(refusalOf(QStringLiteral("postgresql:///?service=none")),
-                HasSubstr("没有这个名称的连接服务"));
+    EXPECT_THAT(refusalOf(u"postgresql:///?service=none"_qs), HasSubstr("没有这个名称的连接服务"));
 }
 
 } // namespace ebtq::db::test

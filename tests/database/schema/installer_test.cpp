@@ -1,26 +1,18 @@
 #include "database/schema/installer.h"
 
-#include "database/connection.h"
+#include "database/database_test.h"
 #include "database/dialect/translator.h"
-#include "support/messages.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace ebtq::db {
 
 namespace {
 
-using ebtq::test::joined;
-using ebtq::test::messageOf;
-using ::testing::HasSubstr;
-
 std::unique_ptr<Connection> installed()
 {
-    auto connection = Connection::open(QStringLiteral(":memory:"));
+    auto connection = Connection::open(u":memory:"_qs);
     install(*connection);
     return connection;
 }
@@ -72,7 +64,7 @@ TEST(Installer, ADamagedTreeIsFoundBeforeWorkBegins)
 {
     for (const char *tree : {"fyxx", "ix_fykh_number"}) {
         const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("a.db"));
+        const QString path = folder.filePath(u"a.db"_qs);
         const auto made = Connection::open(path, Connection::Missing::IsCreated);
         install(*made);
         const auto page =
@@ -119,20 +111,18 @@ TEST(Installer, IndexesServeTheirStatements)
         {"select 房源ID from fyxx where 总面积>=80 and 总面积<=90", "ix_fyxx_area"},
         {"select 名称 from pdmsjzd where 类型='x' order by 代码", "ix_pdmsjzd_kind"},
     };
-    for (const auto &[statement, index] : cases) {
-        const std::string text = plan(*connection, statement);
-        EXPECT_THAT(text, HasSubstr(index)) << statement;
-        EXPECT_THAT(text, Not(HasSubstr("TEMP B-TREE"))) << statement;
-    }
+    for (const auto &[statement, index] : cases)
+        EXPECT_THAT(plan(*connection, statement), AllOf(HasSubstr(index), Not(HasSubstr("TEMP B-TREE"))))
+            << statement;
 }
 
 TEST(Installer, CustomersWhoMayMatchAreSearchedByThatWhichTellsMost)
 {
     auto connection = installed();
-    const QString floor = QStringLiteral(" and 楼层1<=3 and 楼层2>=3");
-    const QString area = QStringLiteral(" and 面积1<=90.5 and 面积2>=90.5");
-    const QString price = QStringLiteral(" and 求购价格1<=150 and 求购价格2>=150");
-    const QString rent = QStringLiteral(" and 求租价格1<=2500 and 求租价格2>=2500");
+    const QString floor = u" and 楼层1<=3 and 楼层2>=3"_qs;
+    const QString area = u" and 面积1<=90.5 and 面积2>=90.5"_qs;
+    const QString price = u" and 求购价格1<=150 and 求购价格2>=150"_qs;
+    const QString rent = u" and 求租价格1<=2500 and 求租价格2>=2500"_qs;
     const std::pair<QString, const char *> cases[] = {
         {floor + area + price, "SEARCH t0 USING INDEX ix_fykh_match_buy (求购价格2>?)"},
         {floor + area + rent, "SEARCH t0 USING INDEX ix_fykh_match_rent (求租价格2>?)"},
@@ -141,11 +131,11 @@ TEST(Installer, CustomersWhoMayMatchAreSearchedByThatWhichTellsMost)
         {floor, "SCAN t0 USING INDEX ix_fykh_number"},
         {QString(), "SCAN t0 USING INDEX ix_fykh_number"},
         // Two limits that somebody set are nothing rare.
-        {QStringLiteral(" and 面积1<=90 and 求购价格2>=150"), "SCAN t0 USING INDEX ix_fykh_number"},
+        {u" and 面积1<=90 and 求购价格2>=150"_qs, "SCAN t0 USING INDEX ix_fykh_number"},
     };
     for (const auto &[conditions, expected] : cases) {
         const SqlText statement(
-            QStringLiteral("select 客户名称 from fykh where 1=1%1 order by 客源编号").arg(conditions));
+            u"select 客户名称 from fykh where 1=1%1 order by 客源编号"_qs.arg(conditions));
         const Translation translation = translate(statement, connection->dialect(), connection->catalog());
         EXPECT_THAT(plan(*connection, translation.sql.constData()), HasSubstr(expected))
             << translation.sql.toStdString();

@@ -1,18 +1,17 @@
 // Statements whose values are handed to the engine as parameters: which they are, and that nothing else
 // changes.
 
+#include "database/database_test.h"
 #include "database/dialect/statement_shape.h"
 #include "database/sqlite/sqlite_connection.h"
-
-#include <gtest/gtest.h>
 
 using namespace ebtq;
 using namespace ebtq::db;
 
 namespace {
 
-const QString keyA = QStringLiteral("0A1B2C3D-0000-4000-8000-0123456789AB");
-const QString keyB = QStringLiteral("ffffffff-eeee-dddd-cccc-bbbbbbbbbbbb");
+const QString keyA = u"0A1B2C3D-0000-4000-8000-0123456789AB"_qs;
+const QString keyB = u"ffffffff-eeee-dddd-cccc-bbbbbbbbbbbb"_qs;
 
 /// `text` with its "@" typed.
 SqlText withTyped(const char16_t *text, const QString &value)
@@ -83,11 +82,9 @@ protected:
     /// What comes out, or why nothing does.
     [[nodiscard]] QString outcome(const SqlText &statement)
     {
-        try {
-            return rows(statement);
-        } catch (const DatabaseError &error) {
-            return u"refused: "_qs + error.message();
-        }
+        QString result;
+        const std::string refusal = messageOf([&] { result = rows(statement); });
+        return refusal.empty() ? result : u"refused: "_qs + QString::fromStdString(refusal);
     }
     SqliteConnection connection{u":memory:"_qs, Connection::Missing::IsCreated};
 };

@@ -1,5 +1,6 @@
 #include "database/transfer/backup.h"
 
+#include "database/database_test.h"
 #include "database/schema/installer.h"
 #include "database/transfer/transfer_fixture.h"
 
@@ -7,15 +8,11 @@
 
 #include <QFile>
 
-#include <gmock/gmock.h>
-
 #include <sys/stat.h>
 
 namespace ebtq::db {
 
 namespace {
-
-using ::testing::HasSubstr;
 
 class BackupTest : public TransferTest
 {
@@ -49,12 +46,11 @@ TEST_F(BackupTest, TakesOneMomentWhileTheDatabaseIsWrittenAndComesBack)
     int steps = 0;
     backUp(path("a.db"), path("a.bak"), false, [&](int done, int total) {
         EXPECT_LE(done, total);
-        writer->execute(QStringLiteral("insert into fyxx(房源ID) values('new%1')").arg(++steps));
-        writer->execute(QStringLiteral("delete from fykh"));
+        writer->execute(u"insert into fyxx(房源ID) values('new%1')"_qs.arg(++steps));
+        writer->execute(u"delete from fykh"_qs);
     });
     EXPECT_GT(steps, 3) << "small steps";
-    EXPECT_EQ(names(), (QStringList{QStringLiteral("a.bak"), QStringLiteral("a.db"),
-                                    QStringLiteral("a.db-shm"), QStringLiteral("a.db-wal")}));
+    EXPECT_EQ(names(), (QStringList{u"a.bak"_qs, u"a.db"_qs, u"a.db-shm"_qs, u"a.db-wal"_qs}));
 
     EXPECT_THAT(refusal([&] { restore(path("a.bak"), path("a.db")); }), HasSubstr("其他程序"));
     EXPECT_EQ(countOf(*writer, "fykh"), 0);
@@ -90,7 +86,7 @@ TEST_F(BackupTest, KeepsWhatARestoreReplaces)
     write("b.db-wal", "log");
     const BackupOutcome damaged = restore(path("a.bak"), path("b.db"));
     EXPECT_TRUE(contents("b.db") == before);
-    EXPECT_TRUE(QFile::exists(damaged.keptAside + QStringLiteral("-wal")));
+    EXPECT_TRUE(QFile::exists(damaged.keptAside + u"-wal"_qs));
 }
 
 TEST_F(BackupTest, WhoeverCouldUseTheReplacedDatabaseCanUseTheRestored)

@@ -1,5 +1,6 @@
 #include "database/transfer/database_copy.h"
 
+#include "database/database_test.h"
 #include "database/schema/installer.h"
 #include "database/schema/tables.h"
 #include "database/transfer/backup.h"
@@ -7,15 +8,12 @@
 #include "database/transfer/transfer_fixture.h"
 #include "support/postgres_base.h"
 
-#include <gmock/gmock.h>
-
 #include <csignal>
 
 namespace ebtq::db {
 
 namespace {
 
-using ::testing::HasSubstr;
 using CopyTest = TransferTest;
 
 } // namespace
@@ -37,8 +35,8 @@ TEST_F(CopyTest, CarriesEveryValueFromEngineToEngineAndBack)
     EXPECT_TRUE(literals(*source) == literals(*back)) << "a value differs";
     EXPECT_EQ(checkSchema(*back), QStringList());
     for (Connection *target : {server.get(), back.get()}) {
-        target->execute(QStringLiteral("insert into pubAttach(IDs) values('new')"));
-        EXPECT_EQ(target->query(QStringLiteral("select rowIndex from pubAttach where IDs='new'")).cell(0, 0),
+        target->execute(u"insert into pubAttach(IDs) values('new')"_qs);
+        EXPECT_EQ(target->query(u"select rowIndex from pubAttach where IDs='new'"_qs).cell(0, 0),
                   "2147483001");
     }
     // Only long whole numbers tell the engines apart; the program itself writes none.
@@ -73,7 +71,7 @@ TEST_F(CopyTest, EveryNewDatabaseHasStatistics)
 
 TEST_F(CopyTest, ChecksumsSeeEveryChangeOfAValueAndNoOrder)
 {
-    const auto connection = make(QStringLiteral(":memory:"));
+    const auto connection = make(u":memory:"_qs);
     install(*connection);
     connection->executeNative(
         "insert into pubAttach(rowIndex,IDs,filename,filesize,createdate,contents) values"
@@ -82,7 +80,7 @@ TEST_F(CopyTest, ChecksumsSeeEveryChangeOfAValueAndNoOrder)
     QStringList columns;
     for (const Column &column : connection->catalog().table(u"pubAttach")->columns)
         columns << column.name;
-    const auto digest = [&] { return digestOf(*connection, QStringLiteral("pubAttach"), columns); };
+    const auto digest = [&] { return digestOf(*connection, u"pubAttach"_qs, columns); };
     const TableDigest before = digest();
     const char *changes[] = {
         "update pubAttach set filesize=0.10000000000000002 where rowIndex=1",
@@ -130,8 +128,7 @@ TEST_F(CopyTest, LeavesTheTargetAsItWasWhateverGoesWrong)
     for (const auto &[toSource, toTarget, mode, message] : cases) {
         source->executeNative(toSource);
         (void)make(path("b.db"));
-        const auto target =
-            Connection::open(QStringLiteral("file:%1%2").arg(path("b.db"), QLatin1String(mode)));
+        const auto target = Connection::open(u"file:%1%2"_qs.arg(path("b.db"), QLatin1String(mode)));
         target->executeNative(toTarget);
         const int tables = countOf(*target, "sqlite_master");
         EXPECT_THAT(refusal([&] { copyDatabase(*source, *target); }), HasSubstr(message));
@@ -153,7 +150,7 @@ TEST_F(CopyTest, RefusesATargetWithRowsAndUndoesACopyThatDiffers)
     EXPECT_THAT(refusal([&] { copyDatabase(*source, *target); }), HasSubstr("pdmdq"));
     EXPECT_EQ(countOf(*target, "fyxx"), 0);
     target->executeNative("drop trigger t");
-    EXPECT_EQ(copyDatabase(*source, *target).leftOut, QStringList{QStringLiteral("fyxx.自定")});
+    EXPECT_EQ(copyDatabase(*source, *target).leftOut, QStringList{u"fyxx.自定"_qs});
     EXPECT_TRUE(literals(*source) == literals(*target));
     EXPECT_THAT(refusal([&] { copyDatabase(*source, *target); }), HasSubstr("已有数据"));
 }
@@ -168,7 +165,7 @@ TEST_F(CopyTest, CopiesOneMomentWhileOthersWrite)
         writer->executeNative("delete from fykh where 客源ID=(select min(客源ID) from fykh);"
                               "update fyxx set 房号=房号||'x'; update host_schema set version=9");
         if (table == u"fyxx")
-            writer->execute(QStringLiteral("insert into fyxx(房源ID) values('new%1')").arg(done));
+            writer->execute(u"insert into fyxx(房源ID) values('new%1')"_qs.arg(done));
     });
     EXPECT_TRUE(literals(*target) == before);
     EXPECT_FALSE(literals(*writer) == before) << "nothing was written meanwhile";

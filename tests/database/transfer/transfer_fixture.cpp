@@ -29,7 +29,7 @@ insert into pubAttach(rowIndex,description) select 800004, replace(hex(zeroblob(
 QString agency()
 {
     static const QTemporaryDir folder;
-    const QString location = folder.filePath(QStringLiteral("agency.db"));
+    const QString location = folder.filePath(u"agency.db"_qs);
     if (QFile::exists(location))
         return location;
     const auto connection = Connection::open(location, Connection::Missing::IsCreated);

@@ -10,11 +10,11 @@ namespace {
 
 RowBlock sample()
 {
-    RowBlock block({{QStringLiteral("名称"), ColumnType::Text},
-                    {QStringLiteral("楼层"), ColumnType::Integer},
-                    {QStringLiteral("面积"), ColumnType::Number},
-                    {QStringLiteral("日期"), ColumnType::Date},
-                    {QStringLiteral("内容"), ColumnType::Binary}});
+    RowBlock block({{u"名称"_qs, ColumnType::Text},
+                    {u"楼层"_qs, ColumnType::Integer},
+                    {u"面积"_qs, ColumnType::Number},
+                    {u"日期"_qs, ColumnType::Date},
+                    {u"内容"_qs, ColumnType::Binary}});
     block.append("云山花园");
     block.appendInteger(-12);
     block.appendNumber(128.5);
@@ -41,7 +41,7 @@ TEST(RowBlock, KeepsCellsNullsAndTypes)
     EXPECT_EQ(block.cell(0, 1), "-12");
     EXPECT_EQ(block.cell(0, 2), "128.5");
     EXPECT_EQ(block.cell(0, 3), "2026-9-8 14:05:09");
-    EXPECT_EQ(block.value(0, 0), QVariant(QStringLiteral("云山花园")));
+    EXPECT_EQ(block.value(0, 0), QVariant(u"云山花园"_qs));
     EXPECT_EQ(block.value(0, 1), QVariant(-12));
     EXPECT_EQ(block.value(0, 2), QVariant(128.5));
     EXPECT_EQ(block.value(0, 3), QVariant(QDateTime(QDate(2026, 9, 8), QTime(14, 5, 9))));
@@ -53,9 +53,9 @@ TEST(RowBlock, KeepsCellsNullsAndTypes)
         EXPECT_FALSE(block.isNull(2, column)) << "an empty text is no Null";
     }
     EXPECT_EQ(block.value(2, 1), QVariant(5'000'000'000LL));
-    EXPECT_EQ(block.value(2, 2), QVariant(QStringLiteral("无"))) << "a foreign value is shown, not lost";
-    EXPECT_EQ(block.value(2, 3), QVariant(QStringLiteral("不详")));
-    EXPECT_EQ(cellText("\xEF\xBB\xBF\xEF\xBB\xBF中"), QStringLiteral("\xFEFF\xFEFF中"));
+    EXPECT_EQ(block.value(2, 2), QVariant(u"无"_qs)) << "a foreign value is shown, not lost";
+    EXPECT_EQ(block.value(2, 3), QVariant(u"不详"_qs));
+    EXPECT_EQ(cellText("\xEF\xBB\xBF\xEF\xBB\xBF中"), u"\xFEFF\xFEFF中"_qs);
 }
 
 } // namespace ebtq

@@ -25,34 +25,32 @@ TEST(SqlText, RemembersWhatWasTypedThroughEveryWayOfJoining)
 {
     SqlText filter;
     filter += u" and A.地区='";
-    filter += typed(QStringLiteral("天河区"));
+    filter += typed(u"天河区"_qs);
     filter += u"' and 交易状态='";
     filter += typed({});
     filter += u"'";
-    EXPECT_EQ(marked(filter), QStringLiteral(" and A.地区='{天河区}' and 交易状态=''"));
-    const SqlText whole =
-        SqlText(QStringLiteral("select 1 where ")) + filter.withoutFirst(5) + u" order by 1";
-    EXPECT_EQ(marked(whole), QStringLiteral("select 1 where A.地区='{天河区}' and 交易状态='' order by 1"));
+    EXPECT_EQ(marked(filter), u" and A.地区='{天河区}' and 交易状态=''"_qs);
+    const SqlText whole = SqlText(u"select 1 where "_qs) + filter.withoutFirst(5) + u" order by 1";
+    EXPECT_EQ(marked(whole), u"select 1 where A.地区='{天河区}' and 交易状态='' order by 1"_qs);
 }
 
 TEST(SqlText, CuttingIntoATypedSpanKeepsItsRest)
 {
     SqlText sql;
-    sql += typed(QStringLiteral("abcdef"));
+    sql += typed(u"abcdef"_qs);
     sql += u"x";
-    sql += typed(QStringLiteral("gh"));
-    EXPECT_EQ(marked(sql.withoutFirst(2)), QStringLiteral("{cdef}x{gh}"));
-    EXPECT_EQ(marked(sql.withoutFirst(6)), QStringLiteral("x{gh}"));
+    sql += typed(u"gh"_qs);
+    EXPECT_EQ(marked(sql.withoutFirst(2)), u"{cdef}x{gh}"_qs);
+    EXPECT_EQ(marked(sql.withoutFirst(6)), u"x{gh}"_qs);
     EXPECT_EQ(marked(sql.withoutFirst(99)), QString());
 }
 
 TEST(SqlText, FillsACheckStatement)
 {
-    const QString base = QStringLiteral("select * from t where (a='@' or b='@')");
-    EXPECT_EQ(marked(SqlText::filledIn(base, u'@', QStringLiteral("x@y"))),
-              QStringLiteral("select * from t where (a='{x@y}' or b='{x@y}')"));
-    EXPECT_EQ(SqlText::filledIn(base, u'@', {}).text(),
-              QStringLiteral("select * from t where (a='' or b='')"));
+    const QString base = u"select * from t where (a='@' or b='@')"_qs;
+    EXPECT_EQ(marked(SqlText::filledIn(base, u'@', u"x@y"_qs)),
+              u"select * from t where (a='{x@y}' or b='{x@y}')"_qs);
+    EXPECT_EQ(SqlText::filledIn(base, u'@', {}).text(), u"select * from t where (a='' or b='')"_qs);
 }
 
 } // namespace ebtq

@@ -121,14 +121,14 @@ TEST_F(FlexGridShapeTest, SumsShowTheirColoursFormatsAndWholeLabel)
     EXPECT_FALSE(isPainted(4, 2, QColor(rgb(128)))) << "a number ends the label";
     const auto need = [&](const QString &text) { return view.fontMetrics().horizontalAdvance(text) + 12; };
     view.resizeColumnToContents(2);
-    EXPECT_GE(view.columnWidth(2), need(QStringLiteral("586万元"))) << "the text with the space around it";
+    EXPECT_GE(view.columnWidth(2), need(u"586万元"_qs)) << "the text with the space around it";
     view.resizeColumnToContents(0);
     EXPECT_LT(view.columnWidth(0), need(wanted[0].caption)) << "a label needs no room of its own";
     view.resize(160, 300); // no room to share
     grid.setColAlignment(1, VSFlexGrid::AlignRight);
     grid.setRows(1);
     grid.LoadArray(numbered(100));
-    const Subtotal large[] = {{.totalColumn = 1, .format = QStringLiteral("0.") + QString(24, u'0')}};
+    const Subtotal large[] = {{.totalColumn = 1, .format = u"0."_qs + QString(24, u'0')}};
     grid.setColFormat(1, {});
     grid.addSubtotals(large);
     EXPECT_GE(view.columnWidth(1), need(grid.TextMatrix(101, 1))) << "the sum of all, far below";

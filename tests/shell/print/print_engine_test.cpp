@@ -196,21 +196,16 @@ TEST_F(PrintEngineTest, WideListsGoOnSideBySideAndLongCellsWrap)
 
 TEST_F(PrintEngineTest, CaptionsAndSumsAreReadWhole)
 {
-    grid.addColumn(QStringLiteral("求购价格按万元计算"), 40);
-    grid.addColumn(QStringLiteral("总"), 20);
+    grid.addColumn(u"求购价格按万元计算"_qs, 40);
+    grid.addColumn(u"总"_qs, 20);
     grid.shown.back().isWidthSet = false;
     addRows(240);
     grid.subtotal = static_cast<int>(grid.rows.size()) - 1;
-    grid.rows.back() = {QStringLiteral("天河区翠堤雅居各房源的小计"),
-                        {},
-                        QStringLiteral("7"),
-                        {},
-                        QStringLiteral("1234567890.12")};
+    grid.rows.back() = {u"天河区翠堤雅居各房源的小计"_qs, {}, u"7"_qs, {}, u"1234567890.12"_qs};
     engine.PrintOut(job(), true);
     for (const QString &page : pagesOfPdf())
         EXPECT_TRUE(page.contains(u'算')) << "the end of the caption";
-    for (const QString &part :
-         {QStringLiteral("1234567890.12"), QStringLiteral("天河区翠堤雅居各房源的小计7")})
+    for (const QString &part : {u"1234567890.12"_qs, u"天河区翠堤雅居各房源的小计7"_qs})
         EXPECT_TRUE(pagesOfPdf().last().contains(part)) << part.toStdString();
 }
 

@@ -1,18 +1,15 @@
-#include "database/connection.h"
+// Servers that go away, come back, follow each other and encrypt.
+
+#include "database/database_test.h"
 #include "database/schema/installer.h"
-#include "support/messages.h"
 #include "support/postgres_base.h"
 #include "support/postgres_server.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace ebtq::db::test {
 
 namespace {
 
-using ebtq::test::messageOf;
-using ::testing::HasSubstr;
+using ebtq::test::PostgresServer;
 
 class LossTest : public ::testing::Test
 {
@@ -26,12 +23,33 @@ protected:
     void execute(const char16_t *statement) { m_connection->execute(QString::fromUtf16(statement)); }
     [[nodiscard]] int count()
     {
-        return m_connection->query(QStringLiteral("select count(*) from pdmgy")).value(0, 0).toInt();
+        return m_connection->query(u"select count(*) from pdmgy"_qs).value(0, 0).toInt();
     }
 
-    ebtq::test::PostgresServer m_server;
+    PostgresServer m_server;
     std::unique_ptr<Connection> m_connection;
 };
+
+/// Whether the server sees the connection encrypted: "t" or "f"; else why there is none.
+std::string encryption(const QString &url)
+{
+    std::string outcome;
+    const std::string failure = messageOf([&] {
+        const auto connection = Connection::open(url);
+        outcome =
+            connection->queryNative("select ssl from pg_stat_ssl where pid=pg_backend_pid()").cell(0, 0);
+    });
+    return outcome + failure;
+}
+
+std::string writeFailure(const QString &url)
+{
+    return messageOf([&] {
+        const auto connection = Connection::open(url);
+        connection->execute(u"insert into pdmgy(雇员ID,姓名)values(1,'甲')"_qs);
+        connection->execute(u"delete from pdmgy"_qs);
+    });
+}
 
 } // namespace
 
@@ -87,7 +105,7 @@ TEST(Loss, AConnectionThatCouldNotBeSetUpIsNotUsed)
         " end$$;"
         "select pg_terminate_backend(pid,10000) from pg_stat_activity"
         " where datname=current_database() and pid<>pg_backend_pid()");
-    const auto read = [&] { (void)connection->query(QStringLiteral("select 姓名 from pdmgy")); };
+    const auto read = [&] { (void)connection->query(u"select 姓名 from pdmgy"_qs); };
     for (int time = 0; time < 2; ++time)
         EXPECT_THAT(messageOf(read), HasSubstr("无法连接数据库服务器"));
     administrator->executeNative("drop schema broken cascade");
@@ -118,6 +136,75 @@ TEST_F(LossTest, WhatMayHaveBeenDoneIsNotDoneAgain)
     insert();
     EXPECT_THAT(messageOf([&] { m_connection->commit(); }), HasSubstr("不能确定数据是否已保存"));
     EXPECT_EQ(count(), 1);
+}
+
+TEST(PostgresHosts, TheOneThatCanBeWrittenIsTakenInWhicheverOrder)
+{
+    const PostgresServer primary;
+    install(*Connection::open(primary.url()));
+    const PostgresServer standby(PostgresServer::StandbyOf{primary});
+    const QString nobody = u"127.0.0.1:1"_qs;
+    struct Case
+    {
+        QStringList places;
+        const char *options;
+        const char *failure; ///< empty: it can be written
+    };
+    const Case cases[] = {
+        {{primary.place(), standby.place()}, "", ""},
+        {{standby.place(), primary.place()}, "", ""},
+        {{nobody, standby.place(), primary.place()}, "", ""},
+        {{standby.place()}, "", "没有可写的服务器"},
+        {{nobody, standby.place()}, "", "没有可写的服务器"},
+        {{nobody, nobody}, "", "服务器没有运行"},
+        {{standby.place(), primary.place()}, "?target_session_attrs=any", "数据库是只读的，不能保存"},
+    };
+    for (const Case &each : cases) {
+        const QString places = each.places.join(u',');
+        const std::string failure =
+            writeFailure(primary.url().replace(primary.place(), places) + QString::fromLatin1(each.options));
+        EXPECT_THAT(failure, HasSubstr(each.failure)) << places.toStdString();
+        EXPECT_EQ(failure.empty(), *each.failure == '\0') << places.toStdString() << failure;
+        EXPECT_THAT(failure, Not(HasSubstr(primary.password().toStdString())));
+    }
+}
+
+TEST(PostgresEncryption, TheServerIsCheckedAsTheUrlSays)
+{
+    const PostgresServer server(PostgresServer::Wire::Encrypted);
+    const auto rootFile = [&](const char *name) {
+        return u"&sslrootcert="_qs + server.file(QString::fromLatin1(name));
+    };
+    struct Case
+    {
+        const char *host;
+        const char *mode;
+        QString root;
+        const char *outcome;
+    };
+    const Case cases[] = {
+        {"office.test", "verify-full", rootFile("authority.pem"), "t"},
+        {"other.test", "verify-ca", rootFile("authority.pem"), "t"},
+        {"other.test", "require", {}, "t"},
+        {"other.test", "prefer", {}, "t"},
+        {"other.test", "verify-full", rootFile("authority.pem"), "服务器的证书不是给这个主机名的"},
+        {"office.test", "verify-full", rootFile("stranger.pem"), "服务器的证书不可信"},
+        {"office.test", "verify-ca", rootFile("stranger.pem"), "服务器的证书不可信"},
+        {"office.test", "verify-full", rootFile("missing.pem"), "找不到用来核对服务器证书的文件"},
+        {"office.test", "disable", {}, "服务器只接受加密连接"},
+    };
+    for (const Case &each : cases) {
+        const QString place =
+            QString::fromLatin1(each.host) + u':' + server.place().section(u':', 1); // found by "hostaddr"
+        const QString url = server.url().replace(server.place(), place) + u"?hostaddr=127.0.0.1&sslmode="_qs +
+                            QString::fromLatin1(each.mode) + each.root;
+        const std::string outcome = encryption(url);
+        EXPECT_THAT(outcome, HasSubstr(each.outcome)) << each.host << ' ' << each.mode;
+        EXPECT_EQ(outcome == "t", std::string(each.outcome) == "t") << outcome;
+        EXPECT_THAT(outcome, Not(HasSubstr(server.password().toStdString())));
+    }
+    EXPECT_THAT(encryption(server.url().replace(server.password(), u"wrong"_qs)),
+                HasSubstr("用户名或密码不对"));
 }
 
 } // namespace ebtq::db::test
