@@ -7,18 +7,7 @@ using namespace ebtq::test;
 
 namespace {
 
-class PickerLookUpTest : public PickerTest
-{
-protected:
-    [[nodiscard]] QString typedSpans() const
-    {
-        QStringList spans;
-        const SqlText &sql = app.lastStatement;
-        for (const SqlText::Span &span : sql.typedSpans())
-            spans.append(sql.text().mid(span.begin, span.length));
-        return spans.join(u',');
-    }
-};
+using PickerLookUpTest = PickerTest;
 
 TEST_F(PickerLookUpTest, StatementsAreAsTold)
 {
@@ -26,43 +15,42 @@ TEST_F(PickerLookUpTest, StatementsAreAsTold)
         u"select 楼盘编号,拼音缩写,楼盘名称,物业用途,物业类型,建房年代,售均价,管理费,详细地址,备注,地区,"
         u"A.地区ID,楼盘ID from pdmlpzd A left join pdmdq B on A.地区ID=B.地区ID"_qs;
     const QString blocks = u"select 栋座编号,栋座名称,总楼层,栋座ID,楼盘ID from pdmDz"_qs;
-    const QString blockCheck = u"select 栋座编号,栋座名称,总楼层,栋座ID,A.楼盘ID from pdmDz A left join "
-                               u"pdmlpzd B on A.楼盘ID=B.楼盘ID Where (栋座编号='A' OR 栋座名称='A')"_qs;
     const QString match = u" Where (楼盘编号='b' OR 楼盘名称='b' OR 拼音缩写='b')"_qs;
-    struct Case
+    const struct
     {
-        QString picker;
-        QString parameters;
-        QString typedText; ///< empty for the list
+        const char16_t *use; ///< picker, parameters and typed text, empty for the list
         QString statement;
         QString typedSpans = {};
-    };
-    const Case cases[] = {
-        {u"selPdm"_qs,
-         remarks,
-         {},
-         u"select null,代码,名称,代码 from pdmsjzd where 类型='房源备注' order by 代码"_qs},
-        {u"selPdm"_qs, remarks + u";where=;order="_qs, {}, u"select null,代码,名称,代码 from pdmsjzd"_qs},
-        {u"selPdm"_qs, remarks, u"急"_qs,
+    } cases[] = {
+        {u"selPdm|*|", u"select null,代码,名称,代码 from pdmsjzd where 类型='房源备注' order by 代码"_qs},
+        {u"selPdm|*;where=;order=|", u"select null,代码,名称,代码 from pdmsjzd"_qs},
+        {u"selPdm|*|急",
          u"select 代码,名称,代码 from pdmsjzd Where (代码='急' OR 名称='急') and 类型='房源备注'"_qs,
          u"急,急"_qs},
-        {u"selPdmLpzd"_qs, {}, {}, buildings + u" order by 楼盘编号"_qs},
-        {u"selPdmLpzd"_qs, u"地区= 石桥头 "_qs, {}, buildings + u" where A.地区ID=3 order by 楼盘编号"_qs},
-        {u"selPdmLpzd"_qs, u"地区=石桥头;lock=0"_qs, u"b"_qs, buildings + match, u"b,b,b"_qs},
-        {u"selPdmLpzd"_qs, u"地区=石桥头;lock=1"_qs, u"b"_qs, buildings + match + u" and 地区='石桥头'"_qs,
+        {u"selPdmLpzd||", buildings + u" order by 楼盘编号"_qs},
+        {u"selPdmLpzd|地区= 石桥头 |", buildings + u" where A.地区ID=3 order by 楼盘编号"_qs},
+        {u"selPdmLpzd|地区=石桥头;lock=0|b", buildings + match, u"b,b,b"_qs},
+        {u"selPdmLpzd|地区=石桥头;lock=1|b", buildings + match + u" and 地区='石桥头'"_qs,
          u"b,b,b,石桥头"_qs},
-        {u"selPdmDz"_qs, u"楼盘=云锦苑"_qs, {}, blocks + u" where 楼盘ID=32 order by 栋座编号"_qs},
-        {u"selPdmDz"_qs, u"楼盘=;lock=1"_qs, {}, blocks + u" order by 栋座编号"_qs},
+        {u"selPdmDz|楼盘=云锦苑|", blocks + u" where 楼盘ID=32 order by 栋座编号"_qs},
+        {u"selPdmDz|楼盘=;lock=1|", blocks + u" order by 栋座编号"_qs},
         // Blanks are cut off, wide ones are part of the name.
-        {u"selPdmDz"_qs, u"楼盘= 云锦苑　;lock=1"_qs, u"A"_qs, blockCheck + u" and 楼盘名称='云锦苑　'"_qs,
+        {u"selPdmDz|楼盘= 云锦苑　;lock=1|A",
+         u"select 栋座编号,栋座名称,总楼层,栋座ID,A.楼盘ID from pdmDz A left join pdmlpzd B on "
+         u"A.楼盘ID=B.楼盘ID "
+         u"Where (栋座编号='A' OR 栋座名称='A') and 楼盘名称='云锦苑　'"_qs,
          u"A,A,云锦苑　"_qs},
     };
-    for (const Case &c : cases) {
-        make(c.picker, c.parameters);
+    for (const auto &c : cases) {
+        const QStringList use = QString::fromUtf16(c.use).replace(u'*', remarks).split(u'|');
+        make(use[0], use[1]);
         app.releases = 0;
-        c.typedText.isEmpty() ? picker->IPickerUI_Refresh() : validate(c.typedText);
+        use[2].isEmpty() ? picker->IPickerUI_Refresh() : validate(use[2]);
         EXPECT_EQ(app.lastStatement.text(), c.statement);
-        EXPECT_EQ(typedSpans(), c.typedSpans) << c.statement.toStdString();
+        QStringList spans;
+        for (const SqlText::Span &span : app.lastStatement.typedSpans())
+            spans.append(app.lastStatement.text().mid(span.begin, span.length));
+        EXPECT_EQ(spans.join(u','), c.typedSpans) << c.statement.toStdString();
         EXPECT_EQ(app.releases, 1);
         EXPECT_EQ(app.Db().LastError().Description, QString());
     }

@@ -5,6 +5,7 @@
 #include "library/pickers/sel_pdm_dz.h"
 #include "library/pickers/sel_pdm_lpzd.h"
 #include "library/support/agency_test.h"
+#include "library/support/grids.h"
 
 namespace ebtq::test {
 
@@ -17,18 +18,18 @@ protected:
 
     PickerTest()
     {
-        insert({u"pdmdq(地区ID,编码,地区,级次,是否明细) values(1,'01','云泽市',1,0)",
-                u"pdmdq(地区ID,编码,地区,级次,是否明细) values(3,'0102','石桥头',2,1)",
-                u"pdmdq(地区ID,编码,地区,级次,是否明细) values(2,'0101','清水湾',2,1)",
-                u"pdmdq(地区ID,编码,地区,级次,是否明细) values(4,'0103','清水湾',2,1)",
-                u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,物业类型,建房年代,售均价,管理费,"
-                u"详细地址,备注,拼音缩写) values(31,'LP1','碧棠花园',2,'住宅','多层','2003',1.25,0.8,"
-                u"'湾路1号','近湖','BTHY')",
-                u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,拼音缩写) "
-                u"values(32,'LP2','云锦苑',3,'商铺','YJY')",
-                u"pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,拼音缩写) "
-                u"values(33,'LP3','清水居',4,'住宅','QSJ')",
-                u"pdmdz(栋座ID,栋座编号,栋座名称,楼盘ID,总楼层) values(7,'A','一栋',31,18)",
+        for (const char16_t *district : {u"1,'01','云泽市',1,0", u"3,'0102','石桥头',2,1",
+                                         u"2,'0101','清水湾',2,1", u"4,'0103','清水湾',2,1"})
+            connection->execute(u"insert into pdmdq(地区ID,编码,地区,级次,是否明细) values(%1)"_qs.arg(
+                QString::fromUtf16(district)));
+        for (const char16_t *building :
+             {u"31,'LP1','碧棠花园',2,'住宅','BTHY','多层','2003',1.25,0.8,'湾路1号','近湖'",
+              u"32,'LP2','云锦苑',3,'商铺','YJY','','',0,0,'',''",
+              u"33,'LP3','清水居',4,'住宅','QSJ','','',0,0,'',''"})
+            connection->execute(u"insert into pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID,物业用途,拼音缩写,"
+                                u"物业类型,建房年代,售均价,管理费,详细地址,备注) values(%1)"_qs.arg(
+                                    QString::fromUtf16(building)));
+        insert({u"pdmdz(栋座ID,栋座编号,栋座名称,楼盘ID,总楼层) values(7,'A','一栋',31,18)",
                 u"pdmdz(栋座ID,栋座编号,栋座名称,楼盘ID,总楼层) values(8,'B','一栋',32,9)",
                 u"pdmsjzd(类型,代码,名称) values('房源备注','12','急售')",
                 u"pdmsjzd(类型,代码,名称) values('房源备注','15','满五唯一')",
@@ -67,14 +68,7 @@ protected:
         return picker->IPickerUI_Validate(u"x"_qs, valueField, textField, typedText, value, text);
     }
     /// The cells of a column, from the top, of the rows in sight.
-    [[nodiscard]] QStringList shown(int column) const
-    {
-        QStringList cells;
-        const VSFlexGrid &grid = picker->VS();
-        for (int position = 0; position < grid.visibleCount(); ++position)
-            cells.append(grid.TextMatrix(grid.rowInSight(position), column));
-        return cells;
-    }
+    [[nodiscard]] QStringList shown(int column) const { return columnText(picker->VS(), column).split(u' '); }
     template<class Row> [[nodiscard]] std::shared_ptr<const Row> object() const
     {
         return std::dynamic_pointer_cast<const Row>(picker->IPickerUI_Objects());
