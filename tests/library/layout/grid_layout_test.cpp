@@ -42,6 +42,19 @@ protected:
         store.setFileName(layoutFile);
         return store.GetString(section, key, u"-"_qs);
     }
+    /// Entries as "section key value,section key value".
+    void expectKept(const QString &entries) const
+    {
+        for (const QString &each : entries.split(u',')) {
+            const QStringList entry = each.split(u' ');
+            EXPECT_EQ(kept(entry[0], entry[1]), entry[2]) << each.toStdString();
+        }
+    }
+    [[nodiscard]] QByteArray contents() const
+    {
+        QFile in(layoutFile);
+        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+    }
     void restore(bool onlyColWidth = false) { GridRestore(layoutFile, grid, onlyColWidth, app); }
 
     VSFlexGrid grid{u"VS"_qs};
@@ -53,27 +66,25 @@ TEST_F(GridLayoutTest, AFirstStartWritesTheShapeThatTheScreenWasBuiltWith)
     restore(true);
     EXPECT_FALSE(QFile::exists(layoutFile)) << "widths alone write nothing";
     restore();
-    const QString written =
-        u"VsIsHidden VsCol1 2,VsIsHidden VsCol2 1,VsColWidth VsCol1 %1,VsColWidth VsCol2 -,VsIsColMerge "
-        u"VsCol0 2,"
-        u"VsColDataType VsCol0 0,VsColFormat VsCol0 ,VsColAlignment VsCol0 9,VsIsSort VsCol0 -,"
-        u"VsColFormat_Xs VsCol0 -,VsColValDataType VsCol0 -,VsIsGroupOn VsCol0 -,VsIsTotalOn VsCol0 -,"
-        u"VsColPosition VsCol0 -,Vs VsRowHeight 28,Vs VsFixedRowHeight 28,Vs VsFixedCols 0,Vs VsGridColor %2,"
-        u"Vs VsWordWrap 2,Vs VsTotalSave -"_qs.arg(grid.ColWidth(1))
-            .arg(0xF0F0F0);
-    for (const QString &each : written.split(u',')) {
-        const QStringList entry = each.split(u' ');
-        EXPECT_EQ(kept(entry[0], entry[1]), entry[2]) << each.toStdString();
-    }
+    expectKept(u"VsIsHidden VsCol1 2,VsIsHidden VsCol2 1,VsColWidth VsCol1 %1,VsColWidth VsCol2 "
+               u"-,VsIsColMerge VsCol0 2,"
+               u"VsColDataType VsCol0 0,VsColFormat VsCol0 ,VsColAlignment VsCol0 9,VsIsSort VsCol0 -,"
+               u"VsColFormat_Xs VsCol0 -,VsColValDataType VsCol0 -,VsIsGroupOn VsCol0 -,VsIsTotalOn VsCol0 -,"
+               u"VsColPosition VsCol0 -,Vs VsRowHeight 28,Vs VsFixedRowHeight 28,Vs VsFixedCols 0,"
+               u"Vs VsGridColor %2,Vs VsWordWrap 2,Vs VsTotalSave -"_qs.arg(grid.ColWidth(1))
+                   .arg(0xF0F0F0));
 }
 
 TEST_F(GridLayoutTest, EveryKeyComesBack)
 {
+    ASSERT_TRUE(GridSave(layoutFile, grid, true));
+    expectKept(u"Vs VsWordWrap -"_qs); // widths only
+    const int formerWidth = grid.ColWidth(1);
     grid.setColWidth(0, 33);
     grid.setColWidth(1, 0);
     grid.setMergeCol(2, true);
     grid.setColDataType(2, 8);
-    grid.setColFormat(3, u"#,###.##"_qs);
+    grid.setColFormat(3, u"#.##"_qs);
     grid.setColAlignment(3, VSFlexGrid::AlignCentre);
     grid.setColumnOrder({3, 0, 1, 2});
     grid.setRowHeight(1, 40);
@@ -86,43 +97,18 @@ TEST_F(GridLayoutTest, EveryKeyComesBack)
     other.setFormatString(grid.FormatString());
     other.LoadArray(blockOf(4, {{u"x"_qs, {}, {}, {}}}));
     GridRestore(layoutFile, other, false, app);
-    EXPECT_EQ(other.ColWidth(0), 33);
-    EXPECT_EQ(other.ColWidth(1), 0);
-    EXPECT_TRUE(other.MergeCol(2));
-    EXPECT_FALSE(other.MergeCol(3));
-    EXPECT_EQ(other.ColDataType(2), 8);
-    EXPECT_EQ(other.ColFormat(3), u"#,###.##");
-    EXPECT_EQ(other.ColAlignment(3), VSFlexGrid::AlignCentre);
-    EXPECT_EQ(other.columnOrder(), std::vector<int>({3, 0, 1, 2}));
-    EXPECT_EQ(other.RowHeight(1), 40);
-    EXPECT_EQ(other.RowHeight(0), 50);
-    EXPECT_EQ(other.FrozenCols(), 2);
-    EXPECT_EQ(other.GridColor(), 0x123456);
-    EXPECT_TRUE(other.WordWrap());
-    QFile in(layoutFile);
-    ASSERT_TRUE(in.open(QIODevice::ReadOnly));
-    const QByteArray before = in.readAll();
+    const QByteArray before = contents();
     ASSERT_TRUE(GridSave(layoutFile, other, false));
-    in.seek(0);
-    EXPECT_EQ(in.readAll(), before) << "what was restored is saved alike";
-}
-
-TEST_F(GridLayoutTest, AShownColumnHasItsFormerWidthAgain)
-{
-    grid.setColWidth(1, 77);
-    ASSERT_TRUE(GridSave(layoutFile, grid, true));
-    EXPECT_EQ(kept(u"Vs"_qs, u"VsWordWrap"_qs), u"-") << "widths only";
-    grid.setColWidth(1, 0);
-    ASSERT_TRUE(GridSave(layoutFile, grid, false));
-    EXPECT_EQ(kept(u"VsColWidth"_qs, u"VsCol1"_qs), u"77");
-    VSFlexGrid other(u"VS"_qs);
-    other.setFormatString(grid.FormatString());
-    GridRestore(layoutFile, other, true, app);
-    EXPECT_EQ(other.ColWidth(1), 0);
-    EXPECT_EQ(other.widthWhenShown(1), 77);
+    EXPECT_EQ(contents(), before) << "what was restored is saved alike";
+    expectKept(
+        u"VsColWidth VsCol0 33,VsIsHidden VsCol1 1,VsIsColMerge VsCol2 1,VsIsColMerge VsCol3 2,"
+        u"VsColDataType VsCol2 8,VsColFormat VsCol3 #.##,VsColAlignment VsCol3 4,VsColPosition VsCol3 0,"
+        u"Vs VsRowHeight 40,Vs VsFixedRowHeight 50,Vs VsFixedCols 2,Vs VsGridColor 1193046,"
+        u"Vs VsWordWrap 1"_qs);
+    EXPECT_EQ(other.widthWhenShown(1), formerWidth);
     put(u"VsIsHidden"_qs, u"VsCol1"_qs, u"2"_qs);
     GridRestore(layoutFile, other, true, app);
-    EXPECT_EQ(other.ColWidth(1), 77);
+    EXPECT_EQ(other.ColWidth(1), formerWidth);
 }
 
 TEST_F(GridLayoutTest, FormatsTakeTheirDigitsFromTheFileOrTheAgency)
@@ -164,13 +150,7 @@ TEST_F(GridLayoutTest, GroupsAndTotalsStandWhereTheAdministratorPutThem)
     put(u"VsIsTotalOn"_qs, u"VsCol3"_qs, u"1"_qs);
     grid.setColHidden(0, true);
     grid.setCurrent(1, 2);
-    const auto rows = [this] {
-        QStringList texts;
-        for (int row = 1; row < grid.Rows(); ++row)
-            texts.append(grid.TextMatrix(row, 0) + u'|' + grid.TextMatrix(row, 1) + u'|' +
-                         grid.TextMatrix(row, 2) + u'|' + grid.TextMatrix(row, 3));
-        return texts.join(u' ');
-    };
+    const auto rows = [this] { return rowTexts(grid).join(u' '); };
     const QString oneGroup =
         u"|1|天河|19.5 |2|天河|80.5 天河小计|天河小计||100 |3|海珠|7 海珠小计|海珠小计||7 合计|合计||107"_qs;
     restore();
@@ -201,28 +181,22 @@ TEST_F(GridLayoutTest, GroupsAndTotalsStandWhereTheAdministratorPutThem)
 TEST_F(GridLayoutTest, DamagedNumbersLeaveAScreenThatCanBeUsed)
 {
     const QString wrong[] = {u"-5"_qs, u"99999999999999"_qs, u"房"_qs, u"1e300"_qs, u"2147483663"_qs, u""_qs};
-    const QString columnSections[] = {u"VsIsHidden"_qs,     u"VsColWidth"_qs,       u"VsIsSort"_qs,
-                                      u"VsIsColMerge"_qs,   u"VsColDataType"_qs,    u"VsColFormat"_qs,
-                                      u"VsColFormat_Xs"_qs, u"VsColValDataType"_qs, u"VsColAlignment"_qs,
-                                      u"VsIsGroupOn"_qs,    u"VsIsTotalOn"_qs,      u"VsColPosition"_qs};
+    const QStringList columnSections =
+        u"VsIsHidden VsColWidth VsIsSort VsIsColMerge VsColDataType VsColFormat VsColFormat_Xs "
+        u"VsColValDataType VsColAlignment VsIsGroupOn VsIsTotalOn VsColPosition"_qs.split(u' ');
     for (const QString &value : wrong) {
         SCOPED_TRACE(value.toStdString());
-        IniStore store;
-        store.setFileName(layoutFile);
         for (const QString &section : columnSections) {
             for (int col = -1; col < 6; ++col)
-                store.SetString(section, u"VsCol%1"_qs.arg(col), value);
+                put(section, u"VsCol%1"_qs.arg(col), value);
         }
-        for (const QString &key : {u"VsRowHeight"_qs, u"VsFixedRowHeight"_qs, u"VsFixedCols"_qs,
-                                   u"VsGridColor"_qs, u"VsWordWrap"_qs, u"VsTotalSave"_qs})
-            store.SetString(u"Vs"_qs, key, value);
-        ASSERT_TRUE(store.save());
+        for (const QString &key :
+             u"VsRowHeight VsFixedRowHeight VsFixedCols VsGridColor VsWordWrap VsTotalSave"_qs.split(u' '))
+            put(u"Vs"_qs, key, value);
         restore();
         EXPECT_EQ(grid.Rows(), 4);
         EXPECT_EQ(std::set<int>(grid.columnOrder().begin(), grid.columnOrder().end()).size(), 4u);
-        EXPECT_LE(grid.RowHeight(1), 1000);
-        EXPECT_GE(grid.RowHeight(0), 8);
-        EXPECT_LE(grid.FrozenCols(), 4);
+        EXPECT_TRUE(grid.RowHeight(1) <= 1000 && grid.RowHeight(0) >= 8 && grid.FrozenCols() <= 4);
         for (int col = 0; col < 4; ++col)
             EXPECT_TRUE(grid.ColWidth(col) > 0 && grid.ColWidth(col) <= 10000);
     }
@@ -279,6 +253,11 @@ public:
         for (VSFlexGrid *grid : {static_cast<VSFlexGrid *>(&widths), &list, &second})
             grid->setFormatString(u"a  |b  "_qs);
     }
+    [[nodiscard]] QVariantList state() const
+    {
+        return {field.Text(), field.Value().toInt(), box.Value(),      combo.Text(),
+                text.Text(),  widths.ColWidth(1),    list.ColWidth(1), second.ColWidth(1)};
+    }
 };
 
 using FormStatus = AgencyTest;
@@ -299,23 +278,15 @@ TEST_F(FormStatus, EachKindOfControlIsKeptUnderItsName)
 
     IniStore store;
     store.setFileName(layoutFile);
-    for (const char16_t *key : {u"QZTXT_S_qzTxt_4_Text", u"QZTXT_S_qzTxt_4_Value", u"CHECKBOX_Chk_0",
-                                u"XPCOMBO_XPCmb", u"TEXTBOX_Txt_1", u"TREEVIEW_tv", u"QZGRID_qzGrid1_Col1"})
-        EXPECT_TRUE(store.contains(u"Form"_qs, QString::fromUtf16(key)))
-            << QString::fromUtf16(key).toStdString();
+    for (const QString &key : u"QZTXT_S_qzTxt_4_Text QZTXT_S_qzTxt_4_Value CHECKBOX_Chk_0 XPCOMBO_XPCmb "
+                              u"TEXTBOX_Txt_1 TREEVIEW_tv QZGRID_qzGrid1_Col1"_qs.split(u' '))
+        EXPECT_TRUE(store.contains(u"Form"_qs, key)) << key.toStdString();
     EXPECT_EQ(store.GetString(u"VsColWidth_VsGj"_qs, u"VsCol1"_qs, {}), u"63");
 
     Form other;
     restoreForm(layoutFile, false, other.controls, app);
-    EXPECT_EQ(other.field.Text(), form.field.Text());
-    EXPECT_EQ(other.field.Value().toInt(), 12);
-    EXPECT_EQ(other.box.Value(), 1);
-    EXPECT_EQ(other.combo.Text(), u" 十天内");
-    EXPECT_EQ(other.text.Text(), form.text.Text());
-    EXPECT_EQ(other.tree.selected, u"根") << "an empty entry leaves the tree alone";
-    EXPECT_EQ(other.widths.ColWidth(1), 61);
-    EXPECT_EQ(other.list.ColWidth(1), 62);
-    EXPECT_EQ(other.second.ColWidth(1), 63);
+    EXPECT_EQ(other.state(), form.state()) << "but for the tree: an empty entry leaves it alone";
+    EXPECT_EQ(other.tree.selected, u"根");
 
     store.SetString(u"Form"_qs, u"TREEVIEW_tv"_qs, u"二级"_qs);
     store.SetString(u"Form"_qs, u"CHECKBOX_Chk_0"_qs, u"坏"_qs);

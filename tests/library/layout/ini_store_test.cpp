@@ -40,15 +40,9 @@ protected:
 
 TEST_F(IniStoreTest, EveryValueComesBackAsItWas)
 {
-    const QString values[] = {u""_qs,
-                              u" 十天内"_qs,
-                              u"a=b;c#d"_qs,
-                              u"[Vs]"_qs,
-                              u"第一行\n第二行\r\n"_qs,
-                              u"C:\\new\\r"_qs,
-                              u"\\\\n\\"_qs,
-                              u"尾部空格  "_qs,
-                              QString(200000, u'长')};
+    const QString values[] = {u""_qs,        u" 十天内"_qs,    u"a=b;c#d"_qs,
+                              u"[Vs]"_qs,    u"一\n二\r\n"_qs, u"C:\\new\\r"_qs,
+                              u"\\\\n\\"_qs, u"尾部空格  "_qs, QString(200000, u'长')};
     IniStore store = opened();
     for (const QString &value : values)
         store.SetString(u"Form"_qs, u"键_%1"_qs.arg(qHash(value)), value);
@@ -68,12 +62,8 @@ TEST_F(IniStoreTest, EveryValueComesBackAsItWas)
 
 TEST_F(IniStoreTest, UnderstandsWhatItCanOfAnyFile)
 {
-    struct Case
-    {
-        QByteArray contents;
-        QString value; ///< of [Vs] a; "-" when it is absent
-    };
-    const Case cases[] = {
+    // The file, and what it holds as [Vs] a; "-" when that is absent.
+    const std::pair<QByteArray, QString> cases[] = {
         {"[Vs]\na=1\n", u"1"_qs},
         {"\xEF\xBB\xBF[Vs]\r\na=1\r\n", u"1"_qs},
         {"[vs]\n A =1\n", u"1"_qs},
@@ -86,15 +76,15 @@ TEST_F(IniStoreTest, UnderstandsWhatItCanOfAnyFile)
         {QByteArray(5 * 1024 * 1024, '\n') + "[Vs]\na=1\n", u"-"_qs},
         {"", u"-"_qs},
     };
-    for (const Case &given : cases) {
-        SCOPED_TRACE(given.contents.left(60).toStdString());
-        write(given.contents);
+    for (const auto &[contents, value] : cases) {
+        SCOPED_TRACE(contents.left(60).toStdString());
+        write(contents);
         IniStore store = opened();
-        EXPECT_EQ(store.GetString(u"Vs"_qs, u"a"_qs, u"-"_qs), given.value);
+        EXPECT_EQ(store.GetString(u"Vs"_qs, u"a"_qs, u"-"_qs), value);
         store.SetString(u"Vs"_qs, u"mended"_qs, u"yes"_qs);
         EXPECT_TRUE(store.save());
         EXPECT_EQ(opened().GetString(u"Vs"_qs, u"mended"_qs, {}), u"yes");
-        EXPECT_EQ(opened().GetString(u"Vs"_qs, u"a"_qs, u"-"_qs), given.value);
+        EXPECT_EQ(opened().GetString(u"Vs"_qs, u"a"_qs, u"-"_qs), value);
     }
 }
 

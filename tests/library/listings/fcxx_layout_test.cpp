@@ -33,20 +33,17 @@ protected:
 
 TEST_F(FcxxLayoutTest, ALayoutThatCouldNotBeReadOnceIsNotReplacedByTheDefault)
 {
-    const auto readable = [this](bool yes) {
-        QFile::setPermissions(layoutFile, yes ? QFile::ReadOwner | QFile::WriteOwner : QFile::Permissions());
-    };
     QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
     put(u"Vs"_qs, u"VsColWidth1"_qs, u"1234"_qs);
     QFile file(layoutFile);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray kept = file.readAll();
-    readable(false);
+    QFile::setPermissions(layoutFile, QFile::Permissions());
     {
         const AsNobody nobody;
         open();
     }
-    readable(true);
+    QFile::setPermissions(layoutFile, QFile::ReadOwner | QFile::WriteOwner);
     list.VS().setColWidth(3, 777);
     close();
     ASSERT_TRUE(file.seek(0));
@@ -56,9 +53,8 @@ TEST_F(FcxxLayoutTest, ALayoutThatCouldNotBeReadOnceIsNotReplacedByTheDefault)
 TEST_F(FcxxLayoutTest, AFilterIsBackBeforeTheFirstLoadAndNeverAfter)
 {
     open();
-    list.qzTxt(0).setText(u"天河区"_qs);
-    list.qzTxt(4).setText(u"一部"_qs);
-    list.qzTxt(4).setValue(12);
+    type(ListingFilter::District, u"天河区"_qs);
+    type(ListingFilter::Department, u"一部"_qs, 12);
     list.Chk(1).setValue(1);
     list.XPCmb().setText(u"半年内"_qs);
     close();
@@ -106,7 +102,9 @@ TEST_F(FcxxLayoutTest, ColumnsThatAPersonChangedAreKeptAtOnceAndFoundAgain)
     open();
     list.VS().setColWidth(1, 123);
     list.VS().setColWidth(2, 0);
-    list.VS().setColumnOrder({4, 0, 1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
+    std::vector<int> order = list.VS().columnOrder();
+    std::swap(order.front(), order[ListingDistrict]);
+    list.VS().setColumnOrder(order);
     list.detail().VsGj().setColWidth(2, 321);
     list.VS().reportLayoutChanged();
     refresh();
@@ -117,7 +115,7 @@ TEST_F(FcxxLayoutTest, ColumnsThatAPersonChangedAreKeptAtOnceAndFoundAgain)
     again.IReportUI_DoGetFormStatus(layoutFile);
     EXPECT_EQ(again.VS().ColWidth(1), 123);
     EXPECT_EQ(again.VS().ColWidth(2), 0);
-    EXPECT_EQ(again.VS().columnOrder().front(), 4);
+    EXPECT_EQ(again.VS().columnOrder(), order);
     EXPECT_EQ(again.detail().VsGj().ColWidth(2), 321);
     EXPECT_TRUE(again.VS().ColHidden(19)) << "what the screen itself hides stays hidden";
 }

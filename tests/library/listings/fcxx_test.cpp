@@ -100,29 +100,23 @@ TEST_F(FcxxTest, RefreshLoadsInOneStatementAndTellsInOrder)
     EXPECT_EQ(cell(list.VS().Row(), ListingKey), u"房源ID"_qs) << "an empty list stands on its header";
 }
 
-TEST_F(FcxxTest, AFailedStatementEmptiesTheListBeforeTheDatabaseIsAsked)
+TEST_F(FcxxTest, FailuresNameModuleAndOperationAndLeaveAListThatWorks)
 {
-    init();
-    store(u"FY1 FY2"_qs);
-    EXPECT_TRUE(refresh());
+    EXPECT_FALSE(refresh());
+    EXPECT_EQ(events, QStringList(u"Fcxx-->IRptUI_Refresh::模块尚未初始化！|8|EBTQ_S"_qs));
+    store(u"FY1"_qs);
+    open(host::ListingModule);
     int rowsWhenAsked = -1;
     app.asRun = [&](const SqlText &) {
         rowsWhenAsked = list.VS().Rows();
         return SqlText(u"select 1 as 号 from 断开"_qs);
     };
     EXPECT_FALSE(refresh());
-    EXPECT_EQ(rowsWhenAsked, 1);
+    EXPECT_EQ(rowsWhenAsked, 1) << "emptied before the database is asked";
     EXPECT_EQ(events, QStringList(app.Db().LastError().Description + u"|8|EBTQ_S"_qs));
     EXPECT_EQ(app.releases, 1);
     EXPECT_TRUE(list.VS().Redraw());
-}
-
-TEST_F(FcxxTest, TrappedErrorsNameModuleAndOperation)
-{
-    EXPECT_FALSE(refresh());
-    EXPECT_EQ(events, QStringList(u"Fcxx-->IRptUI_Refresh::模块尚未初始化！|8|EBTQ_S"_qs));
-    init();
-    store(u"FY1"_qs);
+    app.asRun = [](const SqlText &sql) { return sql; };
     const auto failing = QObject::connect(&list.VS(), &VSFlexGrid::rowsReset, [this] {
         if (list.VS().Rows() > 1)
             throw Failure(u"无法绘制"_qs);
@@ -133,17 +127,20 @@ TEST_F(FcxxTest, TrappedErrorsNameModuleAndOperation)
     EXPECT_TRUE(list.VS().Redraw());
     QObject::disconnect(failing);
     EXPECT_TRUE(refresh());
+
+    EXPECT_TRUE(list.IReportUI_Clear());
+    EXPECT_EQ(list.VS().Rows(), 0);
+    app.releases = 0;
+    list.VS().reportFocus();
+    list.SearchBox1().searchNow();
+    EXPECT_EQ(app.releases, 0) << "a module that has ended does nothing";
     connection->executeNative("drop table host_parameters");
-    EXPECT_FALSE(list.IReportUI_Init(app, 101));
+    EXPECT_FALSE(list.IReportUI_Init(app, host::ListingModule));
     EXPECT_TRUE(events.last().startsWith(u"Fcxx-->IRptUI_Init::初始化过程发生错误，原因:") &&
                 events.last().endsWith(u"|8|EBTQ_S"))
         << events.last().toStdString();
-    Fcxx failed(desktop);
-    EXPECT_FALSE(failed.IReportUI_Init(app, 101));
-    for (const QString &key : {u"new"_qs, u"gj"_qs}) {
-        desktop.willShow([](QObject &) {});
-        failed.NavToolbar1().press(key);
-    }
+    edit(u"new"_qs, [] {});
+    edit(u"gj"_qs, [] {});
 }
 
 TEST_F(FcxxTest, CommandsSetTheFilterAndReload)
@@ -186,43 +183,35 @@ TEST_F(FcxxTest, CommandsSetTheFilterAndReload)
 
 TEST_F(FcxxTest, WheelTurnsRowsAtTheUsersRate)
 {
-    const struct
-    {
-        QString rate;
-        int most;      // of the wheel, for 22 rows with the header
-        int position;  // with row 12 on top
-        int topOfTurn; // when the wheel stands at 4
-    } cases[] = {{u""_qs, 4, 2, 15},
-                 {u"0"_qs, 4, 2, 15},
-                 {u"三"_qs, 4, 2, 15},
-                 {u"3"_qs, 7, 4, 9},
-                 {u"2.5行"_qs, 8, 4, 7},
-                 {u"100"_qs, 0, 0, 21},
-                 {u"1e-300"_qs, std::numeric_limits<int>::max(), std::numeric_limits<int>::max(), 1}};
+    constexpr int most = std::numeric_limits<int>::max();
+    // The wheel's end for 22 rows with the header, its value with row 12 on top, the top row at its value 4.
+    const std::tuple<QString, int, int, int> cases[] = {
+        {u""_qs, 4, 2, 15},     {u"0"_qs, 4, 2, 15},   {u"三"_qs, 4, 2, 15},         {u"3"_qs, 7, 4, 9},
+        {u"2.5行"_qs, 8, 4, 7}, {u"100"_qs, 0, 0, 21}, {u"1e-300"_qs, most, most, 1}};
     QStringList numbers;
     for (int row = 0; row < 21; ++row)
         numbers.append(u"FY%1"_qs.arg(row));
     store(numbers.join(u' '));
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rate.toStdString());
-        host::setParameter(*connection, {}, 12, u"MouseEventScrollRate"_qs, c.rate);
+    for (const auto &[rate, end, value, top] : cases) {
+        SCOPED_TRACE(rate.toStdString());
+        host::setParameter(*connection, {}, 12, u"MouseEventScrollRate"_qs, rate);
         open(host::ListingModule);
         MouseWheel &wheel = *list.mcMouseEvent();
-        EXPECT_EQ(wheel.Max(), c.most);
+        EXPECT_EQ(wheel.Max(), end);
         EXPECT_EQ(wheel.Min(), 1);
         EXPECT_EQ(wheel.grid(), nullptr);
         list.VS().reportFocus();
         EXPECT_EQ(wheel.grid(), &list.VS());
         list.VS().setTopRow(12);
         list.VS().setRow(list.VS().Row() == 5 ? 6 : 5);
-        EXPECT_EQ(wheel.Value(), c.position);
+        EXPECT_EQ(wheel.Value(), value);
         list.VS().setTopRow(1);
         list.VS().setTopRow(12);
-        EXPECT_EQ(wheel.Value(), c.position) << "scrolling sets it too";
+        EXPECT_EQ(wheel.Value(), value) << "scrolling sets it too";
         wheel.setMax(4);
         wheel.setValue(4);
         wheel.turn(0);
-        EXPECT_EQ(list.VS().TopRow(), c.topOfTurn);
+        EXPECT_EQ(list.VS().TopRow(), top);
         EXPECT_EQ(wheel.Value(), 4) << "its own turn does not set it back";
     }
 }
@@ -261,21 +250,6 @@ TEST_F(FcxxTest, ARefreshReturnsToTheListing)
     init();
     store(u"NEW "_qs + numbers);
     EXPECT_EQ(refreshed(), u"NEW from 1"_qs) << "another start knows no place";
-}
-
-TEST_F(FcxxTest, ClearEndsTheModule)
-{
-    store(u"FY1"_qs);
-    open(host::ListingModule);
-    app.statements.clear();
-    app.releases = 0;
-    EXPECT_TRUE(list.IReportUI_Clear());
-    EXPECT_EQ(list.VS().Rows(), 0);
-    list.VS().reportFocus();
-    list.SearchBox1().searchNow();
-    EXPECT_FALSE(list.IReportUI_Refresh());
-    EXPECT_EQ(app.statements.size() + app.releases, 0);
-    open(host::ListingModule);
 }
 
 } // namespace
