@@ -34,7 +34,7 @@ protected:
 TEST_F(FrmGjTest, ANewFollowUpIsInsertedAsItStands)
 {
     const std::pair<std::function<void()>, QString> cases[] = {
-        {[] {}, u"#2026-11-25 9:30:00#,0,'U1','','L1',0,#2026-11-25 9:30:00#,0,'','')"_qs},
+        {[] {}, u"#2026-12-25 9:30:00#,0,'U1','','L1',0,#2026-12-25 9:30:00#,0,'','')"_qs},
         {[&] {
              form.qzTxt(Date).type(u" 2026-3-1 "_qs);
              script = {{}, u"李强"_qs, 5, nullptr};
@@ -52,7 +52,7 @@ TEST_F(FrmGjTest, ANewFollowUpIsInsertedAsItStands)
         connection->execute(u"delete from fygj"_qs);
         events.clear();
         open({}, [&, act = fill] {
-            EXPECT_EQ(text(Date) + text(Department) + text(Author), u"2026-11-25 9:30:00营业一部张敏");
+            EXPECT_EQ(text(Date) + text(Department) + text(Author), u"2026-12-25 9:30:00营业一部张敏");
             act();
             save();
         });

@@ -17,6 +17,7 @@ protected:
                              [this](const QString &text, int level, const QString &title) {
                                  events += u"%1|%2|%3"_qs.arg(title).arg(level).arg(text);
                              });
+        desktop.setNow(QDateTime(QDate(2026, 12, 25), QTime(9, 30))); // not in the month of the login
         QObject::connect(&form, &Form::ReturnData, [this](const QString &id, bool isNew) {
             saved = id;
             events += isNew ? u"new"_qs : u"changed"_qs;
