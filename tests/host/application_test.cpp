@@ -18,18 +18,12 @@ TEST_F(ApplicationTest, SessionTellsWhoWhenAndWhere)
     EXPECT_EQ(session.LoginDate(), loginDate);
     EXPECT_TRUE(QDir(session.AppPath()).exists());
     EXPECT_FALSE(session.AppPath().endsWith(u'/'));
-}
-
-TEST_F(ApplicationTest, PrintContextIsTheProgramsWhileItLives)
-{
-    EXPECT_EQ(m_host->PrintEnv().PrintContext(), nullptr);
-    {
-        QObject engine;
-        m_host->setPrintContext(&engine);
-        EXPECT_EQ(m_host->PrintEnv().PrintContext(), &engine);
-    }
-    EXPECT_EQ(m_host->PrintEnv().PrintContext(), nullptr);
-    EXPECT_EQ(m_host->PrintEnv().PrintFolder(), m_host->Session().AppPath());
+    EXPECT_EQ(m_host->PrintEnv().PrintFolder(), session.AppPath());
+    auto engine = std::make_unique<QObject>();
+    m_host->setPrintContext(engine.get());
+    EXPECT_EQ(m_host->PrintEnv().PrintContext(), engine.get());
+    engine.reset();
+    EXPECT_EQ(m_host->PrintEnv().PrintContext(), nullptr) << "it is the program's while it lives";
 }
 
 TEST_F(ApplicationTest, AWorkingFolderThatCannotBeMadeIsAFailure)

@@ -3,6 +3,7 @@
 #include "host/setup.h"
 #include "library/frame/id_generator.h"
 #include "support/engine_database.h"
+#include "support/messages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -56,19 +57,6 @@ void saveOnce(db::Connection &connection, int round, bool isKey, Taken &taken)
         taken.codes.push_back(code);
 }
 
-/// What one program does; it begins together with the others, in a month that has no numbers yet.
-void saveMany(db::Connection &connection, int rounds, Taken &taken)
-{
-    try {
-        for (const bool isKey : {true, false}) {
-            for (int round = 0; round < rounds; ++round)
-                saveOnce(connection, round, isKey, taken);
-        }
-    } catch (const std::exception &failure) {
-        taken.failures << QString::fromUtf8(failure.what());
-    }
-}
-
 } // namespace
 
 TEST_P(EngineNumbersTest, NoNumberAndNoKeyIsGivenTwiceOrLeftOut)
@@ -77,13 +65,16 @@ TEST_P(EngineNumbersTest, NoNumberAndNoKeyIsGivenTwiceOrLeftOut)
     constexpr int rounds = 6;
     constexpr size_t saved = programs * rounds * 2 / 3;
     host::prepareDatabase(*patient());
-    std::vector<std::unique_ptr<db::Connection>> connections;
-    for (size_t at = 0; at < programs; ++at)
-        connections.push_back(patient());
     std::vector<Taken> taken(programs);
     std::vector<std::thread> threads;
-    for (size_t at = 0; at < programs; ++at)
-        threads.emplace_back([&, at] { saveMany(*connections[at], rounds, taken[at]); });
+    for (Taken &each : taken) {
+        threads.emplace_back([&each, connection = patient()] {
+            each.failures << QString::fromStdString(messageOf([&] {
+                for (int save = 0; save < 2 * rounds; ++save) // all begin in a month without numbers
+                    saveOnce(*connection, save % rounds, save < rounds, each);
+            }));
+        });
+    }
     for (std::thread &thread : threads)
         thread.join();
 
