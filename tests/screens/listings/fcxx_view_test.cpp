@@ -1,9 +1,12 @@
+#include "library/listings/fcxx_tables.h"
 #include "screens/listings/fcxx_screen_fixture.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTest>
@@ -145,9 +148,12 @@ TEST_F(FcxxViewTest, TellsAnEmptyListFromAFailedOne)
 TEST_F(FcxxViewTest, TabGoesFromTheDetailThroughToolBarAndFiltersToTheList)
 {
     QStringList order = {u"qzVSTabCtl1"_qs};
-    for (const QString &key : {u"all"_qs, u"buy"_qs, u"rent"_qs, u"new"_qs, u"edit"_qs, u"delete"_qs,
-                               u"gj"_qs, u"refresh"_qs, u"close"_qs})
+    QString letters;
+    for (const QString &key : u"all buy rent new edit delete gj refresh close"_qs.split(u' ')) {
         order.append(u"NavToolbar1_"_qs + key);
+        letters += button(key).toolTip().section(u"Alt+"_qs, 1).first(1);
+    }
+    EXPECT_EQ(letters, u"ABRNEDGUX");
     order += {u"qzTxt_0"_qs, u"qzTxt_7"_qs, u"qzTxt_1"_qs, u"qzTxt_3"_qs,    u"qzTxt_4"_qs, u"qzTxt_5"_qs,
               u"XPCmb"_qs,   u"Chk_0"_qs,   u"Chk_1"_qs,   u"SearchBox1"_qs, u"ChkFind"_qs, u"VS"_qs};
     child<QWidget>(u"qzVSTabCtl1"_qs).setFocus();
@@ -196,6 +202,24 @@ TEST_F(FcxxViewTest, CtrlPPrintsAndWhatTheMenuDoesIsReportedAsTheListDoes)
     ASSERT_EQ(errors.size(), 2);
     EXPECT_TRUE(errors[1].startsWith(u"无法写入文件"_qs));
     EXPECT_TRUE(desktop.asked().last().contains(u"房源信息列表 2026-11-22.csv"_qs));
+}
+
+TEST_F(FcxxViewTest, WhatIsCopiedTellsNoOwner)
+{
+    const QString secret = u"秘密"_qs;
+    for (const QString &column : {u"业主"_qs, u"联系人"_qs, u"手机"_qs, u"联系说明"_qs, u"备注"_qs})
+        connection->execute(u"update fyxx set %1='%2'"_qs.arg(column, secret));
+    EXPECT_TRUE(module.IReportUI_Refresh());
+    for (int column = 0; column < module.VS().Cols(); ++column)
+        module.VS().setColWidth(column, 60); // as a layout may say
+    table().setFocus();
+    table().selectAll();
+    QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
+    const QMimeData &copied = *QApplication::clipboard()->mimeData();
+    for (const QString &out : {copied.text(), copied.html()}) {
+        EXPECT_TRUE(out.contains(shown(1).constLast()));
+        EXPECT_FALSE(out.contains(secret) || out.contains(module.VS().TextMatrix(1, ListingKey)));
+    }
 }
 
 TEST_F(FcxxViewTest, SurvivesTheEndOfItsModulesWork)
