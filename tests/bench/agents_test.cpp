@@ -72,13 +72,7 @@ protected:
 
 TEST_F(LedgerTest, FindsWhatIsNotAsItWasTold)
 {
-    struct Case
-    {
-        const char *what;
-        const char16_t *damage;
-        const char *list; ///< where it must show
-    };
-    static constexpr Case cases[] = {
+    static constexpr std::tuple<const char *, const char16_t *, const char *> cases[] = {
         {"a text", u"update fyxx set 联系人='x',备注='x' where 房源ID='%1'", "missing:"},
         {"half of a save", u"update fyxx set 备注='x' where 房源ID='%1'", "missing:"},
         {"the number", u"update fyxx set 房源编号='x' where 房源ID='%1'", "missing:"},
@@ -89,35 +83,15 @@ TEST_F(LedgerTest, FindsWhatIsNotAsItWasTold)
     };
     ASSERT_EQ(saves.size(), 2);
     EXPECT_EQ(found(), nothing);
-    for (const Case &c : cases) {
+    for (const auto &[what, damage, list] : cases) {
         connection->begin();
-        const QString damage = QString::fromUtf16(c.damage);
-        connection->execute(QString(damage)
+        connection->execute(QString::fromUtf16(damage)
                                 .replace(u"%1"_s, saves[0].key)
                                 .replace(u"%2"_s, saves[1].key)
                                 .replace(u"%3"_s, saves[0].number));
-        EXPECT_THAT(found(), ::testing::ContainsRegex(std::string(c.list) + "[^ ]")) << c.what;
+        EXPECT_THAT(found(), ::testing::ContainsRegex(std::string(list) + "[^ ]")) << what;
         connection->rollback();
     }
-}
-
-TEST_F(LedgerTest, AListingHoldsTheLastOfItsSavesOrOneOfTwoAtOnce)
-{
-    Save later = saves[0];
-    later.kind = Save::ChangedListing;
-    later.text = u"later"_s;
-    later.number.clear();
-    later.begin = saves[0].end + std::chrono::milliseconds(1);
-    saves.append(later);
-    EXPECT_NE(found(), nothing) << "the earlier one came back";
-    saves.last().begin = saves[0].begin;
-    EXPECT_EQ(found(), nothing);
-    connection->execute(u"update fyxx set 联系人='later',备注='later' where 房源ID='%1'"_s.arg(saves[0].key));
-    EXPECT_EQ(found(), nothing);
-    saves.last().outcome = Outcome::Unknown;
-    EXPECT_EQ(found(), nothing);
-    saves.last().outcome = Outcome::Refused;
-    EXPECT_NE(found(), nothing);
 }
 
 } // namespace ebtq::test

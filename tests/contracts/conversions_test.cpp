@@ -33,14 +33,7 @@ TEST(Conversions, FormatWritesNumbersByTheirPattern)
 
 TEST(Conversions, ValuesBecomeTextAndNumbers)
 {
-    struct Case
-    {
-        QVariant value;
-        QString text;
-        double number;
-        int whole;
-    };
-    const Case cases[] = {
+    const std::tuple<QVariant, QString, double, int> cases[] = {
         {{}, QString(), 0, 0},
         {u""_qs, QString(), 0, 0},
         {120.0, u"120"_qs, 120, 120},
@@ -54,11 +47,11 @@ TEST(Conversions, ValuesBecomeTextAndNumbers)
         {QDate(2026, 12, 31), u"2026-12-31"_qs, 2026, 2026},
         {true, u"True"_qs, 0, 0},
     };
-    for (const Case &c : cases) {
-        EXPECT_EQ(NullConv::ToText(c.value), c.text);
-        EXPECT_EQ(Val(c.value), c.number) << c.text.toStdString();
-        EXPECT_EQ(NullConv::ToLong(c.value), c.whole) << c.text.toStdString();
-        EXPECT_EQ(NullConv::ToNumber(c.value).toDouble(), c.number) << c.text.toStdString();
+    for (const auto &[value, text, number, whole] : cases) {
+        EXPECT_EQ(NullConv::ToText(value), text);
+        EXPECT_EQ(Val(value), number) << text.toStdString();
+        EXPECT_EQ(NullConv::ToLong(value), whole) << text.toStdString();
+        EXPECT_EQ(NullConv::ToNumber(value).toDouble(), number) << text.toStdString();
     }
     EXPECT_EQ(NullConv::ToNumber({}).userType(), QMetaType::Int);
     EXPECT_THROW((void)NullConv::ToLong(u"3000000000"_qs), Failure);
@@ -75,16 +68,12 @@ TEST(Conversions, NumbersInStatementsNeverHaveAnExponent)
     EXPECT_THROW((void)PlainDecimal(std::numeric_limits<double>::infinity()), Failure);
 }
 
-TEST(Conversions, TrimTakesBlanksOnly)
+TEST(Conversions, TrimTakesBlanksOnlyAndWholePartStaysAnInt)
 {
     EXPECT_EQ(Trim(u"  天河 区 "), u"天河 区"_qs);
     EXPECT_EQ(Trim(u"\t天河\u3000"), u"\t天河\u3000"_qs);
     EXPECT_EQ(Trim(u"   "), QString());
     EXPECT_EQ(Trim({}), QString());
-}
-
-TEST(Conversions, WholePartStaysAnInt)
-{
     EXPECT_EQ(WholePart(2.99), 2);
     EXPECT_EQ(WholePart(-2.99), -2);
     EXPECT_EQ(WholePart(1e300), std::numeric_limits<int>::max());

@@ -32,14 +32,8 @@ double contrast(const QColor &one, const QColor &other)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-struct TextOnGround
-{
-    const char *text;
-    QColor Tokens::*textColour;
-    std::vector<QColor Tokens::*> grounds;
-};
-
-const TextOnGround textsOnGrounds[] = {
+using Colour = QColor Tokens::*;
+const std::tuple<const char *, Colour, std::vector<Colour>> textsOnGrounds[] = {
     {"ink",
      &Tokens::ink,
      {&Tokens::window, &Tokens::card, &Tokens::brandSoft, &Tokens::header, &Tokens::currentRow,
@@ -59,16 +53,12 @@ const TextOnGround textsOnGrounds[] = {
 TEST(Look, TextIsReadableOnItsGroundInBothSchemes)
 {
     for (const Scheme scheme : {Scheme::Light, Scheme::Dark})
-        for (const TextOnGround &pair : textsOnGrounds)
-            for (const auto ground : pair.grounds)
-                EXPECT_GE(contrast(tokens(scheme).*pair.textColour, tokens(scheme).*ground), 4.5)
-                    << pair.text << " on " << (tokens(scheme).*ground).name().toStdString() << ", scheme "
+        for (const auto &[name, text, grounds] : textsOnGrounds)
+            for (const Colour ground : grounds)
+                EXPECT_GE(contrast(tokens(scheme).*text, tokens(scheme).*ground), 4.5)
+                    << name << " on " << (tokens(scheme).*ground).name().toStdString() << ", scheme "
                     << static_cast<int>(scheme);
-}
-
-TEST(Look, StyleSheetNamesNoUnknownColour)
-{
-    EXPECT_FALSE(styleSheet(tokens(Scheme::Light)).contains(u'@'));
+    EXPECT_FALSE(styleSheet(tokens(Scheme::Light)).contains(u'@')) << "an unknown colour";
 }
 
 /// The colours of an icon's solid pixels.
@@ -139,10 +129,7 @@ TEST(Look, EveryIconInUseIsBuiltIn)
 
 TEST(Look, MessagesAreShownWithoutTheProgramsOwnNames)
 {
-    const struct
-    {
-        QString text, title, shown;
-    } cases[] = {
+    const std::tuple<QString, QString, QString> cases[] = {
         {u"Fcxx-->IRptUI_Refresh::第 285 个字符处：文本没有结束"_qs, u"EBTQ_S"_qs, u"文本没有结束"_qs},
         {u"-->LoadData::数据库已断开"_qs, {}, u"数据库已断开"_qs},
         {u"客源-->LoadData::没有权限"_qs, u"客源"_qs, u"客源：没有权限"_qs},
@@ -157,8 +144,8 @@ TEST(Look, MessagesAreShownWithoutTheProgramsOwnNames)
         {u"C:\\房源 a::b"_qs, {}, u"C:\\房源 a::b"_qs},
         {u"Fcxx-->Delete::"_qs, u"Fcxx"_qs, u"Fcxx-->Delete::"_qs},
     };
-    for (const auto &row : cases)
-        EXPECT_EQ(plainMessage(row.text, row.title), row.shown);
+    for (const auto &[text, title, shown] : cases)
+        EXPECT_EQ(plainMessage(text, title), shown);
 }
 
 } // namespace

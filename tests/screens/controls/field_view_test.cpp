@@ -5,15 +5,11 @@
 #include "screens/support/screen.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolButton>
-
-#include <gtest/gtest.h>
 
 using namespace ebtq;
 using namespace ebtq::test;

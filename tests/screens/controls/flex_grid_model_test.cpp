@@ -5,8 +5,6 @@
 
 #include <QAbstractItemModelTester>
 
-#include <gtest/gtest.h>
-
 using namespace ebtq;
 
 namespace {

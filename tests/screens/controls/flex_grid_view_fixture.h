@@ -5,11 +5,8 @@
 #include "screens/support/screen.h"
 
 #include <QHelpEvent>
-#include <QTest>
 #include <QToolTip>
 #include <QWheelEvent>
-
-#include <gtest/gtest.h>
 
 namespace ebtq::test {
 

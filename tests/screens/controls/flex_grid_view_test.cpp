@@ -221,26 +221,4 @@ TEST_F(FlexGridViewTest, TheWheelGoesToTheBoundWheelInWholeSteps)
     turnWheel(-120); // a module that was cleared has no wheel
 }
 
-TEST_F(FlexGridViewTest, TellsWhyItIsEmptyOnlyWhileItIs)
-{
-    view.setEmptyHint(u"没有"_qs);
-    const QImage filled = view.viewport()->grab().toImage();
-    view.setEmptyHint(QString());
-    EXPECT_EQ(view.viewport()->grab().toImage(), filled);
-    grid.setRows(grid.FixedRows());
-    const QImage blank = view.viewport()->grab().toImage();
-    view.setEmptyHint(u"没有"_qs);
-    EXPECT_NE(view.viewport()->grab().toImage(), blank);
-}
-
-TEST_F(FlexGridViewTest, AMillionRowsKeepTheirHeightAndCanBeReached)
-{
-    grid.LoadArray(numbered(1'000'000));
-    EXPECT_EQ(view.model()->rowCount(), 1'000'000);
-    QTest::keyClick(&view, Qt::Key_End, Qt::ControlModifier);
-    EXPECT_EQ(grid.Row(), 1'000'000);
-    EXPECT_EQ(view.rowHeight(999'999), view.rowHeight(0));
-    EXPECT_TRUE(view.viewport()->rect().contains(middleOf(1'000'000, 1)));
-}
-
 } // namespace

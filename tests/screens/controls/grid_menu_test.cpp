@@ -7,17 +7,13 @@
 #include "screens/support/screen.h"
 #include "support/scripted_desktop.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QFile>
 #include <QHeaderView>
 #include <QMenu>
 #include <QMimeData>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QVBoxLayout>
-
-#include <gtest/gtest.h>
 
 using namespace ebtq;
 using namespace ebtq::test;

@@ -1,10 +1,8 @@
-#include "library/controls/check_box.h"
 #include "library/controls/combo_box.h"
 #include "library/controls/nav_toolbar.h"
 #include "library/controls/option_button.h"
 #include "library/controls/search_box.h"
 #include "library/controls/text_box.h"
-#include "screens/controls/check_box_view.h"
 #include "screens/controls/combo_view.h"
 #include "screens/controls/flow_layout.h"
 #include "screens/controls/option_button_view.h"
@@ -18,31 +16,12 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolButton>
-
-#include <gtest/gtest.h>
 
 using namespace ebtq;
 using namespace ebtq::test;
 
 namespace {
-
-TEST(CheckBoxView, GoesBothWaysAndTellsTheUsersTicks)
-{
-    CheckBox box(u"Chk"_qs, 1);
-    box.setCaption(u"出租"_qs);
-    CheckBoxView view(box, nullptr);
-    const QSignalSpy clicks(&view, &QCheckBox::clicked);
-    EXPECT_EQ(view.objectName(), u"Chk_1"_qs);
-    EXPECT_EQ(view.text(), u"出租"_qs);
-    box.setValue(1);
-    EXPECT_TRUE(view.isChecked());
-    EXPECT_EQ(clicks.size(), 0);
-    QTest::keyClick(&view, Qt::Key_Space);
-    EXPECT_EQ(box.Value(), 0);
-    EXPECT_EQ(clicks.size(), 1);
-}
 
 TEST(OptionButtonView, OneOfAGroupIsChosenWhoeverChooses)
 {
@@ -70,20 +49,6 @@ TEST(TextAreaView, LeavesAStoredTextAloneUntilItIsEdited)
     view.moveCursor(QTextCursor::End);
     QTest::keyClicks(&view, u"!"_qs);
     EXPECT_EQ(box.Text(), u"先电话\n后上门!"_qs);
-}
-
-TEST(TextBoxView, GoesBothWaysAndPassesEnterOn)
-{
-    TextBox box(u"Txt"_qs, 0);
-    TextBoxView view(box, nullptr);
-    const QSignalSpy returns(&box, &TextBox::ReturnPressed);
-    box.setText(u"A'"_qs);
-    EXPECT_EQ(view.text(), box.Text());
-    QTest::keyClicks(&view, u"1\r"_qs);
-    EXPECT_EQ(box.Text(), u"A'1"_qs);
-    QTest::keyClick(&view, Qt::Key_N, Qt::AltModifier);
-    EXPECT_EQ(box.Text(), u"A'1"_qs) << "a command's letter is no text";
-    EXPECT_EQ(returns.size(), 1);
 }
 
 class ComboViewTest : public testing::Test
@@ -155,10 +120,7 @@ TEST_F(ComboViewTest, ConfirmsOnEnterOnAChoiceAndOnLeavingWithAnotherText)
 
 TEST_F(ComboViewTest, FollowsTheRulesWithoutAnswering)
 {
-    for (const QString &text : {u"十天内"_qs, QString(), u"foreign"_qs}) {
-        combo.setText(text);
-        EXPECT_EQ(view.currentText(), text);
-    }
+    combo.setText(u"foreign"_qs);
     combo.setItems({u"x"_qs});
     EXPECT_EQ(view.count(), 1);
     EXPECT_EQ(view.currentText(), u"foreign"_qs);

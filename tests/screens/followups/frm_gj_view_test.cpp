@@ -4,9 +4,7 @@
 #include "library/listings/frm_fx_fixture.h"
 #include "screens/support/screen.h"
 
-#include <QApplication>
 #include <QLineEdit>
-#include <QTest>
 
 using namespace ebtq;
 using namespace ebtq::test;

@@ -9,7 +9,6 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QShortcut>
-#include <QTest>
 #include <QToolButton>
 
 using namespace ebtq;

@@ -6,12 +6,10 @@
 #include "screens/support/screen.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaProperty>
 #include <QPlainTextEdit>
-#include <QTest>
 
 using namespace ebtq;
 using namespace ebtq::test;

@@ -4,13 +4,11 @@
 #include "screens/listings/fcxx_screen_fixture.h"
 #include "screens/look/look.h"
 
-#include <QApplication>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QShortcut>
-#include <QTest>
 #include <QToolTip>
 
 using namespace ebtq;

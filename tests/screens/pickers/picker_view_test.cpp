@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
-#include <QTest>
 
 using namespace ebtq;
 using namespace ebtq::test;

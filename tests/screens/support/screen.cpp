@@ -2,14 +2,10 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace ebtq::test {
 

@@ -2,14 +2,15 @@
 
 #include "database/values/row_block.h"
 
-#include <QString>
+#include <QApplication>
+#include <QTest>
 #include <QTimer>
 #include <QWidget>
 
+#include <gtest/gtest.h>
+
 #include <functional>
-#include <initializer_list>
 #include <stdexcept>
-#include <string>
 
 namespace ebtq::test {
 
