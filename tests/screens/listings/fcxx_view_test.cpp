@@ -90,6 +90,9 @@ TEST_F(FcxxViewTest, EveryFilterLoadsOnceWhenItIsConfirmed)
         EXPECT_EQ(cells.size() == listings, wanted.isEmpty());
         for (const QString &key : {u"all"_qs, u"buy"_qs, u"rent"_qs})
             EXPECT_EQ(button(key).isChecked(), key == pressed) << key.toStdString();
+        for (const int kind : {0, 1})
+            EXPECT_EQ(child<QAbstractButton>(u"Chk_%1"_qs.arg(kind)).isChecked(),
+                      module.Chk(kind).Value() == 1);
     }
     EXPECT_EQ(panels.place(), field(3).mapToGlobal(QPoint(0, field(3).height())));
 }
@@ -99,6 +102,7 @@ TEST_F(FcxxViewTest, AWrongTextHoldsRefreshBackButNotTheWayOut)
     typeInto(4, u"没有的部门"_qs);
     click(button(u"refresh"_qs));
     EXPECT_EQ(message, QString());
+    EXPECT_FALSE(button(u"refresh"_qs).isChecked()) << "only a kind of listing stays pressed";
     const auto *bubble = view.findChild<QLabel *>(u"FieldError"_qs);
     ASSERT_TRUE(bubble);
     EXPECT_EQ(bubble->text(), u"部门输入有误，请重新输入！"_qs);
@@ -132,6 +136,9 @@ TEST_F(FcxxViewTest, TellsAnEmptyListFromAFailedOne)
 {
     auto &grid = table();
     const auto hint = [&] { return grid.viewport()->grab().toImage(); };
+    const QImage filled = hint();
+    grid.setEmptyHint({});
+    EXPECT_EQ(hint(), filled) << "rows need no hint";
     typeInto(0, u"没有的城区'"_qs);
     module.NavToolbar1().press(u"refresh"_qs);
     ASSERT_EQ(errors.size(), 1);
