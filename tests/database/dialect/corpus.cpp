@@ -19,7 +19,9 @@ QStringList linesOf(const char *name)
 void addLine(CorpusCase &into, const QString &line)
 {
     const QString value = line.mid(2);
-    if (line.startsWith(u"> "))
+    if (line.startsWith(u": "))
+        into.name = value.toStdString();
+    else if (line.startsWith(u"> "))
         into.rows += value;
     else if (line.startsWith(u"= "))
         into.changed = value.toInt();
@@ -34,11 +36,14 @@ void addLine(CorpusCase &into, const QString &line)
 std::vector<CorpusCase> readCorpus()
 {
     std::vector<CorpusCase> cases;
+    bool isResult = false;
     for (const QString &line : linesOf("statements.txt")) {
-        if (line.startsWith(u": "))
-            cases.push_back({line.mid(2).toStdString(), {}, {}, -1, {}, true});
-        else if (!line.isEmpty() && !line.startsWith(u"# "))
-            addLine(cases.back(), line);
+        if (line.isEmpty() || line.startsWith(u"# "))
+            continue;
+        const bool isAfterResult = std::exchange(isResult, u">=!?"_qs.contains(line.front()));
+        if (line.startsWith(u": ") || (isAfterResult && !isResult))
+            cases.emplace_back();
+        addLine(cases.back(), line);
     }
     return cases;
 }

@@ -47,6 +47,7 @@ private:
 TEST_P(CorpusTest, GivesWhatItMust)
 {
     const CorpusCase &each = std::get<CorpusCase>(GetParam());
+    SCOPED_TRACE(each.statement.toStdString());
     if (!each.refusal.isEmpty()) {
         EXPECT_THAT(messageOf([&] { m_connection->execute(each.statement); }),
                     HasSubstr(each.refusal.toStdString()));
