@@ -9,8 +9,10 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QWindow>
@@ -79,6 +81,11 @@ void Robot::step()
         return;
     }
     QTimer::singleShot(1, this, &Robot::step);
+    // An action lets pending events run, this one among them, and would never come to its end.
+    const int level = QThread::currentThread()->loopLevel();
+    if (m_busyLevel == level)
+        return;
+    const QScopedValueRollback busy(m_busyLevel, level);
     QWidget *top = topWidget(m_window);
     if (!top->windowHandle())
         return;

@@ -60,6 +60,7 @@ private:
     QWidget &m_window;
     QFile m_log;
     QPointer<QMessageBox> m_watched;
+    int m_busyLevel = 0; ///< of the event loop in which an action is under way
 };
 
 } // namespace ebtq::robot
