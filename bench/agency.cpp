@@ -53,8 +53,7 @@ Agency::Agency(const Options &options)
     , m_presenter(std::make_unique<NoPanels>())
     , m_desktop(std::make_unique<NoDesktop>())
 {
-    const bool isEmptyServer =
-        db::PostgresAddress::isUrl(m_file) && !m_connection->catalog().table(u"host_schema");
+    const bool isEmptyServer = isOnServer() && !m_connection->catalog().table(u"host_schema");
     if (options.database.isEmpty() || isEmptyServer) {
         db::install(*m_connection);
         host::writeDemo(*m_connection, demoOptions(options));

@@ -20,6 +20,8 @@ public:
     explicit Agency(const Options &options);
     ~Agency();
 
+    [[nodiscard]] db::Connection &database() { return *m_connection; }
+    [[nodiscard]] bool isOnServer() const { return db::PostgresAddress::isUrl(m_file); }
     /// Throws when the agency lies on a server.
     [[nodiscard]] db::SqliteConnection &connection();
     /// Throws when it does not.

@@ -28,6 +28,13 @@ int rowChangeBenchmark(const Options &options);
 /// The customers of listings of several kinds, against the bare statements; with the engine's plan of each.
 /// On either engine.
 int matchBenchmark(const Options &options);
+/// The newest of `rows` follow-ups, those of listings and of customers alone, and 100,000 of them, against
+/// hand-written statements and, for the two kinds, against the newest of all. On either engine. `ratio` is
+/// the worst measure divided by its limit.
+int followUpsBenchmark(const Options &options);
+/// The reminders that are due among `rows` follow-ups, against the hand-written statement, with the engine's
+/// plan. On either engine.
+int remindersBenchmark(const Options &options);
 /// Opening the editor for a listing or a customer, against its bare statements; the building of its widgets
 /// beside it.
 int editorBenchmark(const Options &options);

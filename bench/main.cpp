@@ -22,6 +22,8 @@ constexpr Command commands[] = {
     {"rowchange", "go down the list with each tab of the detail open", ebtq::bench::rowChangeBenchmark},
     {"match", "find the customers whom a listing suits, or the listings that suit a customer",
      ebtq::bench::matchBenchmark},
+    {"followups", "list follow-ups, of which there are --rows", ebtq::bench::followUpsBenchmark},
+    {"reminders", "list the reminders that are due among --rows follow-ups", ebtq::bench::remindersBenchmark},
     {"editor", "open the editor for a listing or, with --module customers, a customer",
      ebtq::bench::editorBenchmark},
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},

@@ -2,13 +2,12 @@
 #include "benchmarks.h"
 #include "database/dialect/dialect.h"
 #include "database/dialect/translator.h"
+#include "engine.h"
 #include "library/customers/customer_matching.h"
 #include "library/customers/khxx.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/listing_matching.h"
 #include "measure.h"
-#include "server_statements.h"
-#include "statement_trace.h"
 
 #include <QJsonObject>
 
@@ -79,31 +78,6 @@ constexpr Direction fromCustomer{
     "\"fyxx\" AS t0",
     listingIndexes};
 
-/// What only the engine can tell.
-struct Engine
-{
-    std::function<void(const QByteArray &text)> run; ///< bare, every value read
-    std::function<QByteArray(const QByteArray &text)> plan;
-};
-
-Engine embedded(sqlite3 *handle)
-{
-    return {[handle](const QByteArray &text) { runBare(handle, text); },
-            [handle](const QByteArray &text) { return planOf(handle, text); }};
-}
-
-Engine server(db::PostgresConnection &connection)
-{
-    return {[handle = connection.handle()](const QByteArray &text) { readFromServer(handle, text); },
-            [&connection](const QByteArray &text) {
-                QByteArray plan;
-                const RowBlock rows = connection.queryNative("explain (costs off) " + text);
-                for (qsizetype row = 0; row < rows.rowCount(); ++row)
-                    plan += rows.value(row, 0).toString().toUtf8() + '\n';
-                return plan;
-            }};
-}
-
 /// What the tab asks for a seeker, in the engine's language.
 std::vector<QByteArray> statementsFor(const Direction &direction, db::Connection &connection,
                                       const QString &key)
@@ -127,11 +101,10 @@ size_t repetitions(const std::function<void()> &run)
 
 /// The fastest of the searches that a person would write: the statement as it is, and, where the engine takes
 /// such a wish, by each of the indexes.
-QByteArray fastestSearch(const Direction &direction, const QByteArray &search, const Engine &engine,
-                         bool takesWishes)
+QByteArray fastestSearch(const Direction &direction, const QByteArray &search, const Engine &engine)
 {
     std::vector<QByteArray> texts{QByteArray(search).replace("unlikely(", "(")};
-    if (takesWishes) {
+    if (!engine.isServer) {
         for (const char *index : direction.indexes)
             texts.push_back(QByteArray(search).replace(
                 direction.searched, QByteArray(direction.searched) + " INDEXED BY \"" + index + '"'));
@@ -147,11 +120,11 @@ QByteArray fastestSearch(const Direction &direction, const QByteArray &search, c
 }
 
 QJsonObject measureSeeker(const Direction &direction, BenchedList &list, const Sought &seeker,
-                          db::Connection &connection, const Engine &engine, int rounds, bool takesWishes)
+                          db::Connection &connection, const Engine &engine, int rounds)
 {
     const QString key = QString::fromUtf16(seeker.key);
     const std::vector<QByteArray> texts = statementsFor(direction, connection, key);
-    const QByteArray best = fastestSearch(direction, texts.back(), engine, takesWishes);
+    const QByteArray best = fastestSearch(direction, texts.back(), engine);
     const auto bare = [&] {
         for (const QByteArray &text : texts)
             engine.run(text);
@@ -202,11 +175,9 @@ int matchBenchmark(const Options &options)
     else
         agencyOptions.rows = 100;
     Agency agency(agencyOptions);
-    const bool isServer = db::PostgresAddress::isUrl(options.database);
-    db::Connection &connection =
-        isServer ? static_cast<db::Connection &>(agency.server()) : agency.connection();
-    const Engine engine = isServer ? server(agency.server()) : embedded(agency.connection().handle());
-    if (isServer)
+    db::Connection &connection = agency.database();
+    const Engine engine = engineOf(agency);
+    if (engine.isServer)
         connection.executeNative("analyze");
     addSeekers(direction, connection);
     BenchedList list(options, agency);
@@ -219,7 +190,7 @@ int matchBenchmark(const Options &options)
     double worst = 0;
     for (const Sought &seeker : direction.seekers) {
         const QJsonObject measured =
-            measureSeeker(direction, list, seeker, connection, engine, options.rounds, !isServer);
+            measureSeeker(direction, list, seeker, connection, engine, options.rounds);
         worst = std::max(worst, measured[QStringLiteral("ratio")].toDouble());
         figures.insert(QLatin1String(seeker.name), measured);
     }

@@ -80,6 +80,11 @@ struct Dialect
     /// the engine estimates better.
     const char *rareCondition;
 
+    /// In front of a column that is to be tested row by row and not searched for. SQLite takes the rows of any
+    /// sub-select to be 25 and searches for each of them, also when it gives a whole table. Empty where the
+    /// engine knows better.
+    const char *testedByRow;
+
     /// Whether the counts of a filtered list are read by one statement, as those of a whole list are on every
     /// engine. Where one count is a cheap look-up, a short list is faster as written: SQLite.
     bool isFilteredListLong;

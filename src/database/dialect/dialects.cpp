@@ -25,6 +25,7 @@ const Dialect &sqliteDialect()
         .joinFunction = "join",
         .refusesSeveralRows = false,
         .rareCondition = "unlikely",
+        .testedByRow = "+",
         .isFilteredListLong = false,
     };
     return dialect;
@@ -53,6 +54,7 @@ const Dialect &postgresDialect()
         .joinFunction = "",
         .refusesSeveralRows = true,
         .rareCondition = "",
+        .testedByRow = "",
         .isFilteredListLong = true,
     };
     return dialect;

@@ -59,6 +59,8 @@ private:
     void text(const Expression &expression, Caselessness::Form form);
     void comparedOperand(const Expression &expression);
     void bound(const Expression &expression);
+    void compare(const Expression &left, Operator op, const Expression &right);
+    void compareBranches(const Expression &column, const Call &conditional);
     void containment(const LikeTest &test, QStringView contained);
     void exactLike(const LikeTest &test);
     void comparedOperands(const std::vector<ExpressionPtr> &expressions);

@@ -1,3 +1,4 @@
+#include "database/dialect/functions.h"
 #include "database/dialect/limits.h"
 #include "database/dialect/renderer.h"
 #include "database/dialect/text_match.h"
@@ -21,6 +22,19 @@ bool closesRange(const Expression &before, const Expression &each)
     const auto *number = low->right->as<NumberLiteral>();
     const auto *again = high->right->as<NumberLiteral>();
     return number && again && number->value == again->value && isColumn(*low->left) && isColumn(*high->left);
+}
+
+/// The iif of `column in (iif(...))`, each branch of which can be compared with the column as it is.
+const Call *comparedConditional(const ListTest &test)
+{
+    if (test.negated || test.items.size() != 1 || !isColumn(*test.value))
+        return nullptr;
+    const auto *call = test.items.front()->as<Call>();
+    if (!call || call->function->form != Function::Form::Iif)
+        return nullptr;
+    const bool isOneType =
+        call->arguments[1]->type == test.value->type && call->arguments[2]->type == test.value->type;
+    return isOneType ? call : nullptr;
 }
 
 const char *wordOf(Operator op)
@@ -119,12 +133,17 @@ void Renderer::comparedOperands(const std::vector<ExpressionPtr> &expressions)
 void Renderer::node(const Comparison &comparison, const Expression &self)
 {
     const OpenTokens open(*this, open_tokens::operation, self.position);
-    const bool isEquality = comparison.op == Operator::Equal || comparison.op == Operator::NotEqual;
-    const auto sides = m_caselessness.sides(Caselessness::operandOf(*comparison.left),
-                                            Caselessness::operandOf(*comparison.right), isEquality);
-    text(*comparison.left, sides.left);
-    write(wordOf(comparison.op));
-    text(*comparison.right, sides.right);
+    compare(*comparison.left, comparison.op, *comparison.right);
+}
+
+void Renderer::compare(const Expression &left, Operator op, const Expression &right)
+{
+    const bool isEquality = op == Operator::Equal || op == Operator::NotEqual;
+    const auto sides =
+        m_caselessness.sides(Caselessness::operandOf(left), Caselessness::operandOf(right), isEquality);
+    text(left, sides.left);
+    write(wordOf(op));
+    text(right, sides.right);
 }
 
 void Renderer::node(const LikeTest &test, const Expression &)
@@ -161,8 +180,25 @@ void Renderer::exactLike(const LikeTest &test)
     write(" ESCAPE ''");
 }
 
+/// Of a column that equals the one or the other, a server estimates next to no rows and joins them badly;
+/// of two comparisons it does not.
+void Renderer::compareBranches(const Expression &column, const Call &conditional)
+{
+    write("CASE WHEN ");
+    condition(*conditional.arguments[0]);
+    write(" THEN ");
+    compare(column, Operator::Equal, *conditional.arguments[1]);
+    write(" ELSE ");
+    compare(column, Operator::Equal, *conditional.arguments[2]);
+    write(" END");
+}
+
 void Renderer::node(const ListTest &test, const Expression &self)
 {
+    if (const Call *conditional = comparedConditional(test)) {
+        const OpenTokens open(*this, open_tokens::caseForm, self.position);
+        return compareBranches(*test.value, *conditional);
+    }
     const OpenTokens open(*this, open_tokens::list, self.position);
     caseless(*test.value);
     write(test.negated ? " NOT IN (" : " IN (");
@@ -172,6 +208,8 @@ void Renderer::node(const ListTest &test, const Expression &self)
 
 void Renderer::node(const SelectTest &test, const Expression &self)
 {
+    if (test.value->as<ColumnReference>() && !test.select->where)
+        write(m_dialect.testedByRow);
     caseless(*test.value);
     const OpenTokens open(*this, open_tokens::subSelect, self.position);
     write(test.negated ? " NOT IN (" : " IN (");

@@ -75,7 +75,8 @@ QByteArray indexedColumns(const IndexDefinition &index, const DdlWords &words)
     for (const QString &entry : QString::fromUtf16(index.columns).split(u',')) {
         const QStringList parts = entry.trimmed().split(u' ');
         text += (text.isEmpty() ? "\"" : ",\"") + parts.first().toUtf8() + '"';
-        text += parts.size() > 1 ? words.descending : words.ascending;
+        if (index.kind != IndexDefinition::Hashed)
+            text += parts.size() > 1 ? words.descending : words.ascending;
     }
     return text;
 }
@@ -95,6 +96,7 @@ const DdlWords &sqliteWords()
         .checkTypes = true,
         .ascending = "",
         .descending = " desc",
+        .hashed = "",
         .autoKeyGuard = "",
         .findIndex = "select 1 from sqlite_master where type='index' and name='%1'",
         .findDamage = "pragma integrity_check(20)",
@@ -122,6 +124,7 @@ const DdlWords &postgresWords()
         .checkTypes = false,
         .ascending = " nulls first",
         .descending = " desc nulls last",
+        .hashed = " using hash",
         .autoKeyGuard = "create trigger keep_key after insert on %1 for each statement"
                         " execute function ebtq.keep_key('%2');\n",
         .findIndex = "select 1 from pg_indexes where schemaname='ebtq' and indexname='%1'",
@@ -169,8 +172,12 @@ QByteArray addColumn(const TableDefinition &table, const ColumnDefinition &colum
 
 QByteArray createIndex(const TableDefinition &table, const IndexDefinition &index, const DdlWords &words)
 {
-    return QByteArray(index.unique ? "create unique index " : "create index ") + quoted(index.name) + " on " +
-           quoted(table.name) + '(' + indexedColumns(index, words) + ");\n";
+    const bool isHashed = index.kind == IndexDefinition::Hashed;
+    if (isHashed && *words.hashed == '\0')
+        return {};
+    const bool isUnique = index.kind == IndexDefinition::Unique;
+    return QByteArray(isUnique ? "create unique index " : "create index ") + quoted(index.name) + " on " +
+           quoted(table.name) + (isHashed ? words.hashed : "") + '(' + indexedColumns(index, words) + ");\n";
 }
 
 } // namespace ebtq::db

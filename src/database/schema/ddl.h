@@ -22,6 +22,9 @@ struct DdlWords
     const char *ascending;
     const char *descending;
 
+    /// Before the columns of a hashed index; empty where there are none.
+    const char *hashed;
+
     /// What guards a column that numbers itself; %1 is the table, %2 the column. Empty: nothing.
     const char *autoKeyGuard;
 
@@ -46,6 +49,7 @@ struct DdlWords
 [[nodiscard]] QByteArray createTable(const TableDefinition &table, const DdlWords &words);
 [[nodiscard]] QByteArray addColumn(const TableDefinition &table, const ColumnDefinition &column,
                                    const DdlWords &words);
+/// Empty for an index that the engine does without.
 [[nodiscard]] QByteArray createIndex(const TableDefinition &table, const IndexDefinition &index,
                                      const DdlWords &words);
 

@@ -48,8 +48,9 @@ std::vector<Gap> findGaps(Connection &connection)
             gaps.push_back({u"表 %1"_s.arg(QString::fromUtf16(table.name)), createTable(table, words)});
         for (const IndexDefinition &index : table.indexes) {
             const QString name = QString::fromUtf16(index.name);
-            if (!hasIndex(connection, name))
-                gaps.push_back({u"索引 %1"_s.arg(name), createIndex(table, index, words)});
+            const QByteArray creation = createIndex(table, index, words);
+            if (!creation.isEmpty() && !hasIndex(connection, name))
+                gaps.push_back({u"索引 %1"_s.arg(name), creation});
         }
     }
     return gaps;

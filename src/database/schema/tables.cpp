@@ -172,16 +172,17 @@ constexpr ColumnDefinition listingsColumns[] = {
     {u"附属房", Text},
 };
 constexpr IndexDefinition listingsIndexes[] = {
-    {u"ix_fyxx_number", u"房源编号 desc"},             // order of the list
-    {u"ix_fyxx_district", u"地区, 房源编号 desc"},     // filter by district in the order of the list
-    {u"ix_fyxx_building", u"楼盘字典, 房源编号 desc"}, // filter by building in the order of the list
-    {u"ix_fyxx_agent", u"业务员ID, 房源编号 desc"},    // filter by agent
-    {u"ix_fyxx_user", u"用户ID"},                      // filter by department
-    {u"ix_fyxx_changed", u"操作日期"},                 // date windows
-    {u"ix_fyxx_building_id", u"楼盘ID"},               // is a building in use
-    {u"ix_fyxx_area", u"总面积"},                      // matching by area
-    {u"ix_fyxx_sale", u"售房价格"},                    // matching by sale price
-    {u"ix_fyxx_rent", u"租房价格"},                    // matching by rent
+    {u"ix_fyxx_key", u"房源ID", IndexDefinition::Hashed}, // is a follow-up one of a listing
+    {u"ix_fyxx_number", u"房源编号 desc"},                // order of the list
+    {u"ix_fyxx_district", u"地区, 房源编号 desc"},        // filter by district in the order of the list
+    {u"ix_fyxx_building", u"楼盘字典, 房源编号 desc"},    // filter by building in the order of the list
+    {u"ix_fyxx_agent", u"业务员ID, 房源编号 desc"},       // filter by agent
+    {u"ix_fyxx_user", u"用户ID"},                         // filter by department
+    {u"ix_fyxx_changed", u"操作日期"},                    // date windows
+    {u"ix_fyxx_building_id", u"楼盘ID"},                  // is a building in use
+    {u"ix_fyxx_area", u"总面积"},                         // matching by area
+    {u"ix_fyxx_sale", u"售房价格"},                       // matching by sale price
+    {u"ix_fyxx_rent", u"租房价格"},                       // matching by rent
 };
 
 constexpr ColumnDefinition customersColumns[] = {
@@ -225,10 +226,11 @@ constexpr ColumnDefinition customersColumns[] = {
     {u"方式", Integer},
 };
 constexpr IndexDefinition customersIndexes[] = {
-    {u"ix_fykh_number", u"客源编号"},  // order of the list, record navigation
-    {u"ix_fykh_changed", u"操作日期"}, // date windows
-    {u"ix_fykh_user", u"用户ID"},      // filter by department
-    {u"ix_fykh_agent", u"业务员ID"},   // filter by agent
+    {u"ix_fykh_key", u"客源ID", IndexDefinition::Hashed}, // is a follow-up one of a customer
+    {u"ix_fykh_number", u"客源编号"},                     // order of the list, record navigation
+    {u"ix_fykh_changed", u"操作日期"},                    // date windows
+    {u"ix_fykh_user", u"用户ID"},                         // filter by department
+    {u"ix_fykh_agent", u"业务员ID"},                      // filter by agent
     // Matching: the upper bound first, since a customer without a wish has 0 there and is passed over, and
     // the other bounds behind it, so that only customers who match are fetched. The one by area is the
     // broadest and comes first: of indexes that look alike to it SQLite takes the narrower or the later one,
@@ -254,7 +256,7 @@ constexpr ColumnDefinition followUpsColumns[] = {
 };
 constexpr IndexDefinition followUpsIndexes[] = {
     {u"ix_fygj_owner", u"房源ID, 操作日期 desc"}, // follow-ups of one listing or customer, newest first
-    {u"ix_fygj_date", u"操作日期"},               // query by date
+    {u"ix_fygj_time", u"操作日期, 房源ID"},       // the newest, also those of listings or customers alone
     {u"ix_fygj_reminder", u"下次提醒, 提醒日期"}, // reminders that are due
 };
 
@@ -288,7 +290,7 @@ constexpr ColumnDefinition hostUsersColumns[] = {
     {u"isActive", Integer, Definition::Zero},
 };
 constexpr IndexDefinition hostUsersIndexes[] = {
-    {u"ux_host_users_name", u"username", true}, // sign-in by name
+    {u"ux_host_users_name", u"username", IndexDefinition::Unique}, // sign-in by name
 };
 
 constexpr ColumnDefinition hostRightsColumns[] = {
@@ -351,7 +353,7 @@ constexpr TableDefinition tables[] = {
     {u"host_schema", hostSchemaColumns, {}},
 };
 
-constexpr QStringView formerIndexes[] = {u"ix_fykh_area", u"ix_fykh_buy", u"ix_fykh_rent"};
+constexpr QStringView formerIndexes[] = {u"ix_fykh_area", u"ix_fykh_buy", u"ix_fykh_rent", u"ix_fygj_date"};
 
 } // namespace
 

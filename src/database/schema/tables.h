@@ -24,9 +24,14 @@ struct ColumnDefinition
 /// An index; it serves the statements named beside its definition.
 struct IndexDefinition
 {
+    enum Kind {
+        Sorted,
+        Unique,
+        Hashed, ///< finds single keys only; made on a server alone, where comparing texts is dear
+    };
     const char16_t *name;
     const char16_t *columns; ///< as in a column list, with "desc" where wanted
-    bool unique = false;
+    Kind kind = Sorted;
 };
 
 struct TableDefinition
