@@ -42,7 +42,7 @@ public:
 
     [[nodiscard]] const QString &name() const { return m_name; }
     [[nodiscard]] Desktop &desktop() const { return m_desktop; }
-    /// A colour number, red in its lowest byte; -1 until the designer gives one.
+    /// A colour number, red in its lowest byte; -1 for the desktop's own background.
     [[nodiscard]] int BackColor() const { return m_backColor; }
     void setBackColor(int color);
 

@@ -1,8 +1,8 @@
 #include "screens/frame/back_color.h"
 
 #include "library/frame/module.h"
+#include "screens/controls/color_number.h"
 
-#include <QColor>
 #include <QWidget>
 
 namespace ebtq {
@@ -11,11 +11,10 @@ namespace {
 
 void show(int color, QWidget &view)
 {
-    if (color < 0)
-        return;
-    const QColor ground(color & 255, color >> 8 & 255, color >> 16 & 255);
+    constexpr int desktopsOwn = -1;
+    const QString own = QStringLiteral("#%1 { background: %2; }");
     view.setAttribute(Qt::WA_StyledBackground);
-    view.setStyleSheet(QStringLiteral("#%1 { background: %2; }").arg(view.objectName(), ground.name()));
+    view.setStyleSheet(color == desktopsOwn ? QString() : own.arg(view.objectName(), colorOf(color).name()));
 }
 
 } // namespace

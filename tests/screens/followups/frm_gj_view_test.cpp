@@ -1,7 +1,9 @@
 #include "screens/followups/frm_gj_view.h"
 
+#include "contracts/color_parts.h"
 #include "library/followups/frm_gj.h"
 #include "library/listings/frm_fx_fixture.h"
+#include "screens/frame/back_color.h"
 #include "screens/support/screen.h"
 
 #include <QLineEdit>
@@ -87,6 +89,22 @@ TEST_F(FrmGjViewTest, TheStylerIsGivenTheFormEachTimeItComesToTheFront)
             return child(view, u"qzTxt_%1"_qs.arg(number)).mapTo(&view, QPoint()).x();
         };
         EXPECT_TRUE(left(0) == left(3) && left(3) == left(5) && left(5) == left(6) && left(2) == left(4));
+    });
+}
+
+TEST_F(FrmGjViewTest, ItsBackgroundIsTheModulesOrTheDesktops)
+{
+    openOnScreen([&](QWidget &view) {
+        const auto corner = [&] { return view.grab().toImage().pixelColor(1, 1); };
+        const QColor usual = corner();
+        followBackColor(gj, view);
+        for (const auto &[number, color] : {std::pair(0xC0FFFF, QColor(255, 255, 192)),
+                                            {-1, usual},
+                                            {systemButtonFace, QColor(0xF0F0F0)}}) {
+            gj.setBackColor(number);
+            EXPECT_EQ(corner(), color) << number;
+        }
+        view.close();
     });
 }
 
