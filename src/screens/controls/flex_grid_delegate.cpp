@@ -9,7 +9,7 @@
 #include <QPainter>
 #include <QTableView>
 
-#include <cmath>
+#include <cstdlib>
 
 namespace ebtq {
 
@@ -64,13 +64,22 @@ QModelIndex labelOf(const QModelIndex &index, const QTableView &view)
     return {};
 }
 
-/// A given colour, moved towards the usual one while it cannot be told from its ground.
-QColor readable(const QColor &color, const QColor &ground)
+/// A text colour, made lighter or darker if its contrast with the background is too low.
+QColor readable(const QColor &color, const QColor &background)
 {
-    constexpr double fewest = 0.3;
-    if (std::abs(color.lightnessF() - ground.lightnessF()) >= fewest)
+    constexpr int leastContrast = 76;
+    constexpr int middle = 115;
+    const int backgroundGray = qGray(background.rgb());
+    if (std::abs(qGray(color.rgb()) - backgroundGray) >= leastContrast)
         return color;
-    return ground.lightnessF() < 0.5 ? color.lighter(250) : color.darker(250);
+    return backgroundGray < middle ? color.lighter(250) : color.darker(250);
+}
+
+/// A background that the rules give is light; the dark scheme keeps its hue only.
+QColor inScheme(const QColor &given)
+{
+    const bool isDark = look::scheme() == look::Scheme::Dark;
+    return isDark ? QColor::fromHslF(given.hslHueF(), 0.4F * given.hslSaturationF(), 0.25F) : given;
 }
 
 } // namespace
@@ -84,15 +93,14 @@ QColor FlexGridDelegate::background(const QModelIndex &index, bool isSelected) c
 {
     const look::Tokens &tokens = look::tokens();
     if (index.row() == m_view.currentIndex().row())
-        return tokens.currentRow;
+        return m_selectionColor.isValid() ? inScheme(m_selectionColor) : tokens.currentRow;
     if (isSelected)
         return tokens.brandSoft;
     if (const QVariant given = index.data(Qt::BackgroundRole); given.isValid())
-        return given.value<QColor>();
+        return inScheme(given.value<QColor>());
     return m_striped && index.row() % 2 == 1 && !isMerged(index) ? tokens.zebra : tokens.card;
 }
 
-/// A ground that was given is light, whatever the scheme.
 QColor FlexGridDelegate::ink(const QModelIndex &index, const QString &text, const QColor &ground) const
 {
     if (const QVariant given = index.data(Qt::ForegroundRole); given.isValid())

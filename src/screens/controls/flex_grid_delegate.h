@@ -34,6 +34,8 @@ public:
     void setStriped(bool striped) { m_striped = striped; }
     void setMergedColumns(const QSet<int> &columns) { m_merged = columns; }
     void setWordWrap(bool wraps) { m_wraps = wraps; }
+    /// Background of the current row; an invalid colour for that of the scheme.
+    void setSelectionColor(const QColor &color) { m_selectionColor = color; }
     /// Of the lines; an invalid one for the usual colour.
     void setLineColor(const QColor &color) { m_lineColor = color; }
 
@@ -72,6 +74,7 @@ private:
     QHash<int, ColumnLook> m_columns;
     QSet<int> m_merged;
     QColor m_lineColor;
+    QColor m_selectionColor;
     bool m_striped = false;
     bool m_wraps = false;
 };

@@ -1,9 +1,9 @@
 #include "screens/controls/flex_grid_model.h"
 
 #include "library/controls/flex_grid.h"
+#include "screens/controls/color_number.h"
 #include "screens/look/look.h"
 
-#include <QColor>
 #include <QFont>
 
 namespace ebtq {
@@ -22,11 +22,6 @@ Qt::AlignmentFlag across(int alignment)
     default:
         return Qt::AlignLeft;
     }
-}
-
-QColor colorOf(int number)
-{
-    return {number & 255, number >> 8 & 255, number >> 16 & 255};
 }
 
 QFont boldFont()

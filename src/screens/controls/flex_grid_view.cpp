@@ -1,8 +1,8 @@
 #include "screens/controls/flex_grid_view.h"
 
-#include "contracts/color_parts.h"
 #include "library/controls/flex_grid.h"
 #include "library/controls/mouse_wheel.h"
+#include "screens/controls/color_number.h"
 #include "screens/controls/control_binding.h"
 #include "screens/controls/flex_grid_columns.h"
 #include "screens/controls/flex_grid_model.h"
@@ -97,9 +97,9 @@ void FlexGridView::followLook()
     m_delegate->setStriped(m_grid.BackColorAlternate() != 0);
     m_delegate->setWordWrap(m_grid.WordWrap());
     const int line = m_grid.GridColor();
-    m_delegate->setLineColor(plainColor(line) == plainColor(systemButtonFace)
-                                 ? QColor()
-                                 : QColor(line & 255, line >> 8 & 255, line >> 16 & 255));
+    m_delegate->setLineColor(plainColor(line) == plainColor(systemButtonFace) ? QColor() : colorOf(line));
+    const int selection = m_grid.SelectionColor();
+    m_delegate->setSelectionColor(selection == 0 ? QColor() : colorOf(selection));
     followHeights();
     m_frozen->setCount(m_grid.FrozenCols() > 0 ? m_grid.FixedCols() + m_grid.FrozenCols() : 0);
     viewport()->update();

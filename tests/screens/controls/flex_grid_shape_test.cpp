@@ -8,6 +8,7 @@
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QMenu>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSignalSpy>
 
@@ -90,6 +91,15 @@ TEST_F(FlexGridShapeTest, PaintsCurrentRowStripesAndColouredColumns)
     EXPECT_TRUE(isPainted(3, 2, tokens.salePrice));
     EXPECT_FALSE(isPainted(4, 2, tokens.salePrice)) << "0万元 says nothing";
     EXPECT_TRUE(isPainted(4, 2, tokens.ink));
+    grid.setSelectionColor(0xC0C000);
+    grid.setBackColorAlternate(0);
+    for (const auto &[row, background] : {std::pair(5, QColor(0, 192, 192)), {4, tokens.card}})
+        EXPECT_EQ(pixel(row, 1, {2, 2}), background) << row;
+    EXPECT_TRUE(isPainted(5, 2, QColor(tokens.salePrice.darker(250).rgb())))
+        << "readable on the colour of the row";
+    const QScopeGuard light([] { look::apply(*qApp, look::Scheme::Light); });
+    look::apply(*qApp, look::Scheme::Dark);
+    EXPECT_EQ(pixel(5, 1, {2, 2}), QColor(38, 89, 89));
 }
 
 QRgb rgb(int number)
