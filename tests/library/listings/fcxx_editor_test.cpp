@@ -89,6 +89,10 @@ TEST_F(FcxxEditorTest, AnEditRewritesItsRowAndLeavesTheAttachmentsAlone)
         EXPECT_EQ(shown(), u"FY2026110003 FY2026110002 FY2026110001");
         EXPECT_EQ(cell(2, ListingAttachments), u"7");
     }
+    const QString key = cell(3, ListingKey);
+    list.VS().RemoveItem(3);
+    Q_EMIT editor().ReturnData(key, false);
+    EXPECT_EQ(shown(), u"FY2026110003 FY2026110002") << "of one that is not shown no row is rewritten";
 }
 
 TEST_F(FcxxEditorTest, ADoubleClickHidesTheOwnerFromWhoMayNotEdit)

@@ -8,6 +8,8 @@ using namespace ebtq::test;
 
 namespace {
 
+using namespace ListingFilter;
+
 TEST_F(FcxxTest, InitSetsUpTheScreenAndLoadsNothing)
 {
     init();
@@ -145,7 +147,6 @@ TEST_F(FcxxTest, FailuresNameModuleAndOperationAndLeaveAListThatWorks)
 
 TEST_F(FcxxTest, CommandsSetTheFilterAndReload)
 {
-    using namespace ListingFilter;
     init();
     const std::tuple<QString, int, int, QString> cases[] = {
         {u"buy"_qs, 1, 0, u" where 交易方式 like '%售%' and 操作日期>#2026-11-22# order"_qs},
@@ -250,6 +251,165 @@ TEST_F(FcxxTest, ARefreshReturnsToTheListing)
     init();
     store(u"NEW "_qs + numbers);
     EXPECT_EQ(refreshed(), u"NEW from 1"_qs) << "another start knows no place";
+}
+
+TEST_F(FcxxTest, ListsAreTheHosts)
+{
+    init();
+    // The caption, the row to choose, what may be typed for it, value and text. Of a house type the numbers
+    // are its name.
+    const std::tuple<int, QString, QString, QString, QString> cases[] = {
+        {Rooms, u"房型"_qs, u"F1"_qs, u"f1 3-2-2-1"_qs, u"F1|3-2-2-1"_qs},
+        {State, u"状态"_qs, u"01"_qs, u"01 有效"_qs, u"01|有效"_qs},
+        {Department, u"部门"_qs, u"01"_qs, u"01 营业一部"_qs, u"1|营业一部"_qs},
+    };
+    for (const auto &[number, caption, row, typed, found] : cases) {
+        qzTxt_S &field = list.qzTxt(number);
+        EXPECT_EQ(field.Caption(), caption);
+        EXPECT_TRUE(field.help_menuflag());
+        EXPECT_EQ(field.error_message(), caption + u"输入有误，请重新输入！"_qs);
+        panels.willChoose(row);
+        field.requestHelp(5, 6);
+        EXPECT_EQ(field.Value().toString() + u'|' + field.Text(), found);
+        for (const QString &text : typed.split(u' ')) {
+            field.type(text);
+            EXPECT_TRUE(field.check());
+            EXPECT_EQ(field.Value().toString() + u'|' + field.Text(), found) << text.toStdString();
+        }
+        field.type(u"乱"_qs);
+        EXPECT_FALSE(field.check());
+    }
+    EXPECT_THROW((void)list.qzTxt(2), Failure);
+    EXPECT_THROW((void)list.Chk(2), Failure);
+}
+
+TEST_F(FcxxTest, PickersAreAskedWithTheirParameters)
+{
+    init();
+    const std::tuple<int, QString, QString, QString, QString> cases[] = {
+        {District, u"城区"_qs, u"pdmdq"_qs, u"天河区"_qs, u" pdmsfmx=1"_qs},
+        {Agent, u"经纪人"_qs, u"pdmgy"_qs, u"天河区"_qs, u" 组织类型=1"_qs},
+        {Building, u"楼盘"_qs, u"selpdmlpzd"_qs, u"天河区"_qs, u" lock=1 地区=天河区"_qs},
+        {Building, u"楼盘"_qs, u"selpdmlpzd"_qs, {}, {}}, // the lock of the case above is gone
+    };
+    for (const auto &[number, caption, picker, district, parameters] : cases) {
+        qzTxt_S &field = list.qzTxt(number);
+        EXPECT_EQ(field.error_message(), caption + u"输入有误，请重新输入！"_qs);
+        type(District, district);
+        field.setText(u"旧"_qs);
+        script = {};
+        field.requestHelp(30, 40);
+        EXPECT_EQ(field.Text() + script.textBefore, u"旧旧"_qs) << "left without a choice it changes nothing";
+        script = {{}, u"新"_qs, 17, nullptr};
+        field.requestHelp(30, 40);
+        EXPECT_EQ(script.asked, QStringList(u"show %1 30 40"_qs.arg(picker) + parameters));
+        EXPECT_EQ(field.Text() + field.Value().toString(), u"新17"_qs);
+        type(District, number == District ? QString() : district);
+        field.type(u"旧"_qs);
+        EXPECT_TRUE(field.check());
+        EXPECT_EQ(script.asked.last(), u"validate %1 旧"_qs.arg(picker) + parameters);
+        EXPECT_EQ(field.Text(), u"新"_qs);
+        script.ready = false;
+        field.type(u"别的"_qs);
+        field.requestHelp(1, 1);
+        EXPECT_FALSE(field.check());
+        EXPECT_EQ(script.asked.size(), 2);
+    }
+    EXPECT_EQ(events, QStringList());
+}
+
+TEST_F(FcxxTest, LookUpsReleaseTheDatabaseAndTrapFailures)
+{
+    init();
+    const auto lookUp = [this] {
+        list.qzTxt(District).requestHelp(0, 0);
+        list.qzTxt(State).requestHelp(0, 0);
+        list.qzTxt(State).type(u"x"_qs);
+        EXPECT_FALSE(list.qzTxt(State).check());
+    };
+    app.releases = 0;
+    panels.willChoose({});
+    lookUp();
+    EXPECT_EQ(app.releases, 3);
+    list.IReportUI_Clear();
+    events.clear();
+    lookUp();
+    EXPECT_EQ(events, QStringList({u"Fcxx-->qzTxt_FieldHelp::模块尚未初始化！|8|EBTQ_S"_qs,
+                                   u"Fcxx-->qzTxt_FieldGenericHelp::模块尚未初始化！|8|EBTQ_S"_qs,
+                                   u"Fcxx-->qzTxt_FieldCheck::模块尚未初始化！|8|EBTQ_S"_qs}));
+}
+
+class FcxxSearchTest : public FcxxTest
+{
+protected:
+    void SetUp() override
+    {
+        store(u"FY14 fy13 FY12 FY11"_qs);
+        open(host::ListingModule);
+        app.statements.clear();
+    }
+    void searchFor(const QString &text)
+    {
+        list.SearchBox1().setText(text);
+        list.SearchBox1().searchNow();
+    }
+};
+
+TEST_F(FcxxSearchTest, WithoutTheFilterTheFirstMatchBecomesCurrent)
+{
+    const std::pair<QString, int> cases[] = {
+        {u"FY1"_qs, 1},         {u"fy"_qs, 2},    {u"海珠"_qs, 2},      {u"FY11"_qs, 4},
+        {u"海珠区%翠堤"_qs, 2}, {u"隐栋"_qs, -1}, {u"KEY-FY12"_qs, -1}, {u"没有'"_qs, -1},
+    };
+    for (const auto &[text, row] : cases) {
+        list.VS().setRow(3);
+        events.clear();
+        searchFor(text);
+        EXPECT_EQ(events, row < 0 ? QStringList(u"没有找到："_qs + text) : QStringList());
+        EXPECT_EQ(list.VS().Row(), row < 0 ? 3 : row) << text.toStdString();
+        EXPECT_EQ(list.VS().visibleCount(), 4) << "nothing is hidden";
+        EXPECT_TRUE(list.VS().Redraw());
+    }
+    list.VS().setCol(ListingKey);
+    searchFor(u"KEY-FY12"_qs);
+    EXPECT_EQ(list.VS().Row(), 3) << "the current column is searched even when it cannot be seen";
+    EXPECT_TRUE(app.statements.filter(u"fyxx"_qs).isEmpty()) << "the loaded rows are searched";
+}
+
+TEST_F(FcxxSearchTest, WithTheFilterOtherRowsAreHidden)
+{
+    list.VS().setRow(2);
+    list.ChkFind().setValue(1);
+    EXPECT_TRUE(list.SearchBox1().FilterFlag());
+    EXPECT_EQ(list.VS().visibleCount(), 4) << "an empty box touches nothing";
+    searchFor(u"天河"_qs);
+    EXPECT_EQ(shown(), u"FY14 FY12");
+    EXPECT_EQ(list.VS().Row(), 2) << "filtering moves no row";
+    events.clear();
+    searchFor(u"没有"_qs);
+    EXPECT_EQ(events, QStringList()) << "the empty list says it";
+    searchFor(u"FY1"_qs);
+    EXPECT_EQ(shown(), u"FY14 FY12 FY11") << "searched anew in all rows";
+    list.SearchBox1().setText({});
+    EXPECT_EQ(list.VS().visibleCount(), 4);
+}
+
+TEST_F(FcxxSearchTest, TheTickAndARefreshSearchAgainWithThePresentText)
+{
+    list.SearchBox1().setText(u"海珠"_qs);
+    list.ChkFind().setValue(1);
+    EXPECT_EQ(shown(), u"fy13 FY11");
+    store(u"FY22 FY21 FY20 FY19"_qs);
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(shown(), u"FY21 FY19");
+    EXPECT_EQ(events.last(), u"共加载4条记录") << "hidden rows count";
+    list.ChkFind().setValue(0);
+    EXPECT_FALSE(list.SearchBox1().FilterFlag());
+    EXPECT_EQ(list.VS().visibleCount(), 4);
+    EXPECT_EQ(list.VS().Row(), 2);
+    searchFor(u"FY20"_qs);
+    EXPECT_TRUE(refresh());
+    EXPECT_EQ(list.VS().Row(), 3);
 }
 
 } // namespace
