@@ -24,6 +24,13 @@ protected:
         field.setText(text);
         field.setValue(value);
     }
+    /// Types and leaves the field; false when the text is refused.
+    bool enter(const QString &text)
+    {
+        field.type(text);
+        return field.check();
+    }
+    [[nodiscard]] QString state() const { return field.Text() + u'|' + field.Value().toString(); }
     /// Finds 有效 by its text or by its code 01, and writes down what it was asked.
     void findByStatement()
     {
@@ -50,21 +57,16 @@ TEST_F(FieldTest, StatementFieldTakesWhatTheCheckGivesBack)
     field.set_judge_base(u"select 代码 where 代码='@'"_qs);
     field.set_text_field_code(u"代码"_qs);
     field.set_text_field_name(u"名称"_qs);
-    field.type(u"01"_qs);
-    EXPECT_TRUE(field.check());
-    EXPECT_EQ(field.Text(), u"有效"_qs);
-    EXPECT_EQ(field.Value(), u"01"_qs);
+    EXPECT_TRUE(enter(u"01"_qs));
+    EXPECT_EQ(state(), u"有效|01"_qs);
     EXPECT_TRUE(field.check()) << "an accepted text is not asked for again";
     EXPECT_EQ(asked, QStringList(u"select 代码 where 代码='@'|代码|名称|01"_qs));
 
-    field.type(u"乱"_qs);
-    EXPECT_FALSE(field.check());
+    EXPECT_FALSE(enter(u"乱"_qs));
     EXPECT_FALSE(field.check()) << "a refused text stays refused";
-    EXPECT_EQ(field.Text(), u"乱"_qs);
+    EXPECT_EQ(state(), u"乱|"_qs);
     EXPECT_EQ(failures, QStringList(2, u"状态输入有误，请重新输入！"_qs));
-
-    field.type({});
-    EXPECT_TRUE(field.check());
+    EXPECT_TRUE(enter({}));
     EXPECT_FALSE(field.Value().isValid()) << "an emptied field filters by nothing";
 }
 
@@ -73,23 +75,19 @@ TEST_F(FieldTest, OnlyWhatAPersonPutInIsChecked)
     findByStatement();
     load(u"翠堤雅居"_qs, 7);
     EXPECT_TRUE(field.check()) << "a loaded record must not be looked up because the focus passes by";
-    EXPECT_EQ(asked, QStringList());
-    EXPECT_EQ(field.Value(), 7);
+    EXPECT_EQ(state() + asked.join(u' '), u"翠堤雅居|7"_qs);
 
-    field.type(u"有效"_qs);
-    EXPECT_TRUE(field.check());
+    EXPECT_TRUE(enter(u"有效"_qs));
     load({}, {}); // as the command for all kinds empties the filter
     EXPECT_TRUE(field.check());
     asked.clear();
-    field.type(u"有效"_qs);
-    EXPECT_TRUE(field.check());
+    EXPECT_TRUE(enter(u"有效"_qs));
     EXPECT_EQ(asked.size(), 1) << "the same text typed again is looked up again";
-    EXPECT_EQ(field.Value(), u"01"_qs);
+    EXPECT_EQ(state(), u"有效|01"_qs);
 
     field.type(u"乱"_qs);
     load(u"翠堤雅居"_qs, 7);
-    EXPECT_TRUE(field.check()) << "a record that was loaded over a typed text";
-    EXPECT_FALSE(field.isTyped());
+    EXPECT_TRUE(field.check() && !field.isTyped()) << "a record that was loaded over a typed text";
     field.type(u"乱"_qs);
     field.setValue({});
     EXPECT_TRUE(field.check()) << "code has its reasons";
@@ -102,8 +100,7 @@ TEST_F(FieldTest, NothingIsFilteredByTheValueOfTheTextBefore)
     QVariant seen = 1;
     QObject::connect(&field, &qzTxt_S::FieldChange, [&] { seen = field.Value(); });
     field.type(u"营业"_qs);
-    EXPECT_FALSE(field.Value().isValid());
-    EXPECT_FALSE(seen.isValid()) << "nor does a rule see it with the new text";
+    EXPECT_FALSE(field.Value().isValid() || seen.isValid()) << "nor does a rule see it with the new text";
     field.type(u"营业一部"_qs);
     EXPECT_FALSE(field.Value().isValid());
     EXPECT_FALSE(field.check()) << "the text of before, typed, is typed text";
@@ -113,20 +110,14 @@ TEST_F(FieldTest, TakingBackGivesTextAndValueOfBeforeTheFirstLetter)
 {
     findByStatement();
     field.takeBack();
-    EXPECT_FALSE(field.isTyped());
     load(u"营业一部"_qs, 1); // the value comes behind the text
     QObject::connect(&field, &qzTxt_S::FieldChange, [&] { field.setValue({}); }); // a rule
-    for (const QString &text : {u"营"_qs, u"乱"_qs}) {
-        field.type(text);
-        EXPECT_TRUE(field.isTyped());
-    }
-    EXPECT_FALSE(field.check());
+    field.type(u"营"_qs);
+    EXPECT_FALSE(enter(u"乱"_qs));
+    EXPECT_TRUE(field.isTyped());
     field.takeBack();
-    EXPECT_FALSE(field.isTyped());
-    EXPECT_EQ(field.Text(), u"营业一部"_qs);
-    EXPECT_EQ(field.Value(), 1);
-    EXPECT_TRUE(field.check());
-    EXPECT_EQ(field.Value(), 1);
+    EXPECT_TRUE(!field.isTyped() && field.check());
+    EXPECT_EQ(state(), u"营业一部|1"_qs);
 }
 
 TEST_F(FieldTest, ChecksByTable)
@@ -146,14 +137,11 @@ TEST_F(FieldTest, ChecksByTable)
     for (const auto &[type, text, passes, textAfter, valueAfter] : cases) {
         field.set_judge_type(type);
         load(u"旧"_qs, 99);
-        field.type(text);
-        EXPECT_EQ(field.check(), passes) << text.toStdString();
-        EXPECT_EQ(field.Text(), textAfter);
-        EXPECT_EQ(field.Value().toString(), valueAfter) << text.toStdString();
+        EXPECT_EQ(enter(text), passes) << text.toStdString();
+        EXPECT_EQ(state(), textAfter + u'|' + valueAfter);
     }
     field.set_judge_time(qzTxt_S::JudgeNever);
-    field.type(u"别人"_qs);
-    EXPECT_TRUE(field.check());
+    EXPECT_TRUE(enter(u"别人"_qs));
 }
 
 TEST_F(FieldTest, HelpIsRaisedByKind)
@@ -178,7 +166,7 @@ TEST_F(FieldTest, HelpIsRaisedByKind)
     load(u"天河区"_qs, 5);
     field.set_help_type(qzTxt_S::Custom);
     field.requestHelp(10, 20);
-    EXPECT_EQ(field.Text() + field.Value().toString(), u"海珠区7"_qs);
+    EXPECT_EQ(state(), u"海珠区|7"_qs);
     field.setEnabled(false);
     field.requestHelp(1, 1);
     field.setEnabled(true);
@@ -208,8 +196,7 @@ TEST_F(FieldTest, APickedTextIsStillCheckedAndTheChosenOneOfTwoNamesakesIsMeant)
     EXPECT_EQ(checks, 1) << "the check fills the fields that depend on this one";
     EXPECT_EQ(field.Value(), QVariant(7));
     field.type(u"张"_qs);
-    field.type(u"张敏"_qs);
-    EXPECT_TRUE(field.check());
+    EXPECT_TRUE(enter(u"张敏"_qs));
     EXPECT_EQ(field.Value(), QVariant(3)) << "a typed name is the first of that name";
 }
 

@@ -4,9 +4,10 @@
 
 #include "host/module_ids.h"
 #include "library/support/agency_test.h"
+#include "library/support/grids.h"
 
 using namespace ebtq;
-using ebtq::test::AgencyTest;
+using namespace ebtq::test;
 
 namespace {
 
@@ -17,31 +18,22 @@ class FollowUpListTest : public AgencyTest
 protected:
     FollowUpListTest()
     {
-        insert(
-            {u"su_usertype (mtID,mtcode,mtname) values (2,'02','营业二部')",
-             u"su_membership (userID,UserTypeID,username) values ('U2',2,'王五')",
-             u"fyxx (房源ID) values ('L1')", u"fykh (客源ID) values ('C1')",
-             u"fygj "
-             u"(跟进ID,房源ID,用户ID,业务员ID,操作日期,跟进内容,下次提醒,提醒日期,提醒范围,提醒内容,处理结果)"
-             u" values ('G1','L1','U1',5,#2026-11-20 8:00:00#,'Amy 看房',1,#2026-11-22#,0,'回电','')",
-             u"fygj (跟进ID,房源ID,用户ID,操作日期,跟进内容,下次提醒,提醒日期,提醒范围,处理结果)"
-             u" values ('G2','C1','U2',#2026-11-21 23:59:59#,'谈价',1,#2026-11-22#,1,'')",
-             u"fygj (跟进ID,房源ID,用户ID,操作日期,跟进内容,下次提醒,提醒日期,处理结果)"
-             u" values ('G3','L0','U1',#2026-11-22 0:00:00#,'再约amy',1,#2026-11-22#,'')",
-             // Not due: of somebody else, of other days, dealt with, never asked for, without a result at
-             // all.
-             u"fygj (跟进ID,用户ID,操作日期,下次提醒,提醒日期,处理结果) values "
-             u"('G4','U2',#2026-11-9#,1,#2026-11-22#,'')",
-             u"fygj (跟进ID,用户ID,操作日期,下次提醒,提醒日期,处理结果) values "
-             u"('G5','U1',#2026-11-8#,1,#2026-11-21#,'')",
-             u"fygj (跟进ID,用户ID,操作日期,下次提醒,提醒日期,处理结果) values "
-             u"('G6','U1',#2026-11-7#,1,#2026-11-25#,'')",
-             u"fygj (跟进ID,用户ID,操作日期,下次提醒,提醒日期,处理结果) values "
-             u"('G7','U1',#2026-11-6#,1,#2026-11-22#,'好')",
-             u"fygj (跟进ID,用户ID,操作日期,下次提醒,提醒日期,处理结果) values "
-             u"('G8','U1',#2026-11-5#,0,#2026-11-22#,'')",
-             u"fygj (跟进ID,用户ID,操作日期,下次提醒,提醒日期) values "
-             u"('G9','U1',#2026-11-4#,1,#2026-11-22#)"});
+        insert({
+            u"su_usertype (mtID,mtcode,mtname) values (2,'02','营业二部')",
+            u"su_membership (userID,UserTypeID,username) values ('U2',2,'王五')",
+            u"fyxx (房源ID) values ('L1')",
+            u"fykh (客源ID) values ('C1')",
+        });
+        insert(u"fygj (跟进ID,房源ID,用户ID,业务员ID,操作日期,跟进内容,下次提醒,提醒日期,提醒范围,提醒内容,"
+               u"处理结果)"_qs,
+               {u"'G1','L1','U1',5,#2026-11-20 8:00:00#,'Amy 看房',1,#2026-11-22#,0,'回电',''",
+                u"'G2','C1','U2',null,#2026-11-21 23:59:59#,'谈价',1,#2026-11-22#,1,null,''",
+                u"'G3','L0','U1',null,#2026-11-22 0:00:00#,'再约amy',1,#2026-11-22#,null,null,''"});
+        // Not due: of somebody else, of other days, dealt with, never asked for, without a result at all.
+        insert(u"fygj (跟进ID,用户ID,操作日期,下次提醒,提醒日期,处理结果)"_qs,
+               {u"'G4','U2',#2026-11-9#,1,#2026-11-22#,''", u"'G5','U1',#2026-11-8#,1,#2026-11-21#,''",
+                u"'G6','U1',#2026-11-7#,1,#2026-11-25#,''", u"'G7','U1',#2026-11-6#,1,#2026-11-22#,'好'",
+                u"'G8','U1',#2026-11-5#,0,#2026-11-22#,''", u"'G9','U1',#2026-11-4#,1,#2026-11-22#,null"});
     }
     void open(FollowUpList &opened)
     {
@@ -54,13 +46,7 @@ protected:
         ASSERT_TRUE(opened.IReportUI_Init(app, host::FollowUpModule));
         ASSERT_TRUE(opened.IReportUI_Refresh());
     }
-    static QString shown(FollowUpList &from)
-    {
-        QStringList keys;
-        for (int row = 0; row < from.VS().visibleCount(); ++row)
-            keys += from.VS().TextMatrix(from.VS().rowInSight(row), FollowUpKey);
-        return keys.join(u' ');
-    }
+    static QString shown(FollowUpList &from) { return columnText(from.VS(), FollowUpKey); }
     /// What was raised since the last call.
     QStringList raised() { return std::exchange(events, {}); }
 

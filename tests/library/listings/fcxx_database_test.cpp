@@ -17,24 +17,21 @@ class FcxxDatabaseTest : public FcxxTest
 protected:
     FcxxDatabaseTest()
     {
-        insert({u"su_usertype (mtID,mtcode,mtname) values (2,'02','营业二部')",
-                u"su_membership (userID,UserTypeID,username) values ('U3',1,'王芳')",
-                u"su_membership (userID,UserTypeID,username) values ('U3',2,'王芳')",
-                u"pubAttach (progID,IDs,filename,isActive,isPicture) values (101,'FY1','f',1,0)",
-                u"pubAttach (progID,IDs,filename,isActive,isPicture) values (101,'FY1','deleted',0,0)",
-                u"pubAttach (progID,IDs,filename,isActive,isPicture) values (101,'FY1','picture',1,1)",
-                u"pubAttach (progID,IDs,filename,isActive,isPicture) values (102,'FY2','f',1,0)"});
-        for (const char16_t *values :
-             {u"'FY1','U1',5,'天河区','翠堤雅居',3,2,2,1,'出售','有效',#2026-11-25 08:00:00#",
-              u"'FY2','U1',6,'海珠区','东湖名苑',1,1,1,0,'出租','有效',#2026-11-22#",
-              u"'FY3','U2',5,'天河区','香樟里',3,2,2,1,'售租','已成交',#2026-11-22 00:00:01#",
-              u"'FY4','U3',7,'天河区','翠堤雅居',2,1,1,1,'转让','有效',#2025-1-1#",
-              u"'FY5','',0,'天河 区','Palm Court',0,0,0,0,'','',#2026-11-18#"})
-            connection->execute(
-                u"insert into fyxx (房源ID,房源编号,用户ID,业务员ID,地区,楼盘字典,房型_房,房型_厅,房型_卫,"
-                u"房型_阳台,交易方式,交易状态,操作日期,楼层,总楼层,总面积,售房价格,租房价格) values "
-                u"(%1,%2,'21','33',91,586.5,0)"_qs.arg(QString::fromUtf16(values).left(5),
-                                                       QString::fromUtf16(values)));
+        insert(u"su_usertype (mtID,mtcode,mtname)"_qs, {u"2,'02','营业二部'"});
+        insert(u"su_membership (userID,UserTypeID,username)"_qs, {u"'U3',1,'王芳'", u"'U3',2,'王芳'"});
+        insert(u"pubAttach (progID,IDs,filename,isActive,isPicture)"_qs,
+               {u"101,'FY1','f',1,0", u"101,'FY1','deleted',0,0", u"101,'FY1','picture',1,1",
+                u"102,'FY2','f',1,0"});
+        insert(
+            u"fyxx (房源ID,房源编号,用户ID,业务员ID,地区,楼盘字典,房型_房,房型_厅,房型_卫,房型_阳台,交易方式,"
+            u"交易状态,操作日期)"_qs,
+            {u"'FY1','FY1','U1',5,'天河区','翠堤雅居',3,2,2,1,'出售','有效',#2026-11-25 08:00:00#",
+             u"'FY2','FY2','U1',6,'海珠区','东湖名苑',1,1,1,0,'出租','有效',#2026-11-22#",
+             u"'FY3','FY3','U2',5,'天河区','香樟里',3,2,2,1,'售租','已成交',#2026-11-22 00:00:01#",
+             u"'FY4','FY4','U3',7,'天河区','翠堤雅居',2,1,1,1,'转让','有效',#2025-1-1#",
+             u"'FY5','FY5','',0,'天河 区','Palm Court',0,0,0,0,'','',#2026-11-18#"});
+        connection->execute(u"update fyxx set 楼层='21',总楼层='33',总面积=91,售房价格=586.5,"
+                            u"租房价格=0"_qs);
         init();
     }
     void clear()

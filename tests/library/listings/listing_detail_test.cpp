@@ -166,17 +166,13 @@ TEST_F(ListingDetailTest, PicturesAreCountedWithoutTheDeletedOnes)
 TEST_F(ListingDetailTest, FollowUpsShowNewestFirst)
 {
     addListings(u"BA"_qs);
-    const char16_t *const rows[] = {
-        u"'1',#2026-11-1#,'最早','ID-B',1,#2026-11-5#,1,'回访','已联系',#2026-11-6#",
-        u"'2',#2026-11-9 8:30:00#,'最新','ID-B',0,null,null,'','',null",
-        u"'3',#2026-11-3#,'之间','ID-B',2,null,0,null,null,null",
-        u"'4',#2026-11-2#,'之前','ID-B',1,null,7,'','',null",
-        u"'5',#2026-11-2#,'别的','ID-C',1,null,2,'','',null"};
-    for (const char16_t *row : rows)
-        run(u"insert into "
-            u"fygj(跟进ID,操作日期,跟进内容,房源ID,下次提醒,提醒日期,提醒范围,提醒内容,处理结果,处理日期,"
-            u"用户ID)"
-            u" values(%1,'U1')"_qs.arg(row));
+    insert(u"fygj(跟进ID,操作日期,跟进内容,房源ID,下次提醒,提醒日期,提醒范围,提醒内容,处理结果,处理日期,"
+           u"用户ID)"_qs,
+           {u"'1',#2026-11-1#,'最早','ID-B',1,#2026-11-5#,1,'回访','已联系',#2026-11-6#,'U1'",
+            u"'2',#2026-11-9 8:30:00#,'最新','ID-B',0,null,null,'','',null,'U1'",
+            u"'3',#2026-11-3#,'之间','ID-B',2,null,0,null,null,null,'U1'",
+            u"'4',#2026-11-2#,'之前','ID-B',1,null,7,'','',null,'U1'",
+            u"'5',#2026-11-2#,'别的','ID-C',1,null,2,'','',null,'U1'"});
     start(3);
     const VSFlexGrid &grid = detail.VsGj();
     EXPECT_EQ(columnText(grid, 2), u"最新 之间 之前 最早"_qs);

@@ -23,15 +23,16 @@ AgencyTest::AgencyTest(const QString &file)
     : connection(db::Connection::open(file, db::Connection::Missing::IsCreated))
 {
     host::prepareDatabase(*connection);
-    insert({u"su_usertype (mtID,mtcode,mtname) values (1,'01','营业一部')",
-            u"su_membership (userID,UserTypeID,username) values ('U1',1,'张敏')",
-            u"pdmgy (雇员ID,姓名) values (5,'李强')",
-            u"pdmfx (房型ID,房型编号,房型名称,房间数,客厅数,卫生间数,阳台数) values (1,'F1','三房',3,2,2,1)",
-            u"pdmcq (产权ID,产权编号,产权名称,证件名称,付款方式,付佣金方式) values "
-            u"(1,'C1','商品房','房产证','按揭','成交后')",
-            u"pdmsjzd (类型,代码,名称) values ('交易类型','01','出售')",
-            u"pdmsjzd (类型,代码,名称) values ('交易状态','01','有效')",
-            u"pdmsjzd (类型,代码,名称) values ('房屋朝向','01','南')"});
+    insert({
+        u"su_usertype (mtID,mtcode,mtname) values (1,'01','营业一部')",
+        u"su_membership (userID,UserTypeID,username) values ('U1',1,'张敏')",
+        u"pdmgy (雇员ID,姓名) values (5,'李强')",
+        u"pdmfx (房型ID,房型编号,房型名称,房间数,客厅数,卫生间数,阳台数) values (1,'F1','三房',3,2,2,1)",
+        u"pdmcq (产权ID,产权编号,产权名称,证件名称,付款方式,付佣金方式) values "
+        u"(1,'C1','商品房','房产证','按揭','成交后')",
+    });
+    insert(u"pdmsjzd (类型,代码,名称)"_qs,
+           {u"'交易类型','01','出售'", u"'交易状态','01','有效'", u"'房屋朝向','01','南'"});
     for (const int right : {RightNew, RightEdit, RightDelete})
         setRight(right, true);
     app.setPickerFactory(
@@ -42,6 +43,12 @@ void AgencyTest::insert(std::initializer_list<const char16_t *> rows)
 {
     for (const char16_t *row : rows)
         connection->execute(u"insert into "_qs + QString::fromUtf16(row));
+}
+
+void AgencyTest::insert(const QString &table, std::initializer_list<const char16_t *> values)
+{
+    for (const char16_t *row : values)
+        connection->execute(u"insert into %1 values (%2)"_qs.arg(table, QString::fromUtf16(row)));
 }
 
 void AgencyTest::setRight(int right, bool allowed)

@@ -98,6 +98,8 @@ protected:
 
     /// Each row as "table (columns) values (...)".
     void insert(std::initializer_list<const char16_t *> rows);
+    /// Rows of one table, given as "table (columns)".
+    void insert(const QString &table, std::initializer_list<const char16_t *> values);
     [[nodiscard]] RowBlock rows(const QString &sql) const { return connection->query(sql); }
     void setRight(int right, bool allowed);
     /// Writes an entry of the layout file.
