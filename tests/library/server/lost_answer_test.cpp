@@ -18,6 +18,14 @@ using ::testing::HasSubstr;
 
 namespace {
 
+/// Returns as soon as a statement gives a row.
+void waitFor(db::Connection &connection, const char *statement)
+{
+    const QDeadlineTimer deadline(20000);
+    while (!deadline.hasExpired() && connection.queryNative(statement).rowCount() == 0)
+        std::this_thread::yield();
+}
+
 struct OwnServer
 {
     PostgresServer server;
@@ -40,13 +48,8 @@ protected:
     {
         const auto administrator = db::Connection::open(server.url());
         std::thread ending([&] {
-            const QDeadlineTimer deadline(20000);
-            while (!deadline.hasExpired() &&
-                   administrator
-                           ->queryNative("select pg_terminate_backend(pid) from pg_stat_activity"
-                                         " where wait_event='SyncRep'")
-                           .rowCount() == 0)
-                std::this_thread::yield();
+            waitFor(*administrator,
+                    "select pg_terminate_backend(pid) from pg_stat_activity where wait_event='SyncRep'");
         });
         saving();
         ending.join();
@@ -57,6 +60,13 @@ protected:
         server.start();
         db::Connection::open(server.url())->executeNative("alter system reset synchronous_standby_names");
         server.restart();
+    }
+    /// The person is told.
+    void saveAndLoseAnswer(const std::function<void()> &saving)
+    {
+        desktop.willAnswer(Desktop::Answer::Ok);
+        loseAnswerOf(saving);
+        EXPECT_THAT(onlyMessage(), HasSubstr("不能确定操作是否已完成，请核对后再重试"));
     }
     void kill() const { server.kill(); }
     void deleteWithoutWaiting() const
@@ -73,10 +83,9 @@ TEST_P(LostListingTest, IsWrittenOnceWhenItIsSavedAgain)
 {
     open({}, [&] {
         fill(form, required);
-        form.qzFcTxt(8).setText(u"1201"_qs);
-        loseAnswerOf([&] { save({Desktop::Answer::Ok}); });
-        EXPECT_THAT(onlyMessage(), HasSubstr("不能确定操作是否已完成，请核对后再重试"));
-        EXPECT_EQ(text(8), u"1201");
+        form.qzFcTxt(EditorNumber::Room).setText(u"1201"_qs);
+        saveAndLoseAnswer([&] { save(); });
+        EXPECT_EQ(text(EditorNumber::Room), u"1201");
         EXPECT_EQ(events, QStringList());
         ASSERT_EQ(stored(u"房号"_qs), u"1201");
         const QString number = stored(u"房源编号"_qs);
@@ -87,7 +96,7 @@ TEST_P(LostListingTest, IsWrittenOnceWhenItIsSavedAgain)
         save({Desktop::Answer::Ok});
         EXPECT_THAT(onlyMessage(), HasSubstr("无法连接数据库服务器"));
         mendServer();
-        form.qzFcTxt(8).setText(u"1202"_qs);
+        form.qzFcTxt(EditorNumber::Room).setText(u"1202"_qs);
         save({Desktop::Answer::No});
         EXPECT_THAT(onlyMessage(), HasSubstr("是否继续新建"));
         EXPECT_EQ(stored(u"房号"_qs), u"1202") << "one row, with what was typed last";
@@ -108,18 +117,6 @@ protected:
     TwoPeopleTest()
         : FrmFxTest(PostgresBase::url())
     {}
-    /// Commits as soon as somebody waits for the colleague's row.
-    void commitWhenAwaited(db::Connection &colleague) const
-    {
-        const auto watcher = db::Connection::open(url());
-        const QDeadlineTimer deadline(20000);
-        while (
-            !deadline.hasExpired() &&
-            watcher->queryNative("select 1 from pg_stat_activity where wait_event_type='Lock'").rowCount() ==
-                0)
-            std::this_thread::yield();
-        colleague.commit();
-    }
 };
 
 TEST_F(TwoPeopleTest, NoChangeSlipsBetweenTheLookAndTheSave)
@@ -130,7 +127,11 @@ TEST_F(TwoPeopleTest, NoChangeSlipsBetweenTheLookAndTheSave)
         const auto colleague = db::Connection::open(url());
         colleague->begin();
         colleague->execute(u"update fyxx set 手机='138'"_qs);
-        std::thread committing([&] { commitWhenAwaited(*colleague); });
+        std::thread committing([&] {
+            waitFor(*db::Connection::open(url()),
+                    "select 1 from pg_stat_activity where wait_event_type='Lock'");
+            colleague->commit();
+        });
         desktop.willChoose(0);
         save();
         committing.join();
@@ -166,9 +167,7 @@ TEST_F(LostAnswerTest, AFollowUpIsWrittenOnce)
     FrmGj followUp(desktop);
     desktop.willShow([&](QObject &) {
         followUp.Txt().setText(u"来电"_qs);
-        desktop.willAnswer(Desktop::Answer::Ok);
-        loseAnswerOf([&] { followUp.Cmd(0).press(); });
-        EXPECT_THAT(onlyMessage(), HasSubstr("不能确定操作是否已完成"));
+        saveAndLoseAnswer([&] { followUp.Cmd(0).press(); });
         kill();
         mendServer();
         followUp.Txt().setText(u"又来电"_qs);
@@ -186,9 +185,7 @@ TEST_F(LostAnswerTest, ACustomerIsWrittenOnceAndThenChangedAndReadBack)
     desktop.willShow([&](QObject &) {
         for (const auto &[number, text] : {std::pair(1, u"甲"_qs), {4, u"138"_qs}, {15, u"1,250.5"_qs}})
             customer.qzTxt(number).setText(text);
-        desktop.willAnswer(Desktop::Answer::Ok);
-        loseAnswerOf([&] { customer.Cmd(0).press(); });
-        EXPECT_THAT(onlyMessage(), HasSubstr("不能确定操作是否已完成"));
+        saveAndLoseAnswer([&] { customer.Cmd(0).press(); });
         kill();
         mendServer();
         desktop.willAnswer(Desktop::Answer::No);
