@@ -2,6 +2,7 @@
 
 #include "database/sqlite/sqlite_connection.h"
 #include "library/listings/fcxx_fixture.h"
+#include "library/listings/listing_detail_fields.h"
 
 #include <sqlite3.h>
 
@@ -74,7 +75,7 @@ TEST_F(ListingDetailTest, FieldsShowTheListing)
         u"'A-17','王先生','李小姐','中国','138****0001',' 下班后 ','两行',' 陈晓雯 ','车位'"_qs);
     addListing(u"A"_qs, u",总面积,售房价格,租房价格,看房,房型_房"_qs, u",0,100,200,'预约',2"_qs);
     detail.qzFcTxt(43).setText(u"as it was"_qs);
-    start(1);
+    start(ListingTab);
     QString shown;
     for (int number = 0; number < 60; ++number) {
         if (list.IDesignUI_Controls().find(u"qzFcTxt"_qs, number))
@@ -102,11 +103,14 @@ TEST_F(ListingDetailTest, OnlyTheActiveTabAsks)
 {
     addListings(u"ABC"_qs);
     statements.clear();
-    detail.qzVSTabCtl1().setActiveTab(3);
+    detail.qzVSTabCtl1().setActiveTab(FollowUpsTab);
     detail.qzVSTabCtl1().setActiveTab(9);
     EXPECT_EQ(statements, QString()) << "before its start";
-    const std::pair<int, QString> tabs[] = {
-        {1, u"D"_qs}, {2, u"D"_qs}, {3, u"G"_qs}, {4, u"MC"_qs}, {5, u"L"_qs}};
+    const std::pair<int, QString> tabs[] = {{ListingTab, u"D"_qs},
+                                            {OwnerTab, u"D"_qs},
+                                            {FollowUpsTab, u"G"_qs},
+                                            {CustomersTab, u"MC"_qs},
+                                            {PicturesTab, u"L"_qs}};
     for (const auto &[tab, asked] : tabs) {
         start(tab);
         const std::function<void()> steps[] = {
@@ -121,7 +125,7 @@ TEST_F(ListingDetailTest, OnlyTheActiveTabAsks)
             },
             [&] { list.SearchBox1().setText({}); },
             [&] { detail.qzVSTabCtl1().setActiveTab(tab); },
-            [&] { detail.qzVSTabCtl1().setActiveTab(tab == 5 ? 1 : 5); },
+            [&] { detail.qzVSTabCtl1().setActiveTab(tab == PicturesTab ? ListingTab : PicturesTab); },
             [&] { detail.qzVSTabCtl1().setActiveTab(tab); }};
         QString seen;
         for (const auto &step : steps) {
@@ -130,9 +134,11 @@ TEST_F(ListingDetailTest, OnlyTheActiveTabAsks)
             seen += statements;
         }
         // A list reads its attachments' counts and its rows apart.
-        EXPECT_EQ(seen, u",%1,,,LD%1,%1LD%1,,,%2,%1"_qs.arg(asked, tab == 5 ? u"D"_qs : u"L"_qs)) << tab;
-        for (int other = 1; other <= 5; ++other)
-            EXPECT_EQ(detail.pnlTab(other - 1).Visible(), other == tab) << other << " while at " << tab;
+        EXPECT_EQ(seen, u",%1,,,LD%1,%1LD%1,,,%2,%1"_qs.arg(asked, tab == PicturesTab ? u"D"_qs : u"L"_qs))
+            << tab;
+        for (int other = ListingTab; other <= PicturesTab; ++other)
+            EXPECT_EQ(detail.pnlTab(other - ListingTab).Visible(), other == tab)
+                << other << " while at " << tab;
         EXPECT_TRUE(list.IReportUI_Clear());
     }
     EXPECT_EQ(errors(), QStringList());
@@ -141,12 +147,12 @@ TEST_F(ListingDetailTest, OnlyTheActiveTabAsks)
 TEST_F(ListingDetailTest, AnEmptyListKeepsWhatWasShown)
 {
     addListings(u"A"_qs);
-    start(1);
+    start(ListingTab);
     run(u"delete from fyxx"_qs);
     statements.clear();
     EXPECT_TRUE(list.IReportUI_Refresh());
     EXPECT_EQ(statements, u"LD"_qs);
-    detail.qzVSTabCtl1().setActiveTab(2);
+    detail.qzVSTabCtl1().setActiveTab(OwnerTab);
     EXPECT_EQ(statements, u"LDD"_qs) << "asks for the listing that the header names, and finds none";
     EXPECT_EQ(field(0), u"A"_qs);
     EXPECT_EQ(errors(), QStringList());
@@ -157,7 +163,7 @@ TEST_F(ListingDetailTest, PicturesAreCountedWithoutTheDeletedOnes)
     addListings(u"BA"_qs);
     for (const QString &kind : u"1,1 1,1 0,1 1,0"_qs.split(u' '))
         run(u"insert into pubAttach (progID,ids,isActive,isPicture) values (101,'ID-B',%1)"_qs.arg(kind));
-    start(5);
+    start(PicturesTab);
     EXPECT_EQ(detail.picturesText(), u"共有2张照片"_qs);
     list.VS().setRow(2);
     EXPECT_EQ(detail.picturesText(), u"暂无照片"_qs);
@@ -173,7 +179,7 @@ TEST_F(ListingDetailTest, FollowUpsShowNewestFirst)
             u"'3',#2026-11-3#,'之间','ID-B',2,null,0,null,null,null,'U1'",
             u"'4',#2026-11-2#,'之前','ID-B',1,null,7,'','',null,'U1'",
             u"'5',#2026-11-2#,'别的','ID-C',1,null,2,'','',null,'U1'"});
-    start(3);
+    start(FollowUpsTab);
     const VSFlexGrid &grid = detail.VsGj();
     EXPECT_EQ(columnText(grid, 2), u"最新 之间 之前 最早"_qs);
     EXPECT_EQ(rowText(grid, 4), u"2026-11-1|最早|营业一部|张敏|是|2026-11-5|本部|回访|已联系|2026-11-6|1"_qs);
@@ -201,11 +207,11 @@ TEST_F(ListingDetailTest, CustomersShowWithTheirRanges)
 {
     addListing(u"B"_qs, u",楼层,总面积"_qs, u",'12A',15.5"_qs);
     addListing(u"A"_qs, u",楼层"_qs, u",'12A'"_qs);
-    run(u"insert into fykh(客源ID,客源编号,客户名称,楼层1,楼层2,面积1,面积2,求购价格1,求购价格2,求租价格1,"
-        u"求租价格2,方式,状态,用户ID,地区,需求户型,委托日期) "
-        u"values('e','e','客e',0,99,10,999,0,999,0,9999,3,1,'U1','海珠区','3房2厅',#2026-9-8#)"_qs);
-    run(u"insert into fykh(客源ID,客源编号,楼层1,楼层2,面积1,面积2) values('f','f',12,12,90,90)"_qs);
-    start(4);
+    insert(u"fykh(客源ID,客源编号,客户名称,楼层1,楼层2,面积1,面积2,求购价格1,求购价格2,求租价格1,求租价格2,"
+           u"方式,状态,用户ID,地区,需求户型,委托日期)"_qs,
+           {u"'e','e','客e',0,99,10,999,0,999,0,9999,3,1,'U1','海珠区','3房2厅',#2026-9-8#",
+            u"'f','f','',12,12,90,90,0,0,0,0,0,0,'','','',null"});
+    start(CustomersTab);
     EXPECT_TRUE(detail.VsP().ColHidden(0));
     EXPECT_EQ(detail.VsP().Rows(), 2);
     EXPECT_EQ(rowText(detail.VsP(), 1),
@@ -220,7 +226,7 @@ TEST_F(ListingDetailTest, ABrokenListingTellsAndKeepsWhatIsFilled)
     addListing(u"A"_qs, u",用途,附属房"_qs, u",'商铺','阁楼'"_qs);
     const std::pair<QString, int> dates[] = {{u"操作日期"_qs, 6}, {u"制单日期"_qs, 9}};
     for (const auto &[column, number] : dates) {
-        start(1);
+        start(ListingTab);
         list.VS().setRow(1);
         run(u"update fyxx set %1=null where 房源编号='A'"_qs.arg(column));
         events.clear();
@@ -240,11 +246,12 @@ TEST_F(ListingDetailTest, FailuresEndInAMessage)
     run(u"insert into fygj(跟进ID,房源ID,操作日期) values('1','ID-B',#2026-11-1#)"_qs);
     run(u"insert into fykh(客源ID,客源编号) values('1','k')"_qs);
     run(u"update fyxx set 房源ID='ID-''A' where 房源编号='A'"_qs);
-    for (const auto &[tab, table] : {std::pair(1, "su_membership"), {3, "fygj"}, {4, "fykh"}}) {
+    for (const auto &[tab, table] :
+         {std::pair(ListingTab, "su_membership"), {FollowUpsTab, "fygj"}, {CustomersTab, "fykh"}}) {
         start(tab);
-        const VSFlexGrid &grid = tab == 3 ? detail.VsGj() : detail.VsP();
+        const VSFlexGrid &grid = tab == FollowUpsTab ? detail.VsGj() : detail.VsP();
         list.VS().setRow(1);
-        EXPECT_EQ(grid.Rows() - 1, tab == 1 ? 0 : 1);
+        EXPECT_EQ(grid.Rows() - 1, tab == ListingTab ? 0 : 1);
         list.VS().setRow(2);
         QStringList told = errors();
         ASSERT_EQ(told.size(), 1);
@@ -261,7 +268,7 @@ TEST_F(ListingDetailTest, FailuresEndInAMessage)
         connection->executeNative(QByteArray("alter table gone rename to ") + table);
         EXPECT_TRUE(list.IReportUI_Clear());
     }
-    start(4);
+    start(CustomersTab);
     list.VS().setRow(1);
     run(u"delete from fyxx where 房源编号='B'"_qs);
     detail.ShowDetail(u"ID-B"_qs);
