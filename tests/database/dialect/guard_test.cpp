@@ -60,14 +60,6 @@ std::string shown(const QString &value)
     return QString::fromUtf8(value.toUtf8().toPercentEncoding()).toStdString();
 }
 
-struct Mixture
-{
-    const char *name;
-    SqlText statement;
-    bool isRefused;
-    bool isApostrophe = false;
-};
-
 } // namespace
 
 /// A value in a text leaves every byte around it as it is for a harmless one, or is refused.
@@ -164,35 +156,36 @@ TEST(Guard, LooksAtEachSpanByItself)
 {
     const auto text = [](const char16_t *fixed) { return SqlText(QString::fromUtf16(fixed)); };
     const auto value = [](const char16_t *typedText) { return typed(QString::fromUtf16(typedText)); };
-    const std::vector<Mixture> mixtures{
-        {"several values in one text", text(u"select '") + value(u"a") + u"-" + value(u"b") + u"'", false},
+    enum Refusal { None, Some, Apostrophe };
+    const std::tuple<const char *, SqlText, Refusal> mixtures[] = {
+        {"several values in one text", text(u"select '") + value(u"a") + u"-" + value(u"b") + u"'", None},
         {"a doubled quote between two values", text(u"select '") + value(u"a") + u"''" + value(u"b") + u"'",
-         false},
+         None},
         {"a value that closes and one that opens",
-         text(u"select '") + value(u"x'") + u"," + value(u"'y") + u"'", true, true},
-        {"a value that is a whole literal", text(u"select ") + value(u"'x'"), true, true},
-        {"a value with half of a doubled quote", text(u"select '") + value(u"x'") + u"'", true, true},
-        {"a value that begins with the closing quote", text(u"select 'x") + value(u"'"), true, true},
-        {"a name", text(u"select ") + value(u"房源ID") + u" from fyxx", true},
-        {"a part of a name", text(u"select 房源") + value(u"ID") + u" from fyxx", true},
-        {"a name in brackets", text(u"select [") + value(u"房源ID") + u"] from fyxx", true},
-        {"a keyword", text(u"select 1 ") + value(u"from") + u" fyxx", true},
-        {"an operator", text(u"select 1") + value(u"+") + u"1", true},
-        {"blanks between words", text(u"select") + value(u" ") + u"1", true},
-        {"blanks behind the end", text(u"select 1") + value(u" "), true},
-        {"a digit of a number", text(u"select 1") + value(u"0") + u"0", false},
-        {"two numbers that grow together", text(u"select ") + value(u"1") + value(u"0"), false},
-        {"digits that make a name longer", text(u"select 楼层") + value(u"1") + u" from fyxx", true},
-        {"a date and its delimiter", text(u"select #") + value(u"2026-9-8#") + u"", true},
-        {"a part of a date", text(u"select #2026-") + value(u"9") + u"-8#", false},
-        {"a quote in another kind of text", text(u"select \"") + value(u"it's") + u"\"", false},
-        {"a hexadecimal number", text(u"select ") + value(u"&H10"), false},
-        {"an alias", text(u"select 1 as ") + value(u"x"), true},
-        {"a comment behind", text(u"select 'x'") + value(u"--"), true}};
-    for (const Mixture &each : mixtures) {
-        const Outcome outcome = outcomeOf(each.statement, sqliteDialect());
-        EXPECT_EQ(!outcome.refusal.isEmpty(), each.isRefused) << each.name;
-        EXPECT_EQ(outcome.refusal == apostropheMessage, each.isApostrophe) << each.name;
+         text(u"select '") + value(u"x'") + u"," + value(u"'y") + u"'", Apostrophe},
+        {"a value that is a whole literal", text(u"select ") + value(u"'x'"), Apostrophe},
+        {"a value with half of a doubled quote", text(u"select '") + value(u"x'") + u"'", Apostrophe},
+        {"a value that begins with the closing quote", text(u"select 'x") + value(u"'"), Apostrophe},
+        {"a name", text(u"select ") + value(u"房源ID") + u" from fyxx", Some},
+        {"a part of a name", text(u"select 房源") + value(u"ID") + u" from fyxx", Some},
+        {"a name in brackets", text(u"select [") + value(u"房源ID") + u"] from fyxx", Some},
+        {"a keyword", text(u"select 1 ") + value(u"from") + u" fyxx", Some},
+        {"an operator", text(u"select 1") + value(u"+") + u"1", Some},
+        {"blanks between words", text(u"select") + value(u" ") + u"1", Some},
+        {"blanks behind the end", text(u"select 1") + value(u" "), Some},
+        {"a digit of a number", text(u"select 1") + value(u"0") + u"0", None},
+        {"two numbers that grow together", text(u"select ") + value(u"1") + value(u"0"), None},
+        {"digits that make a name longer", text(u"select 楼层") + value(u"1") + u" from fyxx", Some},
+        {"a date and its delimiter", text(u"select #") + value(u"2026-9-8#") + u"", Some},
+        {"a part of a date", text(u"select #2026-") + value(u"9") + u"-8#", None},
+        {"a quote in another kind of text", text(u"select \"") + value(u"it's") + u"\"", None},
+        {"a hexadecimal number", text(u"select ") + value(u"&H10"), None},
+        {"an alias", text(u"select 1 as ") + value(u"x"), Some},
+        {"a comment behind", text(u"select 'x'") + value(u"--"), Some}};
+    for (const auto &[name, statement, refusal] : mixtures) {
+        const Outcome outcome = outcomeOf(statement, sqliteDialect());
+        EXPECT_EQ(!outcome.refusal.isEmpty(), refusal != None) << name;
+        EXPECT_EQ(outcome.refusal == apostropheMessage, refusal == Apostrophe) << name;
     }
 }
 

@@ -33,10 +33,7 @@ TEST_P(ConnectionTest, AFailedStatementLeavesTheOthersOfItsTransaction)
     execute(u"insert into pdmgy(雇员ID,姓名)values(2,'乙')");
     const std::pair<const char16_t *, const char *> cases[] = {
         {u"insert into pdmgy(雇员ID,姓名)values(1,'again')", "数据重复"},
-        {u"insert into pdmgy(姓名)values('no key')", "数据不符合规定"},
         {u"update pdmgy set 雇员ID=雇员ID & 'x'", "不是数字"},
-        {u"update pdmgy set 姓名=left('a',-雇员ID)", "left 的长度"},
-        {u"update nothing set a=1", "表 nothing 不存在"},
         {u"select 无此列 from pdmgy", "列 无此列 不存在"},
         {u"update pdmgy set", "第"},
     };
@@ -67,49 +64,6 @@ TEST_P(ConnectionTest, ALockIsWaitedForAndThenSaid)
     EXPECT_EQ(cell(u"select 姓名 from pdmgy"), "丙");
 }
 
-TEST_P(ConnectionTest, RowsPutInComeBackAsTheyWere)
-{
-    RowBlock block({{u"rowIndex"_qs, ColumnType::Integer},
-                    {u"IDs"_qs, ColumnType::Text},
-                    {u"filesize"_qs, ColumnType::Number},
-                    {u"modifydate"_qs, ColumnType::Date},
-                    {u"contents"_qs, ColumnType::Binary}});
-    const std::string bytes("\0\\\t\n\r\x1f\xff'\\N", 10);
-    const std::string text = "a\tb\\n\\N\nc\r' \"中文😀 \\.";
-    block.append("70");
-    block.append(text);
-    block.append("0.1000000000000000055511151231257827");
-    block.append("2026-9-8 14:05:09");
-    block.append(bytes);
-    block.append("71");
-    for (int column = 1; column < 5; ++column)
-        block.appendNull();
-    block.append("72");
-    block.append("");
-    block.append("-1.7976931348623157e308");
-    block.append("0100-1-1");
-    block.append("");
-    block.finish();
-    m_connection->insertRows(u"pubAttach"_qs, block);
-    const RowBlock rows = m_connection->query(
-        u"select IDs, filesize, modifydate, contents from pubAttach order by rowIndex"_qs);
-    ASSERT_EQ(rows.rowCount(), 3);
-    EXPECT_EQ(rows.cell(0, 0), text);
-    EXPECT_EQ(rows.cell(0, 1), "0.1");
-    EXPECT_EQ(rows.cell(0, 2), "2026-9-8 14:05:09");
-    EXPECT_EQ(rows.cell(0, 3), bytes);
-    EXPECT_EQ(rows.cell(2, 1), "-1.79769313486232E+308");
-    for (int column = 0; column < 4; ++column) {
-        EXPECT_TRUE(rows.isNull(1, column));
-        EXPECT_FALSE(rows.isNull(2, column));
-    }
-    execute(u"insert into pubAttach(IDs)values('next')");
-    EXPECT_EQ(cell(u"select rowIndex from pubAttach where IDs='next'"), "73") << "a key was given out again";
-    EXPECT_THAT(messageOf([&] { m_connection->insertRows(u"pubAttach"_qs, block); }), HasSubstr("数据重复"));
-    EXPECT_FALSE(m_connection->inTransaction());
-    EXPECT_EQ(cell(u"select count(*) from pubAttach"), "4");
-}
-
 TEST_P(ConnectionTest, AWholeTableIsReadExactlyAndAsOfOneMoment)
 {
     execute(u"insert into fyxx(房源ID,总面积,售房价格,委托日期,操作日期)values('A',1/3,1e15,#2026-9-8#,"
@@ -137,6 +91,8 @@ TEST_P(ConnectionTest, ALongReadComesInPiecesAndCanBeGivenUp)
     for (int id = 1; id <= 20000; ++id)
         block.appendInteger(id);
     m_connection->insertRows(u"pdmgy"_qs, block);
+    EXPECT_THAT(messageOf([&] { m_connection->insertRows(u"pdmgy"_qs, block); }), HasSubstr("数据重复"));
+    EXPECT_FALSE(m_connection->inTransaction());
     const auto giveUp = [](const RowBlock &) { throw std::length_error("enough"); };
     for (const bool isInTransaction : {false, true}) {
         if (isInTransaction)

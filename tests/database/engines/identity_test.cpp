@@ -20,15 +20,9 @@ QByteArray with(QByteArray script, Engine engine)
 
 TEST_P(IdentityTest, WhatIsNotOfThisVersionIsSaidEverywhere)
 {
-    struct Case
-    {
-        const char *script;
-        const char *message; ///< of what stops the work
-        bool isInstallable;
-        bool isOwn; ///< may be backed up and restored
-    };
     constexpr char version[] = "create table host_schema(version integer); ";
-    const Case cases[] = {
+    // Whether it can be installed over, and whether it may be backed up and restored.
+    const std::tuple<const char *, const char *, bool, bool> cases[] = {
         {"", "ebtq-admin init", true, false},
         {"create table notes(text text)", "不是本系统", false, false},
         {"create table host_schema(other integer)", "不是本系统", false, false},

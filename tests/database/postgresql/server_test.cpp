@@ -144,13 +144,8 @@ TEST(PostgresHosts, TheOneThatCanBeWrittenIsTakenInWhicheverOrder)
     install(*Connection::open(primary.url()));
     const PostgresServer standby(PostgresServer::StandbyOf{primary});
     const QString nobody = u"127.0.0.1:1"_qs;
-    struct Case
-    {
-        QStringList places;
-        const char *options;
-        const char *failure; ///< empty: it can be written
-    };
-    const Case cases[] = {
+    const std::tuple<QStringList, const char *, const char *> cases[] = {
+        // what fails; nothing: it can be written
         {{primary.place(), standby.place()}, "", ""},
         {{standby.place(), primary.place()}, "", ""},
         {{nobody, standby.place(), primary.place()}, "", ""},
@@ -159,12 +154,12 @@ TEST(PostgresHosts, TheOneThatCanBeWrittenIsTakenInWhicheverOrder)
         {{nobody, nobody}, "", "服务器没有运行"},
         {{standby.place(), primary.place()}, "?target_session_attrs=any", "数据库是只读的，不能保存"},
     };
-    for (const Case &each : cases) {
-        const QString places = each.places.join(u',');
+    for (const auto &[hosts, options, message] : cases) {
+        const QString places = hosts.join(u',');
         const std::string failure =
-            writeFailure(primary.url().replace(primary.place(), places) + QString::fromLatin1(each.options));
-        EXPECT_THAT(failure, HasSubstr(each.failure)) << places.toStdString();
-        EXPECT_EQ(failure.empty(), *each.failure == '\0') << places.toStdString() << failure;
+            writeFailure(primary.url().replace(primary.place(), places) + QLatin1String(options));
+        EXPECT_THAT(failure, HasSubstr(message)) << places.toStdString();
+        EXPECT_EQ(failure.empty(), *message == '\0') << places.toStdString() << failure;
         EXPECT_THAT(failure, Not(HasSubstr(primary.password().toStdString())));
     }
 }
@@ -175,14 +170,7 @@ TEST(PostgresEncryption, TheServerIsCheckedAsTheUrlSays)
     const auto rootFile = [&](const char *name) {
         return u"&sslrootcert="_qs + server.file(QString::fromLatin1(name));
     };
-    struct Case
-    {
-        const char *host;
-        const char *mode;
-        QString root;
-        const char *outcome;
-    };
-    const Case cases[] = {
+    const std::tuple<const char *, const char *, QString, const char *> cases[] = {
         {"office.test", "verify-full", rootFile("authority.pem"), "t"},
         {"other.test", "verify-ca", rootFile("authority.pem"), "t"},
         {"other.test", "require", {}, "t"},
@@ -193,14 +181,14 @@ TEST(PostgresEncryption, TheServerIsCheckedAsTheUrlSays)
         {"office.test", "verify-full", rootFile("missing.pem"), "找不到用来核对服务器证书的文件"},
         {"office.test", "disable", {}, "服务器只接受加密连接"},
     };
-    for (const Case &each : cases) {
+    for (const auto &[host, mode, root, expected] : cases) {
         const QString place =
-            QString::fromLatin1(each.host) + u':' + server.place().section(u':', 1); // found by "hostaddr"
-        const QString url = server.url().replace(server.place(), place) + u"?hostaddr=127.0.0.1&sslmode="_qs +
-                            QString::fromLatin1(each.mode) + each.root;
-        const std::string outcome = encryption(url);
-        EXPECT_THAT(outcome, HasSubstr(each.outcome)) << each.host << ' ' << each.mode;
-        EXPECT_EQ(outcome == "t", std::string(each.outcome) == "t") << outcome;
+            QString::fromLatin1(host) + u':' + server.place().section(u':', 1); // found by "hostaddr"
+        const std::string outcome =
+            encryption(server.url().replace(server.place(), place) + u"?hostaddr=127.0.0.1&sslmode="_qs +
+                       QLatin1String(mode) + root);
+        EXPECT_THAT(outcome, HasSubstr(expected)) << host << ' ' << mode;
+        EXPECT_EQ(outcome == "t", std::string(expected) == "t") << outcome;
         EXPECT_THAT(outcome, Not(HasSubstr(server.password().toStdString())));
     }
     EXPECT_THAT(encryption(server.url().replace(server.password(), u"wrong"_qs)),

@@ -22,13 +22,8 @@ SqlText withTyped(const char16_t *text, const QString &value)
 TEST(StatementShapeTest, OnlyKeysAndPlainNumbersHaveAPlace)
 {
     const QString digits = u"00000000-0000-4000-8000-012345678901"_qs; // a key without a letter
-    struct Case
-    {
-        const char16_t *text;
-        QStringList withPlace;
-        QStringList without;
-    };
-    const Case cases[] = {
+    // A text, what has a place in it and what has none.
+    const std::tuple<const char16_t *, QStringList, QStringList> cases[] = {
         {u"select a from t where k='@' and k<>'@'",
          {keyA, keyB},
          {digits, keyA.chopped(1), u'{' + keyA + u'}', QString(keyA).replace(u'B', u'G'),
@@ -50,11 +45,11 @@ TEST(StatementShapeTest, OnlyKeysAndPlainNumbersHaveAPlace)
     const auto hasPlace = [](const char16_t *text, const QString &value) {
         return StatementShape::of(withTyped(text, value)).has_value();
     };
-    for (const Case &c : cases) {
-        for (const QString &value : c.withPlace)
-            EXPECT_TRUE(hasPlace(c.text, value)) << value.toStdString();
-        for (const QString &value : c.without)
-            EXPECT_FALSE(hasPlace(c.text, value)) << value.toStdString();
+    for (const auto &[text, withPlace, without] : cases) {
+        for (const QString &value : withPlace)
+            EXPECT_TRUE(hasPlace(text, value)) << value.toStdString();
+        for (const QString &value : without)
+            EXPECT_FALSE(hasPlace(text, value)) << value.toStdString();
     }
 }
 

@@ -171,14 +171,8 @@ TEST_F(SqliteConnectionTest, AFullDiskIsSaidWhateverCannotBeWritten)
 {
     insert(*make());
     const QString large(3000000, u'甲');
-    struct Case
-    {
-        const char *what;
-        rlim_t size;
-        std::function<void()> act;
-    };
     const auto open = make("b.db");
-    const Case cases[] = {
+    const std::tuple<const char *, rlim_t, std::function<void()>> cases[] = {
         {"no room for a new database", 0, [&] { (void)make("new.db"); }},
         {"no room to begin the log", 0, [&] { insert(*Connection::open(path("a.db"))); }},
         {"the log cannot grow", 100000,
@@ -222,15 +216,15 @@ TEST_F(SqliteConnectionTest, TransactionsEndOneWayOrTheOther)
     auto connection = make();
     {
         Transaction lost(*connection);
-        connection->execute(u"insert into t(id)values(1)"_qs);
+        insert(*connection);
     }
     EXPECT_EQ(count(*connection), 0);
     {
         Transaction outer(*connection);
-        connection->execute(u"insert into t(id)values(1)"_qs);
+        insert(*connection);
         {
             Transaction inner(*connection);
-            connection->execute(u"insert into t(id)values(2)"_qs);
+            insert(*connection);
             inner.commit();
         }
         EXPECT_TRUE(connection->inTransaction()) << "an inner one joins and leaves the outer one open";

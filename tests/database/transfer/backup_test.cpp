@@ -125,11 +125,7 @@ TEST_F(BackupTest, ADamagedBackupIsRefusedAndNothingIsTouched)
     backUp(path("a.db"), path("a.bak"), true);
     write("b.db", "what stands here");
     const QByteArray good = bytes("a.bak");
-    const struct
-    {
-        const char *what;
-        QByteArray bytes;
-    } cases[] = {
+    const std::pair<const char *, QByteArray> cases[] = {
         {"no database", QByteArray(20000, 'x')},
         {"cut in half", good.first(good.size() / 2)},
         {"cut by a byte", good.chopped(1)},
@@ -154,14 +150,7 @@ TEST_F(BackupTest, RefusesWhatWouldLoseSomething)
     make(path("other.db"))->executeNative("create table t(x)");
     make(path("blank.db"))->executeNative("create table host_schema(version integer)");
     write("taken", "mine");
-    struct Case
-    {
-        const char *database;
-        const char *file;
-        bool replaced;
-        const char *message;
-    };
-    const Case cases[] = {
+    const std::tuple<const char *, const char *, bool, const char *> cases[] = {
         {"a.db", "taken", false, "--replace"},       {"a.db", "a.db", true, "同一个文件"},
         {"none.db", "b", false, "找不到"},           {"other.db", "b", false, "不是本系统"},
         {"taken", "b", false, "不是数据库"},         {"a.db", "no/folder/b", false, "文件夹不存在"},

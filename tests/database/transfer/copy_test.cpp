@@ -61,12 +61,11 @@ TEST_F(CopyTest, EveryNewDatabaseHasStatistics)
     const auto server = Connection::open(base.url());
     copyDatabase(*source, *server);
     EXPECT_EQ(rowsSeen(*server, "select reltuples from pg_class where relname='ix_fygj_owner'"), 30);
-    const auto target = make(path("b.db"));
-    copyDatabase(*source, *target);
-    EXPECT_EQ(rowsSeen(*target, onFile), 30) << "copy";
+    copyDatabase(*source, *make(path("b.db")));
     backUp(path("a.db"), path("a.bak"), false);
     restore(path("a.bak"), path("c.db"));
-    EXPECT_EQ(rowsSeen(*make(path("c.db")), onFile), 30) << "restore";
+    for (const char *made : {"b.db", "c.db"})
+        EXPECT_EQ(rowsSeen(*make(path(made)), onFile), 30) << made;
 }
 
 TEST_F(CopyTest, ChecksumsSeeEveryChangeOfAValueAndNoOrder)
@@ -109,14 +108,8 @@ TEST_F(CopyTest, ChecksumsSeeEveryChangeOfAValueAndNoOrder)
 
 TEST_F(CopyTest, LeavesTheTargetAsItWasWhateverGoesWrong)
 {
-    struct Case
-    {
-        const char *source; ///< done to the source before
-        const char *target; ///< done to the target before
-        const char *mode;   ///< behind the target's path
-        const char *message;
-    };
-    const Case cases[] = {
+    // What is done to the source and to the target before, what stands behind the target's path, the failure.
+    const std::tuple<const char *, const char *, const char *, const char *> cases[] = {
         {"", "pragma max_page_count=200", "", "磁盘空间不足"},
         {"", "", "?mode=ro", "只读"},
         {"", "create table other(x)", "", "其他程序的表"},
