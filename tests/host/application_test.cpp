@@ -34,7 +34,7 @@ TEST_F(ApplicationTest, AWorkingFolderThatCannotBeMadeIsAFailure)
     EXPECT_THROW(host::Application(*m_connection, {}, settings, m_panels), Failure);
 }
 
-TEST_F(ApplicationTest, ParametersFallBackToTheSystems)
+TEST_F(ApplicationTest, ParametersFallBackToTheSystemsAndHaveDefaults)
 {
     const auto ofUser = [this](const QVariant &key) { return m_host->UserParameter(12, key).Text; };
     const QString key = u"MouseEventScrollRate"_qs;
@@ -48,12 +48,9 @@ TEST_F(ApplicationTest, ParametersFallBackToTheSystems)
     EXPECT_EQ(m_host->UserParameter(11, key).Text, QString());
     host::setParameter(*m_connection, agentId, 12, key, QString());
     EXPECT_EQ(ofUser(key), QString()) << "an empty value of the user's own is a value";
-}
 
-TEST_F(ApplicationTest, DefaultsStandUnderNumbersAndTexts)
-{
-    for (int key = 7; key <= 14; ++key)
-        EXPECT_EQ(m_host->SystemParameter(12, key).Text, u"2"_qs) << key;
+    for (int number = 7; number <= 14; ++number)
+        EXPECT_EQ(m_host->SystemParameter(12, number).Text, u"2"_qs) << number;
     EXPECT_EQ(m_host->SystemParameter(12, u"7"_qs).Text, u"2"_qs);
     EXPECT_FALSE(m_host->SystemParameter(12, u"dzbm"_qs).Text.isEmpty());
     EXPECT_THROW(m_host->SystemParameter(12, u"x' or '1'='1"_qs), db::DatabaseError);

@@ -6,25 +6,17 @@ namespace ebtq::test {
 
 namespace {
 
-constexpr const char16_t *sampleRows[] = {
-    u"insert into pdmdq(地区ID,编码,地区,级次,是否明细) values(1,'01','云泽市',1,0)",
-    u"insert into pdmdq(地区ID,编码,地区,级次,是否明细) values(2,'0101','锦溪区',2,0)",
-    u"insert into pdmdq(地区ID,编码,地区,级次,是否明细) values(3,'010101','石桥头',3,1)",
-    u"insert into pdmdq(地区ID,编码,地区,级次,是否明细) values(4,'010102','清水湾',3,1)",
-    u"insert into pdmgy(雇员ID,姓名) values(7,'陈晓雯')",
-    u"insert into pdmgy(雇员ID,姓名) values(12,'Amy Lee')",
-    u"insert into pdmfx(房型ID,房型编号,房型名称,房间数,客厅数,卫生间数,阳台数) "
-    u"values(1,'01','两房',2,1,1,1)",
-    u"insert into pdmfx(房型ID,房型编号,房型名称,房间数,客厅数,卫生间数,阳台数) "
-    u"values(2,'02','三房',3,2,2,1)",
-    u"insert into pdmsjzd(类型,代码,名称) values('交易状态','A1','有效')",
-    u"insert into pdmsjzd(类型,代码,名称) values('交易状态','A2','已售')",
-    u"insert into pdmsjzd(类型,代码,名称) values('房屋朝向','A1','南')",
-    u"insert into su_usertype(mtID,mtcode,mtname) values(5,'01','营业一部')",
-    u"insert into su_usertype(mtID,mtcode,mtname) values(6,'02','营业二部')",
-    u"insert into pdmlpzd(楼盘ID,楼盘编号,楼盘名称,拼音缩写,地区ID) values(31,'LP1','碧棠花园','BTHY',3)",
-    u"insert into pdmlpzd(楼盘ID,楼盘编号,楼盘名称,拼音缩写,地区ID) values(32,'LP2','云锦苑','YJY',4)",
-};
+constexpr const char *sampleRows =
+    "insert into pdmdq(地区ID,编码,地区,级次,是否明细) values(1,'01','云泽市',1,0),(2,'0101','锦溪区',2,0),"
+    "(3,'010101','石桥头',3,1),(4,'010102','清水湾',3,1);"
+    "insert into pdmgy(雇员ID,姓名) values(7,'陈晓雯'),(12,'Amy Lee');"
+    "insert into pdmfx(房型ID,房型编号,房型名称,房间数,客厅数,卫生间数,阳台数) values(1,'01','两房',2,1,1,1),"
+    "(2,'02','三房',3,2,2,1);"
+    "insert into pdmsjzd(类型,代码,名称) values('交易状态','A1','有效'),('交易状态','A2','已售'),"
+    "('房屋朝向','A1','南');"
+    "insert into su_usertype(mtID,mtcode,mtname) values(5,'01','营业一部'),(6,'02','营业二部');"
+    "insert into pdmlpzd(楼盘ID,楼盘编号,楼盘名称,拼音缩写,地区ID) values(31,'LP1','碧棠花园','BTHY',3),"
+    "(32,'LP2','云锦苑','YJY',4);";
 
 QString cellText(const RowBlock &rows, qsizetype row, int column)
 {
@@ -77,8 +69,7 @@ HostTest::HostTest()
     : m_connection(db::Connection::open(u":memory:"_qs))
 {
     host::prepareDatabase(*m_connection);
-    for (const char16_t *statement : sampleRows)
-        execute(statement);
+    m_connection->executeNative(sampleRows);
     m_host = std::make_unique<host::Application>(
         *m_connection, host::User{agentId, u"陈晓雯"_qs, u"营业一部"_qs},
         host::Settings{m_folder.filePath(u"work"_qs), loginDate}, m_panels);

@@ -80,7 +80,7 @@ TEST_F(NumbersTest, WhatAnUndoneSaveTookComesBack)
     EXPECT_FALSE(m_connection->inTransaction());
 }
 
-TEST_F(NumbersTest, KeysThatCannotBeMadeSayWhy)
+TEST_F(NumbersTest, KeysThatCannotBeMadeSayWhyAndLeaveNothingToCommit)
 {
     int id = 5;
     IdGenerator unused;
@@ -92,19 +92,14 @@ TEST_F(NumbersTest, KeysThatCannotBeMadeSayWhy)
     execute(u"insert into pdmlpzd(楼盘ID,楼盘编号) values(2147483647,'last')");
     EXPECT_TRUE(nextId(u"pdmlpzd", u"楼盘ID", id).contains(u"用完"));
     m_host->Db().Release();
-    EXPECT_EQ(id, 5);
-    EXPECT_FALSE(m_connection->inTransaction());
-}
-
-TEST_F(NumbersTest, AFailedKeyLeavesNothingForTheCallerToCommit)
-{
     m_host->Db().BeginTrans();
     execute(u"delete from pdmgy");
-    int id = 0;
     EXPECT_FALSE(nextId(u"无此表", u"ID", id).isEmpty());
     m_host->Db().CommitTrans();
     m_host->Db().Release();
     EXPECT_EQ(value(u"select count(*) from pdmgy").toInt(), 2) << "half of an abandoned save was written";
+    EXPECT_EQ(id, 5);
+    EXPECT_FALSE(m_connection->inTransaction());
 }
 
 } // namespace ebtq::test

@@ -80,15 +80,8 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
 {
     using enum Desktop::Buttons;
     using enum Desktop::Icon;
-    struct Case
-    {
-        Desktop::Buttons buttons;
-        std::function<void(QWidget &box)> answer;
-        Desktop::Answer result;
-        Desktop::Icon icon;
-        QString drawing;
-    };
-    const Case cases[] = {
+    using Act = std::function<void(QWidget & box)>;
+    const std::tuple<Desktop::Buttons, Act, Desktop::Answer, Desktop::Icon, QString> cases[] = {
         {YesNo, clicks(u"是(&Y)"), Desktop::Answer::Yes, Question, u"dialog-question"_qs},
         {YesNo, clicks(u"否(&N)"), Desktop::Answer::No, Question, u"dialog-question"_qs},
         {YesNo, presses(Qt::Key_Escape), Desktop::Answer::No, Exclamation, u"dialog-warning"_qs},
@@ -100,18 +93,17 @@ TEST_F(QtDesktopTest, MessageBoxesAreAnsweredInChineseAndClosingMeansNo)
     const auto shape = [](const QPixmap &drawing) {
         return drawing.toImage().convertToFormat(QImage::Format_Alpha8);
     };
-    for (const Case &c : cases) {
+    for (const auto &[buttons, act, result, icon, drawing] : cases) {
         const WhenModal modal([&](QWidget &window) {
             const auto &box = dynamic_cast<QMessageBox &>(window);
             EXPECT_EQ(box.text(), u"是否删除 <b>'1'</b>?"_qs);
             EXPECT_EQ(box.textFormat(), Qt::PlainText) << "a value is no markup";
             EXPECT_EQ(box.windowTitle(), u"提示:"_qs);
             const QPixmap shown = box.iconPixmap();
-            EXPECT_EQ(shape(shown), shape(look::icon(c.drawing).pixmap(shown.size())));
-            c.answer(window);
+            EXPECT_EQ(shape(shown), shape(look::icon(drawing).pixmap(shown.size())));
+            act(window);
         });
-        EXPECT_EQ(desktop.messageBox(u"DoSave:是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, c.icon, c.buttons),
-                  c.result);
+        EXPECT_EQ(desktop.messageBox(u"DoSave:是否删除 <b>'1'</b>?"_qs, u"提示:"_qs, icon, buttons), result);
     }
 }
 

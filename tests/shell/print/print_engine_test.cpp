@@ -244,9 +244,8 @@ TEST_F(PrintEngineTest, SetUpIsKeptInThePrintFileAndUsed)
     for (const int wanted : {2, 99}) {
         desk.page = wanted;
         EXPECT_EQ(engine.PrintOut(job(), true), QString());
-        ASSERT_EQ(pagesOfPdf().size(), 1);
         const QString foot = u"第%1页共%2页"_qs.arg(std::min<qsizetype>(wanted, pages)).arg(pages);
-        EXPECT_TRUE(pagesOfPdf().constFirst().contains(foot)) << foot.toStdString();
+        EXPECT_TRUE(pagesOfPdf().size() == 1 && pagesOfPdf().constFirst().contains(foot)) << wanted;
     }
     const PrintObject::Job nowhere{folder.filePath(u"none/Rpt.prn"_qs), {}, {}, grid};
     EXPECT_TRUE(engine.SetUp(nowhere).startsWith(u"无法保存页面设置"_qs));
