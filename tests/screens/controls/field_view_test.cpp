@@ -158,6 +158,8 @@ TEST_F(FieldViewTest, TheBubbleFollowsItsField)
     ASSERT_TRUE(label);
     const QPoint distance = label->pos() - field.mapTo(&outer, QPoint());
     window.move(40, 38);
+    settle();
+    EXPECT_EQ(label->pos() - field.mapTo(&outer, QPoint()), distance);
     window.layout()->setContentsMargins(30, 60, 30, 0);
     settle();
     EXPECT_EQ(label->pos() - field.mapTo(&outer, QPoint()), distance);
