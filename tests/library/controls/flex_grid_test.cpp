@@ -189,6 +189,9 @@ TEST_F(GridTest, BytesCountTheRowsAndNotTheirCells)
     EXPECT_GE(grid.byteSize(), ofBlock + rows * sizeof(quint32));
     EXPECT_LE(grid.byteSize(), ofBlock + rows * 2 * sizeof(quint32))
         << "an index entry a row, no copy of a cell";
+    const size_t loaded = grid.byteSize();
+    grid.setTextMatrix(1, 1, QString(1000, u'房'));
+    EXPECT_GE(grid.byteSize(), loaded + 3000);
 }
 
 } // namespace
