@@ -53,12 +53,7 @@ TEST_F(KhxxTest, EachFilterMakesItsClause)
               u" left join pdmgy D on A.业务员ID=D.雇员ID order by 客源编号"_qs);
     EXPECT_EQ(rowText(list.VS(), 1),
               u"求购|有效|KY1|Amy|天河区|80-100|-300|-|三房|2026-1-2|营业一部|李强|C1");
-    const struct
-    {
-        std::function<void()> set;
-        QString where;
-        QString shown;
-    } cases[] = {
+    const std::tuple<std::function<void()>, QString, QString> cases[] = {
         {[&] { type(Department, u"一部"_qs, 1); },
          u" where A.用户ID in(select userID from su_membership where UserTypeID=1)"_qs, u"KY1"_qs},
         {[&] { type(Agent, u"李强"_qs, 5); }, u" where A.业务员ID=5"_qs, u"KY1"_qs},
@@ -76,14 +71,14 @@ TEST_F(KhxxTest, EachFilterMakesItsClause)
         {[&] { list.XPCmb().setText(u"三天内"_qs); }, u" where 操作日期>#2026-11-21 9:30:00#"_qs, u"KY2"_qs},
         {[&] { list.XPCmb().setText(u"十天内"_qs); }, {}, u"KY1 KY2 KY3"_qs},
     };
-    for (const auto &c : cases) {
+    for (const auto &[set, where, rows] : cases) {
         press(u"all"_qs);
         list.XPCmb().setText({});
-        c.set();
+        set();
         app.statements.clear();
         ASSERT_TRUE(list.IReportUI_Refresh());
-        EXPECT_EQ(listStatement(), head + c.where + u" order by 客源编号"_qs);
-        EXPECT_EQ(shown(), c.shown) << c.where.toStdString();
+        EXPECT_EQ(listStatement(), head + where + u" order by 客源编号"_qs);
+        EXPECT_EQ(shown(), rows) << where.toStdString();
     }
     EXPECT_EQ(events, QStringList()) << "this list does not tell how many rows it has";
 
@@ -228,13 +223,9 @@ TEST_F(KhxxTest, ADeletionRunsBothStatements)
 /// Bounds that a customer left open are none from his side and hold nothing from the listing's.
 TEST_F(KhxxTest, MatchesInBothDirections)
 {
-    const struct
-    {
-        QString listing; ///< 楼层,总面积,售房价格,租房价格
-        QString customer; ///< 楼层1,楼层2,面积1,面积2,求购价格1,求购价格2,求租价格1,求租价格2
-        bool fromCustomer;
-        bool fromListing;
-    } cases[] = {
+    // 楼层,总面积,售房价格,租房价格 of the listing; 楼层1,楼层2,面积1,面积2,求购价格1,求购价格2,求租价格1,
+    // 求租价格2 of the customer; whether he finds it and it him.
+    const std::tuple<QString, QString, bool, bool> cases[] = {
         {u"'8',90,200,0"_qs, u"5,10,80,100,150,200,0,0"_qs, true, true},
         {u"'8',90,200,0"_qs, u"0,0,0,0,0,0,0,0"_qs, true, false},
         {u"'',0,0,0"_qs, u"0,0,0,0,0,0,0,0"_qs, true, true},
@@ -255,21 +246,21 @@ TEST_F(KhxxTest, MatchesInBothDirections)
         {u"'8',90,200,0"_qs, u"-5,10,80,1000000000000,150,200,0,0"_qs, true, true},
         {u"'1',50.0000001,123456789012345,0"_qs, u"0,99,0,50,0,123456789012345,0,0"_qs, false, false},
     };
-    for (const auto &c : cases) {
+    for (const auto &[measures, bounds, fromCustomer, fromListing] : cases) {
         connection->execute(u"delete from fyxx"_qs);
         connection->execute(u"delete from fykh"_qs);
         connection->execute(
             u"insert into fyxx(房源ID,房源编号,楼层,总面积,售房价格,租房价格) values('L','FY',%1)"_qs.arg(
-                c.listing));
+                measures));
         connection->execute(
             u"insert into fykh(客源ID,客源编号,楼层1,楼层2,面积1,面积2,求购价格1,求购价格2,求租价格1,"
-            u"求租价格2) values('C','KY',%1)"_qs.arg(c.customer));
+            u"求租价格2) values('C','KY',%1)"_qs.arg(bounds));
         const DetailRecord customer(rows(u"select * from fykh"_qs));
         const DetailRecord listing(connection->query(measuresStatement(u"L"_qs)));
-        EXPECT_EQ(connection->query(matchingListingsStatement(customer)).rowCount() == 1, c.fromCustomer)
-            << c.listing.toStdString() << " / " << c.customer.toStdString();
-        EXPECT_EQ(connection->query(matchingCustomersStatement(listing)).rowCount() == 1, c.fromListing)
-            << c.listing.toStdString() << " / " << c.customer.toStdString();
+        EXPECT_EQ(connection->query(matchingListingsStatement(customer)).rowCount() == 1, fromCustomer)
+            << measures.toStdString() << " / " << bounds.toStdString();
+        EXPECT_EQ(connection->query(matchingCustomersStatement(listing)).rowCount() == 1, fromListing)
+            << measures.toStdString() << " / " << bounds.toStdString();
     }
 }
 

@@ -62,14 +62,8 @@ TEST_F(FollowUpListTest, EachFilterMakesItsClause)
     EXPECT_TRUE(statement.startsWith(u"select  top 100 操作日期,跟进内容,C.mtname as 部门"));
     const QString head = statement.section(u" order by"_qs, 0, 0);
     const QString all = u"G3 G2 G1 G4 G5 G6 G7 G8 G9"_qs;
-    const struct
-    {
-        QStringList texts; ///< of the fields in their order
-        QVariantList values;
-        int ticks;
-        QString where;
-        QString shown;
-    } cases[] = {
+    // Texts and values of the fields in their order.
+    const std::tuple<QStringList, QVariantList, int, QString, QString> cases[] = {
         {{}, {}, 0, {}, all},
         {{{}, {}, u"二部"_qs}, {{}, {}, 2}, 0, u" where B.UserTypeID=2"_qs, u"G2 G4"_qs},
         {{{}, {}, {}, u"李强"_qs}, {{}, {}, {}, 5}, 0, u" where A.业务员ID=5"_qs, u"G1"_qs},
@@ -87,17 +81,17 @@ TEST_F(FollowUpListTest, EachFilterMakesItsClause)
         {{}, {}, 2, u" where 房源ID in(select 客源ID from fykh)"_qs, u"G2"_qs},
         {{}, {}, 3, {}, all},
     };
-    for (const auto &c : cases) {
+    for (const auto &[texts, values, ticks, where, keys] : cases) {
         for (int field = Cx_Gj::From; field < Cx_Gj::Limit; ++field) {
-            list.qzTxt(field).setText(c.texts.value(field));
-            list.qzTxt(field).setValue(c.values.value(field));
+            list.qzTxt(field).setText(texts.value(field));
+            list.qzTxt(field).setValue(values.value(field));
         }
-        list.Chk(0).setValue(c.ticks & 1);
-        list.Chk(1).setValue(c.ticks >> 1);
+        list.Chk(0).setValue(ticks & 1);
+        list.Chk(1).setValue(ticks >> 1);
         app.statements.clear();
         ASSERT_TRUE(list.IReportUI_Refresh());
-        EXPECT_EQ(app.statements, QStringList(head + c.where + u" order by 操作日期 desc"_qs));
-        EXPECT_EQ(shown(list), c.shown) << c.where.toStdString();
+        EXPECT_EQ(app.statements, QStringList(head + where + u" order by 操作日期 desc"_qs));
+        EXPECT_EQ(shown(list), keys) << where.toStdString();
     }
 }
 
@@ -110,25 +104,20 @@ TEST_F(FollowUpListTest, TheLimitCutsAndBadInputIsToldWithoutALoss)
         ASSERT_TRUE(list.IReportUI_Refresh()) << limit.toStdString();
         EXPECT_EQ(list.VS().Rows() - 1, rows) << limit.toStdString();
     }
-    const struct
-    {
-        int field;
-        QString text;
-        QString failure;
-    } cases[] = {
+    const std::tuple<int, QString, QString> cases[] = {
         {Cx_Gj::From, u"o'b"_qs, u"第 320 个字符处：日期有误：“o'b”，应如 2026-9-8|8|EBTQ_S"_qs},
         {Cx_Gj::To, u"昨天"_qs, u"Cx_Fcxx-->IReportUI_Refresh::“昨天”不是日期！|8|EBTQ_S"_qs},
         {Cx_Gj::To, u"9999-12-31"_qs, {}},
     };
-    for (const auto &c : cases) {
-        list.qzTxt(c.field).setText(c.text);
+    for (const auto &[field, text, failure] : cases) {
+        list.qzTxt(field).setText(text);
         (void)raised();
-        EXPECT_EQ(list.IReportUI_Refresh(), c.failure.isEmpty());
-        EXPECT_EQ(raised(), c.failure.isEmpty() ? QStringList({u"layout"_qs, u"共加载9条记录"_qs})
-                                                : QStringList(c.failure));
+        EXPECT_EQ(list.IReportUI_Refresh(), failure.isEmpty());
+        EXPECT_EQ(raised(), failure.isEmpty() ? QStringList({u"layout"_qs, u"共加载9条记录"_qs})
+                                              : QStringList(failure));
         EXPECT_TRUE(list.VS().Redraw());
-        EXPECT_EQ(list.qzTxt(c.field).Text(), c.text);
-        list.qzTxt(c.field).setText({});
+        EXPECT_EQ(list.qzTxt(field).Text(), text);
+        list.qzTxt(field).setText({});
     }
     list.qzTxt(Cx_Gj::Limit).type(u"0.5"_qs);
     EXPECT_FALSE(list.qzTxt(Cx_Gj::Limit).check());

@@ -75,12 +75,7 @@ TEST_F(FcxxDatabaseTest, EachFilterMakesItsClause)
 {
     const QString ofDepartment = u"A.用户ID in(select userID from su_membership where UserTypeID=%1)"_qs;
     const QString ofRooms = u"房型_房 & '-' & 房型_厅 & '-' & 房型_卫 & '-' & 房型_阳台='%1'"_qs;
-    const struct
-    {
-        std::function<void()> set;
-        QString where;
-        QString rows;
-    } cases[] = {
+    const std::tuple<std::function<void()>, QString, QString> cases[] = {
         {[&] { type(District, u" 天河区 "_qs); }, u"A.地区='天河区'"_qs, u"4431"_qs},
         {[&] { type(District, u"天河 区"_qs); }, u"A.地区='天河 区'"_qs, u"5"_qs},
         {[&] { type(District, u"天河%"_qs); }, u"A.地区='天河%'"_qs, {}}, // a letter like any other
@@ -125,13 +120,13 @@ TEST_F(FcxxDatabaseTest, EachFilterMakesItsClause)
              u" and 交易方式 like '%售%' and 交易状态='有效' and 操作日期>#2026-11-18#"_qs,
          u"1"_qs},
     };
-    for (const auto &c : cases) {
+    for (const auto &[set, clause, numbered] : cases) {
         clear();
-        c.set();
-        EXPECT_TRUE(refresh()) << c.where.toStdString();
-        EXPECT_EQ(where(), c.where.isEmpty() ? QString() : u" where "_qs + c.where);
-        EXPECT_EQ(numbers(), c.rows) << c.where.toStdString();
-        EXPECT_EQ(events.last(), u"共加载%1条记录"_qs.arg(c.rows.size()));
+        set();
+        EXPECT_TRUE(refresh()) << clause.toStdString();
+        EXPECT_EQ(where(), clause.isEmpty() ? QString() : u" where "_qs + clause);
+        EXPECT_EQ(numbers(), numbered) << clause.toStdString();
+        EXPECT_EQ(events.last(), u"共加载%1条记录"_qs.arg(numbered.size()));
     }
 }
 

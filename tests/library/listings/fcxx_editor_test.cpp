@@ -156,13 +156,9 @@ TEST_F(FcxxEditorTest, ADeletionAsksAndRemovesWhatIsSeen)
         u"create trigger keep before delete on %1 begin select raise(abort, 'kept'); end"_qs;
     const QString count = u"共加载%1条记录"_qs;
     using enum Desktop::Answer;
-    const struct
-    {
-        std::function<void()> prepare;
-        std::optional<Desktop::Answer> answer; ///< nothing: nobody is asked
-        QString told;                          ///< how the only message or failure ends
-        QString left;                          ///< numbers of the rows, then of follow-ups in the database
-    } cases[] = {
+    // The answer, nothing where nobody is asked; how the only message or failure ends; the numbers of the
+    // rows that are left, and how many follow-ups the database has.
+    const std::tuple<std::function<void()>, std::optional<Desktop::Answer>, QString, QString> cases[] = {
         {[&] { list.VS().setRowHidden(2, true); }, std::nullopt, u"请先在列表中选择房源！"_qs, u"3 1 1"_qs},
         {[&] { list.VS().showAllRows(); }, No, {}, u"3 2 1 1"_qs},
         {[&] { connection->executeNative(guard.arg(u"fygj").toUtf8()); }, Yes, u"（kept）|8|Fcxx"_qs,
@@ -174,21 +170,21 @@ TEST_F(FcxxEditorTest, ADeletionAsksAndRemovesWhatIsSeen)
          u"所选房源已被他人删除，现从列表中移除！|2|Fcxx "_qs + count.arg(1), u"3 0"_qs},
         {[&] { list.VS().setRows(1); }, std::nullopt, {}, u" 0"_qs},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.told.toStdString() + c.left.toStdString());
-        c.prepare();
+    for (const auto &[prepare, answer, told, left] : cases) {
+        SCOPED_TRACE(told.toStdString() + left.toStdString());
+        prepare();
         events.clear();
         app.statements.clear();
-        if (c.answer)
-            desktop.willAnswer(*c.answer);
+        if (answer)
+            desktop.willAnswer(*answer);
         press(u"delete"_qs);
-        EXPECT_EQ(asked(), c.answer ? QStringList(u"提示:?|是否删除当前所选记录:"_qs) : QStringList());
-        EXPECT_TRUE(events.join(u' ').endsWith(c.told) && events.isEmpty() == c.told.isEmpty())
+        EXPECT_EQ(asked(), answer ? QStringList(u"提示:?|是否删除当前所选记录:"_qs) : QStringList());
+        EXPECT_TRUE(events.join(u' ').endsWith(told) && events.isEmpty() == told.isEmpty())
             << events.join(u' ').toStdString();
         EXPECT_EQ(shown().remove(u"FY202611000"_qs) + u' ' +
                       QString::number(rows(u"select 跟进ID from fygj"_qs).rowCount()),
-                  c.left);
-        if (c.told == count.arg(2)) {
+                  left);
+        if (told == count.arg(2)) {
             EXPECT_EQ(app.statements.first(2),
                       QStringList({u" Delete from fygj where 房源ID='%1'"_qs.arg(key),
                                    u" Delete from fyxx where 房源ID='%1'"_qs.arg(key)}));

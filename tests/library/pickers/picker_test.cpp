@@ -14,24 +14,20 @@ TEST_F(PickerTest, StatementsAreAsTold)
         u"A.地区ID,楼盘ID from pdmlpzd A left join pdmdq B on A.地区ID=B.地区ID"_qs;
     const QString blocks = u"select 栋座编号,栋座名称,总楼层,栋座ID,楼盘ID from pdmDz"_qs;
     const QString match = u" Where (楼盘编号='b' OR 楼盘名称='b' OR 拼音缩写='b')"_qs;
-    const struct
-    {
-        const char16_t *use; ///< picker, parameters and typed text, empty for the list
-        QString statement;
-        QString typedSpans = {};
-    } cases[] = {
-        {u"selPdm|*|", u"select null,代码,名称,代码 from pdmsjzd where 类型='房源备注' order by 代码"_qs},
-        {u"selPdm|*;where=;order=|", u"select null,代码,名称,代码 from pdmsjzd"_qs},
+    // Picker, parameters and typed text, empty for the list; the statement and what is typed in it.
+    const std::tuple<const char16_t *, QString, QString> cases[] = {
+        {u"selPdm|*|", u"select null,代码,名称,代码 from pdmsjzd where 类型='房源备注' order by 代码"_qs, {}},
+        {u"selPdm|*;where=;order=|", u"select null,代码,名称,代码 from pdmsjzd"_qs, {}},
         {u"selPdm|*|急",
          u"select 代码,名称,代码 from pdmsjzd Where (代码='急' OR 名称='急') and 类型='房源备注'"_qs,
          u"急,急"_qs},
-        {u"selPdmLpzd||", buildings + u" order by 楼盘编号"_qs},
-        {u"selPdmLpzd|地区= 石桥头 |", buildings + u" where A.地区ID=3 order by 楼盘编号"_qs},
+        {u"selPdmLpzd||", buildings + u" order by 楼盘编号"_qs, {}},
+        {u"selPdmLpzd|地区= 石桥头 |", buildings + u" where A.地区ID=3 order by 楼盘编号"_qs, {}},
         {u"selPdmLpzd|地区=石桥头;lock=0|b", buildings + match, u"b,b,b"_qs},
         {u"selPdmLpzd|地区=石桥头;lock=1|b", buildings + match + u" and 地区='石桥头'"_qs,
          u"b,b,b,石桥头"_qs},
-        {u"selPdmDz|楼盘=云锦苑|", blocks + u" where 楼盘ID=32 order by 栋座编号"_qs},
-        {u"selPdmDz|楼盘=;lock=1|", blocks + u" order by 栋座编号"_qs},
+        {u"selPdmDz|楼盘=云锦苑|", blocks + u" where 楼盘ID=32 order by 栋座编号"_qs, {}},
+        {u"selPdmDz|楼盘=;lock=1|", blocks + u" order by 栋座编号"_qs, {}},
         // Blanks are cut off, wide ones are part of the name.
         {u"selPdmDz|楼盘= 云锦苑　;lock=1|A",
          u"select 栋座编号,栋座名称,总楼层,栋座ID,A.楼盘ID from pdmDz A left join pdmlpzd B on "
@@ -39,16 +35,16 @@ TEST_F(PickerTest, StatementsAreAsTold)
          u"Where (栋座编号='A' OR 栋座名称='A') and 楼盘名称='云锦苑　'"_qs,
          u"A,A,云锦苑　"_qs},
     };
-    for (const auto &c : cases) {
-        const QStringList use = QString::fromUtf16(c.use).replace(u'*', remarks).split(u'|');
+    for (const auto &[asked, statement, typedSpans] : cases) {
+        const QStringList use = QString::fromUtf16(asked).replace(u'*', remarks).split(u'|');
         make(use[0], use[1]);
         app.releases = 0;
         use[2].isEmpty() ? picker->IPickerUI_Refresh() : validate(use[2]);
-        EXPECT_EQ(app.lastStatement.text(), c.statement);
+        EXPECT_EQ(app.lastStatement.text(), statement);
         QStringList spans;
         for (const SqlText::Span &span : app.lastStatement.typedSpans())
             spans.append(app.lastStatement.text().mid(span.begin, span.length));
-        EXPECT_EQ(spans.join(u','), c.typedSpans) << c.statement.toStdString();
+        EXPECT_EQ(spans.join(u','), typedSpans) << statement.toStdString();
         EXPECT_EQ(app.releases, 1);
         EXPECT_EQ(app.Db().LastError().Description, QString());
     }
