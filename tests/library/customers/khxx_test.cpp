@@ -4,6 +4,7 @@
 #include "host/rights.h"
 #include "library/customers/customer_matching.h"
 #include "library/customers/frm_kh.h"
+#include "library/customers/frm_kh_fields.h"
 #include "library/followups/frm_gj.h"
 #include "library/listings/listing_matching.h"
 #include "library/support/list_test.h"
@@ -36,6 +37,15 @@ protected:
         host::setRight(*connection, u"U1"_qs, host::CustomerModule, right, allowed);
     }
     void open() { ListTest::open(host::CustomerModule); }
+    /// A command of the editor of customers, which saves this name.
+    void saveName(const QString &command, const QString &name)
+    {
+        edit(command, [this, name] {
+            list.mFrmKh()->qzTxt(CustomerNumber::Name).setText(name);
+            list.mFrmKh()->qzTxt(CustomerNumber::Telephone).setText(u"1"_qs);
+            list.mFrmKh()->Cmd(0).press();
+        });
+    }
     [[nodiscard]] QString shown() { return columnText(list.VS(), CustomerCode); }
 };
 
@@ -147,20 +157,13 @@ TEST_F(KhxxTest, TheOpenTabShowsTheCurrentCustomer)
 TEST_F(KhxxTest, WhatTheEditorsSaveComesBack)
 {
     open();
-    edit(u"new"_qs, [&] {
-        list.mFrmKh()->qzTxt(1).setText(u"新客"_qs);
-        list.mFrmKh()->qzTxt(4).setText(u"9"_qs);
-        desktop.willAnswer(Desktop::Answer::No);
-        list.mFrmKh()->Cmd(0).press();
-    });
+    desktop.willAnswer(Desktop::Answer::No);
+    saveName(u"new"_qs, u"新客"_qs);
     EXPECT_EQ(list.VS().TextMatrix(1, CustomerName) + list.detail().field(9).Text(), u"新客新客");
     EXPECT_EQ(list.VS().Rows(), 5);
     EXPECT_EQ(list.mcMouseEvent()->Max(), 0);
     list.VS().setRow(2);
-    edit(u"edit"_qs, [&] {
-        list.mFrmKh()->qzTxt(1).setText(u"改名"_qs);
-        list.mFrmKh()->Cmd(0).press();
-    });
+    saveName(u"edit"_qs, u"改名"_qs);
     EXPECT_EQ(rowText(list.VS(), 2),
               u"求购|有效|KY1|改名|天河区|80-100|0-300|0-0|三房|2026-1-2|营业一部|李强|C1");
     EXPECT_EQ(list.detail().field(9).Text(), u"改名");

@@ -1,5 +1,4 @@
 #include "contracts/conversions.h"
-#include "library/followups/frm_gj.h"
 #include "library/listings/fcxx_fixture.h"
 #include "library/listings/listing_detail_fields.h"
 
@@ -59,10 +58,7 @@ TEST_F(FcxxEditorTest, SumsFollowWhatIsSavedAndDeleted)
     const auto total = [&] { return cell(list.VS().Rows() - 1, ListingArea).toDouble(); };
     list.VS().setRow(1);
     const double before = total() - cell(1, ListingArea).toDouble();
-    edit(u"edit"_qs, [&] {
-        ListingTexts::fill(editor(), u"7 1000"_qs);
-        editor().Cmd(0).press();
-    });
+    edit(u"edit"_qs, [&] { save(u"7 1000"_qs); });
     EXPECT_EQ(total(), before + 1000);
     desktop.willAnswer(Desktop::Answer::Yes);
     press(u"delete"_qs);
@@ -81,8 +77,7 @@ TEST_F(FcxxEditorTest, AnEditRewritesItsRowAndLeavesTheAttachmentsAlone)
                 list.SearchBox1().searchNow();
                 EXPECT_EQ(list.VS().Row(), 3);
             }
-            ListingTexts::fill(editor(), searchMovesOn ? u"6 南湖名苑"_qs : u"6 西湖名苑"_qs);
-            editor().Cmd(0).press();
+            save(searchMovesOn ? u"6 南湖名苑"_qs : u"6 西湖名苑"_qs);
         });
         EXPECT_EQ(columnText(list.VS(), ListingBuilding),
                   searchMovesOn ? u"翠堤雅居 南湖名苑 翠堤雅居" : u"翠堤雅居 西湖名苑 翠堤雅居");
@@ -110,7 +105,6 @@ TEST_F(FcxxEditorTest, ADoubleClickHidesTheOwnerFromWhoMayNotEdit)
 
 TEST_F(FcxxEditorTest, WhatIsNotSeenIsNotOpenedAndAFollowUpOnItIsSaidToBe)
 {
-    const auto writeFollowUp = [&] { edit(u"gj"_qs, [&] { list.mFrmGj()->Cmd(0).press(); }); };
     list.VS().setRow(2);
     list.VS().setRowHidden(2, true);
     press(u"edit"_qs);
@@ -216,10 +210,7 @@ TEST_F(FcxxEditorTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
     VSFlexGrid &grid = list.detail().VsGj();
     const int before = grid.Rows();
     for (const auto &[act, expected] : cases) {
-        edit(u"gj"_qs, [&, fill = act] {
-            fill(*list.mFrmGj());
-            list.mFrmGj()->Cmd(0).press();
-        });
+        writeFollowUp(act);
         EXPECT_EQ(u'|' + rowText(grid, grid.Rows() - 1), expected + grid.TextMatrix(grid.Rows() - 1, 11));
     }
     EXPECT_EQ(grid.Rows(), before + 3);
@@ -233,7 +224,7 @@ TEST_F(FcxxEditorTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
     EXPECT_EQ(grid.Rows(), before + 3);
 
     connection->executeNative("alter table pdmgy rename to x");
-    edit(u"gj"_qs, [&] { list.mFrmGj()->Cmd(0).press(); });
+    writeFollowUp();
     ASSERT_EQ(events.size(), 1);
     EXPECT_TRUE(events[0].endsWith(u"|8|EBTQ_S")) << events[0].toStdString();
     EXPECT_EQ(rows(u"select 跟进ID from fygj"_qs).rowCount(), 4) << "it is saved all the same";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/module_ids.h"
+#include "library/followups/frm_gj.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/fcxx_tables.h"
 #include "library/listings/frm_fx_fixture.h"
@@ -62,14 +63,23 @@ protected:
         events.clear();
     }
     [[nodiscard]] FrmFx &editor() const { return *list.mFrmFx(); }
+    void save(const QString &texts)
+    {
+        ListingTexts::fill(editor(), texts);
+        editor().Cmd(0).press();
+    }
     void makeListing(const QString &texts)
     {
-        edit(u"new"_qs, [&] {
-            ListingTexts::fill(editor(), texts);
-            desktop.willAnswer(Desktop::Answer::No);
-            editor().Cmd(0).press();
-        });
+        desktop.willAnswer(Desktop::Answer::No);
+        edit(u"new"_qs, [&] { save(texts); });
         (void)asked();
+    }
+    void writeFollowUp(const std::function<void(FrmGj &)> &act = [](FrmGj &) {})
+    {
+        edit(u"gj"_qs, [this, act] {
+            act(*list.mFrmGj());
+            list.mFrmGj()->Cmd(0).press();
+        });
     }
 };
 
