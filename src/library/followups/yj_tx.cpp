@@ -9,6 +9,7 @@ namespace {
 
 constexpr int numberColumn = 0;
 constexpr int hiddenColumns[] = {FollowUpKey};
+constexpr QStringView caption = u"跟进提醒";
 constexpr int turquoise = 0xC0C000;
 
 constexpr ListGrid grid{
@@ -34,12 +35,11 @@ QString withoutBraces(QString id)
 } // namespace
 
 YjTx::YjTx(Desktop &desktop)
-    : FollowUpList(QStringLiteral("YjTx"), desktop, {QStringLiteral("YjTx"), QStringLiteral("跟进提醒")},
-                   list)
+    : FollowUpList(QStringLiteral("YjTx"), desktop, {QStringLiteral("YjTx"), caption.toString()}, list)
     , m_panel(controls().add<qzPanel>(QStringLiteral("Panel1")))
     , m_caption(controls().add<Label>(QStringLiteral("lblCaption")))
 {
-    m_caption.setCaption(QStringLiteral("跟进提醒"));
+    m_caption.setCaption(caption.toString());
 }
 
 /// Each range but the user's own compares 用户ID with itself, which holds for everybody; 本部 is deliberately

@@ -52,6 +52,8 @@ public:
     [[nodiscard]] SearchBox &SearchBox1() { return m_search->SearchBox1(); }
     [[nodiscard]] Label &lblSearch() { return m_search->lblSearch(); }
     [[nodiscard]] CheckBox &ChkFind() { return m_search->ChkFind(); }
+    /// What the list is called on paper and in names of files.
+    [[nodiscard]] QString title() const { return m_tables.printTitle.trimmed().toString(); }
     /// nullptr outside of Init ... Clear and for a list without one.
     [[nodiscard]] MouseWheel *mcMouseEvent() const { return m_wheel.get(); }
 

@@ -40,10 +40,9 @@ CustomerDetailView::CustomerDetailView(CustomerDetail &detail, QWidget *keyScope
 {
     addFields(RequestTab, requestPlaces);
     addFields(ContactTab, contactPlaces, boxesRow);
-    addGrid(MatchingListingsTab, detail.VsP(), QStringLiteral("没有匹配的房源"),
-            Action{QStringLiteral("WhyMatch"), QStringLiteral("为什么(&W)"),
-                   [&detail] { detail.showReasons(); }});
-    addGrid(CustomerFollowUpsTab, detail.VsGj(), QStringLiteral("没有跟进记录"));
+    addMatching(MatchingListingsTab, detail.VsP(), QStringLiteral("没有匹配的房源"),
+                [&detail] { detail.showReasons(); });
+    addFollowUps(CustomerFollowUpsTab, detail.VsGj());
 }
 
 } // namespace ebtq

@@ -16,8 +16,7 @@ constexpr ListLook::Column columns[] = {{CustomerPrice, &look::Tokens::salePrice
 constexpr ListLook listLook{.fields = fields,
                             .columns = columns,
                             .searchHint = u"在已加载的客源中查找",
-                            .emptyHint = u"没有符合条件的客源",
-                            .listName = u"客源信息列表"};
+                            .emptyHint = u"没有符合条件的客源"};
 
 } // namespace
 

@@ -14,8 +14,7 @@ constexpr ListLook::Field fields[] = {
 constexpr ListLook listLook{.fields = fields,
                             .kindKeys = u"YK",
                             .searchHint = u"在已加载的跟进中查找",
-                            .emptyHint = u"没有符合条件的跟进",
-                            .listName = u"跟进信息列表"};
+                            .emptyHint = u"没有符合条件的跟进"};
 
 } // namespace
 

@@ -11,7 +11,7 @@ namespace ebtq {
 
 namespace {
 
-constexpr ListLook listLook{.emptyHint = u"今天没有待处理的提醒", .listName = u"跟进提醒"};
+constexpr ListLook listLook{.emptyHint = u"今天没有待处理的提醒"};
 
 } // namespace
 

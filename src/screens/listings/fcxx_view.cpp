@@ -16,8 +16,7 @@ constexpr ListLook::Column columns[] = {{ListingSalePrice, &look::Tokens::salePr
 constexpr ListLook listLook{.fields = fields,
                             .columns = columns,
                             .searchHint = u"在已加载的房源中查找",
-                            .emptyHint = u"没有符合条件的房源",
-                            .listName = u"房源信息列表"};
+                            .emptyHint = u"没有符合条件的房源"};
 
 } // namespace
 

@@ -48,10 +48,9 @@ ListingDetailView::ListingDetailView(ListingDetail &detail, QWidget *keyScope, Q
 {
     addFields(ListingTab, listingPlaces);
     addFields(OwnerTab, ownerPlaces, boxesRow);
-    addGrid(FollowUpsTab, detail.VsGj(), QStringLiteral("没有跟进记录"));
-    addGrid(CustomersTab, detail.VsP(), QStringLiteral("没有匹配的客源"),
-            Action{QStringLiteral("WhyMatch"), QStringLiteral("为什么(&W)"),
-                   [&detail] { detail.showReasons(); }});
+    addFollowUps(FollowUpsTab, detail.VsGj());
+    addMatching(CustomersTab, detail.VsP(), QStringLiteral("没有匹配的客源"),
+                [&detail] { detail.showReasons(); });
     addPictures(detail);
 }
 

@@ -137,7 +137,7 @@ FlexGridView *ListView::makeGrid()
 GridMenu *ListView::makeMenu(NavToolbar *commands, ToolBarView *toolBar)
 {
     auto *menu = new GridMenu(*m_grid, m_module.VS(), *this, m_module.desktop());
-    menu->setListName(m_look.listName.toString());
+    menu->setListName(m_module.title());
     if (commands)
         menu->setCommands(*commands, *toolBar);
     return menu;

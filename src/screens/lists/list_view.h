@@ -39,7 +39,6 @@ struct ListLook
     std::span<const Column> columns = {}; ///< those with an ink of their own
     QStringView searchHint = {};
     QStringView emptyHint; ///< of a load that found nothing
-    QStringView listName;  ///< in the names of exported files
 };
 
 /// The screen of a list module: its filter row and the list, one below the other in a column to which its

@@ -125,25 +125,34 @@ void RecordDetailView::addBoxes(QGridLayout &grid, QWidget &panel, int row)
 }
 
 /// "Nothing there" is said of a load that worked, never of a grid that a failure left empty.
-void RecordDetailView::addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint,
-                               const std::optional<Action> &action)
+QHBoxLayout *RecordDetailView::addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint)
 {
     QWidget *panel = addPanel(tab);
     auto *row = new QHBoxLayout(panel);
     row->setContentsMargins(0, 0, 0, 0);
     auto *view = new FlexGridView(grid, panel);
     row->addWidget(view, 1);
-    if (action) {
-        auto *button = new QPushButton(action->caption, panel);
-        button->setObjectName(action->name);
-        connect(button, &QPushButton::clicked, this, action->run);
-        row->addWidget(button, 0, Qt::AlignTop);
-        row->setContentsMargins(0, 0, 8, 0);
-    }
     connect(&m_detail, &RecordDetail::TabShown, view, [=](int shown, bool done) {
         if (shown == tab)
             view->setEmptyHint(done ? emptyHint : QString());
     });
+    return row;
+}
+
+void RecordDetailView::addFollowUps(int tab, VSFlexGrid &grid)
+{
+    addGrid(tab, grid, QStringLiteral("没有跟进记录"));
+}
+
+void RecordDetailView::addMatching(int tab, VSFlexGrid &grid, const QString &emptyHint,
+                                   const std::function<void()> &showReasons)
+{
+    QHBoxLayout *row = addGrid(tab, grid, emptyHint);
+    auto *button = new QPushButton(QStringLiteral("为什么(&W)"), row->parentWidget());
+    button->setObjectName(QStringLiteral("WhyMatch"));
+    connect(button, &QPushButton::clicked, this, showReasons);
+    row->addWidget(button, 0, Qt::AlignTop);
+    row->setContentsMargins(0, 0, 8, 0);
 }
 
 } // namespace ebtq

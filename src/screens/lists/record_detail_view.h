@@ -4,10 +4,10 @@
 #include <QWidget>
 
 #include <functional>
-#include <optional>
 #include <span>
 
 class QGridLayout;
+class QHBoxLayout;
 
 namespace ebtq {
 
@@ -50,20 +50,17 @@ protected:
     QWidget *addPanel(int tab);
     /// A panel of fields; with `boxesRow` all boxes stand side by side in that row.
     void addFields(int tab, std::span<const DetailPlace> places, int boxesRow = -1);
-    /// A button beside a grid, whose mnemonic works in the panel.
-    struct Action
-    {
-        QString name;
-        QString caption;
-        std::function<void()> run;
-    };
-    /// A panel of one grid; the hint is shown by a load that worked and found nothing.
-    void addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint,
-                 const std::optional<Action> &action = {});
+    /// A panel of the record's follow-ups.
+    void addFollowUps(int tab, VSFlexGrid &grid);
+    /// A panel of the records that match, with the button that shows why they do.
+    void addMatching(int tab, VSFlexGrid &grid, const QString &emptyHint,
+                     const std::function<void()> &showReasons);
 
 private:
     void addField(QGridLayout &grid, QWidget &panel, const DetailPlace &place);
     void addBoxes(QGridLayout &grid, QWidget &panel, int row);
+    /// A panel of one grid; the hint is shown by a load that worked and found nothing.
+    QHBoxLayout *addGrid(int tab, VSFlexGrid &grid, const QString &emptyHint);
 
     RecordDetail &m_detail;
     TabStripView *m_tabs;
