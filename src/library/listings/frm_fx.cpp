@@ -16,7 +16,8 @@ using enum EditorNumber::MemoNumber;
 
 constexpr QStringView labels[] = {u"基本信息", u"城区", u"楼盘字典", u"栋座/位置", u"房号",
                                   u"楼层",     u"总层", u"联系",     u"备注",      u"底价"};
-constexpr QStringView contactLabel = u"联系";
+constexpr int contactLabel = 7;
+constexpr int remarkLabel = 8;
 constexpr QStringView ticks[] = {u"加密房", u"特别房", u"推介房"};
 
 constexpr int ownerFields[] = {Owner, Contact, Nationality, Mobile};
@@ -37,18 +38,15 @@ QString FrmFx::Caption()
 
 void FrmFx::makeControls()
 {
-    addMemo(QStringLiteral("Txt"), ContactRemark, contactLabel.toString());
-    addMemo(QStringLiteral("Txt"), Remark, QStringLiteral("备注"));
+    addMemo(QStringLiteral("Txt"), ContactRemark, labels[contactLabel].toString());
+    addMemo(QStringLiteral("Txt"), Remark, labels[remarkLabel].toString());
     int tickNumber = 0;
     for (const QStringView caption : ticks)
         addTick(QStringLiteral("Chk"), tickNumber++, caption.toString());
     addButtons({u"保存(&S)", u"关闭(&X)", u"选择(&R)", u"选择(&L)"});
-    int number = 0;
     for (const QStringView caption : labels) {
-        auto &label = controls().add<Label>(QStringLiteral("lbl"), number++);
-        label.setCaption(caption.toString());
-        if (caption == contactLabel)
-            m_contactLabel = &label;
+        m_labels.push_back(&controls().add<Label>(QStringLiteral("lbl"), static_cast<int>(m_labels.size())));
+        m_labels.back()->setCaption(caption.toString());
     }
 }
 
@@ -130,7 +128,7 @@ void FrmFx::hideOwnerBlock()
         qzFcTxt(number).setVisible(false);
     Txt(ContactRemark).setVisible(false);
     Cmd(3).setVisible(false);
-    m_contactLabel->setVisible(false);
+    lbl(contactLabel).setVisible(false);
 }
 
 } // namespace ebtq

@@ -25,6 +25,9 @@ public:
     /// 0 加密房, 1 特别房, 2 推介房.
     [[nodiscard]] CheckBox &Chk(int number) const { return tick(number); }
 
+    /// 0 to 9: titles and captions.
+    [[nodiscard]] Label &lbl(int number) const { return *m_labels.at(static_cast<size_t>(number)); }
+
     /// Opens the form and returns when it was closed. `listingID` is the 房源ID of the row, empty for a new
     /// listing; `hideOwner` opens it without the owner and for reading only. A listing that cannot be read
     /// ends in ErrMessage and opens nothing.
@@ -71,7 +74,7 @@ private:
     void fillFromPropertyRight(const QVariant &value);
     void pickRemark(const Button &button, QStringView kind, TextBox &target);
 
-    Label *m_contactLabel = nullptr;
+    std::vector<Label *> m_labels;
     int m_moduleID = 0;
     QString m_id; ///< 房源ID of the row that is edited; empty for a new listing
 };

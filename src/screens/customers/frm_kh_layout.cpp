@@ -11,11 +11,11 @@ using enum CustomerCell::Group;
 using enum CustomerCell::Kind;
 
 constexpr CustomerCell cells[] = {
-    {Customer, 0, 0, Required, C::BillNumber},
-    {Customer, 0, 1, Required, C::Name},
+    {Customer, 0, 0, Field, C::BillNumber},
+    {Customer, 0, 1, Field, C::Name},
     {Customer, 0, 2, Field, C::Kind},
     {Customer, 0, 3, Field, C::Grade},
-    {Customer, 1, 0, Required, C::Telephone},
+    {Customer, 1, 0, Field, C::Telephone},
     {Customer, 1, 1, Field, C::Mail},
     {Customer, 1, 2, Field, C::OtherContact},
     {Customer, 1, 3, State, 0},
@@ -45,7 +45,7 @@ constexpr CustomerCell cells[] = {
     {Remark, 0, 0, Memo, 0, customerPairs},
 };
 
-constexpr QStringView titles[] = {u"客户", u"需求", u"价格", u"委托", u"备注"};
+constexpr QStringView titles[] = {u"客户", u"需求", u"价格", u"委托"};
 
 } // namespace
 

@@ -12,7 +12,7 @@ struct CustomerCell
 {
     enum Group { Customer, Wish, Price, Order, Remark };
     /// A range goes on with its upper end; that of a price has a tick as its caption.
-    enum Kind { Field, Required, Range, TickedRange, State, Memo };
+    enum Kind { Field, Range, TickedRange, State, Memo };
 
     Group group;
     int row;
@@ -28,6 +28,7 @@ inline constexpr int customerPairs = 4;
 
 /// Cells in reading order, which is the order of Tab and Enter.
 [[nodiscard]] std::span<const CustomerCell> customerCells();
+/// Of the groups before the remark, whose title the form holds.
 [[nodiscard]] std::span<const QStringView> customerGroupTitles();
 
 } // namespace ebtq

@@ -61,6 +61,7 @@ FrmKhView::FrmKhView(frmKh &form, QWidget *parent)
 {
     for (const QStringView title : customerGroupTitles())
         addCard(title.toString());
+    addCard(form.Txt().Caption());
     for (const CustomerCell &cell : customerCells())
         addCell(cell);
     lineUp(customerPairs, fieldCharacters);
@@ -86,12 +87,17 @@ QWidget *FrmKhView::captionOf(const CustomerCell &cell, QWidget *parent)
         return captionFor(m_form.stateLabel().Caption(), Entry::Free, parent);
     case CustomerCell::Memo:
         return new QLabel(parent); // the group says it
-    case CustomerCell::Range:
-        return captionFor(m_form.qzTxt(cell.number).Caption(), Entry::Free, parent);
     default:
-        return captionFor(m_form.fieldOf(cell.number).title.toString(),
-                          cell.kind == CustomerCell::Required ? Entry::Required : Entry::Free, parent);
+        return fieldCaption(m_form.qzTxt(cell.number).Caption().trimmed(), parent);
     }
+}
+
+/// The form marks its required fields with a star.
+QLabel *FrmKhView::fieldCaption(const QString &caption, QWidget *parent)
+{
+    static const QString star = QStringLiteral(" *");
+    return caption.endsWith(star) ? captionFor(caption.chopped(star.size()), Entry::Required, parent)
+                                  : captionFor(caption, Entry::Free, parent);
 }
 
 QWidget *FrmKhView::widgetOf(const CustomerCell &cell, QWidget *parent)

@@ -21,6 +21,7 @@ public:
 private:
     void addCell(const CustomerCell &cell);
     [[nodiscard]] QWidget *captionOf(const CustomerCell &cell, QWidget *parent);
+    [[nodiscard]] static QLabel *fieldCaption(const QString &caption, QWidget *parent);
     [[nodiscard]] QWidget *widgetOf(const CustomerCell &cell, QWidget *parent);
     [[nodiscard]] FieldView *makeField(int number, QWidget *parent);
     [[nodiscard]] QWidget *makeRange(const CustomerCell &cell, QWidget *parent);

@@ -69,9 +69,11 @@ constexpr EditorCell cells[] = {
     {Owner, 2, 4, Field, F::AuthoredOn},
 };
 
-constexpr QStringView titles[] = {u"基本信息", u"交易与价格", u"房屋与手续", u"业主与备注"};
-constexpr RoomCount rooms[] = {
-    {F::Rooms, u"房"}, {F::Halls, u"厅"}, {F::Bathrooms, u"卫"}, {F::Balconies, u"阳台"}};
+constexpr QStringView titles[] = {u"交易与价格", u"房屋与手续", u"业主与备注"};
+constexpr RoomCount rooms[] = {{F::Rooms, F::Halls},
+                               {F::Halls, F::Bathrooms},
+                               {F::Bathrooms, F::Balconies},
+                               {F::Balconies, F::BalconyUnit}};
 
 } // namespace
 
@@ -80,9 +82,9 @@ std::span<const EditorCell> editorCells()
     return cells;
 }
 
-QStringView editorGroupTitle(EditorCell::Group group)
+std::span<const QStringView> editorGroupTitles()
 {
-    return titles[group];
+    return titles;
 }
 
 std::span<const RoomCount> roomCounts()

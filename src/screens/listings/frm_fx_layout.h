@@ -26,13 +26,14 @@ inline constexpr int memoRows = 2;
 
 /// Cells in reading order, which is the order of Tab and Enter.
 [[nodiscard]] std::span<const EditorCell> editorCells();
-[[nodiscard]] QStringView editorGroupTitle(EditorCell::Group group);
+/// Of the groups after the first, whose title the form holds.
+[[nodiscard]] std::span<const QStringView> editorGroupTitles();
 
-/// The counts of rooms in one row, each with what it counts behind it.
+/// The counts of rooms in one row, each followed by what it counts.
 struct RoomCount
 {
     int number;
-    QStringView unit;
+    int unit; ///< number of the field whose caption is the unit
 };
 [[nodiscard]] std::span<const RoomCount> roomCounts();
 

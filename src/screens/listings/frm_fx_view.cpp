@@ -3,6 +3,7 @@
 #include "library/listings/frm_fx.h"
 #include "screens/controls/button_view.h"
 #include "screens/controls/check_box_view.h"
+#include "screens/controls/control_binding.h"
 #include "screens/controls/field_view.h"
 #include "screens/controls/text_box_view.h"
 #include "screens/listings/frm_fx_layout.h"
@@ -16,7 +17,6 @@ namespace ebtq {
 namespace {
 
 constexpr int fieldCharacters = 10; ///< the least width of a field, in Chinese characters
-constexpr int groupCount = 4;
 constexpr QChar tickMnemonics[] = {u'J', u'T', u'U'};
 
 QString captionText(const EditorField &field)
@@ -33,8 +33,9 @@ FrmFxView::FrmFxView(FrmFx &form, QWidget *parent)
     : EditorFormView(form, FrmFx::Caption(), parent)
     , m_form(form)
 {
-    for (int group = 0; group < groupCount; ++group)
-        addCard(editorGroupTitle(static_cast<EditorCell::Group>(group)).toString());
+    addCard(form.lbl(0).Caption());
+    for (const QStringView title : editorGroupTitles())
+        addCard(title.toString());
     for (const EditorCell &cell : editorCells())
         addCell(cell);
     lineUp(editorPairs, fieldCharacters);
@@ -89,11 +90,10 @@ QWidget *FrmFxView::makeRooms(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     for (const RoomCount &room : roomCounts()) {
         auto *view = ofGridsWidth(new FieldView(m_form.qzFcTxt(room.number), row));
-        view->setAccessibleName(room.unit.toString());
+        const qzTxt_S &unit = m_form.qzFcTxt(room.unit);
+        view->setAccessibleName(unit.Caption());
         layout->addWidget(view, view->actions().constFirst()->isVisible() ? 2 : 1);
-        auto *unit = new QLabel(room.unit.toString(), row);
-        unit->setProperty("kind", QStringLiteral("caption"));
-        layout->addWidget(unit);
+        layout->addWidget(makeCaption(unit, *view, row));
         if (!row->focusProxy())
             row->setFocusProxy(view);
     }
