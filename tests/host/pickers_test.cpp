@@ -1,6 +1,7 @@
 #include "host/host_fixture.h"
 
 #include "library/controls/field_control.h"
+#include "library/support/agency_test.h"
 
 namespace ebtq::test {
 
@@ -94,35 +95,29 @@ TEST_F(PickersTest, LeavingThePanelOrHavingNoneLeavesTheValues)
 
 TEST_F(PickersTest, PickersOfTheComponentLibraryComeFirstAndMayFail)
 {
-    class FailingPicker : public HostPicker
+    struct FailingPicker : ScriptedPicker
     {
-    public:
-        ParameterList &Parameters() override { return m_parameters; }
+        using ScriptedPicker::ScriptedPicker;
         bool Show(int, int, QString &, QVariant &, int, const QString &) override
         {
             throw Failure(u"楼盘列表读取失败"_qs);
         }
-        std::shared_ptr<const PickedRow> Objects() const override { return nullptr; }
-        bool Validate(const QString &, const QString &, const QString &, const QString &, QVariant &,
-                      QString &) override
-        {
-            return m_parameters.Exists(u"lock"_qs);
-        }
-        bool Ready(int) const override { return true; }
-
-    private:
-        ParameterList m_parameters;
     };
-    m_host->setPickerFactory([](const QString &name) -> std::unique_ptr<HostPicker> {
-        return name.compare(u"selpdmlpzd", Qt::CaseInsensitive) == 0 ? std::make_unique<FailingPicker>()
-                                                                     : nullptr;
+    PickerScript script;
+    script.value = 31;
+    m_host->setPickerFactory([&](const QString &name) {
+        return name.compare(u"selpdmlpzd", Qt::CaseInsensitive) == 0
+                   ? std::make_unique<FailingPicker>(name, script)
+                   : nullptr;
     });
     HostPicker &buildings = picker(u"SelPdmLpzd");
     EXPECT_FALSE(buildings.Show(0, 0, m_text, m_value));
     EXPECT_EQ(m_failures, QStringList{u"楼盘列表读取失败"_qs});
     set(buildings, u"lock", 1);
     EXPECT_TRUE(validate(buildings, u"x"_qs));
-    EXPECT_FALSE(validate(buildings, u"x"_qs)) << "parameters outlived their use";
+    EXPECT_TRUE(validate(buildings, u"y"_qs));
+    EXPECT_EQ(script.asked.join(u','), u"validate SelPdmLpzd x lock=1,validate SelPdmLpzd y")
+        << "parameters outlived their use";
     EXPECT_TRUE(validate(picker(u"pdmgy"), u"7"_qs));
 }
 

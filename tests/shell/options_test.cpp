@@ -7,19 +7,6 @@
 namespace ebtq::shell {
 namespace {
 
-TEST(Options, AreReadInBothSpellings)
-{
-    for (const QStringList &given :
-         {QStringList{u"--db=a.db"_qs, u"--tour=t"_qs, u"--dark"_qs},
-          QStringList{u"--db"_qs, u"a.db"_qs, u"--tour"_qs, u"t"_qs, u"--dark"_qs}}) {
-        const Options options = readOptions(QStringList(u"ebtq"_qs) + given);
-        EXPECT_EQ(options.database, u"a.db");
-        EXPECT_EQ(options.tour, u"t");
-        EXPECT_TRUE(options.dark);
-        EXPECT_EQ(options.user, QString());
-    }
-}
-
 TEST(Options, MistakesAreToldInChinese)
 {
     const std::pair<QStringList, QString> cases[] = {

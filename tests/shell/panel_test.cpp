@@ -5,7 +5,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
-#include <QCalendarWidget>
 #include <QDialog>
 #include <QLabel>
 #include <QScreen>

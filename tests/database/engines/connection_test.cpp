@@ -1,6 +1,5 @@
 #include "database/database_test.h"
 #include "database/schema/installer.h"
-#include "database/schema/tables.h"
 #include "support/engine_database.h"
 
 namespace ebtq::db::test {

@@ -1,22 +1,8 @@
 #include "database/database_test.h"
 #include "database/schema/installer.h"
-#include "database/schema/tables.h"
 #include "support/postgres_base.h"
 
 namespace ebtq::db::test {
-
-namespace {
-
-std::string plan(Connection &connection, const char *statement)
-{
-    const RowBlock rows = connection.queryNative(QByteArray("explain ") + statement);
-    std::string text;
-    for (qsizetype row = 0; row < rows.rowCount(); ++row)
-        text += std::string(rows.cell(row, 0)) + '\n';
-    return text;
-}
-
-} // namespace
 
 TEST(Foundation, IsBroughtUpWhenAFunctionIsOldAndLeftAloneOtherwise)
 {
@@ -90,7 +76,8 @@ TEST(Foundation, IndexesServeTheirStatements)
         {"select 名称 from pdmsjzd where 类型='x' order by 代码 nulls first", "ix_pdmsjzd_kind"},
     };
     for (const auto &[statement, index] : cases)
-        EXPECT_THAT(plan(*connection, statement), AllOf(HasSubstr(index), Not(HasSubstr("Sort"))))
+        EXPECT_THAT(planOf(*connection, "explain", statement),
+                    AllOf(HasSubstr(index), Not(HasSubstr("Sort"))))
             << statement;
 }
 

@@ -17,16 +17,6 @@ std::unique_ptr<Connection> installed()
     return connection;
 }
 
-/// The engine's plan for a statement in its own language.
-std::string plan(Connection &connection, const char *statement)
-{
-    const RowBlock rows = connection.queryNative(QByteArray("explain query plan ") + statement);
-    std::string text;
-    for (qsizetype row = 0; row < rows.rowCount(); ++row)
-        text += std::string(rows.cell(row, 3)) + '\n';
-    return text;
-}
-
 } // namespace
 
 TEST(Installer, SaysWhatItCannotMend)
@@ -112,7 +102,8 @@ TEST(Installer, IndexesServeTheirStatements)
         {"select 名称 from pdmsjzd where 类型='x' order by 代码", "ix_pdmsjzd_kind"},
     };
     for (const auto &[statement, index] : cases)
-        EXPECT_THAT(plan(*connection, statement), AllOf(HasSubstr(index), Not(HasSubstr("TEMP B-TREE"))))
+        EXPECT_THAT(planOf(*connection, "explain query plan", statement),
+                    AllOf(HasSubstr(index), Not(HasSubstr("TEMP B-TREE"))))
             << statement;
 }
 
@@ -137,7 +128,7 @@ TEST(Installer, CustomersWhoMayMatchAreSearchedByThatWhichTellsMost)
         const SqlText statement(
             u"select 客户名称 from fykh where 1=1%1 order by 客源编号"_qs.arg(conditions));
         const Translation translation = translate(statement, connection->dialect(), connection->catalog());
-        EXPECT_THAT(plan(*connection, translation.sql.constData()), HasSubstr(expected))
+        EXPECT_THAT(planOf(*connection, "explain query plan", translation.sql), HasSubstr(expected))
             << translation.sql.toStdString();
     }
 }

@@ -1,15 +1,14 @@
 #include "database/database_test.h"
 #include "support/as_nobody.h"
+#include "support/full_disk.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <functional>
 
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace ebtq::db {
@@ -49,30 +48,6 @@ void insert(Connection &connection)
 {
     connection.execute(u"insert into t(内容) values('甲')"_qs);
 }
-
-/// Files cannot grow beyond a size, which is what a full disk comes to.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t size)
-        : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{size, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk &) = delete;
-    FullDisk &operator=(const FullDisk &) = delete;
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        (void)std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int);
-};
 
 } // namespace
 
@@ -179,7 +154,7 @@ TEST_F(SqliteConnectionTest, AFullDiskIsSaidWhateverCannotBeWritten)
          [&] { open->execute(u"insert into t(内容) values('%1')"_qs.arg(large)); }},
     };
     for (const auto &[what, size, act] : cases) {
-        const FullDisk full(size);
+        const ebtq::test::FullDisk full(size);
         EXPECT_THAT(messageOf(act), HasSubstr("磁盘空间不足")) << what;
     }
     EXPECT_EQ(count(*open), 0);

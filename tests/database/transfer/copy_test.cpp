@@ -2,7 +2,6 @@
 
 #include "database/database_test.h"
 #include "database/schema/installer.h"
-#include "database/schema/tables.h"
 #include "database/transfer/backup.h"
 #include "database/transfer/table_digest.h"
 #include "database/transfer/transfer_fixture.h"

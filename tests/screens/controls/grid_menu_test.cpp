@@ -142,8 +142,8 @@ TEST_F(GridMenuTest, AnActionBeginsOnceTheMenuIsGone)
             QTest::qWait(1);
         };
         const auto actions = shown->actions();
-        const auto action = std::ranges::find_if(
-            actions, [&](const QAction *each) { return each->text().startsWith(chosen); });
+        const auto action =
+            std::ranges::find_if(actions, [&](QAction *each) { return each->text().startsWith(chosen); });
         QTest::mouseClick(shown, Qt::LeftButton, {}, shown->actionGeometry(*action).center());
         EXPECT_TRUE(QTest::qWaitFor([&] { return !done.isEmpty(); }));
     }

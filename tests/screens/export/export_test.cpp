@@ -3,6 +3,7 @@
 #include "library/controls/shown_grid.h"
 #include "screens/export/table_text.h"
 #include "screens/export/workbook.h"
+#include "support/full_disk.h"
 #include "support/messages.h"
 
 #include <QDir>
@@ -12,10 +13,6 @@
 #include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
-
-#include <csignal>
-
-#include <sys/resource.h>
 
 using namespace ebtq;
 
@@ -191,23 +188,6 @@ TEST_F(ExportTest, OddCellsSurvive)
     EXPECT_EQ(sheet(), u"pane|text:编号|text:面积|text:委托日|text:备注|autoFilter"_qs);
 }
 
-/// No file may grow beyond this while it lives: a full disk.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit full{bytes, m_before.rlim_max};
-        std::signal(SIGXFSZ, SIG_IGN);
-        setrlimit(RLIMIT_FSIZE, &full);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
-};
-
 TEST_F(ExportTest, AFailureLeavesTheOldFileAndNothingBesideIt)
 {
     load({{"A1", "88.5", "2026-9-8", std::string(30'000, 'x')}});
@@ -218,7 +198,7 @@ TEST_F(ExportTest, AFailureLeavesTheOldFileAndNothingBesideIt)
         old.write("old");
         old.close();
         for (const QString &place : {target, path(u"missing/new"_qs), folder.path()}) {
-            const FullDisk full(100);
+            const test::FullDisk full(100);
             EXPECT_TRUE(failureOf(write, place).startsWith(u"无法写入文件“%1”"_qs.arg(place)));
         }
         const ExportProgress stopped = [](int) { return false; };

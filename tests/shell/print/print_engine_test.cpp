@@ -10,7 +10,6 @@
 
 #include <QComboBox>
 #include <QFile>
-#include <QLabel>
 #include <QPainter>
 #include <QPrinter>
 #include <QProcess>
