@@ -197,7 +197,7 @@ TEST_F(AdminTest, DemoFillsANewFileOnceAndCheckIsContent)
         u"--date 2026-11-24"_qs;
     EXPECT_EQ(run(call).status, 0);
     EXPECT_EQ(run(call).status, 1);
-    EXPECT_EQ(sql(u"select count(*) from fyxx"_qs).output, u"30\n"_qs);
+    EXPECT_EQ(sql(u"select count(*) from fyxx"_qs).output, u"30\n"_qs) << "one in use is left alone";
     const Outcome check = run(u"check --db @"_qs);
     EXPECT_EQ(check.status, 0) << check.output.toStdString();
     EXPECT_FALSE(check.output.contains(u"提示")) << check.output.toStdString();

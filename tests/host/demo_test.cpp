@@ -118,18 +118,4 @@ TEST(DemoTest, NumbersAreUniqueAndGoOnFromTheLast)
     EXPECT_GT(next, u"FY2026110001"_qs);
 }
 
-TEST(DemoTest, ADatabaseInUseIsLeftAlone)
-{
-    const auto connection = Connection::open(u":memory:"_qs);
-    host::DemoOptions small = options(1);
-    small.listings = 0;
-    small.customers = 1;
-    small.followUps = 2;
-    host::writeDemo(*connection, small);
-    EXPECT_THROW(host::writeDemo(*connection, small), Failure);
-    EXPECT_FALSE(connection->inTransaction());
-    EXPECT_EQ(count(*connection, u"fykh"_qs), 1);
-    EXPECT_EQ(count(*connection, u"fygj"_qs), 2);
-}
-
 } // namespace ebtq::test

@@ -56,16 +56,6 @@ const std::vector<CorpusCase> &corpus()
     return cases;
 }
 
-std::string testName(size_t index, const CorpusCase &each)
-{
-    std::string name = std::to_string(index) + '_' + each.name;
-    for (char &c : name) {
-        if (!std::isalnum(static_cast<unsigned char>(c)))
-            c = '_';
-    }
-    return name;
-}
-
 void fillDatabase(Connection &connection)
 {
     install(connection);

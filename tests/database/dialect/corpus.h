@@ -22,9 +22,6 @@ struct CorpusCase
 
 [[nodiscard]] const std::vector<CorpusCase> &corpus();
 
-/// The name of a case in a test's name.
-[[nodiscard]] std::string testName(size_t index, const CorpusCase &each);
-
 /// The schema and the rows of rows.txt.
 void fillDatabase(Connection &connection);
 /// The same in memory.

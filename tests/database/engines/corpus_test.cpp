@@ -8,67 +8,36 @@ namespace ebtq::db::test {
 namespace {
 
 using namespace ebtq::test;
+using CorpusTest = EngineTest;
 
-/// The statements of the corpus and what they must give, on every engine.
-class CorpusTest : public ::testing::TestWithParam<std::tuple<Engine, CorpusCase>>
+void expectOutcome(Connection &connection, const CorpusCase &each)
 {
-protected:
-    /// Every case finds the rows as they were: it runs in a transaction that is rolled back.
-    void SetUp() override
-    {
-        std::unique_ptr<Filled> &filled = s_filled[std::get<Engine>(GetParam())];
-        if (!filled)
-            filled = std::make_unique<Filled>(std::get<Engine>(GetParam()));
-        m_connection = filled->connection.get();
-        m_connection->begin();
-    }
-    void TearDown() override { m_connection->rollback(); }
-    static void TearDownTestSuite() { s_filled.clear(); }
-
-    Connection *m_connection = nullptr;
-
-private:
-    struct Filled
-    {
-        explicit Filled(Engine engine)
-            : database(engine)
-            , connection(database.connect())
-        {
-            fillDatabase(*connection);
+    const std::string failure = messageOf([&] {
+        if (each.changed >= 0 || !each.refusal.isEmpty()) {
+            EXPECT_EQ(connection.execute(each.statement), each.changed);
+            return;
         }
-        EngineDatabase database;
-        std::unique_ptr<Connection> connection;
-    };
-    static inline std::map<Engine, std::unique_ptr<Filled>> s_filled;
-};
+        const RowBlock block = connection.query(each.statement);
+        EXPECT_TRUE(!each.runs || rowTexts(block) == each.rows) << joined(rowTexts(block));
+    });
+    EXPECT_EQ(failure.empty(), each.refusal.isEmpty()) << failure;
+    EXPECT_THAT(failure, HasSubstr(each.refusal.toStdString()));
+}
 
 } // namespace
 
-TEST_P(CorpusTest, GivesWhatItMust)
+TEST_P(CorpusTest, EachStatementGivesWhatItMust)
 {
-    const CorpusCase &each = std::get<CorpusCase>(GetParam());
-    SCOPED_TRACE(each.statement.toStdString());
-    if (!each.refusal.isEmpty()) {
-        EXPECT_THAT(messageOf([&] { m_connection->execute(each.statement); }),
-                    HasSubstr(each.refusal.toStdString()));
-        return;
-    }
-    if (each.changed >= 0) {
-        EXPECT_EQ(m_connection->execute(each.statement), each.changed);
-        return;
-    }
-    const RowBlock block = m_connection->query(each.statement);
-    if (each.runs) {
-        EXPECT_EQ(joined(rowTexts(block)), joined(each.rows));
+    const auto connection = connect();
+    fillDatabase(*connection);
+    for (const CorpusCase &each : corpus()) {
+        SCOPED_TRACE(each.name + '\n' + each.statement.toStdString());
+        connection->begin(); // each finds the rows as they were
+        expectOutcome(*connection, each);
+        connection->rollback();
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CorpusTest,
-                         ::testing::Combine(::testing::Values(Engine::Sqlite, Engine::Postgres),
-                                            ::testing::ValuesIn(corpus())),
-                         [](const auto &each) {
-                             return nameOf(std::get<Engine>(each.param)) + '_' +
-                                    testName(each.index, std::get<CorpusCase>(each.param));
-                         });
+ON_EACH_ENGINE(CorpusTest);
 
 } // namespace ebtq::db::test

@@ -32,21 +32,10 @@ TEST(SqlText, RemembersWhatWasTypedThroughEveryWayOfJoining)
     EXPECT_EQ(marked(filter), u" and A.地区='{天河区}' and 交易状态=''"_qs);
     const SqlText whole = SqlText(u"select 1 where "_qs) + filter.withoutFirst(5) + u" order by 1";
     EXPECT_EQ(marked(whole), u"select 1 where A.地区='{天河区}' and 交易状态='' order by 1"_qs);
-}
-
-TEST(SqlText, CuttingIntoATypedSpanKeepsItsRest)
-{
-    SqlText sql;
-    sql += typed(u"abcdef"_qs);
-    sql += u"x";
-    sql += typed(u"gh"_qs);
-    EXPECT_EQ(marked(sql.withoutFirst(2)), u"{cdef}x{gh}"_qs);
-    EXPECT_EQ(marked(sql.withoutFirst(6)), u"x{gh}"_qs);
-    EXPECT_EQ(marked(sql.withoutFirst(99)), QString());
-}
-
-TEST(SqlText, FillsACheckStatement)
-{
+    const std::pair<qsizetype, QString> cuts[] = {
+        {12, u"{河区}' and 交易状态=''"_qs}, {14, u"' and 交易状态=''"_qs}, {99, {}}};
+    for (const auto &[length, rest] : cuts)
+        EXPECT_EQ(marked(filter.withoutFirst(length)), rest) << length;
     const QString base = u"select * from t where (a='@' or b='@')"_qs;
     EXPECT_EQ(marked(SqlText::filledIn(base, u'@', u"x@y"_qs)),
               u"select * from t where (a='{x@y}' or b='{x@y}')"_qs);
