@@ -92,7 +92,6 @@ private:
     void enableDeletion();
     void move(Mode mode);
     bool save(bool reloads);
-    void readSaved(const QString &key);
     void deletePressed();
     bool deleteRow();
 

@@ -125,7 +125,7 @@ void frmKh::move(Mode mode)
     }
     // Where there is no other row, the saved one is still shown: as it is stored.
     if (read(mode, {}) == Found::Nothing && isSaved && !m_id.isEmpty())
-        readSaved(m_id);
+        read(Last, m_id);
 }
 
 // Saving
@@ -150,15 +150,9 @@ bool frmKh::save(bool reloads)
         ClearForNew();
         qzTxt(Number::BillNumber).SetFocus();
     } else if (reloads) {
-        readSaved(row->key);
+        read(Last, row->key);
     }
     return true;
-}
-
-void frmKh::readSaved(const QString &key)
-{
-    if (read(Last, key) == Found::Nothing)
-        refuse(QStringLiteral("保存之后，这条客源已被他人删除！窗口中仍是刚才保存的内容。"));
 }
 
 QString frmKh::held(const RecordColumn &column) const

@@ -178,7 +178,9 @@ void RecordList::showSaved(const QString &key, bool isNew)
     }
     const int row = isNew ? VS().Row() : rowToRewrite(key);
     const auto saved = openRows(app().Db(), rowStatement(key));
-    if (row >= 0 && !isEmpty(*saved)) {
+    if (isEmpty(*saved)) {
+        raiseError(named(u"这条%1保存之后已被他人删除！"), Refusal, name());
+    } else if (row >= 0) {
         for (const SavedCell &cell : m_records.savedCells)
             VS().setTextMatrix(row, cell.column, NullConv::ToText(saved->Fields(cell.name.toString()).Value));
     }
