@@ -102,7 +102,20 @@ bool CustomerDetail::load(int tab, const QString &id)
 
 bool CustomerDetail::LoadDataMsg(const QString &id)
 {
-    return trapped(u"-->LoadDataMsg::", [&] { return loadFields(requestStatement(id)); });
+    return trapped(u"-->LoadDataMsg::", [&] {
+        if (isThere(id, loadFields(requestStatement(id))))
+            return true;
+        emptyFields();
+        return false;
+    });
+}
+
+/// `found` as it is. Without a current request it is nothing that is missing.
+bool CustomerDetail::isThere(const QString &id, bool found)
+{
+    if (!found && id == currentRecord())
+        Q_EMIT requestGone();
+    return found;
 }
 
 /// A request that cannot be read leaves the listings of the one before.
@@ -110,7 +123,7 @@ bool CustomerDetail::LoadDataFy(const QString &id)
 {
     return trapped({}, [&] {
         const auto customer = openRows(app().Db(), requestStatement(id));
-        return !isEmpty(*customer) &&
+        return isThere(id, !isEmpty(*customer)) &&
                loadGrid(m_listings, matchingListingsStatement(DetailRecord(customer->GetRows())), nullptr);
     });
 }

@@ -18,7 +18,8 @@ public:
 
     /// The grids' columns; part of the module's Init.
     void setUpGrids();
-    /// Fills the fields of the first two tabs, whichever tab is active.
+    /// Fills the fields of the first two tabs, whichever tab is active; empties them when the request is
+    /// gone: nobody is to call another customer.
     bool LoadDataMsg(const QString &id);
     /// Writes a follow-up of the current customer as it was saved: a new one stands at the bottom, as the
     /// current row, until the tab is loaded again, newest first.
@@ -31,12 +32,17 @@ public:
     /// Shows why the matching tab holds these and no others.
     void showReasons() { m_reasons.show(currentRecord()); }
 
+Q_SIGNALS:
+    /// The current row's request is not in the database any more.
+    void requestGone();
+
 protected:
     bool load(int tab, const QString &id) override;
 
 private:
     bool LoadDataFy(const QString &id);
     bool LoadDataGj(const QString &id);
+    bool isThere(const QString &id, bool found);
 
     VSFlexGrid &m_listings;
     VSFlexGrid &m_followUps;

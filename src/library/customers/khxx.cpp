@@ -10,7 +10,12 @@ khxx::khxx(Desktop &desktop)
     : RecordList(QStringLiteral("khxx"), desktop, {QStringLiteral("khxx"), QStringLiteral("Fcxx")},
                  customerList(), customerRecords())
     , m_detail(*this, VS())
-{}
+{
+    connect(&m_detail, &CustomerDetail::requestGone, this, [this] {
+        Q_EMIT Message(QStringLiteral("客源 %1 已被他人删除，刷新后不再列出！")
+                           .arg(VS().TextMatrix(VS().Row(), CustomerCode)));
+    });
+}
 
 khxx::~khxx() = default;
 
@@ -64,7 +69,8 @@ RecordList::Deletion khxx::deletion(const QString &key) const
     return {{from(u"fykh where 客源ID"), from(u"fyxx where 房源ID")}, 0};
 }
 
-/// The tag is the listings'.
+/// The tag is the listings'. A new row became current before it had a key, and another budget has other
+/// matches: the open tab follows.
 void khxx::mFrmKh_ReturnData(const QString &id, bool bNew)
 {
     trapped(u"-->mFrmFx_ReturnData::", [&] {
@@ -72,8 +78,8 @@ void khxx::mFrmKh_ReturnData(const QString &id, bool bNew)
         const QString current = isRowValid() ? keyOf(VS().Row()) : QString();
         if (!current.isEmpty())
             m_detail.LoadDataMsg(current);
-        if (bNew)
-            m_detail.showCurrent(); // its row became current before it had a key
+        if (current.isEmpty() || m_detail.qzVSTabCtl1().ActiveTab() > ContactTab)
+            m_detail.showCurrent();
         return true;
     });
 }

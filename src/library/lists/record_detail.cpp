@@ -122,14 +122,19 @@ QString RecordDetail::currentRecord() const
 
 void RecordDetail::empty()
 {
+    emptyFields();
+    for (VSFlexGrid *grid : m_grids)
+        grid->setRows(grid->FixedRows());
+}
+
+void RecordDetail::emptyFields()
+{
     for (qzTxt_S *field : m_fields) {
         field->setValue({});
         field->setText({});
     }
     for (TextBox *box : m_boxes)
         box->setText({});
-    for (VSFlexGrid *grid : m_grids)
-        grid->setRows(grid->FixedRows());
 }
 
 bool RecordDetail::loadFields(const SqlText &sql)

@@ -113,6 +113,7 @@ protected:
     virtual bool load(int tab, const QString &id) = 0;
     /// Fills the fields and boxes from the only row of a statement; false without a row.
     bool loadFields(const SqlText &sql);
+    void emptyFields();
     /// `layout` is the grid's, restored after the load; nullptr for a grid that stays as it was built.
     bool loadGrid(VSFlexGrid &grid, const SqlText &sql, KeptLayout *layout);
 

@@ -152,6 +152,9 @@ TEST_F(KhxxTest, TheOpenTabShowsTheCurrentCustomer)
     connection->execute(u"delete from fykh where 客源ID='C3'"_qs);
     list.VS().setRow(3);
     EXPECT_EQ(columnText(detail.VsP(), 1), u"FY1 FY2") << "a request that is gone leaves them";
+    EXPECT_EQ(events, QStringList(u"客源 KY3 已被他人删除，刷新后不再列出！"_qs));
+    detail.qzVSTabCtl1().setActiveTab(ContactTab);
+    EXPECT_EQ(detail.field(24).Text() + detail.box(-1).Text(), QString()) << "nobody calls another customer";
 }
 
 TEST_F(KhxxTest, WhatTheEditorsSaveComesBack)
@@ -168,6 +171,11 @@ TEST_F(KhxxTest, WhatTheEditorsSaveComesBack)
               u"求购|有效|KY1|改名|天河区|80-100|0-300|0-0|三房|2026-1-2|营业一部|李强|C1");
     EXPECT_EQ(list.detail().field(9).Text(), u"改名");
 
+    list.detail().qzVSTabCtl1().setActiveTab(MatchingListingsTab);
+    insert({u"fyxx (房源ID,房源编号,总面积,售房价格) values ('L1','FY1',90,200)"});
+    saveName(u"edit"_qs, u"再改"_qs);
+    EXPECT_EQ(columnText(list.detail().VsP(), 1), u"FY1") << "searched again";
+
     list.detail().qzVSTabCtl1().setActiveTab(CustomerFollowUpsTab);
     edit(u"gj"_qs, [&] {
         list.mFrmGj()->Txt().setText(u"一"_qs);
@@ -180,6 +188,12 @@ TEST_F(KhxxTest, WhatTheEditorsSaveComesBack)
     Q_EMIT list.mFrmGj()->ReturnData(followUps.TextMatrix(1, 11), false);
     EXPECT_EQ(columnText(followUps, 2), u"改过");
     EXPECT_EQ(events, QStringList());
+
+    connection->executeNative(
+        "create trigger gone after update of 客户名称 on fykh begin delete from fykh where 客源ID='C1'; end");
+    saveName(u"edit"_qs, u"又改"_qs);
+    EXPECT_EQ(events.value(0), u"这条客源保存之后已被他人删除！|2|khxx");
+    list.VS().setRow(3);
 
     allow(RightEdit, false);
     bool isOpen = true;
