@@ -15,16 +15,8 @@ void follow(const OptionButton &chosen, OptionButton &other)
 } // namespace
 
 OptionButton::OptionButton(const QString &name, int index)
-    : Control(QStringLiteral("OptionButton"), name, index)
+    : TwoState(QStringLiteral("OptionButton"), name, index)
 {}
-
-void OptionButton::setValue(int value)
-{
-    if (m_value == value)
-        return;
-    m_value = value;
-    Q_EMIT Click();
-}
 
 void OptionButton::exclude(OptionButton &other)
 {
