@@ -36,26 +36,14 @@ constexpr NarrowedList buildings{
     .parameter = u"地区",
 };
 
-struct NumberField
+template<class T> struct RowField
 {
-    double clsLpzd::*field;
+    T clsLpzd::*field;
     QStringView column;
 };
-constexpr NumberField numberFields[] = {{&clsLpzd::d管理费, u"管理费"}, {&clsLpzd::d售均价, u"售均价"}};
-
-struct KeyField
-{
-    int clsLpzd::*field;
-    QStringView column;
-};
-constexpr KeyField keyFields[] = {{&clsLpzd::l地区ID, u"地区ID"}, {&clsLpzd::l楼盘ID, u"楼盘ID"}};
-
-struct TextField
-{
-    QString clsLpzd::*field;
-    QStringView column;
-};
-constexpr TextField textFields[] = {
+constexpr RowField<double> numberFields[] = {{&clsLpzd::d管理费, u"管理费"}, {&clsLpzd::d售均价, u"售均价"}};
+constexpr RowField<int> keyFields[] = {{&clsLpzd::l地区ID, u"地区ID"}, {&clsLpzd::l楼盘ID, u"楼盘ID"}};
+constexpr RowField<QString> textFields[] = {
     {&clsLpzd::s备注, u"备注"},         {&clsLpzd::s建房年代, u"建房年代"},
     {&clsLpzd::s楼盘编号, u"楼盘编号"}, {&clsLpzd::s楼盘名称, u"楼盘名称"},
     {&clsLpzd::s拼音缩写, u"拼音缩写"}, {&clsLpzd::s物业类型, u"物业类型"},
