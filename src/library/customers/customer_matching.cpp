@@ -1,17 +1,13 @@
 #include "library/customers/customer_matching.h"
 
-#include "contracts/conversions.h"
+#include "library/frame/statements.h"
+#include "library/matching/match_bounds.h"
 
 namespace ebtq {
 
 namespace {
 
-struct Bound
-{
-    QStringView column;
-    QStringView clause; ///< up to the number
-};
-constexpr Bound bounds[] = {
+constexpr MatchBound bounds[] = {
     {u"楼层1", u" and val(楼层)>="},    {u"楼层2", u" and val(楼层)<="},
     {u"面积1", u" and 总面积>="},       {u"面积2", u" and 总面积<="},
     {u"求购价格1", u" and 售房价格>="}, {u"求购价格2", u" and 售房价格<="},
@@ -22,13 +18,11 @@ constexpr Bound bounds[] = {
 
 SqlText requestStatement(const QString &customer)
 {
-    SqlText sql(
-        QStringLiteral("select A.*,C.mtname as 部门,D.姓名 as 业务员 from ((fykh A left join su_membership B"
-                       " on A.用户ID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID)"
-                       " left join pdmgy D on A.业务员ID=D.雇员ID where 客源ID='"));
-    sql += typed(customer);
-    sql += QStringView(u"'");
-    return sql;
+    return SqlText(QStringLiteral(
+               "select A.*,C.mtname as 部门,D.姓名 as 业务员 from ((fykh A left join su_membership B"
+               " on A.用户ID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID)"
+               " left join pdmgy D on A.业务员ID=D.雇员ID where 客源ID=")) +
+           quoted(customer);
 }
 
 SqlText matchingListingsStatement(const DetailRecord &customer)
@@ -40,13 +34,7 @@ SqlText matchingListingsStatement(const DetailRecord &customer)
         "D.姓名 as 业务员 from ((fyxx A left join su_membership B on A.用户ID=B.userID)"
         " left join su_usertype C on B.UserTypeID=C.mtID) left join pdmgy D on A.业务员ID=D.雇员ID where "
         "1=1"));
-    for (const Bound &bound : bounds) {
-        const double value = customer.number(bound.column);
-        if (!(value > 0))
-            continue;
-        sql += bound.clause;
-        sql += typed(PlainDecimal(value));
-    }
+    addBounds(sql, customer, bounds);
     sql += QStringView(u" order by 房源编号");
     return sql;
 }

@@ -3,6 +3,7 @@
 #include "library/customers/frm_kh.h"
 #include "library/followups/frm_gj.h"
 #include "library/frame/desktop.h"
+#include "library/frame/statements.h"
 
 namespace ebtq {
 
@@ -63,8 +64,7 @@ void khxx::openFollowUpEditor(HostApp &host, const QString &owner)
 RecordList::Deletion khxx::deletion(const QString &key) const
 {
     const auto from = [&](QStringView tableAndColumn) {
-        return SqlText(QStringLiteral(" Delete from %1='").arg(tableAndColumn)) + typed(key) +
-               QStringLiteral("'");
+        return SqlText(QStringLiteral(" Delete from %1=").arg(tableAndColumn)) + quoted(key);
     };
     return {{from(u"fykh where 客源ID"), from(u"fyxx where 房源ID")}, 0};
 }

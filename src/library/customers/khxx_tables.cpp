@@ -1,5 +1,6 @@
 #include "library/customers/khxx_tables.h"
 
+#include "library/frame/statements.h"
 #include "library/lists/common_tables.h"
 
 namespace ebtq {
@@ -10,24 +11,11 @@ using namespace CustomerFilter;
 
 constexpr FilterField fields[] = {
     districtFilter(District),
-    {.number = Rooms,
-     .caption = u"房型",
-     .lookUp = {.kind = LookUp::HostList,
-                .name = u"gy_fx",
-                .valueColumn = u"房型编号",
-                .textColumn = u"房型名称",
-                .statement = u"select 房型编号,房型名称,房间数,客厅数,卫生间数,阳台数 from pdmfx where "
-                             u"(房型编号='@' or 房型名称='@')"}},
+    {.number = Rooms, .caption = u"房型", .lookUp = houseTypeLookUp},
     {.number = State, .caption = u"状态", .lookUp = {.kind = LookUp::InlineList, .name = u"|有效;0|失效;1"}},
     departmentFilter(Department, u"  部门"),
     agentFilter(Agent),
-    {.number = Grade,
-     .caption = u"等级",
-     .lookUp = {.kind = LookUp::HostList,
-                .name = u"gy_sjzd_wtdj",
-                .valueColumn = u"代码",
-                .textColumn = u"名称",
-                .dictionary = u"委托等级"}},
+    {.number = Grade, .caption = u"等级", .lookUp = dictionaryLookUp(u"gy_sjzd_wtdj", u"委托等级")},
 };
 
 using enum FilterClause::Kind;
@@ -124,8 +112,7 @@ SqlText customerStatement(const SqlText &where)
 
 SqlText customerRowStatement(const QString &customer)
 {
-    return customerSelect(u" as 方式1", u" as 状态1") + QStringLiteral(" where 客源ID='") + typed(customer) +
-           QStringLiteral("'");
+    return customerSelect(u" as 方式1", u" as 状态1") + QStringLiteral(" where 客源ID=") + quoted(customer);
 }
 
 } // namespace ebtq

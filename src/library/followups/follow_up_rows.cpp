@@ -25,16 +25,15 @@ constexpr QStringView tables = u" from ((fygj A left join su_membership B on A.�
                                u" left join su_usertype C on B.UserTypeID=C.mtID)"
                                u" left join pdmgy D on A.业务员ID=D.雇员ID";
 
+constexpr QStringView newestFirst = u" order by 操作日期 desc";
+
 SqlText rowStatement(const QString &followUp)
 {
     SqlText sql(
         QStringLiteral("select 操作日期,跟进内容,C.mtname as 部门,D.姓名 as 业务员,跟进ID,下次提醒,提醒日期,"
                        "提醒范围,提醒内容,处理结果,处理日期"));
     sql += tables;
-    sql += QStringView(u" where 跟进ID='");
-    sql += typed(followUp);
-    sql += QStringView(u"' order by 操作日期 desc");
-    return sql;
+    return sql + QStringView(u" where 跟进ID=") + quoted(followUp) + newestFirst;
 }
 
 void showRange(VSFlexGrid &grid, int row, const QVariant &range)
@@ -67,12 +66,8 @@ SqlText followUpSource()
 
 SqlText followUpsOf(const QString &owner)
 {
-    SqlText sql(QStringLiteral("select"));
-    sql += followUpSource();
-    sql += QStringView(u" where 房源ID='");
-    sql += typed(owner);
-    sql += QStringView(u"' order by 操作日期 desc");
-    return sql;
+    return SqlText(QStringLiteral("select")) + followUpSource() + QStringView(u" where 房源ID=") +
+           quoted(owner) + newestFirst;
 }
 
 void showFollowUp(HostDb &db, VSFlexGrid &grid, int row, const QString &followUp)

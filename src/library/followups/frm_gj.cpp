@@ -141,12 +141,12 @@ void FrmGj::NewRecord()
 /// database's message and no form, so that nothing can be saved over the row.
 void FrmGj::LoadData()
 {
-    SqlText sql(QStringLiteral("select A.*,C.mtname as 部门,B.username as 制单人,D.姓名 as 业务员"
+    const SqlText sql =
+        SqlText(QStringLiteral("select A.*,C.mtname as 部门,B.username as 制单人,D.姓名 as 业务员"
                                " from (fygj A left join su_membership B on A.用户ID=B.userID)"
                                " left join su_usertype C on B.UserTypeID=C.mtID"
-                               " left join pdmgy D on A.业务员ID=D.雇员ID where 跟进ID='"));
-    sql += typed(m_id);
-    sql += QStringView(u"'");
+                               " left join pdmgy D on A.业务员ID=D.雇员ID where 跟进ID=")) +
+        quoted(m_id);
     const auto rows = openRows(app().Db(), sql);
     if (!isEmpty(*rows))
         showRow(*rows);

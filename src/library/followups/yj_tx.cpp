@@ -2,6 +2,7 @@
 
 #include "database/values/date_text.h"
 #include "library/followups/follow_up_rows.h"
+#include "library/frame/statements.h"
 
 namespace ebtq {
 
@@ -51,9 +52,9 @@ SqlText YjTx::statement()
     sql += followUpSource();
     sql += QStringLiteral(" where 下次提醒=1 and 提醒日期=#%1# and 处理结果=''")
                .arg(regionalDate(session.LoginDate()));
-    sql += QStringView(u" and 用户ID in(iif(提醒范围=0 or 提醒范围 is null,'");
-    sql += typed(withoutBraces(session.UserID()));
-    sql += QStringView(u"',用户ID)) order by 操作日期 desc");
+    sql += QStringView(u" and 用户ID in(iif(提醒范围=0 or 提醒范围 is null,");
+    sql += quoted(withoutBraces(session.UserID()));
+    sql += QStringView(u",用户ID)) order by 操作日期 desc");
     return sql;
 }
 

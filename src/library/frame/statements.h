@@ -22,6 +22,12 @@ std::unique_ptr<HostQuery> executeStatement(HostDb &db, const SqlText &sql);
 /// The first column of the first row; invalid without a row.
 [[nodiscard]] QVariant singleValue(HostDb &db, const SqlText &sql);
 
+/// A value as a text literal of a statement.
+[[nodiscard]] inline SqlText quoted(const QString &value)
+{
+    return SqlText(QStringLiteral("'")) + typed(value) + QStringLiteral("'");
+}
+
 [[nodiscard]] inline bool isEmpty(const Recordset &rows)
 {
     return rows.Bof() && rows.Eof();

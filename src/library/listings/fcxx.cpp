@@ -4,6 +4,7 @@
 #include "database/values/number_text.h"
 #include "library/followups/frm_gj.h"
 #include "library/frame/desktop.h"
+#include "library/frame/statements.h"
 #include "library/listings/fcxx_tables.h"
 #include "library/listings/frm_fx.h"
 
@@ -18,8 +19,7 @@ QString attachmentIcon()
 
 SqlText deletionFrom(const QString &table, const QString &listing)
 {
-    return SqlText(QStringLiteral(" Delete from %1 where 房源ID='").arg(table)) + typed(listing) +
-           QStringLiteral("'");
+    return SqlText(QStringLiteral(" Delete from %1 where 房源ID=").arg(table)) + quoted(listing);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "library/listings/fcxx_tables.h"
 
+#include "library/frame/statements.h"
 #include "library/lists/common_tables.h"
 
 namespace ebtq {
@@ -19,13 +20,7 @@ constexpr FilterField fields[] = {
                 .statement = u"select 房型编号,房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & 阳台数 as "
                              u"房型名称,房间数,客厅数,卫生间数,阳台数 from pdmfx where (房型编号='@' or "
                              u"房间数 & '-' & 客厅数 & '-' & 卫生间数 & '-' & 阳台数='@')"}},
-    {.number = State,
-     .caption = u"状态",
-     .lookUp = {.kind = LookUp::HostList,
-                .name = u"gy_sjzd_zt",
-                .valueColumn = u"代码",
-                .textColumn = u"名称",
-                .dictionary = u"交易状态"}},
+    {.number = State, .caption = u"状态", .lookUp = dictionaryLookUp(u"gy_sjzd_zt", u"交易状态")},
     departmentFilter(Department, u"部门"),
     agentFilter(Agent),
     {.number = Building,
@@ -137,8 +132,7 @@ SqlText listingStatement(int moduleId, const SqlText &where)
 
 SqlText listingRowStatement(int moduleId, const QString &listing)
 {
-    return listingSelect(moduleId, u" as 楼层1") + QStringLiteral(" where 房源ID='") + typed(listing) +
-           QStringLiteral("'");
+    return listingSelect(moduleId, u" as 楼层1") + QStringLiteral(" where 房源ID=") + quoted(listing);
 }
 
 } // namespace ebtq

@@ -98,13 +98,13 @@ bool FrmFx::NewRecord()
 bool FrmFx::LoadData()
 {
     return trapped(u"-->LoadData::", [this] {
-        SqlText sql(QStringLiteral("select A.*,C.mtname as 部门名称,D.姓名 as 业务员 from ((fyxx A left join "
+        const SqlText sql =
+            SqlText(QStringLiteral("select A.*,C.mtname as 部门名称,D.姓名 as 业务员 from ((fyxx A left join "
                                    "su_membership B on A.用户ID=B.userID)"
                                    " left join su_usertype C on B.UserTypeID=C.mtID)"
                                    " left join pdmgy D on A.业务员ID=D.雇员ID"
-                                   " where 房源ID='"));
-        sql += typed(m_id);
-        sql += QStringView(u"'");
+                                   " where 房源ID=")) +
+            quoted(m_id);
         const auto rows = openRows(app().Db(), sql);
         if (!isEmpty(*rows))
             takeRow(*rows);

@@ -110,9 +110,9 @@ void FrmFx::picked(int number, const HostPicker &picker)
 
 void FrmFx::fillFromHouseType(const QVariant &value, QString &text)
 {
-    SqlText sql(QStringLiteral("select 房间数,客厅数,卫生间数,阳台数 from pdmfx where 房型编号='"));
-    sql += typed(NullConv::ToText(value));
-    sql += QStringView(u"'");
+    const SqlText sql =
+        SqlText(QStringLiteral("select 房间数,客厅数,卫生间数,阳台数 from pdmfx where 房型编号=")) +
+        quoted(NullConv::ToText(value));
     const auto rows = openRows(app().Db(), sql);
     if (isEmpty(*rows))
         return;
@@ -128,9 +128,9 @@ void FrmFx::fillFromHouseType(const QVariant &value, QString &text)
 
 void FrmFx::fillFromPropertyRight(const QVariant &value)
 {
-    SqlText sql(QStringLiteral("select 证件名称,付款方式,付佣金方式 from pdmcq where 产权编号='"));
-    sql += typed(NullConv::ToText(value));
-    sql += QStringView(u"'");
+    const SqlText sql =
+        SqlText(QStringLiteral("select 证件名称,付款方式,付佣金方式 from pdmcq where 产权编号=")) +
+        quoted(NullConv::ToText(value));
     const auto rows = openRows(app().Db(), sql);
     if (isEmpty(*rows))
         return;

@@ -39,34 +39,30 @@ DetailTables tables()
 
 SqlText recordStatement(const QString &id)
 {
-    SqlText sql(QStringLiteral("select A.*,C.mtname as 部门名称,B.username as 业务员 from (fyxx A left join "
-                               "su_membership B on A.用户ID=B.userID) left join su_usertype C on "
-                               "B.UserTypeID=C.mtID where 房源ID='"));
-    sql += typed(id);
-    sql += QStringView(u"'");
-    return sql;
+    return SqlText(
+               QStringLiteral("select A.*,C.mtname as 部门名称,B.username as 业务员 from (fyxx A left join "
+                              "su_membership B on A.用户ID=B.userID) left join su_usertype C on "
+                              "B.UserTypeID=C.mtID where 房源ID=")) +
+           quoted(id);
 }
 
 /// The agent is the user who wrote it, unlike where follow-ups are listed by themselves.
 SqlText followUpsStatement(const QString &id)
 {
-    SqlText sql(QStringLiteral(
-        "select 操作日期,跟进内容,C.mtname as 部门,B.username as 业务员,iif(下次提醒=1,'是','否'),提醒日期,"
-        "iif(提醒范围=0 or 提醒范围 is null,'本人',iif(提醒范围=1,'本部','全部')),提醒内容,处理结果,处理日期,"
-        "跟进ID from (fygj A left join su_membership B on A.用户ID=B.userID)"
-        " left join su_usertype C on B.UserTypeID=C.mtID where 房源ID='"));
-    sql += typed(id);
-    sql += QStringView(u"' order by 操作日期 desc");
-    return sql;
+    return SqlText(QStringLiteral("select 操作日期,跟进内容,C.mtname as 部门,B.username as "
+                                  "业务员,iif(下次提醒=1,'是','否'),提醒日期,"
+                                  "iif(提醒范围=0 or 提醒范围 is "
+                                  "null,'本人',iif(提醒范围=1,'本部','全部')),提醒内容,处理结果,处理日期,"
+                                  "跟进ID from (fygj A left join su_membership B on A.用户ID=B.userID)"
+                                  " left join su_usertype C on B.UserTypeID=C.mtID where 房源ID=")) +
+           quoted(id) + QStringView(u" order by 操作日期 desc");
 }
 
 SqlText pictureCountStatement(const QString &id)
 {
-    SqlText sql(
-        QStringLiteral("select count(rowindex) from pubAttach where isActive=1 and isPicture=1 and ids='"));
-    sql += typed(id);
-    sql += QStringView(u"'");
-    return sql;
+    return SqlText(QStringLiteral(
+               "select count(rowindex) from pubAttach where isActive=1 and isPicture=1 and ids=")) +
+           quoted(id);
 }
 
 } // namespace

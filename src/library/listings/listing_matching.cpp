@@ -1,38 +1,32 @@
 #include "library/listings/listing_matching.h"
 
-#include "contracts/conversions.h"
+#include "library/frame/statements.h"
+#include "library/matching/match_bounds.h"
 
 namespace ebtq {
 
 namespace {
 
-struct Measure
-{
-    QStringView listingColumn;
-    QStringView lowerBound; ///< of the customer, as it stands in front of the number
-    QStringView upperBound;
-};
-constexpr Measure measures[] = {
-    {u"楼层", u" and 楼层1<=", u" and 楼层2>="},
-    {u"总面积", u" and 面积1<=", u" and 面积2>="},
-    {u"售房价格", u" and 求购价格1<=", u" and 求购价格2>="},
-    {u"租房价格", u" and 求租价格1<=", u" and 求租价格2>="},
+constexpr MatchBound bounds[] = {
+    {u"楼层", u" and 楼层1<="},         {u"楼层", u" and 楼层2>="},
+    {u"总面积", u" and 面积1<="},       {u"总面积", u" and 面积2>="},
+    {u"售房价格", u" and 求购价格1<="}, {u"售房价格", u" and 求购价格2>="},
+    {u"租房价格", u" and 求租价格1<="}, {u"租房价格", u" and 求租价格2>="},
 };
 
 } // namespace
 
 SqlText measuresStatement(const QString &listing)
 {
-    SqlText sql(QStringLiteral(
-        "select '【' & 楼盘字典 & 栋座位置 & 房号 & '】' & 房型_房 & '房' as A0,"
-        " iif(instr(1,交易方式,'售')>0,' 售' & 售房价格 & '万元','') &"
-        " iif(instr(1,交易方式,'租')>0,' 租' & 租房价格 & '元/月','') as A1,"
-        "业主 & ' ' & A.手机 as A2,A.备注 as A3,C.mtname & ' ' & B.username & '[' & 委托日期 &'委托]' as A4,"
-        "楼层,总面积,售房价格,租房价格 from (fyxx A left join su_membership B on A.用户ID=B.userID)"
-        " left join su_usertype C on B.UserTypeID=C.mtID where 房源ID='"));
-    sql += typed(listing);
-    sql += QStringView(u"'");
-    return sql;
+    return SqlText(QStringLiteral(
+               "select '【' & 楼盘字典 & 栋座位置 & 房号 & '】' & 房型_房 & '房' as A0,"
+               " iif(instr(1,交易方式,'售')>0,' 售' & 售房价格 & '万元','') &"
+               " iif(instr(1,交易方式,'租')>0,' 租' & 租房价格 & '元/月','') as A1,"
+               "业主 & ' ' & A.手机 as A2,A.备注 as A3,C.mtname & ' ' & B.username & '[' & 委托日期 &'委托]' "
+               "as A4,"
+               "楼层,总面积,售房价格,租房价格 from (fyxx A left join su_membership B on A.用户ID=B.userID)"
+               " left join su_usertype C on B.UserTypeID=C.mtID where 房源ID=")) +
+           quoted(listing);
 }
 
 SqlText matchingCustomersStatement(const DetailRecord &listing)
@@ -44,15 +38,7 @@ SqlText matchingCustomersStatement(const DetailRecord &listing)
         "求租价格1 & '-' & 求租价格2 as 需求租价格,需求户型 as  需求房型,委托日期,C.mtname as 部门,"
         "B.username as 业务员 from (fykh A left join su_membership B on A.用户ID=B.userID)"
         " left join su_usertype C on B.UserTypeID=C.mtID where 1=1"));
-    for (const Measure &measure : measures) {
-        const double value = listing.number(measure.listingColumn);
-        if (!(value > 0))
-            continue;
-        for (const QStringView bound : {measure.lowerBound, measure.upperBound}) {
-            sql += bound;
-            sql += typed(PlainDecimal(value));
-        }
-    }
+    addBounds(sql, listing, bounds);
     sql += QStringView(u" order by 客源编号");
     return sql;
 }

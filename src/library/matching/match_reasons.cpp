@@ -116,10 +116,9 @@ void MatchReasons::show(const QString &id)
 bool MatchReasons::read(const QString &id)
 {
     const Direction &direction = directionOf(m_of);
-    SqlText sql(QStringLiteral("select * from %1 where %2='").arg(direction.ownTable, direction.ownKey));
-    sql += typed(id);
-    sql += QStringView(u"'");
-    const auto rows = openRows(app().Db(), sql);
+    const QString select = QStringLiteral("select * from %1 where %2=");
+    const auto rows =
+        openRows(app().Db(), SqlText(select.arg(direction.ownTable, direction.ownKey)) + quoted(id));
     if (isEmpty(*rows)) {
         desktop().messageBox(id.isEmpty() ? QStringLiteral("请先在列表中选择一条记录！")
                                           : QStringLiteral("这条记录已被他人删除，请刷新列表！"),

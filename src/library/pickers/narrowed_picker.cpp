@@ -2,6 +2,7 @@
 
 #include "contracts/conversions.h"
 #include "contracts/null_conv.h"
+#include "library/frame/statements.h"
 
 namespace ebtq {
 
@@ -82,9 +83,8 @@ SqlText NarrowedPicker::checkStatement(const QString &typedText) const
     sql += whereAnyEquals(m_list.matches.toString().split(u','), typedText);
     const QString owner = parameters().text(ownerParameter());
     if (isLocked() && !owner.isEmpty()) {
-        sql += QStringLiteral(" and %1='").arg(m_list.ownerName);
-        sql += typed(owner);
-        sql += QStringView(u"'");
+        sql += QStringLiteral(" and %1=").arg(m_list.ownerName);
+        sql += quoted(owner);
     }
     return sql;
 }

@@ -28,9 +28,8 @@ SqlText whereAnyEquals(const QStringList &columns, const QString &typedText)
     for (const QString &column : columns) {
         where += where.isEmpty() ? QStringView(u" Where (") : QStringView(u" OR ");
         where += column;
-        where += QStringView(u"='");
-        where += typed(typedText);
-        where += QStringView(u"'");
+        where += QStringView(u"=");
+        where += quoted(typedText);
     }
     where += QStringView(u")");
     return where;

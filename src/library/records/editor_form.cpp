@@ -204,10 +204,10 @@ void EditorForm::showAuthor(qzTxt_S &author)
 
 void EditorForm::showDepartment(qzTxt_S &department, const qzTxt_S &author)
 {
-    SqlText sql(QStringLiteral("select mtname from su_usertype where mtID in(select usertypeID from "
-                               "su_membership where userID='"));
-    sql += typed(author.Tag());
-    sql += QStringView(u"')");
+    const SqlText sql =
+        SqlText(QStringLiteral("select mtname from su_usertype where mtID in(select usertypeID from "
+                               "su_membership where userID=")) +
+        quoted(author.Tag()) + QStringView(u")");
     department.setText(NullConv::ToText(singleValue(app().Db(), sql)));
 }
 

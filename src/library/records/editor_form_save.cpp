@@ -127,8 +127,8 @@ bool EditorForm::isStillFree(const NumberRule &rule)
         return false;
     return !singleValue(
                 app().Db(),
-                SqlText(QStringLiteral("select %1 from %2 where %1='").arg(rule.column, m_record.table)) +
-                    typed(m_taken->number) + QStringLiteral("'"))
+                SqlText(QStringLiteral("select %1 from %2 where %1=").arg(rule.column, m_record.table)) +
+                    quoted(m_taken->number))
                 .isValid();
 }
 

@@ -4,6 +4,7 @@
 #include "contracts/host_contracts.h"
 #include "contracts/null_conv.h"
 #include "database/values/date_text.h"
+#include "library/frame/statements.h"
 
 namespace ebtq {
 
@@ -19,8 +20,9 @@ SqlText literal(const RecordColumn &column, const QString &text)
     if (column.saved == Saved::Number)
         return PlainDecimal(Val(text));
     const bool isTrimmed = column.saved == Saved::Text || column.saved == Saved::TrimmedDate;
-    const QString mark = isDate(column.saved) ? QStringLiteral("#") : QStringLiteral("'");
-    return SqlText(mark) + typed(isTrimmed ? Trim(text) : text) + mark;
+    const QString value = isTrimmed ? Trim(text) : text;
+    const QString mark = QStringLiteral("#");
+    return isDate(column.saved) ? SqlText(mark) + typed(value) + mark : quoted(value);
 }
 
 } // namespace
@@ -28,9 +30,7 @@ SqlText literal(const RecordColumn &column, const QString &text)
 SqlText insertStatement(const RecordTable &record, const QString &key, const HeldText &held)
 {
     QString columns = QStringLiteral("insert into %1(%2").arg(record.table, record.key);
-    SqlText values(QStringLiteral(")values('"));
-    values += typed(key);
-    values += QStringView(u"'");
+    SqlText values = SqlText(QStringLiteral(")values(")) + quoted(key);
     for (const RecordColumn &column : record.insert) {
         if (column.saved == Saved::Not)
             continue;
@@ -60,7 +60,7 @@ SqlText updateStatement(const RecordTable &record, const QString &key, const Hel
 
 SqlText whereKey(const RecordTable &record, const QString &key)
 {
-    return SqlText(QStringLiteral(" where %1='").arg(record.key)) + typed(key) + QStringLiteral("'");
+    return SqlText(QStringLiteral(" where %1=").arg(record.key)) + quoted(key);
 }
 
 QString loadedText(const RecordColumn &column, const Recordset &row)
