@@ -169,8 +169,11 @@ TEST_F(FrmFxLookupTest, HouseTypeAndPropertyRightFillTheirFields)
         EXPECT_TRUE(enter(Orientation, u"O'Hara"_qs)) << "the save refuses it";
         EXPECT_FALSE(enter(Deal, u"送"_qs)) << "the one field that must be known";
         EXPECT_EQ(text(Deal), u"送");
+        fill(form, required + u",17 南"_qs);
+        save({Desktop::Answer::No});
     });
-    EXPECT_EQ(events, QStringList());
+    EXPECT_EQ(stored(u"房型_房"_qs), u"5") << "the number of a house type that no list knows";
+    EXPECT_EQ(events, u"new closed"_qs.split(u' '));
 }
 
 TEST_F(FrmFxLookupTest, UnitPricesFollowAreaAndPrices)
