@@ -3,7 +3,6 @@
 #include "support/engine_database.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace ebtq::test {
 

@@ -6,7 +6,6 @@
 #include "support/messages.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <set>
 #include <thread>

@@ -21,7 +21,6 @@
 #include <QVBoxLayout>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace ebtq::shell {
 namespace {

@@ -54,7 +54,7 @@ host::Panel districts()
     return panel;
 }
 
-/// Shows the panel, sends the keys one event at a time and gives what was chosen.
+/// One event.
 struct Key
 {
     Qt::Key key;

@@ -8,7 +8,6 @@
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -36,13 +35,11 @@ protected:
 
 TEST_F(SignInTest, SaysWhatToDoAboutADatabaseThatCannotBeUsed)
 {
-    const auto opening = [this](const char *name) {
-        return messageOf([&] { (void)openDatabase(file(name)); });
-    };
-    EXPECT_THAT(opening("missing.db"), HasSubstr("ebtq-admin init"));
-    EXPECT_FALSE(QFile::exists(file("missing.db"))) << "looking must not make one";
-    (void)db::Connection::open(file("other.db"), db::Connection::Missing::IsCreated);
-    EXPECT_THAT(opening("other.db"), HasSubstr("尚未初始化"));
+    const auto opening = [this] { return messageOf([&] { (void)openDatabase(file("a.db")); }); };
+    EXPECT_THAT(opening(), HasSubstr("ebtq-admin init"));
+    EXPECT_FALSE(QFile::exists(file("a.db"))) << "looking must not make one";
+    (void)db::Connection::open(file("a.db"), db::Connection::Missing::IsCreated);
+    EXPECT_THAT(opening(), HasSubstr("尚未初始化"));
 }
 
 TEST_F(SignInTest, APasswordInTheEnvironmentAsksNobody)

@@ -17,7 +17,6 @@ public:
     AsNobody(const AsNobody &) = delete;
     AsNobody &operator=(const AsNobody &) = delete;
     ~AsNobody() { EXPECT_TRUE(!m_isRoot || (setresuid(0, 0, 0) == 0 && setgroups(0, nullptr) == 0)); }
-    [[nodiscard]] bool wasRoot() const { return m_isRoot; }
 
 private:
     bool m_isRoot;

@@ -173,9 +173,9 @@ TEST_F(FieldViewTest, KeysAndArrowAskForHelpAtTheFieldsCorner)
     const QPoint corner = field.mapToGlobal(QPoint(0, field.height()));
     QTest::keyClick(&field, Qt::Key_F4);
     QTest::keyClick(&field, Qt::Key_Down, Qt::AltModifier);
-    const auto *arrow = field.findChild<QToolButton *>();
+    auto *arrow = field.findChild<QToolButton *>();
     ASSERT_TRUE(arrow);
-    QTest::mouseClick(const_cast<QToolButton *>(arrow), Qt::LeftButton);
+    QTest::mouseClick(arrow, Qt::LeftButton);
     settle();
     EXPECT_EQ(helpAt, QList<QPoint>({corner, corner, corner}));
     EXPECT_EQ(field.text(), helpText);
@@ -199,8 +199,7 @@ TEST_F(FieldViewTest, TheContextMenuOffersTheChoiceWhereTheFieldSaysSo)
         QApplication::sendEvent(&field, &click);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         ASSERT_TRUE(menu);
-        QAction *top = menu->actions().constFirst();
-        EXPECT_EQ(top->text().startsWith(u"选择(&L)…"_qs), offered);
+        EXPECT_EQ(menu->actions().constFirst()->text().startsWith(u"选择(&L)…"_qs), offered);
         if (offered)
             QTest::keyClick(menu, Qt::Key_L);
         menu->close();

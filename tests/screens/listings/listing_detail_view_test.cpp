@@ -69,18 +69,13 @@ TEST_F(ListingDetailViewTest, EachFieldStandsOnItsTabWithItsValue)
 TEST_F(ListingDetailViewTest, AFieldThatIsTooShortShowsItsTextUnderTheMouse)
 {
     auto &field = child<QLineEdit>(u"qzFcTxt_41"_qs);
-    const QString characters = u"水电气网"_qs.repeated(30);
-    const std::pair<QString, QString> texts[] = {
-        {u"水电"_qs, {}},
-        {characters, characters},
-        {u"<b>水电</b>"_qs + characters, Qt::convertFromPlainText(u"<b>水电</b>"_qs + characters)}};
     detail.qzVSTabCtl1().setActiveTab(ListingTab);
-    for (const auto &[text, tip] : texts) {
+    for (const QString &text : {u"水电"_qs, u"<b>水电</b>"_qs + u"水电气网"_qs.repeated(30)}) {
         detail.qzFcTxt(41).setText(text);
         QToolTip::hideText();
         QHelpEvent event(QEvent::ToolTip, {5, 5}, field.mapToGlobal(QPoint(5, 5)));
         QApplication::sendEvent(&field, &event);
-        EXPECT_EQ(QToolTip::text(), tip);
+        EXPECT_EQ(QToolTip::text(), text.size() < 5 ? QString() : Qt::convertFromPlainText(text));
         EXPECT_EQ(field.cursorPosition(), 0) << "its beginning is seen";
     }
     QToolTip::hideText();

@@ -84,12 +84,7 @@ public:
             edit(settings);
         return static_cast<bool>(edit);
     }
-    void preview(PrintRun &run) override
-    {
-        asked.append(u"preview %1"_qs.arg(run.printout()->pageCount()));
-        if (inPreview)
-            inPreview(run);
-    }
+    void preview(PrintRun &run) override { asked.append(u"preview %1"_qs.arg(run.printout()->pageCount())); }
     bool goOn(const QString &, int done, int total) override
     {
         isCounting = done != total;
@@ -101,7 +96,6 @@ public:
     int page = 0; ///< the only one that the person wants printed
     QString pdf;
     std::function<void(PrintSettings &)> edit;
-    std::function<void(PrintRun &)> inPreview;
     int stopAt = INT_MAX;
     bool isCounting = false;
     QStringList asked;
