@@ -2,6 +2,7 @@
 
 #include "shell/module_events.h"
 
+#include <QAbstractItemView>
 #include <QDir>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
@@ -74,12 +75,12 @@ void ModulePage::make()
 void ModulePage::bindEvents()
 {
     m_events = std::make_unique<ModuleEvents>(*m_module);
-    connect(m_events.get(), &ModuleEvents::Message, this, [this](const QString &text) {
-        m_status = text;
-        Q_EMIT message();
-    });
+    connect(m_events.get(), &ModuleEvents::Message, this, &ModulePage::setStatus);
     connect(m_events.get(), &ModuleEvents::ErrMessage, this, &ModulePage::errMessage);
-    connect(m_events.get(), &ModuleEvents::RefreshGetGridStatus, this, &ModulePage::restoreLayout);
+    connect(m_events.get(), &ModuleEvents::RefreshGetGridStatus, this, [this] {
+        setStatus({}); // that of the rows before
+        restoreLayout();
+    });
     connect(m_events.get(), &ModuleEvents::UnLoad, this, [this](const bool &close) {
         if (close)
             QMetaObject::invokeMethod(this, &ModulePage::closeRequested, Qt::QueuedConnection);
@@ -90,6 +91,33 @@ void ModulePage::showView()
 {
     layout()->addWidget(m_view.get());
     setFocusProxy(m_view.get());
+    followRows();
+}
+
+void ModulePage::followRows()
+{
+    const QObject *grid = m_report->IReportUI_oTable();
+    const auto *view =
+        grid ? m_view->findChild<QAbstractItemView *>(grid->property("Name").toString()) : nullptr;
+    if (!view)
+        return;
+    m_rows = view->model();
+    for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(m_rows, change, this, &ModulePage::message);
+    connect(m_rows, &QAbstractItemModel::modelReset, this, &ModulePage::message);
+}
+
+/// None is no number to tell: the load may have failed.
+QString ModulePage::shownRows() const
+{
+    const int count = m_rows ? m_rows->rowCount() : 0;
+    return count > 0 ? QStringLiteral("共 %1 条").arg(count) : QString();
+}
+
+void ModulePage::setStatus(const QString &text)
+{
+    m_status = text;
+    Q_EMIT message();
 }
 
 void ModulePage::refresh()
@@ -119,6 +147,9 @@ QString ModulePage::layoutFile() const
 
 void ModulePage::shut()
 {
+    if (m_rows) // a list is emptied at its end, when the window may be gone
+        m_rows->disconnect(this);
+    m_rows = nullptr;
     if (m_report) {
         if (m_isReady) // else the layout that the person left would be lost
             guarded([this] { m_report->IReportUI_DoSaveFormStatus(layoutFile()); });

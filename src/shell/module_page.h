@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class QAbstractItemModel;
+
 namespace ebtq::shell {
 
 class ModuleEvents;
@@ -30,8 +32,8 @@ public:
     /// nothing to be shown or the module could not be initialised; one whose first load failed is shown with
     /// what it has.
     bool open();
-    /// The module's last message.
-    [[nodiscard]] const QString &status() const { return m_status; }
+    /// The module's last message; of a list that says nothing after a load, how many rows it shows.
+    [[nodiscard]] QString status() const { return m_status.isEmpty() ? shownRows() : m_status; }
     /// Loads the module again.
     void refresh();
     /// Saves the layout and ends the module: the view first, since it looks at the module. May be called
@@ -50,6 +52,9 @@ private:
     void initialise();
     void bindEvents();
     void showView();
+    void followRows();
+    [[nodiscard]] QString shownRows() const;
+    void setStatus(const QString &text);
     void restoreLayout();
     [[nodiscard]] QString layoutFile() const;
     template<class Call> bool guarded(Call call);
@@ -61,6 +66,7 @@ private:
     IReportUI *m_report = nullptr; ///< the module by its contract
     std::unique_ptr<ModuleEvents> m_events;
     std::unique_ptr<QWidget> m_view;
+    QAbstractItemModel *m_rows = nullptr; ///< of the module's grid in its view
     QString m_status;
     bool m_isReady = false;
     bool m_restoring = false;

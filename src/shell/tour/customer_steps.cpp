@@ -5,6 +5,7 @@
 #include "shell/tour/tour.h"
 
 #include <QAbstractItemModel>
+#include <QLabel>
 #include <QTableView>
 
 #include <algorithm>
@@ -39,7 +40,11 @@ void open(Tour &tour)
 
 void seeList(Tour &tour)
 {
-    Tour::expect(rowsShown(tour, QStringLiteral("VS")) == stored(tour, {}), QStringLiteral("应列出全部客源"));
+    const qsizetype all = stored(tour, {});
+    Tour::expect(rowsShown(tour, QStringLiteral("VS")) == all, QStringLiteral("应列出全部客源"));
+    Tour::expect(tour.person().see<QLabel>(QStringLiteral("StatusMessage")).text() ==
+                     QStringLiteral("共 %1 条").arg(all),
+                 QStringLiteral("状态应为行数"));
 }
 
 void goToNextTab(Tour &tour)
