@@ -177,16 +177,19 @@ TEST_F(KhxxTest, WhatTheEditorsSaveComesBack)
     EXPECT_EQ(columnText(list.detail().VsP(), 1), u"FY1") << "searched again";
 
     list.detail().qzVSTabCtl1().setActiveTab(CustomerFollowUpsTab);
-    edit(u"gj"_qs, [&] {
-        list.mFrmGj()->Txt().setText(u"一"_qs);
-        list.mFrmGj()->Cmd(0).press();
-    });
+    for (const QString &text : {u"一"_qs, u"二"_qs}) {
+        edit(u"gj"_qs, [&] {
+            list.mFrmGj()->Txt().setText(text);
+            list.mFrmGj()->Cmd(0).press();
+        });
+    }
     VSFlexGrid &followUps = list.detail().VsGj();
-    EXPECT_EQ(columnText(followUps, 2), u"一");
-    EXPECT_EQ(rows(u"select 房源ID from fygj where 房源ID='C1'"_qs).rowCount(), 1);
-    connection->execute(u"update fygj set 跟进内容='改过'"_qs);
+    EXPECT_EQ(followUps.Row(), 2) << "the new one";
+    EXPECT_EQ(rows(u"select 房源ID from fygj where 房源ID='C1'"_qs).rowCount(), 2);
+    followUps.setRow(1);
+    connection->execute(u"update fygj set 跟进内容='改过' where 跟进内容='一'"_qs);
     Q_EMIT list.mFrmGj()->ReturnData(followUps.TextMatrix(1, 11), false);
-    EXPECT_EQ(columnText(followUps, 2), u"改过");
+    EXPECT_EQ(columnText(followUps, 2), u"改过 二");
     EXPECT_EQ(events, QStringList());
 
     connection->executeNative(
