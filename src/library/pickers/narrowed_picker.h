@@ -9,12 +9,12 @@ struct NarrowedList
 {
     PickerGrid grid;
     QStringView list;    ///< select and tables of the list
-    QStringView columns; ///< names of the grid's columns, parted by commas
+    QStringView columns; ///< names of the grid's columns, separated by commas
     QStringView key;
     QStringView text;
     QStringView order;
     QStringView check;   ///< select and tables of the look-up
-    QStringView matches; ///< columns that a typed text is compared with, parted by commas
+    QStringView matches; ///< columns that a typed text is compared with, separated by commas
     QStringView caption; ///< of the combo box
     QStringView owners;  ///< the statement that fills it, a key and a name a row
     QStringView ownerKey;

@@ -4,8 +4,8 @@
 
 namespace ebtq {
 
-// What a picker of this library gives back beside value and text. A field of a look-up that found nothing is
-// 0 or empty.
+// What a picker of this library returns besides value and text. A look-up without a match leaves its fields 0
+// or empty.
 
 /// A row of any dictionary table.
 struct clsPdm : PickedRow

@@ -14,7 +14,7 @@
 
 namespace ebtq {
 
-/// The grid of a picker: columns of the loaded rows stand from column 1 on.
+/// The grid of a picker: the loaded rows fill the columns from 1 on.
 struct PickerGrid
 {
     QStringView format;
@@ -24,10 +24,10 @@ struct PickerGrid
 };
 
 /// A list from which one row, or several, are chosen for a field, and the look-up of a text typed there,
-/// which needs no screen. What the pickers have alike: frame, search, keys and the ways in and out.
+/// which needs no screen. The base of all pickers: frame, search, keys, opening and closing.
 ///
-/// Its events tell of no failures. So operations that the host calls let exceptions out and leave a
-/// statement's failure in HostDb.LastError; what the person begins on the panel is trapped and told there.
+/// It has no event for failures: operations that the host calls throw and leave a statement's failure in
+/// HostDb.LastError; failures of the user's actions are trapped and shown on the panel.
 class Picker : public Module, public IPickerUI
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ public:
     /// Numbers 0, the text that is looked for, and 1, the searched columns.
     [[nodiscard]] TextBox &Txt(int number);
     [[nodiscard]] CheckBox &Check() const { return m_search.filters(); }
-    [[nodiscard]] CheckBox &ChkFind() const { return m_search.isStrict(); }
+    [[nodiscard]] CheckBox &ChkFind() const { return m_search.strictMatchBox(); }
     /// Numbers 0 确认, 1 取消, 2 刷新 and, with ticks, 3 全选 and 4 全清.
     [[nodiscard]] Button &btn(int number);
     /// nullptr for a picker whose list is not narrowed.
@@ -70,7 +70,7 @@ public:
     void IPickerUI_DoSaveFormStatus() override {}
     QVariant IPickerUI_Attributes(const QString &) override { return {}; }
     ParameterList &IPickerUI_Parameters() override { return m_parameters; }
-    /// Another list begins another use: nothing that the one before asked for is left.
+    /// The parameters of the next use; those of the previous one are dropped.
     void IPickerUI_Parameters(const ParameterList &list) override;
     QVariant IPickerUI_Value() override { return m_value; }
     void IPickerUI_Value(const QVariant &value) override { m_value = value; }
@@ -111,7 +111,7 @@ protected:
     [[nodiscard]] bool isData(int row) const { return row >= m_grid.FixedRows() && row < m_grid.Rows(); }
     void setChoice(const QVariant &value, const QString &text);
     Button &addButton(int number, const QString &caption);
-    /// Runs a statement; its failure is what LastError and the label tell.
+    /// Runs a statement; LastError and the label show its failure.
     [[nodiscard]] std::unique_ptr<Recordset> open(const SqlText &sql);
     /// Loads the rows again, for the person.
     void reload();

@@ -14,16 +14,16 @@ PickerSearch::PickerSearch(ControlCollection &controls, VSFlexGrid &grid)
     , m_text(controls.add<TextBox>(QStringLiteral("Txt"), 0))
     , m_columnList(controls.add<TextBox>(QStringLiteral("Txt"), 1))
     , m_filters(controls.add<CheckBox>(QStringLiteral("Check")))
-    , m_isStrict(controls.add<CheckBox>(QStringLiteral("ChkFind")))
+    , m_strictMatchBox(controls.add<CheckBox>(QStringLiteral("ChkFind")))
 {
     m_text.setCaption(QStringLiteral("查询(&B):"));
     m_columnList.setText(QStringLiteral("1;2;4"));
     m_columnList.setVisible(false);
     m_filters.setCaption(QStringLiteral("过滤"));
-    m_isStrict.setCaption(QStringLiteral("全字匹配"));
+    m_strictMatchBox.setCaption(QStringLiteral("全字匹配"));
     connect(&m_text, &TextBox::Change, this, &PickerSearch::apply);
     connect(&m_filters, &CheckBox::Click, this, &PickerSearch::changeKind);
-    connect(&m_isStrict, &CheckBox::Click, this, &PickerSearch::apply);
+    connect(&m_strictMatchBox, &CheckBox::Click, this, &PickerSearch::apply);
 }
 
 void PickerSearch::readColumns()
@@ -53,7 +53,7 @@ void PickerSearch::rowsLoaded()
 void PickerSearch::changeKind()
 {
     const bool filters = m_filters.Value() == 1;
-    m_isStrict.setCaption(filters ? QStringLiteral("左起字符匹配") : QStringLiteral("全字匹配"));
+    m_strictMatchBox.setCaption(filters ? QStringLiteral("左起字符匹配") : QStringLiteral("全字匹配"));
     if (!filters)
         m_grid.showAllRows();
     apply();
@@ -70,8 +70,9 @@ void PickerSearch::apply()
 void PickerSearch::find()
 {
     const QString text = m_text.Text();
-    const auto match = m_isStrict.Value() == 1 ? GridHelper::Match::Equals : GridHelper::Match::Contains;
-    // One column alone stands for the one that the person is in.
+    const auto match =
+        m_strictMatchBox.Value() == 1 ? GridHelper::Match::Equals : GridHelper::Match::Contains;
+    // A single column means the current one.
     const QList<int> columns = m_columns.size() == 1 ? QList<int>{m_grid.Col()} : m_columns;
     for (const int column : columns) {
         const int row =
@@ -88,7 +89,7 @@ void PickerSearch::filter()
         const QString text = m_text.Text().toUpper();
         for (int row = m_grid.FixedRows(); !text.isEmpty() && row < m_grid.Rows(); ++row)
             m_grid.setRowHidden(row, !matches(row, text));
-        // Without a row in sight none may be current: Enter would choose what nobody sees.
+        // Without a visible row none may be current: Enter would choose a hidden one.
         if (!GridHelper().select(m_grid, m_grid.rowInSight(0)))
             m_grid.setRow(0);
         return true;
@@ -99,7 +100,7 @@ bool PickerSearch::matches(int row, const QString &upperText) const
 {
     return std::ranges::any_of(m_columns, [&](int column) {
         const QString cell = m_grid.TextMatrix(row, column).toUpper();
-        return m_isStrict.Value() == 1 ? cell.startsWith(upperText) : cell.contains(upperText);
+        return m_strictMatchBox.Value() == 1 ? cell.startsWith(upperText) : cell.contains(upperText);
     });
 }
 

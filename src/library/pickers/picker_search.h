@@ -12,9 +12,9 @@ namespace ebtq {
 
 class Desktop;
 
-/// Finds rows in a picker's list, or leaves only those that match in sight, as a person types. It looks into
-/// a list of columns that is kept as text, "1;2;4" to begin with: tick or code, then code or abbreviation,
-/// then key or use. Names are not among them: who wants them searched asks for their column.
+/// Finds rows in a picker's list, or hides those that do not match, as the user types. It looks into a list
+/// of columns that is kept as text, "1;2;4" to begin with: tick or code, then code or abbreviation, then key
+/// or use. Names are not among them: users add their column if they need it.
 class PickerSearch : public QObject
 {
     Q_OBJECT
@@ -24,15 +24,15 @@ public:
     PickerSearch(ControlCollection &controls, VSFlexGrid &grid);
 
     [[nodiscard]] TextBox &text() const { return m_text; }
-    /// Numbers of the searched columns, parted by semicolons.
+    /// Numbers of the searched columns, separated by semicolons.
     [[nodiscard]] TextBox &columnList() const { return m_columnList; }
     [[nodiscard]] CheckBox &filters() const { return m_filters; }
     /// Whole cells when it finds, beginnings of cells when it filters.
-    [[nodiscard]] CheckBox &isStrict() const { return m_isStrict; }
+    [[nodiscard]] CheckBox &strictMatchBox() const { return m_strictMatchBox; }
 
     void readColumns();
     void askForColumns(Desktop &desktop);
-    /// Other rows are in the list: those that do not match go out of sight again.
+    /// Called after a load: hides the rows that do not match.
     void rowsLoaded();
 
 private:
@@ -46,7 +46,7 @@ private:
     TextBox &m_text;
     TextBox &m_columnList;
     CheckBox &m_filters;
-    CheckBox &m_isStrict;
+    CheckBox &m_strictMatchBox;
     QList<int> m_columns;
 };
 

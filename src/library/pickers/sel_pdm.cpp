@@ -123,8 +123,8 @@ void selPdm::tickAll(const QString &mark)
     });
 }
 
-/// With nothing ticked nothing is chosen, whatever row is current. Ticks that nobody sees, since the column
-/// was hidden by its width, do not count.
+/// Without a tick nothing is chosen, not even the current row. Ticks in a column that was hidden by its width
+/// do not count.
 void selPdm::takeTicked()
 {
     if (choosesByRow())

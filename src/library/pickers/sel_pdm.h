@@ -7,7 +7,7 @@ namespace ebtq {
 /// The picker of any dictionary table, which it knows only by its parameters: "table", the columns "编号",
 /// "名称" and "ID", and optionally "where" and "order". Rows are ticked, and all ticked ones are chosen.
 ///
-/// The parameters are parts of the statement as they stand: they come from code, never from what was typed.
+/// The parameters become parts of the statement unchanged: they come from code, never from typed text.
 class selPdm : public Picker
 {
     Q_OBJECT
