@@ -4,8 +4,8 @@
 
 namespace ebtq {
 
-/// A command button: its Caption holds the mnemonic. Left and Top say where it stands on the screen, in
-/// pixels, as its view told before the last press: what it opens, opens there.
+/// A command button: its Caption holds the mnemonic. Left and Top say where it is on the screen, in pixels,
+/// as its view reported before the last press: panels open there.
 class Button : public Control
 {
     Q_OBJECT

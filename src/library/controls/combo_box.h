@@ -8,7 +8,7 @@
 namespace ebtq {
 
 /// A drop-down list into which a text can be typed as well. Each entry may have a key; entries of one name
-/// are told apart by their place.
+/// are distinguished by their position.
 class XPCombo : public Control
 {
     Q_OBJECT

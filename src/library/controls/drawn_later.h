@@ -4,8 +4,8 @@
 
 namespace ebtq {
 
-/// Runs a body with nothing of the grid drawn and draws again on whatever way out, unless it was not drawn
-/// before. No destructor does it: what a view does then may fail.
+/// Runs a body with the grid's redraw off and turns it on again, also after an exception, unless it was off
+/// before. Not done by a destructor: what a view does then may throw.
 template<class Body> bool drawnLater(VSFlexGrid &grid, Body body)
 {
     bool result = false;

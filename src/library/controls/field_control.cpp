@@ -71,7 +71,7 @@ void qzTxt_S::takeBack()
         return;
     const State before = *m_beforeTyping;
     setText(before.text);
-    setValue(before.value); // behind the text: a rule may empty the value with each change of the text
+    setValue(before.value); // after the text: a rule may empty the value with each change of the text
     m_isOpen = before.isOpen;
 }
 
@@ -111,7 +111,7 @@ void qzTxt_S::requestHelp(int left, int top)
     const QVariant value = m_value;
     help(left, top);
     if (m_text != text || m_value != value)
-        m_isOpen = true; // the check fills what depends on this field, whichever way the text came in
+        m_isOpen = true; // the check fills dependent fields, whether the text was typed or chosen
 }
 
 void qzTxt_S::help(int left, int top)
@@ -145,8 +145,8 @@ bool qzTxt_S::check()
         Q_EMIT checkFailed(m_error_message);
         return false;
     }
-    // Typing empties the value, so one that is there was chosen. Two employees may have one name: the chosen
-    // one is meant, not the first of that name.
+    // Typing empties the value, so a value means that it was chosen. Two employees may share a name: keep the
+    // chosen one, not the first of that name.
     const bool isChosen = !m_value.toString().isEmpty() && text == m_text;
     accept(text, isChosen ? QVariant(m_value) : value);
     return true;

@@ -8,8 +8,8 @@
 
 namespace ebtq {
 
-/// The field control of every screen: a caption to its left, a typed text, a hidden value behind it, a help
-/// button and a check of what was typed.
+/// The field control of every screen: a caption to its left, a typed text, the hidden value that belongs to
+/// it, a help button and a check of what was typed.
 ///
 /// Help, by help_type: for HostList and InlineList the event FieldGenericHelp is raised with help_code as
 /// key, for Calendar with the key "date"; for Custom the event FieldHelp, whose two by-reference values go
@@ -19,8 +19,8 @@ namespace ebtq {
 /// judge_time is JudgeNever: by judge_type a statement or a custom field (FieldCheck), the inline list of
 /// help_code, a date or a number. An empty text passes and empties the value, and so do blanks alone where a
 /// check would be made. With FieldCheck an empty value on return means no match. A failed check raises
-/// checkFailed with error_message and the view keeps the focus. What code puts in is accepted as it stands: a
-/// record that was loaded is not looked up again because the focus passes by.
+/// checkFailed with error_message and the view keeps the focus. What code sets is accepted unchecked: a
+/// loaded record is not looked up again because the focus passes by.
 class qzTxt_S : public Control
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ class qzTxt_S : public Control
 public:
     enum HelpType : int { HostList = 0, Calendar = 1, Custom = 2, InlineList = 3 };
     /// Those from 100 on are ours. By JudgeNumber a number as people type it becomes the one that `Val`
-    /// reads; by JudgeLimit as well, and a text whose leading number has a fraction is refused, while a text
+    /// reads; by JudgeLimit as well, and a text whose leading number is no integer is refused, while a text
     /// without a number passes: it sets no limit.
     enum JudgeType : int {
         JudgeNothing = 0,
@@ -88,8 +88,8 @@ public:
     /// What a view calls when the help button, F4 or Alt+Down was pressed; the position is that of the
     /// field's lower left corner on the screen, in pixels. Nothing without help_flag.
     void requestHelp(int left, int top);
-    /// What a view calls when a person changed the text. The value behind the former text goes at once: until
-    /// the check has found the new one, nothing may be filtered or saved by the old.
+    /// What a view calls when a person changed the text. The value of the former text is emptied at once:
+    /// until the check has found the new one, nothing may be filtered or saved by the old.
     void type(const QString &text);
     /// A person typed since the text was last accepted.
     [[nodiscard]] bool isTyped() const { return m_beforeTyping.has_value(); }
@@ -100,7 +100,7 @@ public:
 
 Q_SIGNALS:
     void FieldChange();
-    /// Another value stands behind the text, or none: for a screen that keeps it in Tag as well.
+    /// The value changed or was emptied: for a screen that keeps it in Tag as well.
     void valueChanged();
     void FieldHelp(int left, int top, QString &text, QVariant &value);
     void FieldCheck(const QString &base, const QString &valueField, const QString &textField, QVariant &value,

@@ -82,7 +82,7 @@ void VSFlexGrid::LoadArray(RowBlock block, int firstCol)
     moveCurrent(isData(m_row) ? m_row : m_fixedInUse, m_col);
 }
 
-/// What was kept beside rows that are gone.
+/// What was kept for rows that were removed.
 void VSFlexGrid::forgetRows()
 {
     m_pictures.clear();
@@ -286,7 +286,7 @@ void VSFlexGrid::showOnly(std::span<const int> rows)
 
 void VSFlexGrid::setCurrent(int row, int col)
 {
-    // A cell that stays may have been scrolled out of sight; it is to be seen again.
+    // The current cell may have been scrolled away, so it is shown again even if it does not change.
     if (!moveCurrent(std::max(row, 0), std::max(col, 0)))
         tell(m_currentOutdated, &VSFlexGrid::currentChanged);
 }
@@ -332,7 +332,7 @@ void VSFlexGrid::setRedraw(bool on)
         Q_EMIT currentChanged();
 }
 
-// Rows in sight
+// Visible rows
 
 int VSFlexGrid::rowInSight(int position) const
 {

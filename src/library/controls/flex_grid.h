@@ -18,12 +18,12 @@
 
 namespace ebtq {
 
-/// The grid behind every list. Rows and columns are numbered from 0, fixed rows and columns included; with
-/// one fixed row the first data row is 1. A loaded block keeps its cells where they are; edited and inserted
-/// rows are kept apart, and order and hidden rows are an index over both. Widths and heights are pixels at 96
-/// dots an inch.
+/// The grid of every list. Rows and columns are numbered from 0, fixed rows and columns included; with one
+/// fixed row the first data row is 1. A loaded block keeps its cells where they are; edited and inserted rows
+/// are kept apart, and order and hidden rows are an index over both. Widths and heights are pixels at 96 dots
+/// an inch.
 ///
-/// A view asks for the cells that it paints by position in sight: the n-th data row that is not hidden.
+/// A view asks for the cells that it paints by visible position: the n-th data row that is not hidden.
 class VSFlexGrid : public Control
 {
     Q_OBJECT
@@ -54,12 +54,12 @@ public:
     [[nodiscard]] int Cols() const { return static_cast<int>(m_columns.size()); }
     void setCols(int cols);
     [[nodiscard]] int FixedRows() const { return m_fixedRows; }
-    /// The data rows stay and move behind the new fixed ones. Only the first fixed row has contents.
+    /// The data rows stay and follow the new fixed ones. Only the first fixed row has contents.
     void setFixedRows(int rows);
     [[nodiscard]] int FixedCols() const { return m_fixedCols; }
     void setFixedCols(int cols) { m_fixedCols = cols; }
-    /// Captions of the first fixed row, parted by "|"; a caption's blanks count towards its column's width. A
-    /// leading "<", "^" or ">" aligns the column. Sets the number of columns and makes them anew.
+    /// Captions of the first fixed row, separated by "|"; a caption's blanks count towards its column's
+    /// width. A leading "<", "^" or ">" aligns the column. Sets the number of columns and makes them anew.
     void setFormatString(const QString &format);
     [[nodiscard]] const QString &FormatString() const { return m_formatString; }
 
@@ -71,8 +71,8 @@ public:
     /// The text as it is shown: a number in the format of its column.
     [[nodiscard]] QString displayText(int row, int col) const;
     /// Takes a whole block over as the data rows, into the columns from `firstCol` on; cells to its left are
-    /// empty and columns beyond Cols() are not shown. The rows so far and their pictures are gone. The
-    /// current row becomes the first data row when it lies beyond the new rows or stands on a fixed one.
+    /// empty and columns beyond Cols() are not shown. The former rows and their pictures are removed. The
+    /// current row becomes the first data row when it lies beyond the new rows or on a fixed one.
     void LoadArray(RowBlock block, int firstCol = 0);
     /// Name of the icon in a cell; empty for none.
     [[nodiscard]] QString CellPicture(int row, int col) const;
@@ -92,7 +92,7 @@ public:
     /// its contents: its number moves with them, which is no change of row.
     void insertRow(int position);
     /// Nothing for a fixed row. The row below a removed current row becomes current under the same number,
-    /// which is no change of row either; behind the last row it is the one above.
+    /// which is no change of row either; after the last row was removed it is the one above.
     void RemoveItem(int row);
     [[nodiscard]] bool RowHidden(int row) const;
     void setRowHidden(int row, bool hidden);
@@ -123,20 +123,20 @@ public:
     void addSubtotals(std::span<const Subtotal> wanted);
     void clearSubtotals();
     [[nodiscard]] bool isSubtotal(int row) const;
-    /// A text in a row of sums that is no sum itself: it runs on over the empty cells beside it.
+    /// A text in a row of sums that is no sum itself; it extends over the empty cells beside it.
     [[nodiscard]] bool isSumLabel(int row, int col) const;
-    /// Where the next sums stand, below their group or above it.
+    /// Where the next sums go, below their group or above it.
     [[nodiscard]] SubtotalPosition subtotalPosition() const { return m_subtotalPosition; }
     void setSubtotalPosition(SubtotalPosition position) { m_subtotalPosition = position; }
 
     // Columns
-    /// Hidden by the screen itself: nobody is to see what stands there.
+    /// Hidden by the screen itself; users cannot show it.
     [[nodiscard]] bool ColHidden(int col) const;
     void setColHidden(int col, bool hidden);
     /// 0 for a column that a person or the layout has hidden.
     [[nodiscard]] int ColWidth(int col) const;
     void setColWidth(int col, int width);
-    /// Of a column without a width: the last one that it had.
+    /// Of a column without a width: the last width that it had.
     [[nodiscard]] int widthWhenShown(int col) const;
     /// True for the width that the format string gave.
     [[nodiscard]] bool isWidthGiven(int col) const;
@@ -151,23 +151,23 @@ public:
     void setColDataType(int col, int type);
     [[nodiscard]] int ColAlignment(int col) const;
     void setColAlignment(int col, int alignment);
-    /// AlignLeft, AlignCentre or AlignRight: where the column's texts stand, numbers to the right unless told
-    /// otherwise.
+    /// AlignLeft, AlignCentre or AlignRight: the alignment of the column's texts; numbers are right-aligned
+    /// unless set otherwise.
     [[nodiscard]] int shownAlignment(int col) const;
     /// Alignment of the column's cells in the fixed rows.
     [[nodiscard]] int FixedAlignment(int col) const;
     void setFixedAlignment(int col, int alignment);
     /// What the loaded block holds there; text for a column without one.
     [[nodiscard]] ColumnType columnType(int col) const;
-    /// The order of sight, by column number; all columns, hidden ones too.
+    /// The visible order, by column number; all columns, hidden ones too.
     [[nodiscard]] const std::vector<int> &columnOrder() const { return m_columnOrder; }
-    /// Nothing for what is no order of all columns.
+    /// Ignored if it does not hold all columns.
     void setColumnOrder(const std::vector<int> &order);
-    /// Widths and order of sight as the format string gave them.
+    /// Widths and order as the format string gave them.
     void resetColumns();
 
     // Look
-    /// Columns behind the fixed ones that stay in sight when the list is scrolled sideways.
+    /// Columns after the fixed ones that stay visible when the list is scrolled sideways.
     [[nodiscard]] int FrozenCols() const { return m_frozenCols; }
     void setFrozenCols(int cols);
     /// A colour number, also a system one.
@@ -192,7 +192,7 @@ public:
     void setRow(int row) { setCurrent(row, m_col); }
     [[nodiscard]] int Col() const { return m_col; }
     void setCol(int col) { setCurrent(m_row, col); }
-    /// Views bring the cell into sight even when it is the current one already.
+    /// Views scroll to the cell even when it is the current one already.
     void setCurrent(int row, int col);
     /// The first data row that is seen; never a fixed one.
     [[nodiscard]] int TopRow() const { return m_topRow; }
@@ -202,14 +202,14 @@ public:
     [[nodiscard]] bool Redraw() const { return m_redraw; }
     void setRedraw(bool on);
 
-    // Rows in sight, for views
+    // Visible rows, for views
     [[nodiscard]] int visibleCount() const { return m_rows.countInSight(); }
-    /// The row number of the n-th data row in sight; -1 when there is none.
+    /// The row number of the n-th visible data row; -1 when there is none.
     [[nodiscard]] int rowInSight(int position) const;
-    /// Where a data row stands in sight; -1 when it is hidden or fixed.
+    /// The visible position of a data row; -1 when it is hidden or fixed.
     [[nodiscard]] int positionInSight(int row) const;
-    /// Where the first row in sight from TopRow on stands in sight, the last one when there is none; -1
-    /// without a row in sight.
+    /// The visible position of the first row from TopRow on that is not hidden, else of the last one; -1
+    /// without a visible row.
     [[nodiscard]] int topInSight() const;
     /// Memory held for the data rows, in bytes.
     [[nodiscard]] size_t byteSize() const;
@@ -226,11 +226,11 @@ Q_SIGNALS:
     void MouseDown(short &Button, short &shift, float &X, float &Y);
     void DblClick();
     void GotFocus();
-    /// By a person: worth keeping at once.
+    /// By a user: to be saved at once.
     void layoutChanged();
 
-    // For views only. Positions are in sight, rows are row numbers; an inserted row is in sight, and hidden
-    // rows are inserted and removed without a signal.
+    // For views only. Positions count visible rows, rows are row numbers; an inserted row is visible, and
+    // hidden rows are inserted and removed without a signal.
     void rowsAboutToBeReset();
     void rowsReset();
     void rowAboutToBeInserted(int position);
@@ -240,7 +240,7 @@ Q_SIGNALS:
     /// A cell's text or picture in that row, fixed or not.
     void rowChanged(int row);
     void columnsChanged();
-    /// The current cell is to be marked and brought into sight.
+    /// The current cell is to be marked and scrolled to.
     void currentChanged();
     /// Sent for scrolling by the user too, who reports it here through a view.
     void topRowChanged();
@@ -258,7 +258,7 @@ private:
     [[nodiscard]] const GridColumn *column(int col) const;
     void replaceColumns(std::vector<GridColumn> columns);
     template<class T> void changeColumn(int col, T GridColumn::*member, T value);
-    /// Sends a view signal, or marks what it tells as outdated while nothing is drawn.
+    /// Emits a view signal, or marks its subject as outdated while redraw is off.
     template<class Signal, class... Arguments>
     void tell(bool &outdated, Signal signal, Arguments... arguments);
     template<class Change> void resetRows(Change change);
@@ -267,7 +267,7 @@ private:
     [[nodiscard]] int dataRowNear(int row) const;
     [[nodiscard]] int commonColor(int row, int fromCol, int toCol, int GridCellLook::*part) const;
     template<class T> void changeLook(T &member, T value);
-    /// False when it stands there already.
+    /// False when it is there already.
     bool moveCurrent(int row, int col);
 
     std::vector<GridColumn> m_columns;
@@ -308,7 +308,8 @@ void VSFlexGrid::tell(bool &outdated, Signal signal, Arguments... arguments)
         outdated = true;
 }
 
-/// The views hear of the end on whatever way. No destructor tells them: what they do then may fail.
+/// The views are notified of the end also after an exception. Not by a destructor: what they do then may
+/// throw.
 template<class Change> void VSFlexGrid::resetRows(Change change)
 {
     tell(m_rowsOutdated, &VSFlexGrid::rowsAboutToBeReset);

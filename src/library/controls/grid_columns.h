@@ -22,7 +22,7 @@ struct GridColumn
     QString format = {};
 };
 
-/// Columns of a format string: captions parted by "|", each with an optional "<", "^" or ">" in front that
+/// Columns of a format string: captions separated by "|", each with an optional "<", "^" or ">" in front that
 /// aligns the column left, centred or right. The caption shown is without its blanks; they only count for the
 /// width.
 [[nodiscard]] std::vector<GridColumn> gridColumns(const QString &format);

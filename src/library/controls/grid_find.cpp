@@ -6,7 +6,7 @@
 
 namespace ebtq {
 
-/// Never a column that nobody sees: a person would not know why a row was found.
+/// Never a hidden column: the user would not see why a row was found.
 QList<int> GridFind::searchedColumns() const
 {
     if (m_grid.isColumnInSight(m_grid.Col()))

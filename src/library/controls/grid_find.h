@@ -9,9 +9,8 @@ namespace ebtq {
 
 class VSFlexGrid;
 
-/// The search for a text that a person goes on with through a list, and the filter by it: in the current
-/// column or, when that one is hidden, in all that are seen, without regard to case. Rows that are hidden are
-/// not found.
+/// Find, find next and filter by a text in a list: in the current column or, when that one is hidden, in all
+/// visible columns, without regard to case. Rows that are hidden are not found.
 class GridFind
 {
 public:
@@ -29,12 +28,12 @@ public:
     {}
 
     [[nodiscard]] const QString &text() const { return m_text; }
-    /// Makes the nearest row with the text current, which may be the one that is. Remembers what it looked
-    /// for, where and which way.
+    /// Makes the nearest row with the text current; it may be current already. Remembers text, column and
+    /// direction.
     Hit find(const QString &text, Direction direction);
     /// Goes on from the current row as the last search did.
     Hit findNext();
-    /// Shows the rows with the text alone; all for an empty text. The number of rows in sight.
+    /// Hides the rows without the text; none for an empty text. Returns the number of visible rows.
     int filter(const QString &text);
 
 private:

@@ -6,7 +6,7 @@ namespace ebtq {
 
 class VSFlexGrid;
 
-/// What lists and pickers do alike with their grids.
+/// What lists and pickers share about their grids.
 class GridHelper
 {
 public:
@@ -14,7 +14,7 @@ public:
     void style(VSFlexGrid &grid, int fixedCols, const QString &format) const;
 
     enum class Match { Contains, Equals };
-    /// The first data row from `fromRow` on that is in sight and whose cell in `col` contains or equals the
+    /// The first data row from `fromRow` on that is visible and whose cell in `col` contains or equals the
     /// text, without regard to case; -1 when there is none.
     [[nodiscard]] int find(const VSFlexGrid &grid, int col, const QString &text, Match match,
                            int fromRow) const;

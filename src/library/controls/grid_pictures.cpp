@@ -30,7 +30,7 @@ int GridPictures::alignment(quint32 row, int col, int fallback) const
 
 size_t GridPictures::byteSize() const
 {
-    // The table keeps its entries in place, one byte of index beside each.
+    // The table keeps its entries in place, with one byte of index for each.
     return static_cast<size_t>(m_pictures.capacity()) * (sizeof(quint64) + sizeof(Picture) + 1);
 }
 

@@ -10,7 +10,7 @@
 namespace ebtq {
 
 /// The data rows of a grid, by position from 0. A loaded block stays as it is: edited cells and added rows
-/// are kept beside it by the row's identity, and the order and the hidden rows are an index over both. An
+/// are kept separately by the row's identity, and the order and the hidden rows are an index over both. An
 /// entry of that index is 4 bytes; what is hidden or edited is marked in the entry, so that it moves with its
 /// row.
 class GridRows
@@ -20,7 +20,7 @@ public:
     /// One row in the index: its identity and what is marked about it.
     using Entry = quint32;
 
-    /// The block's first column becomes column `firstCol`. All rows so far are gone.
+    /// The block's first column becomes column `firstCol`. Replaces all rows.
     void load(RowBlock block, int firstCol);
     /// Adds empty rows at the end or cuts rows there.
     void resize(int count);
@@ -42,7 +42,7 @@ public:
     void showAll();
     [[nodiscard]] int countInSight() const { return count() - m_hiddenCount; }
     [[nodiscard]] int positionInSight(int nth) const;
-    /// How many rows before that position are in sight.
+    /// How many rows before that position are visible.
     [[nodiscard]] int sightBefore(int position) const;
 
     // Subtotals: added rows of a level, which number their maker gives.

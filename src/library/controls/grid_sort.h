@@ -18,7 +18,7 @@ enum class GridSort : int {
     StringDescending = 8
 };
 
-/// Puts the rows in order; nothing for None and for a number that is no way to sort.
+/// Sorts the rows; nothing for None and for an unknown number.
 void sortRows(GridRows &rows, int col, ColumnType type, GridSort sort);
 
 } // namespace ebtq

@@ -12,7 +12,7 @@ namespace ebtq {
 
 enum class SubtotalPosition { Below = 0, Above = 1 };
 
-/// One sum to be shown for each group of neighbouring rows that are alike in a column, or for all rows.
+/// One sum to be shown for each group of neighbouring rows with equal texts in a column, or for all rows.
 struct Subtotal
 {
     int groupColumn = -1; ///< -1 for all rows
@@ -27,7 +27,7 @@ struct Subtotal
     /// column alone decides, within the groups of the columns further left that have sums already.
     std::optional<int> matchFrom = {};
     /// The row holds nothing but its caption, in the first column, and its sums. Without it the texts of the
-    /// outer groups stand in it as well.
+    /// outer groups are repeated in it.
     bool totalOnly = false;
 };
 
@@ -49,7 +49,7 @@ public:
     void add(GridRows &rows, std::span<const Subtotal> wanted, SubtotalPosition position, int firstCol);
     void clear(GridRows &rows);
     [[nodiscard]] bool isEmpty() const { return m_levels.empty(); }
-    /// When the rows are gone already.
+    /// When the rows were removed already.
     void forget() { m_levels.clear(); }
     /// For any row and column.
     [[nodiscard]] GridCellLook look(const GridRows &rows, int position, int col) const;

@@ -10,9 +10,9 @@ namespace ebtq {
 
 class VSFlexGrid;
 
-/// What is seen of a grid, for printing, copying and exporting: the columns that are neither hidden nor
-/// without a width, in the order of sight, and the rows in sight when this was made. Keys in hidden columns
-/// never go out. The grid outlives it.
+/// The visible part of a grid, for printing, copying and exporting: the columns that are neither hidden nor
+/// without a width, in their visible order, and the rows that were visible when this was made. Keys in hidden
+/// columns are never exported. The grid outlives it.
 class ShownGrid : public PrintedGrid
 {
 public:
@@ -32,10 +32,10 @@ public:
     [[nodiscard]] std::string_view shown(int row, int column) const;
     /// The cell as it was loaded, before any format; valid until the grid changes.
     [[nodiscard]] std::string_view stored(int row, int column) const;
-    /// Takes the columns without a caption away: they hold icons, which a text cannot tell. One in which rows
-    /// of sums have their label stays.
+    /// Takes the columns without a caption away: they hold icons, which have no text. A column with the
+    /// labels of sums is kept.
     void keepCaptioned();
-    /// Takes the rows before `first` and behind `last` away.
+    /// Removes the rows before `first` and after `last`.
     void keepRows(int first, int last);
 
 private:

@@ -6,8 +6,7 @@
 
 namespace ebtq {
 
-/// A strip of tabs, numbered from 1. It knows nothing of what the tabs show: whoever owns the panels follows
-/// its two events.
+/// A strip of tabs, numbered from 1. The panels belong to its owner, which follows its two events.
 class qzVSTabCtl : public Control
 {
     Q_OBJECT
@@ -21,7 +20,7 @@ public:
     };
 
     explicit qzVSTabCtl(const QString &name, int index = -1);
-    /// The tabs and the one that is active from the start, which raises no event.
+    /// The tabs and the initially active one, which raises no event.
     void setTabs(std::vector<Tab> tabs, int activeTab);
     [[nodiscard]] const std::vector<Tab> &tabs() const { return m_tabs; }
     /// 0 while there are no tabs.

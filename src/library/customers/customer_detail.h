@@ -21,7 +21,7 @@ public:
     /// Fills the fields of the first two tabs, whichever tab is active; empties them when the request is
     /// gone: nobody is to call another customer.
     bool LoadDataMsg(const QString &id);
-    /// Writes a follow-up of the current customer as it was saved: a new one stands at the bottom, as the
+    /// Writes a follow-up of the current customer as it was saved: a new one is added at the bottom, as the
     /// current row, until the tab is loaded again, newest first.
     void mFrmGj_ReturnData(const QString &psID, bool pbNew);
 

@@ -58,14 +58,14 @@ void frmKh::py_Init(HostApp &host, int moduleId, const QString &id, bool bReadOn
         m_moduleId = moduleId;
         load();
         if (!openRow(id))
-            return false; // a form without its row would be saved as another one
+            return false; // a form without its row would be saved as a new one
         SetEnabled(!bReadOnly && isWritable());
         return true;
     });
 }
 
-/// Help fields have one text for what is not found, without the field's name. The date is checked at its
-/// field.
+/// Help fields share one message for a text that is not found, without the field's name. The date is checked
+/// when its field is left.
 void frmKh::load()
 {
     reset();
@@ -147,7 +147,7 @@ void frmKh::closePressed()
         EditorForm::closePressed();
 }
 
-/// After a save that goes on with another new request the form stays open for it.
+/// After a save that continues with another new request the form stays open.
 bool frmKh::DoSave()
 {
     bool isSaved = false;

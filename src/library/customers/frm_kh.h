@@ -10,7 +10,7 @@ namespace ebtq {
 
 /// The editor of one customer's request: opened for a new one or for a row of fykh, shown modally, written by
 /// one statement. A save leaves it open; buttons 2 to 6 go to the first, previous, next and last request in
-/// the order of their numbers, whatever the list shows, and delete the one that is shown.
+/// the order of their numbers, independent of the list, and delete the current one.
 class frmKh : public EditorForm
 {
     Q_OBJECT
@@ -27,13 +27,13 @@ public:
     [[nodiscard]] CheckBox &Chk(int number) const { return tick(number); }
     /// 0 有效, 1 失效.
     [[nodiscard]] OptionButton &Opt(int number) const { return option(number); }
-    /// What stands over the option buttons.
+    /// The caption of the option buttons.
     [[nodiscard]] Label &stateLabel() const { return m_stateLabel; }
     /// Which request of how many is shown.
     [[nodiscard]] Label &positionLabel() const { return m_positionLabel; }
 
     /// Opens the form and returns when it was closed. `id` is the 客源ID of the row, empty for a new request.
-    /// One that cannot be read or is gone ends in ErrMessage and opens nothing.
+    /// If it cannot be read or was deleted, ErrMessage is raised and nothing opens.
     void py_Init(HostApp &host, int moduleId, const QString &id, bool bReadOnly);
     /// Writes what was changed; nothing at all without a change. `bReload` reads the row again. `bOK` is true
     /// when it was written.
@@ -49,7 +49,7 @@ public:
     /// Deletes the row that is shown, after a question, and goes to the next one; nothing on a new request.
     void DoDelete();
 
-    /// How many requests there are, and the place of the one that is shown among them, as of the last load.
+    /// The number of requests, and the position of the current one among them, as of the last load.
     [[nodiscard]] int recordCount() const { return m_recordCount; }
     [[nodiscard]] int recordPosition() const { return m_recordPosition; }
 

@@ -6,7 +6,7 @@ namespace {
 
 constexpr auto Right = qzTxt_S::AlignRight;
 
-/// The way of paying commission has another kind in the dictionary than its column has as its name.
+/// The way of paying commission has a dictionary kind that differs from its column's name.
 constexpr EditorField fields[] = {
     {u"委托编号 *", u"委托编号"},
     {u"客户名称 *", u"客户名称"},

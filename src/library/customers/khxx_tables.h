@@ -6,7 +6,7 @@ namespace ebtq {
 
 /// Columns of the grid of customers.
 enum CustomerColumn : int {
-    CustomerDeal = 1, ///< behind an empty one, which is hidden
+    CustomerDeal = 1, ///< after an empty, hidden column
     CustomerState,
     CustomerCode, ///< 客源编号
     CustomerName,

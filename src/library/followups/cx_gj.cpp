@@ -51,8 +51,8 @@ constexpr ListTables list{.grid = grid,
 
 } // namespace
 
-/// What fails in it is told under the listings' name with a sign in front, as those who read the messages
-/// know it.
+/// Its failures are reported under the listings' name with a mark in front, as readers of the messages know
+/// it.
 Cx_Gj::Cx_Gj(Desktop &desktop)
     : FollowUpList(QStringLiteral("Cx_Gj"), desktop, {QStringLiteral("Cx_Fcxx"), applicationTitle()}, list)
 {}

@@ -14,7 +14,7 @@ class FollowUpList : public ListModule
 public:
     /// Selects the nearest row with a text, from the current one on. `condition` is the text, or a list of
     /// the text and a GridFind::Direction. False for an empty text and when no row holds it; each search
-    /// tells by Message what came of it.
+    /// reports its result by Message.
     bool IReportUI_Find(const QVariant &condition) override;
     bool IReportUI_FindNext() override;
     /// Hides the rows without the text; an empty one shows all again.

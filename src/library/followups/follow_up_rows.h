@@ -10,7 +10,7 @@ class VSFlexGrid;
 
 /// Columns of a grid of follow-ups.
 enum FollowUpColumn : int {
-    FollowUpTime = 1, ///< behind an empty one, which is hidden
+    FollowUpTime = 1, ///< after an empty, hidden column
     FollowUpContents,
     FollowUpDepartment,
     FollowUpAgent,
@@ -38,8 +38,8 @@ inline constexpr QStringView followUpFormat =
 /// The follow-ups of a listing or customer, newest first.
 [[nodiscard]] SqlText followUpsOf(const QString &owner);
 
-/// Writes a follow-up as it was saved into a row of the grid. Nothing when it is gone by now; throws
-/// StatementFailure. A range that is none leaves its cell alone.
+/// Writes a follow-up as it was saved into a row of the grid. Nothing when it was deleted meanwhile; throws
+/// StatementFailure. An unknown range leaves its cell as it is.
 void showFollowUp(HostDb &db, VSFlexGrid &grid, int row, const QString &followUp);
 
 } // namespace ebtq

@@ -171,8 +171,8 @@ void FrmGj::showRange(int range)
         qzTxt(Range).setText(entry->text);
 }
 
-/// The rule by type opens every field. Those of the reminder are designed closed, and the tick is the way to
-/// them: a form without it shows what it would remind of as closed, whatever the rule has opened.
+/// The rule by type enables every field. Those of the reminder are disabled by design and enabled by the
+/// tick: without it they stay disabled, although the rule by type has enabled them.
 void FrmGj::SetFieldsEnabled(bool enabled)
 {
     setTypesEnabled(enabled, {Department, Author});

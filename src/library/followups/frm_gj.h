@@ -8,7 +8,7 @@
 namespace ebtq {
 
 /// The editor of one follow-up on a listing or a customer, a row of fygj, with a reminder for later. Dates
-/// come from the machine's clock: a follow-up is written when it happens. Its own failures are told by
+/// come from the machine's clock: a follow-up is written when it happens. Its own failures are shown by
 /// message box.
 class FrmGj : public EditorForm
 {

@@ -24,8 +24,8 @@ public:
 
     /// A message box; returns when it was answered. Closing it answers Ok or No.
     virtual Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons) = 0;
-    /// A question with answers of its own: the number of the chosen one, counted from 0; nothing when the box
-    /// was left without an answer. Captions may have a mnemonic.
+    /// A question with the given answers: the number of the chosen one, counted from 0; nothing when the box
+    /// was closed without an answer. Captions may have a mnemonic.
     virtual std::optional<int> choose(const QString &text, const QString &title,
                                       const QStringList &answers) = 0;
     /// Nothing when the box was left without an answer.

@@ -28,7 +28,7 @@ QString IdGenerator::NextID(const QString &table, const QString &keyColumn, int 
     try {
         m_db->BeginTrans();
         // A transaction that was joined belongs to the caller, who abandons the save and rolls it back; one
-        // of its own is rolled back when the caller releases the database.
+        // that was begun here is rolled back when the caller releases the database.
         const int next = takeNext(table, keyColumn);
         m_db->CommitTrans();
         id = next;
@@ -38,8 +38,8 @@ QString IdGenerator::NextID(const QString &table, const QString &keyColumn, int 
     }
 }
 
-/// Once there is a counter it is changed before it is read: on a server whoever asks at the same time waits
-/// there, and then counts on from what this one has left.
+/// The counter is changed before it is read: on a server a concurrent caller waits for the row lock and then
+/// reads the new value.
 int IdGenerator::takeNext(const QString &table, const QString &keyColumn)
 {
     const QString where = whereCounter(table, keyColumn);

@@ -12,16 +12,15 @@ namespace ebtq {
 
 class Desktop;
 
-/// Title of messages that are the whole system's and no single module's.
+/// Title of messages that belong to the application rather than to one module.
 [[nodiscard]] QString applicationTitle();
 
-/// How a module tells what failed.
+/// How a module reports failures.
 struct FailureNames
 {
-    QString prefix; ///< what stands before the operation's tag
+    QString prefix; ///< text before the operation's tag
     QString title;
-    /// Whether the failure of a statement bears prefix and tag as well; without them it is told in the
-    /// database's own words.
+    /// Whether a failed statement is reported with prefix and tag as well; else in the database's own words.
     bool tagsStatements = false;
 };
 
@@ -34,8 +33,8 @@ class Module : public QObject, public IDesignUI
     Q_PROPERTY(int BackColor READ BackColor WRITE setBackColor NOTIFY backColorChanged)
 
 public:
-    /// `desktop` outlives the module. Without `failures` what fails is told under the module's name and the
-    /// whole system's title.
+    /// `desktop` outlives the module. Without `failures` a failure is reported under the module's name and
+    /// the application's title.
     Module(const QString &name, Desktop &desktop);
     Module(QString name, Desktop &desktop, FailureNames failures);
     ~Module() override;
@@ -65,11 +64,11 @@ protected:
     void setApp(HostApp *app) { m_app = app; }
     /// Raises the event ErrMessage, which each module declares in its own place among its events.
     virtual void raiseError(const QString &message, int level, const QString &title) = 0;
-    /// How a failure that was trapped is told: prefix, the operation's tag, the description.
+    /// The text of a trapped failure: prefix, the operation's tag, the description.
     [[nodiscard]] virtual QString trappedText(QStringView tag, const QString &description) const;
 
     /// Runs the body of an operation; its result, or false when it throws. What it throws is raised as
-    /// ErrMessage, level 8 (see FailureNames). HostDb.Release is the last act either way.
+    /// ErrMessage, level 8 (see FailureNames). HostDb.Release is called last in either case.
     template<class Body> bool trapped(QStringView tag, Body body)
     {
         const bool result = trappedWithoutDatabase(tag, body);
@@ -100,7 +99,7 @@ private:
     Desktop &m_desktop;
     ControlCollection m_controls;
     HostApp *m_app = nullptr;
-    QString m_layoutFile; ///< where the host keeps the layout of this screen; empty until it tells
+    QString m_layoutFile; ///< the host's layout file of this screen; empty until the host gives it
     int m_backColor = -1;
 };
 

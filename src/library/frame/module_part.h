@@ -4,8 +4,8 @@
 
 namespace ebtq {
 
-/// A part of a module that is a class of its own: it works with the module's controls and host, and traps
-/// and reports as the module does.
+/// A part of a module in a separate class: it uses the module's controls and host, and traps and reports as
+/// the module does.
 class ModulePart
 {
 protected:
@@ -20,7 +20,7 @@ protected:
     [[nodiscard]] ControlCollection &controls() const { return m_module.controls(); }
     [[nodiscard]] Desktop &desktop() const { return m_module.desktop(); }
     [[nodiscard]] HostApp &app() const { return m_module.app(); }
-    /// Empty until the host tells where it keeps the layout of this screen.
+    /// The host's layout file of this screen; empty until the host gives it.
     [[nodiscard]] const QString &layoutFile() const { return m_module.m_layoutFile; }
     void setLayoutFile(const QString &file) { m_module.m_layoutFile = file; }
     /// Between the module's Init and its Clear.

@@ -14,8 +14,8 @@ class StatementFailure : public Failure
     using Failure::Failure;
 };
 
-/// Statements of the library run through these three, so that none goes on after a failure: each throws
-/// StatementFailure.
+/// All statements of the library run through these three, which throw StatementFailure when the database
+/// reports an error.
 [[nodiscard]] std::unique_ptr<Recordset> openRows(HostDb &db, const SqlText &sql);
 /// The query that was run, which knows how many rows it changed.
 std::unique_ptr<HostQuery> executeStatement(HostDb &db, const SqlText &sql);

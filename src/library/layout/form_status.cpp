@@ -29,7 +29,7 @@ struct KeptProperty
 };
 
 /// In the order of restoring: a rule may empty a field's value with each change of its text. The properties
-/// of trees and lists choose the entry that they name and bring it into sight.
+/// of trees and lists select the entry that they name and scroll to it.
 constexpr KeptProperty keptProperties[] = {
     {u"qzTxt_S", u"_Text", "Text", false},     {u"qzTxt_S", u"_Value", "Value", false},
     {u"CheckBox", u"", "Value", false},        {u"OptionButton", u"", "Value", false},

@@ -18,8 +18,7 @@ namespace ebtq {
 namespace {
 
 constexpr int parameterGroup = 12;
-/// The most that a number of digits behind the point makes sense for; a wrong entry must not make a format of
-/// millions of letters.
+/// The largest sensible number of decimals; a wrong entry must not make a format of millions of characters.
 constexpr int mostDecimals = 15;
 constexpr int groupColor = 128;
 constexpr int totalBackColor = 0xFFFF80;
@@ -35,7 +34,7 @@ QString columnKey(int column)
     return QStringLiteral("VsCol%1").arg(column);
 }
 
-/// What stands behind the section names of a grid, so that all grids of a screen share its file.
+/// Suffix of a grid's section names, so that all grids of a screen share one file.
 QString suffixOf(const VSFlexGrid &grid)
 {
     const int index = ControlIndex(grid);
@@ -82,7 +81,7 @@ void saveColumn(IniStore &store, const VSFlexGrid &grid, int column, bool onlyCo
     }
 }
 
-/// Only an order that somebody changed is worth a key.
+/// Only an order that a user changed gets a key.
 void saveOrder(IniStore &store, const VSFlexGrid &grid)
 {
     const QString section = QStringLiteral("VsColPosition") + suffixOf(grid);
@@ -227,8 +226,8 @@ QString Restorer::format(int column) const
     return stored.contains(u"###") ? QString() : stored;
 }
 
-/// The digits behind the point are not the column's own when the file or a parameter of the agency says how
-/// many there are: the format is cut before the last digit of its whole part, and both are put on anew.
+/// When the file or a parameter of the agency gives the number of decimals, the column's own are dropped: the
+/// format is cut before the last digit of its integer part, then that digit and the decimals are appended.
 QString Restorer::numberFormat(int column) const
 {
     const QString full = Trim(text(u"VsColFormat", column, m_grid.ColFormat(column)));
@@ -329,7 +328,7 @@ void Restorer::labelGroups()
     }
 }
 
-/// The outer group's name would stand beside the inner one's in each of its rows.
+/// Otherwise the outer group's name would be repeated in each row of the inner one.
 void Restorer::clearBesideGroups()
 {
     for (int row = m_grid.FixedRows(); row < m_grid.Rows(); ++row) {
@@ -354,9 +353,8 @@ void Restorer::restoreLook()
     m_grid.setWordWrap(Val(wraps) == 1);
 }
 
-/// A system colour stands in the file as the number above the signed range that it has without a sign; 30
-/// less that number is the signed form of the one that grids have from the start. Others come out as they
-/// may.
+/// The file holds a system colour as an unsigned number above the signed range; 30 less that number is the
+/// signed form of the grids' default colour. Other system colours are not restored exactly.
 void Restorer::restoreGridColor()
 {
     constexpr double largestSigned = 2147483647;

@@ -8,7 +8,7 @@ class HostApp;
 class IniStore;
 class VSFlexGrid;
 
-/// The shape of a grid in a layout file: widths, hidden columns, order of sight, formats, alignments, row
+/// The shape of a grid in a layout file: widths, hidden columns, column order, formats, alignments, row
 /// heights, lines. Group and total columns, sort and decimals are only read: an administrator puts their keys
 /// into the file.
 ///
@@ -19,8 +19,8 @@ class VSFlexGrid;
 void GridRestore(const QString &file, VSFlexGrid &grid, bool onlyColWidth, HostApp &app);
 /// Sums anew after rows were added, changed or removed; nothing in a grid that the file gives no totals.
 void RecountTotals(const QString &file, VSFlexGrid &grid, HostApp &app);
-/// Whether the file sorts the grid, totals it or asks the agency for decimals: then it is to be restored for
-/// each load, else a grid keeps its shape by itself.
+/// Whether the file sorts the grid, totals it or asks the agency for decimals: then it must be restored after
+/// each load; else the grid keeps its shape.
 [[nodiscard]] bool isLayoutByRows(const QString &file, const VSFlexGrid &grid);
 /// False when the file could not be written.
 bool GridSave(const QString &file, const VSFlexGrid &grid, bool onlyColWidth);

@@ -24,7 +24,7 @@ QString escaped(QString value)
         .replace(u'\r', QStringLiteral("\\r"));
 }
 
-/// A backslash before any other letter was put there by hand and is meant as it stands.
+/// A backslash before any other character was written by hand and is kept.
 QString unescaped(QStringView written)
 {
     QString value;
@@ -77,7 +77,7 @@ void IniStore::setFileName(const QString &file)
 
 void IniStore::read(const QString &text)
 {
-    Section *current = &sectionNamed(QString()); // comments may stand before the first section
+    Section *current = &sectionNamed(QString()); // comments may precede the first section
     const QStringList lines = text.split(u'\n');
     for (const QString &line : lines)
         current = readLine(line.endsWith(u'\r') ? line.chopped(1) : line, current);

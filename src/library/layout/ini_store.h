@@ -12,8 +12,8 @@ namespace ebtq {
 /// lines
 /// (";" or "#") stay where an administrator put them.
 ///
-/// Nothing about the file ever fails but save(): one that is missing, cannot be read or is no such text reads
-/// as far as it can be understood. One that could not be read is not written over either.
+/// Only save() can fail: a file that is missing, unreadable or malformed is read as far as possible. A file
+/// that could not be read is not overwritten.
 class IniStore
 {
 public:
@@ -38,9 +38,9 @@ public:
     void SetInt(const QString &section, const QString &key, int value);
     void removeSection(const QString &section);
 
-    /// Writes the file when something was changed, as a whole under another name that then takes its place:
-    /// whatever happens meanwhile leaves the old file or the new one. False when it could not be written,
-    /// or is there and could not be read.
+    /// Writes the file when something was changed: next to it under another name, then renamed, so that a
+    /// crash leaves the old file or the new one. False when it could not be written, or is there and could
+    /// not be read.
     [[nodiscard]] bool save();
 
 private:
@@ -67,7 +67,7 @@ private:
     std::vector<Section> m_sections;
     QHash<QString, size_t> m_sectionOfName;
     bool m_isChanged = false;
-    bool m_isUnread = false; ///< the file holds what is not here
+    bool m_isUnread = false; ///< the file could not be read, so it is not overwritten
 };
 
 } // namespace ebtq

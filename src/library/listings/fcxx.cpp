@@ -105,7 +105,7 @@ void Fcxx::mFrmFx_ReturnData(const QString &psID, bool pbNew)
 }
 
 /// The key is a GUID and its leading number no listing's key, so the tabs show nothing new until the row
-/// changes. That is as it is to be: what was just saved need not be read again.
+/// changes. That is deliberate: what was just saved need not be read again.
 void Fcxx::showDetailOfNumber()
 {
     if (!isRowValid())
@@ -114,7 +114,7 @@ void Fcxx::showDetailOfNumber()
         m_detail.ShowDetail(PlainDecimal(Val(listing)));
 }
 
-/// Each filter brings its own gap along, whether or not another stands before it.
+/// Each filter adds its own leading blanks, also the first one.
 QString Fcxx::printSubtitle()
 {
     QString text;

@@ -81,7 +81,7 @@ bool FrmFx::NewRecord()
     HostSession &session = app().Session();
     const QString today = regionalDate(session.LoginDate());
     QString number;
-    // A number that could not be had now is asked for again by the save, which tells why.
+    // If no number is available now, the save asks again and reports the reason.
     app().NewBillCode(m_moduleID, session.LoginDate(), number, true);
     qzFcTxt(BillNumber).setText(number);
     for (const int date : {RegisteredOn, HandedOverOn, AuthoredOn, EntrustedOn})
@@ -113,8 +113,8 @@ bool FrmFx::LoadData()
     });
 }
 
-/// It is the last word of an opening: the key number is open at first whatever 看房 says, and closed when
-/// 看房 is changed to one without a key.
+/// Runs last when the form opens: the key number is enabled at first for any 看房, and disabled when 看房
+/// changes to one without a key.
 void FrmFx::SetFieldsEnabled(bool enabled)
 {
     setTypesEnabled(enabled, {Department, Author, AuthoredOn});

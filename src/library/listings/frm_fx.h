@@ -8,8 +8,8 @@
 namespace ebtq {
 
 /// The editor of one listing: opened for a new one or for a row of fyxx, shown modally, written by one
-/// statement. There is no record behind it: a load writes the fields, a save reads them. Buttons 2 and 3 pick
-/// a remark and a contact remark.
+/// statement. It holds no record object: a load writes the fields, a save reads them. Buttons 2 and 3 pick a
+/// remark and a contact remark.
 class FrmFx : public EditorForm
 {
     Q_OBJECT

@@ -23,8 +23,8 @@ constexpr LookUp propertyRights{.kind = LookUp::HostList,
                                     u"select 产权编号,产权名称,证件名称,付款方式,付佣金方式 from pdmcq where "
                                     u"(产权编号='@' or 产权名称='@')"};
 
-/// The counts of rooms stand one place off their captions on purpose: each caption names what the field
-/// before it counts.
+/// The captions of the room counts are deliberately shifted by one: each names what the field before it
+/// counts.
 constexpr EditorField fields[] = {
     {u"房源编号", u"房源编号"},
     {u"地址", u"城区", picker(u"pdmdq")},
@@ -112,7 +112,7 @@ constexpr RecordColumn date(int field, QStringView column)
     return {FieldText, field, column, Saved::Date, Loaded::AsItComes};
 }
 
-/// The author's id stands twice, since it is written in front of a column after which it is read.
+/// The author's id is listed twice: statements write it before 制单日期, a load reads it after.
 constexpr RecordColumn columns[] = {
     text(BillNumber, u"房源编号"),
     key(District, u"地区ID"),

@@ -15,7 +15,7 @@ public:
 
     /// The grids' columns; part of the module's Init.
     void setUpGrids();
-    /// Writes a follow-up of the current listing as it was saved: a new one stands at the bottom until the
+    /// Writes a follow-up of the current listing as it was saved: a new one is added at the bottom until the
     /// tab is loaded again, newest first.
     void mFrmGj_ReturnData(const QString &psID, bool pbNew);
     /// What the tab of pictures says of them.

@@ -52,8 +52,8 @@ Text untouched(const DetailRecord &, QStringView)
     return std::nullopt;
 }
 
-/// Deliberately field 42 shows the appliances under the furniture's caption, and 43 is never written: what is
-/// read here has always stood in these places.
+/// Deliberately field 42 shows the appliances under the furniture's caption, and 43 is never written: users
+/// know them there.
 constexpr DetailField fields[] = {
     {0, u"房源编号", ListingTab, u"房源编号"},
     {1, u"房屋地址", ListingTab, u"地区", nullptr, u"地区ID"},

@@ -6,8 +6,8 @@
 namespace ebtq {
 
 /// Which customers suit a listing: those whose stored ranges hold each of the listing's measures. A bound
-/// that a customer left open is stored as 0 and holds nothing, so whoever gave only a lower bound is not
-/// found from here, though the listing is found from the customer. Both searches are wanted as they are.
+/// that a customer left open is stored as 0 and matches nothing, so a customer with only a lower bound is not
+/// found from here, though the listing is found from the customer. Both searches are deliberate.
 
 /// The statement that reads a listing's measures, with what names it in front of them.
 [[nodiscard]] SqlText measuresStatement(const QString &listing);

@@ -6,7 +6,7 @@
 
 namespace ebtq {
 
-// What the tables of several lists have alike.
+// What the tables of several lists share.
 
 inline constexpr FilterField::Parameter districtParameters[] = {{u"pdmsfmx", 1}};
 inline constexpr FilterField::Parameter agentParameters[] = {{u"组织类型", 1}};

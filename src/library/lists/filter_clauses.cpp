@@ -29,7 +29,7 @@ std::optional<QDateTime> beginOf(const QString &text, const QDateTime &now)
     return now.addMonths(-found->months).addDays(-found->days);
 }
 
-/// Nothing when no day follows that the dialect could write: then nothing lies behind it either.
+/// Nothing when the dialect cannot write a following day: then no row is later.
 std::optional<SqlText> dayAfter(const QString &text)
 {
     constexpr int lastYear = 9999;
@@ -42,7 +42,7 @@ std::optional<SqlText> dayAfter(const QString &text)
     return SqlText(regionalDate(next));
 }
 
-/// What stands between the two texts of a clause; nothing when the clause is left out.
+/// The value between the two texts of a clause; nothing when the clause is left out.
 std::optional<SqlText> filling(const FilterClause &clause, const FilterValues &values, const QDateTime &now)
 {
     if (clause.kind == FilterClause::Period || clause.kind == FilterClause::PeriodTime) {

@@ -17,7 +17,7 @@ struct FilterClause
 {
     enum Kind {
         Text,       ///< `before`, the text as typed, `behind`
-        Key,        ///< `before`, the number behind the text, `behind`; also for a text of blanks alone
+        Key,        ///< `before`, the field's numeric value, `behind`; also for a text of blanks alone
         TextKey,    ///< the same, but not for blanks alone
         NextDay,    ///< `before`, the day after the typed one, `behind`
         Ticks,      ///< `before` with only the first box ticked, `behind` with only the second; else nothing
@@ -36,7 +36,7 @@ struct FilterValues
     struct Field
     {
         QString text = {}; ///< as typed
-        double key = 0;    ///< the leading number of the value behind it
+        double key = 0;    ///< the leading number of the field's value
     };
     std::map<int, Field> fields = {};
     bool first = false; ///< of the two ticks
@@ -50,8 +50,8 @@ struct FilterValues
                                   const QDateTime &now);
 
 /// Captions of the periods, in the order of the combo box. "十天内" and "十五月内" are no periods, as "全部"
-/// is none: what was stored and trained with them counts on seeing all rows. The periods of ten and fifteen
-/// days are reached by typing their texts.
+/// is none: users and stored layouts rely on them to show all rows. The periods of ten and fifteen days are
+/// reached by typing their texts.
 [[nodiscard]] QStringList periodCaptions();
 
 } // namespace ebtq

@@ -13,7 +13,7 @@ namespace ebtq {
 /// A filter field and how it is looked up.
 struct FilterField
 {
-    /// A parameter that the field's picker is always asked with.
+    /// A parameter that the field's picker always gets.
     struct Parameter
     {
         QStringView name;
@@ -28,7 +28,7 @@ struct FilterField
     /// -1 for none.
     int narrowedBy = -1;
     QStringView narrowedAs = {};
-    QStringView text = {};                            ///< what it and the value behind it hold from the start
+    QStringView text = {};                            ///< its initial text and value
     qzTxt_S::JudgeType judge = qzTxt_S::JudgeNothing; ///< how a text is checked that is not looked up
 };
 
@@ -39,7 +39,7 @@ struct ListFilterTables
     std::array<QStringView, 2> ticks; ///< captions of the boxes Chk
     QStringView periods = u"最近";    ///< caption of the combo box XPCmb; empty for a filter without
     std::span<const FilterClause> clauses;
-    bool refusalsNameTheField = true; ///< what is said of a text that is not found
+    bool refusalsNameTheField = true; ///< of a text that is not found
 };
 
 /// The filter controls of a list module, an array qzTxt, and the where clause that they make.

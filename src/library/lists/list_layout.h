@@ -8,9 +8,9 @@ class VSFlexGrid;
 
 /// The layout of a list module in the file that its host gives.
 ///
-/// The fields of the form come back once, and only while nobody has changed them since the module opened: the
-/// host asks again after every load, and by then fields hold what the person has typed or emptied since. From
-/// then on only the list's shape is restored. What a person changes about the columns is written at once.
+/// The fields of the form are restored once, and only if unchanged since the module opened: the host asks
+/// again after every load, when they may hold what the user has typed or emptied since. From then on only the
+/// list's shape is restored. The user's changes of columns are written at once.
 class ListLayout : public QObject, private ModulePart
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     /// What IReportUI_DoGetFormStatus does.
     void get(const QString &file);
     /// What IReportUI_DoSaveFormStatus does. False when the file could not be written, or holds a layout that
-    /// could not be read when it was asked for: then what the screen shows is not the person's.
+    /// could not be read before: then the screen does not show the user's layout and must not replace it.
     bool save(const QString &file);
     /// Sums anew after rows were added, changed or removed.
     void recount();

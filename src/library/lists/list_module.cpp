@@ -172,9 +172,8 @@ void ListModule::notePlace()
         m_place = {keyOf(row), row - m_grid.TopRow(), m_grid.TopRow() > m_grid.FixedRows()};
 }
 
-/// An agent who refreshes all day goes on at the same row. A list that stood at its top stays there, so that
-/// new rows are seen. Without a place the first row is current in the order that the layout has given the
-/// list.
+/// A refresh keeps the current row. A list that was scrolled to its top stays there, so that new rows are
+/// seen. Without a kept row the first one in the layout's order becomes current.
 void ListModule::returnToPlace()
 {
     const int row = rowOf(m_place.key);
@@ -200,7 +199,7 @@ bool ListModule::isRowValid() const
     return m_grid.Row() >= m_grid.FixedRows() && m_grid.Row() < m_grid.Rows();
 }
 
-/// While the list is refreshed the current row comes and goes; it is told once, at the end.
+/// During a refresh the current row changes several times; it is reported once, at the end.
 void ListModule::currentRowChanged(int oldRow, int newRow)
 {
     if (oldRow == newRow)
@@ -220,7 +219,7 @@ void ListModule::setWheelRange()
     m_wheel->setMin(m_grid.FixedRows());
 }
 
-/// The wheel goes on from where the list has been scrolled to.
+/// The wheel continues from where the list was scrolled to.
 void ListModule::scrolled()
 {
     if (m_wheel)

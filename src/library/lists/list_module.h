@@ -36,7 +36,7 @@ struct ListTables
 };
 
 /// The base of all modules that show rows of one statement in a grid VS: filter, load, search, wheel, layout,
-/// print. A refresh goes on at the row where the person was.
+/// print. A refresh keeps the user's row.
 class ListModule : public Module, public IReportUI
 {
     Q_OBJECT
@@ -65,7 +65,7 @@ public:
     void IReportUI_DoSaveFormStatus(const QString &file) override;
     QObject *IReportUI_oTable() override { return &m_grid; }
 
-    // What a list does not offer by itself.
+    // What a plain list does not offer.
     bool IReportUI_Find(const QVariant &) override { return false; }
     bool IReportUI_FindNext() override { return false; }
     bool IReportUI_Filter(const QVariant &) override { return false; }
@@ -89,19 +89,19 @@ public:
 protected:
     ListModule(const QString &name, Desktop &desktop, FailureNames failures, const ListTables &tables);
 
-    // What a list has of its own
+    // What differs between lists
 
     [[nodiscard]] virtual SqlText statement() = 0;
-    /// Before anything of Init asks the database: no command may want for its form after a start that failed.
+    /// Called before the first query of Init: commands need their forms even if loading fails.
     virtual void makeEditors() {}
     /// The grids' own settings; part of Init.
     virtual void setUpGrids() {}
     virtual void applyRights() {}
     /// The rows of a load are in the grid.
     virtual void rowsLoaded() {}
-    /// Another row became current, with this key.
+    /// The current row changed; its key.
     virtual void rowChanged(const QString & /*key*/) {}
-    /// What the list is filtered by, as it stands below the title on paper.
+    /// The filters, as printed below the title.
     [[nodiscard]] virtual QString printSubtitle() { return {}; }
     /// The file of its print settings; the folder exists. Throws Failure when it cannot be made.
     [[nodiscard]] virtual QString printSettings();
@@ -127,7 +127,7 @@ private:
         Refreshing, ///< from the emptied list to its rows' being in place
         Turning,    ///< the wheel scrolls
     };
-    /// Where the person stands in the list.
+    /// The user's position in the list.
     struct Place
     {
         QString key; ///< empty for none

@@ -30,7 +30,7 @@ void ListSearch::setUp()
     m_box.setFilterFlag(m_filters.Value() == 1);
 }
 
-/// Lists that are searched without regard to case have a "%" behind the last column as well.
+/// Lists that are searched without regard to case have a "%" after the last column as well.
 QList<int> ListSearch::columns() const
 {
     constexpr int emptyCell = -1;

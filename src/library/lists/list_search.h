@@ -23,10 +23,9 @@ public:
     [[nodiscard]] Label &lblSearch() { return m_label; }
     [[nodiscard]] CheckBox &ChkFind() { return m_filters; }
 
-    /// Part of the module's Init, when the columns of the list stand.
+    /// Part of the module's Init, when the list's columns are set up.
     void setUp();
-    /// Searches the rows that were just loaded for what stands in the box. False when it looked for a row and
-    /// there is none.
+    /// Searches the rows that were just loaded for the text of the box. False when no row has it.
     bool apply() { return search(m_box.Text()); }
 
 Q_SIGNALS:

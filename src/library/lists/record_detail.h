@@ -49,7 +49,7 @@ struct DetailField
     /// The text that a record gives the field; nothing when the field is to keep what it shows. Without a
     /// function it is the column's.
     std::optional<QString> (*text)(const DetailRecord &record, QStringView column) = nullptr;
-    QStringView valueColumn = {}; ///< of the key behind the text; empty for none
+    QStringView valueColumn = {}; ///< with the key that belongs to the text; empty for none
 };
 
 /// A box with a text of many lines.
@@ -64,9 +64,9 @@ struct DetailBox
 struct DetailTables
 {
     std::span<const DetailTab> tabs;
-    int firstTab;          ///< the one that is active from the start; tabs count from 1
+    int firstTab;          ///< initially active; tabs count from 1
     QStringView fieldName; ///< of the controls
-    /// In the order in which they are filled: when one fails, those behind it keep what they show.
+    /// In the order in which they are filled: when one fails, the later ones keep what they show.
     std::span<const DetailField> fields;
     QStringView boxName;
     std::span<const DetailBox> boxes;
@@ -83,7 +83,7 @@ class RecordDetail : public QObject, protected ModulePart
 public:
     /// Loads the active tab for the record with that key. A failure is raised by the module.
     void ShowDetail(const QString &id);
-    /// Loads it for the current row of the list; without one nobody's data is left in the tabs.
+    /// Loads it for the current row of the list; without one the tabs are emptied.
     void showCurrent();
 
     [[nodiscard]] qzVSTabCtl &qzVSTabCtl1() { return m_tabs; }

@@ -31,7 +31,7 @@ constexpr Measure measures[] = {
     {u"租价", u"元/月", u"租房价格", u"租房价格", u"求租价格1", u"求租价格2"},
 };
 
-/// What is looked at, and what is searched.
+/// Both directions: the record that is looked at, the table that is searched.
 struct Direction
 {
     QStringView ownTable;
@@ -40,7 +40,7 @@ struct Direction
     QStringView table;
     QStringView number;
     QStringView shown;  ///< columns of a near miss
-    QStringView format; ///< of their grid, with the reason behind them
+    QStringView format; ///< of their grid, with the reason as last column
     QStringView counted;
 };
 constexpr Direction directions[] = {
@@ -161,7 +161,8 @@ void MatchReasons::setUpGrids()
         m_criteria.setColAlignment(column, VSFlexGrid::AlignRight);
 }
 
-/// One pass over the table: all of them, those that meet everything, and for each criterion two counts.
+/// One pass over the table: the number of all rows, of those that meet everything, and two counts for each
+/// criterion.
 void MatchReasons::readCounts(const std::vector<Bound> &bounds)
 {
     const auto others = [&](const Bound *left) {

@@ -9,8 +9,8 @@
 namespace ebtq {
 
 /// Why records suit a request, or a listing, and others do not: how many meet each criterion, and those that
-/// fail one alone. A criterion is one bound of the four measures that matching compares. It holds nobody's
-/// name, address or number, so whoever may see the list may see it.
+/// fail just one. A criterion is one bound of the four measures that matching compares. It holds no name,
+/// address or telephone number, so it needs no right beyond the list's.
 class MatchReasons : public QObject, private ModulePart
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
 
     MatchReasons(Module &module, Of of);
 
-    /// Reads them for the record with this key and shows the panel until it is closed. Without such a record
-    /// the person is told so. A failure is raised by the module.
+    /// Reads them for the record with this key and shows the panel until it is closed. A message says when
+    /// there is no such record. A failure is raised by the module.
     void show(const QString &id);
 
     /// What is looked at, as "KY2026110001：共 2400 套房源".

@@ -181,7 +181,7 @@ bool EditorForm::isWritable()
     return !app().Db().ReadOnly();
 }
 
-/// A list of types, since the forms of this family are walked alike.
+/// By type: the rules enable and disable all controls of these types.
 void EditorForm::setTypesEnabled(bool enabled, std::initializer_list<int> fixed)
 {
     for (const auto &control : controls()) {
@@ -285,7 +285,7 @@ QString EditorForm::held(const RecordColumn &column) const
     return {};
 }
 
-/// The last box is never asked: a row without a tick counts as its.
+/// The last box is the default: a row without a tick belongs to it.
 int EditorForm::firstTick() const
 {
     const int last = static_cast<int>(m_ticks.size());

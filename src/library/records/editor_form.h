@@ -33,9 +33,9 @@ struct EditorField
     QStringView unit = {};
 };
 
-/// What the forms that edit one row have in common: an array of fields that know where their values come
-/// from, the row behind them as a table, a save that refuses by message box, buttons 0 for saving and 1 for
-/// closing. One form is kept and opened again and again; each opening finds it as it was made.
+/// The base of forms that edit one row: an array of fields with their look-ups, a table of the row's columns,
+/// a save that refuses by message box, buttons 0 for saving and 1 for closing. A form is created once and
+/// reused; each opening resets it.
 class EditorForm : public Module, protected LookUpRules
 {
     Q_OBJECT
@@ -56,7 +56,7 @@ Q_SIGNALS:
     void unloaded();
 
 protected:
-    /// The number of a field and what is said when it is empty.
+    /// The number of a field and the message when it is empty.
     using RequiredField = std::pair<int, QStringView>;
     /// How a form gets its row's document number.
     struct NumberRule
@@ -80,8 +80,8 @@ protected:
         bool isNew;
     };
 
-    /// `arrayName` names the array of fields; `fields` and `record` outlive the form. `failureTitle` stands
-    /// over what is raised as ErrMessage.
+    /// `arrayName` names the array of fields; `fields` and `record` outlive the form. `failureTitle` is the
+    /// title of raised failures.
     EditorForm(const QString &name, QString arrayName, std::span<const EditorField> fields,
                const RecordTable &record, Desktop &desktop, const QString &failureTitle = applicationTitle());
 
@@ -116,12 +116,12 @@ protected:
     /// nothing to show. A form that is open already stays as it is, with what was typed: a command can still
     /// arrive in the form's own event loop.
     void open(HostApp &host, QStringView tag, const std::function<bool()> &load);
-    /// The form as it was designed, whatever its last opening left in it.
+    /// Resets the form to its initial state.
     void reset();
     void emptyFields();
     /// What is on the form now is what it was opened with.
     void clearDirty();
-    /// False where the whole database is for reading only: a form opens closed then, whoever asks.
+    /// False where the whole database is read-only: forms then open disabled for everybody.
     [[nodiscard]] bool isWritable();
     /// Enables or disables everything that can be filled in but the `fixed` fields, which are never typed.
     void setTypesEnabled(bool enabled, std::initializer_list<int> fixed);
@@ -142,7 +142,7 @@ protected:
     bool DoCheckRequired(std::span<const RequiredField> required);
     /// Checks what was typed and not checked yet, since a save can come without the keyboard leaving the
     /// field, and brings numbers into the form that `Val` reads. False when a field refuses: the user has
-    /// been told and the field has the keyboard.
+    /// seen a message and the field has the focus.
     bool DoCheckTyped();
     /// Gives the row its document number and writes it; the number is field 0's, or for a new row the host's,
     /// which may be another one than the screen shows.
@@ -181,8 +181,8 @@ private:
     /// than the screen shows. A number that a failed save has taken is kept for the next new row, also after
     /// the form was closed, so that none is left out. Nothing when there is none; the user has been told.
     [[nodiscard]] std::optional<QString> documentNumber(bool isNew, const NumberRule &rule);
-    /// What a column of the new row holds that an attempt before this one has written after all; invalid when
-    /// there is no such row. Nothing when that cannot be found out; the user has been told.
+    /// The value of a column of the new row if an earlier attempt has written it after all, else invalid.
+    /// Nothing when that cannot be determined; the user has been told.
     [[nodiscard]] std::optional<QVariant> triedValue(QStringView column);
     [[nodiscard]] std::optional<QString> numberOfNewRow(const NumberRule &rule);
     [[nodiscard]] bool isStillFree(const NumberRule &rule);
@@ -190,13 +190,13 @@ private:
     [[nodiscard]] QString newKey();
     bool insert(const QString &key);
     bool update(const QString &key);
-    /// Empty on success, else what to tell the user once the transaction has ended.
+    /// Empty on success, else the message to show once the transaction has ended.
     [[nodiscard]] QString runUpdate(const QString &key);
     /// The same, if nobody else has changed the row since it was loaded; else these changes.
     [[nodiscard]] QString tryUpdate(const QString &key, std::vector<ForeignChange> &changes);
     [[nodiscard]] QString updateUnchanged(const QString &key, std::vector<ForeignChange> &changes);
     [[nodiscard]] std::vector<ForeignChange> foreignChanges(const QString &key);
-    /// Runs a statement on the row that is edited; a row that is gone is a failure too.
+    /// Runs a statement on the edited row; a deleted row is a failure too.
     [[nodiscard]] QString runOnRow(const SqlText &sql);
     [[nodiscard]] bool isSaveChecked();
     bool settle(const std::vector<ForeignChange> &changes);

@@ -191,7 +191,7 @@ std::optional<EditorForm::SavedRow> EditorForm::write(const QString &id)
     const auto tried = triedValue(m_record.key);
     if (!tried)
         return std::nullopt;
-    // Without a key, of which the user has been told, what was typed is saved all the same.
+    // Without a key, which was reported, the typed text is saved all the same.
     const QString key = isNew ? newKey() : id;
     if (!(isNew && !tried->isValid() ? insert(key) : update(key)))
         return std::nullopt;
@@ -255,7 +255,7 @@ QString EditorForm::tryUpdate(const QString &key, std::vector<ForeignChange> &ch
 }
 
 /// The row is written to first, though with what it holds, so that it is locked until the transaction ends:
-/// nobody's change comes between the look and the update.
+/// no other change can come between the comparison and the update.
 QString EditorForm::updateUnchanged(const QString &key, std::vector<ForeignChange> &changes)
 {
     const SqlText lock(QStringLiteral("update %1 set %2=%2").arg(m_record.table, m_record.key));
@@ -275,7 +275,7 @@ bool EditorForm::isSaveChecked()
     return !m_loaded.isEmpty() && Val(app().SystemParameter(parameterGroup, checkParameter).Text) != 0;
 }
 
-/// What a colleague has changed to what stands here anyway is no matter between the two.
+/// A colleague's change to the same text is no conflict.
 std::vector<ForeignChange> EditorForm::foreignChanges(const QString &key)
 {
     auto changes = m_loaded.changesIn(m_record, *openRows(app().Db(), LoadedRow::statement(m_record, key)));
@@ -330,7 +330,7 @@ QString EditorForm::titleOf(const RecordColumn &column) const
 
 QString EditorForm::described(const ForeignChange &change) const
 {
-    // A key says nothing to a person; what it stands for is often a column beside it.
+    // Users cannot read a key; its text is often a column too.
     if (change.column->holder == Holder::FieldKey)
         return titleOf(*change.column);
     return QStringLiteral("%1：%2 → %3")

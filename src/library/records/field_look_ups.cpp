@@ -12,8 +12,7 @@ void setUpHelp(qzTxt_S &field, const LookUp &lookUp)
     field.set_help_flag(true);
     field.set_help_menuflag(true);
     if (lookUp.kind == LookUp::Calendar) {
-        // A date is not checked at its field: the statement hands it to the database, which refuses what is
-        // none.
+        // A date is not checked in its field: the database refuses an invalid one.
         field.set_help_type(qzTxt_S::Calendar);
         field.set_judge_type(qzTxt_S::JudgeDate);
         return;
@@ -80,7 +79,7 @@ void FieldLookUps::setUp()
 }
 
 /// The picker of a field, ready and with its parameters; nullptr when it cannot be used. The host shares a
-/// picker among its screens: what another one asked for must not narrow this list.
+/// picker among its screens: parameters of another one must not narrow this list.
 HostPicker *FieldLookUps::picker(int number)
 {
     HostPicker &list = app().Picker(at(number).lookUp->name.toString());
@@ -105,7 +104,7 @@ bool FieldLookUps::lookUp(int number, const LookUpRules::Check &check)
 {
     const QString typedText = at(number).control->Text();
     if (at(number).lookUp->kind != LookUp::Picker) {
-        // The host tells by itself of a check that failed for want of a database.
+        // The host itself reports a check that failed without a database.
         app().JudgeText(check.base, check.valueField, check.textField, typedText, check.value, check.text);
         return true;
     }
@@ -118,7 +117,7 @@ bool FieldLookUps::lookUp(int number, const LookUpRules::Check &check)
     return true;
 }
 
-/// Typing empties a field's value, so one that is there was chosen.
+/// Typing empties a field's value, so a value means that it was chosen.
 std::shared_ptr<const PickedRow> FieldLookUps::rowOf(int number, const HostPicker &picker) const
 {
     const bool isChosen = m_chosenField == number && !NullConv::ToText(at(number).control->Value()).isEmpty();

@@ -13,7 +13,7 @@ namespace ebtq {
 class LookUpRules
 {
 public:
-    /// A typed text that is looked up, and where value and text of what was found go.
+    /// A typed text to look up, and the fields that get value and text of the match.
     struct Check
     {
         const QString &base;
@@ -24,7 +24,7 @@ public:
     };
 
     virtual ~LookUpRules() = default;
-    /// What the picker of a field is to be asked with.
+    /// Sets the parameters of a field's picker.
     virtual void setParameters(int number, ParameterList &parameters) = 0;
     /// Looks up what was typed into a field, as FieldLookUps::lookUp does, and may add to it. False when that
     /// cannot be done.
@@ -50,11 +50,11 @@ public:
     void setUp();
 
     bool lookUp(int number, const LookUpRules::Check &check);
-    /// The row that goes with a field when its picker has looked it up: the chosen one while the choice
-    /// stands, since the look-up finds the first of those that have one name.
+    /// The row that goes with a field when its picker has looked it up: the chosen one while it is unchanged,
+    /// since the look-up finds the first of several with the same name.
     [[nodiscard]] std::shared_ptr<const PickedRow> rowOf(int number, const HostPicker &picker) const;
 
-    /// What is said of a text that is not found, behind the field's caption.
+    /// The message for a text that is not found, after the field's caption.
     [[nodiscard]] static QString refusal();
 
 private:

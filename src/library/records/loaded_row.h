@@ -8,7 +8,7 @@
 
 namespace ebtq {
 
-/// A column that somebody else has changed while a form showed its row.
+/// A column that another user has changed while a form showed its row.
 struct ForeignChange
 {
     const RecordColumn *column;
@@ -17,7 +17,7 @@ struct ForeignChange
 };
 
 /// What the columns that a form writes held when it was loaded. Saving writes all of them, so a colleague's
-/// change made meanwhile would be undone without a word.
+/// change made meanwhile would be undone silently.
 class LoadedRow
 {
 public:
@@ -29,8 +29,8 @@ public:
     [[nodiscard]] std::vector<ForeignChange> changesIn(const RecordTable &record, const Recordset &row) const;
     /// The change is known from now on.
     void accept(const ForeignChange &change);
-    /// These texts are about to be written. Whether they were may remain unknown, so they are nobody else's
-    /// change later on.
+    /// These texts are about to be written. The outcome may remain unknown, so they later count as this
+    /// form's own change.
     void attempt(const RecordTable &record, const HeldText &held);
 
 private:

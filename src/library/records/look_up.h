@@ -17,7 +17,7 @@ struct LookUp
     QStringView statement = {};  ///< that checks a typed text; "@" stands for the text
     QStringView dictionary = {}; ///< kind of the data dictionary's entries, in place of a statement
 
-    /// The statement, whichever way it is given.
+    /// The given statement, or that of the dictionary.
     [[nodiscard]] QString check() const;
 };
 

@@ -54,8 +54,8 @@ struct RecordColumn
     Loaded loaded = Loaded::Trimmed;
 };
 
-/// The row behind a form. The three lists are the orders in which a load fills the form and the statements
-/// are written; entries that are not loaded or not saved are left out there.
+/// The row that a form edits. The three lists are the orders in which a load fills the form and the
+/// statements are written; entries that are not loaded or not saved are left out there.
 struct RecordTable
 {
     QStringView table; ///< as the statements spell it

@@ -35,12 +35,12 @@ void ComboView::take(const QString &text)
 {
     const auto taking = m_exchange.take();
     if (currentIndex() >= 0 && itemText(currentIndex()) == text)
-        m_combo.setListIndex(currentIndex()); // entries of one name are told apart
+        m_combo.setListIndex(currentIndex()); // entries of equal names differ by position
     else
         m_combo.setText(text);
 }
 
-/// A text that code puts in is confirmed as it stands.
+/// A text that code sets counts as confirmed.
 void ComboView::follow()
 {
     if (!m_exchange.isTaking())

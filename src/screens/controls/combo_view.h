@@ -8,8 +8,8 @@ namespace ebtq {
 
 class XPCombo;
 
-/// The widget of an XPCombo: any text can be typed beside the listed ones, and nothing is completed or put
-/// into the list on its own, since the rules compare the text letter by letter.
+/// The widget of an XPCombo: texts that are not listed can be typed too; nothing is completed or added to the
+/// list, since the rules compare the exact text.
 class ComboView : public QComboBox
 {
     Q_OBJECT

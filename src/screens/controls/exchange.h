@@ -5,8 +5,8 @@
 namespace ebtq {
 
 /// What passes between a control and its view. While one of them takes a change over from the other, what it
-/// reports in turn is an echo and goes no further. Both may be at once: a person's change that the control
-/// answers with another one.
+/// reports in turn is an echo and is ignored. Both can happen at once: the control may answer a user's change
+/// with a further one.
 class Exchange
 {
 public:

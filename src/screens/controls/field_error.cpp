@@ -34,7 +34,7 @@ FieldError::FieldError(const QString &message, QWidget &field)
         moved->installEventFilter(this);
 }
 
-/// Whatever the field stands in can move it: a message that opens above the page moves the page alone.
+/// Any ancestor can move the field: a message that opens above the page moves only the page.
 bool FieldError::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Move || event->type() == QEvent::Resize)

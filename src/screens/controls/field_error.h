@@ -4,8 +4,8 @@
 
 namespace ebtq {
 
-/// The bubble below a field that was refused: it says why and lies over what is there, without taking
-/// keyboard or mouse. It goes where the field goes.
+/// The bubble below a field that was refused: it shows the reason on top of the form, without taking keyboard
+/// or mouse, and follows the field.
 class FieldError : public QLabel
 {
     Q_OBJECT

@@ -119,7 +119,7 @@ void FieldView::contextMenuEvent(QContextMenuEvent *event)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (m_field.help_menuflag() && m_help->isVisible()) {
         auto *choose = new QAction(QStringLiteral("选择(&L)…\tF4"), menu);
-        // The list that it opens is waited for: the menu must be gone by then.
+        // Queued, since opening the list blocks: the menu must be closed first.
         connect(choose, &QAction::triggered, this, &FieldView::askHelp, Qt::QueuedConnection);
         QAction *first = menu->actions().value(0);
         menu->insertAction(first, choose);
@@ -165,7 +165,7 @@ void FieldView::hideEvent(QHideEvent *event)
     delete m_error;
 }
 
-/// A field that is hidden loses the focus as well, but there is nobody to tell what is wrong with it.
+/// A field that is hidden loses the focus as well, but its message could not be seen.
 bool FieldView::mayLeave()
 {
     return !isVisible() || check();

@@ -13,7 +13,7 @@ class qzTxt_S;
 /// The widget of a field control: a text with a help arrow or a calendar inside; its caption is a label of
 /// its own (makeCaption), so that a form can line captions up. F4, Alt+Down and the arrow ask for help.
 /// Leaving the field runs its check: a text that is refused keeps the focus and is marked, Escape brings back
-/// what was there before the typing. Enter and Down go on, Up goes back.
+/// what was there before the typing. Enter and Down go to the next field, Up to the previous one.
 class FieldView : public QLineEdit
 {
     Q_OBJECT

@@ -83,8 +83,8 @@ void FlexGridColumns::followOrder()
     }
 }
 
-/// What the columns wish beyond the window's width they give up in proportion to what they can spare; what is
-/// left of it they share. While the user draws the edge of one, the others stay under the mouse.
+/// Columns that exceed the window's width shrink in proportion to what they can spare; spare width is shared.
+/// While the user drags the edge of one, the others keep their widths.
 void FlexGridColumns::layOut()
 {
     if (m_exchange.isTaking())
@@ -175,8 +175,8 @@ void FlexGridColumns::moved()
     m_grid.reportLayoutChanged();
 }
 
-/// One drawing of an edge is one change, however many widths it went through. It also ends when it has
-/// driven the header out of sight.
+/// Dragging an edge is one change, however many widths it passes. It also ends when the header is hidden by
+/// it.
 bool FlexGridColumns::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isEnd = event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::Hide;
@@ -199,8 +199,8 @@ void FlexGridColumns::setShown(int column, bool shown)
     m_grid.reportLayoutChanged();
 }
 
-/// In the order of sight. What the screen itself hides is not offered, and the last column cannot be hidden:
-/// it would take the way back along.
+/// In visible order. Columns that the screen itself hides are not offered, and the last one cannot be hidden:
+/// without a header there is no menu to show it again.
 std::unique_ptr<QMenu> FlexGridColumns::makeMenu()
 {
     auto menu = std::make_unique<QMenu>(&m_view);

@@ -35,7 +35,7 @@ public:
     void layOut();
     /// A header over these columns: its menu, and the end of drawing an edge in it.
     void watch(QHeaderView &header);
-    /// The columns to be ticked, and the way back to the given layout.
+    /// The columns to be ticked, and a command that restores the given layout.
     [[nodiscard]] std::unique_ptr<QMenu> makeMenu();
 
     bool eventFilter(QObject *watched, QEvent *event) override;

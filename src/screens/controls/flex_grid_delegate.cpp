@@ -20,7 +20,7 @@ QString textOf(const QModelIndex &index)
     return index.data().toString();
 }
 
-/// The next column of the row in the order of sight; invalid at the end.
+/// The next visible column of the row; invalid at the end.
 QModelIndex neighbour(const QModelIndex &index, const QTableView &view, int step)
 {
     const QHeaderView &header = *view.horizontalHeader();
@@ -47,8 +47,8 @@ bool isLabel(const QModelIndex &index)
            (index.data(FlexGridModel::IsSubtotal).toBool() && isEmpty(index));
 }
 
-/// The cell with the label that this one shows or goes on with; invalid when there is none. A label that was
-/// hidden with its column since the sums were made begins where that column was.
+/// The cell with the label that extends into this one; invalid when there is none. The label of a column that
+/// was hidden after the sums were made begins where that column was.
 QModelIndex labelOf(const QModelIndex &index, const QTableView &view)
 {
     for (QModelIndex cell = index; cell.isValid(); cell = neighbour(cell, view, -1)) {
@@ -164,7 +164,7 @@ QRect FlexGridDelegate::mergedPlace(const QRect &cell, const QModelIndex &index,
     return place;
 }
 
-/// The text may begin in a cell further left: then this one shows what has come as far as here.
+/// The text may begin in a cell further left: then this one shows its part of it.
 void FlexGridDelegate::paintLabel(QPainter *painter, const QStyleOptionViewItem &option,
                                   const QModelIndex &index, const QTableView &view) const
 {

@@ -20,9 +20,9 @@ struct ColumnLook
 /// Paints a cell of a grid and the lines at its right and below: the whole current row in its colour, every
 /// second row tinted, no box around the cell that has the focus.
 ///
-/// Each cell is painted by itself, also where it is only a part of what is seen: the label of a sum that runs
-/// on into empty cells to its right, and equal neighbours in a merged column, which look like one cell. So
-/// the order of columns and the scrolling need nothing of their own, and only rows in sight cost anything.
+/// Each cell is painted separately, also as a part of the label of a sum, which extends into empty cells to
+/// its right, or of equal neighbours in a merged column, which look like one cell. So column order and
+/// scrolling need no special case, and only visible rows cost anything.
 class FlexGridDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -46,8 +46,8 @@ public:
                    const QModelIndex &index) override;
     /// So that a double click on a column's edge fits the column to what the cells need.
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    /// What a cell needs for its text with the space beside it. The label of a sum runs on into the empty
-    /// cells beside it and needs no room of its own.
+    /// The width that a cell needs for its text and padding. The label of a sum extends into the empty cells
+    /// beside it and needs none.
     [[nodiscard]] static int neededWidth(const QModelIndex &index, const QFontMetrics &metrics);
     /// Space at each side of a cell's text, in pixels.
     static constexpr int padding = 6;
@@ -64,9 +64,9 @@ private:
     void paintLabel(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
                     const QTableView &view) const;
     [[nodiscard]] bool isMergedWith(const QModelIndex &index, int row) const;
-    /// Whether it is a part of what looks like one cell, which has one ground.
+    /// Whether it is part of a merged cell, which has one background.
     [[nodiscard]] bool isMerged(const QModelIndex &index) const;
-    /// The place of all neighbours in sight that look like one cell with this one.
+    /// The rectangle of the visible part of the merged cell.
     [[nodiscard]] QRect mergedPlace(const QRect &cell, const QModelIndex &index,
                                     const QTableView &view) const;
 

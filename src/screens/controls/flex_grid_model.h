@@ -6,9 +6,9 @@ namespace ebtq {
 
 class VSFlexGrid;
 
-/// The rows in sight of a grid as a table model; the first fixed row is its header. Every cell is read from
-/// the grid when it is asked for. The number of rows changes only along with the model's own signals, so a
-/// view stays right while the grid is being filled with its redraw off.
+/// The visible rows of a grid as a table model; the first fixed row is its header. Every cell is read from
+/// the grid on request. The number of rows changes only along with the model's own signals, so a view stays
+/// right while the grid is being filled with its redraw off.
 class FlexGridModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role = Qt::DisplayRole) const override;
 
-    /// True between the grid's announcement of a change and its end: what a view does then is no wish of the
-    /// user.
+    /// True between the grid's announcement of a change and its end: what a view does then is no action of
+    /// the user.
     [[nodiscard]] bool isChanging() const { return m_changing; }
 
 private:

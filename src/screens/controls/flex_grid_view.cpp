@@ -105,8 +105,8 @@ void FlexGridView::followLook()
     viewport()->update();
 }
 
-/// No row is lower than its text. A header that nobody has set is as high as its style makes it; without a
-/// column in sight it keeps its place, since its menu is the way back.
+/// No row is lower than its text. A header whose height was not set is as high as its style makes it; it
+/// stays when all columns are hidden, since its menu shows them again.
 void FlexGridView::followHeights()
 {
     const int lowest = fontMetrics().height() + spaceAroundText;
@@ -121,7 +121,7 @@ void FlexGridView::followHeights()
     }
 }
 
-/// Rows that come into sight again must not push the row out of it that the user has before the eyes.
+/// Unhiding rows must not scroll the current row away.
 void FlexGridView::followRows()
 {
     m_columns->fit();
@@ -151,7 +151,7 @@ void FlexGridView::resizeEvent(QResizeEvent *event)
     m_columns->layOut();
 }
 
-/// The row under a press of the mouse stays where it is: a double click must meet one row.
+/// A mouse press does not scroll the row: both presses of a double click must hit the same one.
 void FlexGridView::followCurrent()
 {
     markCurrent();
@@ -193,7 +193,7 @@ bool FlexGridView::isCurrentSeen() const
     return currentIndex().isValid() && viewport()->rect().intersects(visualRect(currentIndex()));
 }
 
-/// Moves of the user go to the grid. What the view does by itself while rows come and go is none.
+/// The user's moves go to the grid; changes of the view while rows are added or removed do not.
 void FlexGridView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
@@ -212,7 +212,7 @@ void FlexGridView::followTopRow()
         verticalScrollBar()->setValue(top);
 }
 
-/// The part of a merged cell that is in sight changes with every row that is scrolled.
+/// The visible part of a merged cell changes with every scrolled row.
 void FlexGridView::reportTopRow(int position)
 {
     if (m_isMerged)
@@ -221,7 +221,7 @@ void FlexGridView::reportTopRow(int position)
         m_grid.setTopRow(m_grid.rowInSight(position));
 }
 
-// Columns that stay in sight
+// Frozen columns
 
 QModelIndex FlexGridView::indexAt(const QPoint &place) const
 {
@@ -235,7 +235,7 @@ QRect FlexGridView::visualRect(const QModelIndex &index) const
     return isFrozen ? m_frozen->visualRect(index) : QTableView::visualRect(index);
 }
 
-/// A cell below the columns that stay is not in sight.
+/// A cell below the frozen columns is not visible.
 void FlexGridView::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
     QTableView::scrollTo(index, hint);

@@ -25,7 +25,7 @@ public:
     FlexGridView(VSFlexGrid &grid, QWidget *parent);
 
     void setColumnLook(int column, const ColumnLook &look);
-    /// What is told in the middle while there is no row; empty for nothing.
+    /// Placeholder shown while the list is empty.
     void setEmptyHint(const QString &text);
     /// Asked at each turn of the wheel; a wheel that is bound to the grid takes it instead of the scroll bar.
     void setMouseWheel(std::function<MouseWheel *()> wheel) { m_wheel = std::move(wheel); }
@@ -63,7 +63,7 @@ private:
     [[nodiscard]] bool isCurrentSeen() const;
     void followTopRow();
     void reportTopRow(int position);
-    /// What is told instead of rows; empty for nothing.
+    /// Text shown instead of rows; empty for none.
     [[nodiscard]] QString hint() const;
     void reportPress(const QMouseEvent &press, QPointF place);
     [[nodiscard]] double scale() const { return logicalDpiX() / 96.0; }

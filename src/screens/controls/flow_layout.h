@@ -35,7 +35,7 @@ private:
     struct Line
     {
         size_t first;
-        size_t last; ///< one behind
+        size_t last; ///< one past it
         int width;
         int height;
     };

@@ -16,7 +16,7 @@ public:
     /// A child of `list`, which has its model by now.
     explicit FrozenColumns(QTableView &list);
 
-    /// How many columns stay, counted in the order of sight; those out of sight count as well.
+    /// The number of frozen columns in visible order; hidden ones count as well.
     void setCount(int count);
     [[nodiscard]] int count() const { return m_count; }
     /// Takes over the list's columns, place and scrolling.

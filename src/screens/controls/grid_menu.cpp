@@ -38,11 +38,11 @@ struct GridMenu::Format
 
 namespace {
 
-/// The table beside the text is many times as long; more rows than this nobody pastes for its looks.
+/// The HTML table is many times as long as the text; more rows than this are not worth it.
 constexpr int mostRowsAsTable = 5000;
-constexpr int patience = 200; // milliseconds without a sign
+constexpr int patience = 200; // milliseconds before progress is shown
 
-/// The positions in sight of the chosen rows, which follow one another; the current row when none is chosen.
+/// The visible positions of the selected rows, which are contiguous; the current row when none is selected.
 std::pair<int, int> chosenRows(const FlexGridView &view)
 {
     const QModelIndexList rows = view.selectionModel()->selectedRows();

@@ -19,8 +19,8 @@ class VSFlexGrid;
 
 /// The context menu of a list: the commands of its tool bar, in the state that they have there, the actions
 /// of its page, which a host adds, and what any list offers: copying the chosen rows, exporting and printing
-/// what is shown. With it, rows that follow one another can be chosen by Shift; the current row is one of
-/// them. The header has a menu of its own.
+/// what is shown. It makes contiguous rows selectable by Shift; the current row is one of them. The header
+/// has a separate menu.
 class GridMenu : public QObject
 {
     Q_OBJECT

@@ -6,7 +6,7 @@ namespace ebtq {
 
 class OptionButton;
 
-/// The widget of an OptionButton; those of one group stand in one parent.
+/// The widget of an OptionButton; those of one group have the same parent.
 class OptionButtonView : public QRadioButton
 {
     Q_OBJECT

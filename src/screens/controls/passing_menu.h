@@ -4,8 +4,8 @@
 
 namespace ebtq {
 
-/// A menu for one use, gone as soon as it closes. What was chosen begins after that: an action may open
-/// dialogs, and their event loops must not run inside the mouse handler of a menu that is being deleted.
+/// A menu for one use, deleted when it closes. The chosen action runs after that: it may open dialogs, and
+/// their event loops must not run inside the mouse handler of a menu that is being deleted.
 class PassingMenu : public QMenu
 {
     Q_OBJECT

@@ -6,7 +6,7 @@ namespace ebtq {
 
 class SearchBox;
 
-/// The widget of a SearchBox: Ctrl+F comes to it, Enter searches at once, Escape empties it.
+/// The widget of a SearchBox: Ctrl+F focuses it, Enter searches at once, Escape empties it.
 class SearchBoxView : public QLineEdit
 {
     Q_OBJECT

@@ -8,8 +8,8 @@ namespace ebtq {
 
 class qzVSTabCtl;
 
-/// The widget of a tab strip; what the tabs show stands beside it, in panels. Alt with a tab's number chooses
-/// it from anywhere in `keyScope`.
+/// The widget of a tab strip; the panels are separate widgets. Alt with a tab's number chooses it from
+/// anywhere in `keyScope`.
 class TabStripView : public QTabBar
 {
     Q_OBJECT

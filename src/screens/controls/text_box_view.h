@@ -16,7 +16,7 @@ public:
     TextBoxView(TextBox &box, QWidget *parent);
 };
 
-/// The widget of a TextBox of many lines. Tab leaves it, since it stands between other fields.
+/// The widget of a TextBox of many lines. Tab leaves it, as in the fields around it.
 class TextAreaView : public QPlainTextEdit
 {
     Q_OBJECT

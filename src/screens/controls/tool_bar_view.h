@@ -28,7 +28,7 @@ public:
     /// The key whose button stays pressed, as the list's present kind; empty for none.
     void setCurrentKey(const QString &key);
     /// Keyboard shortcuts of the buttons by key, shown in their tool tips. The captions are given and hold no
-    /// mnemonic; a shortcut by Alt and a letter is shown behind them as one.
+    /// mnemonic; a shortcut by Alt and a letter is appended to them as one.
     void setShortcuts(QHash<QString, QKeySequence> shortcuts);
     void setGuard(Guard guard) { m_guard = std::move(guard); }
 

@@ -6,12 +6,12 @@
 
 namespace ebtq {
 
-/// Where a field or a range of two stands on the editor of a customer. Each group counts its rows from 0; all
+/// The place of a field or a range of two on the editor of a customer. Each group counts its rows from 0; all
 /// groups share one grid of pairs of caption and field, so that the fields of the whole form line up.
 struct CustomerCell
 {
     enum Group { Customer, Wish, Price, Order, Remark };
-    /// A range goes on with its upper end; that of a price has a tick as its caption.
+    /// A range has a second field, its upper end; that of a price has a tick as its caption.
     enum Kind { Field, Range, TickedRange, State, Memo };
 
     Group group;

@@ -16,7 +16,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr size_t chunk = 1U << 16;
 constexpr int rowsBetweenProgress = 512;
 
-/// Most cells are told apart by their first byte.
+/// Most cells are decided by their first byte.
 bool isFormula(std::string_view text)
 {
     constexpr std::string_view firstBytes = "=+-@\t\r\n\xEF";

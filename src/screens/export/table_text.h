@@ -16,7 +16,7 @@ class ShownGrid;
 /// Told now and then how many rows are done; false stops the writing.
 using ExportProgress = std::function<bool(int rowsDone)>;
 
-/// A number as people write it, from a sign or digit to a "%" at its end; "," may part thousands.
+/// A number as people write it, from a sign or digit to a "%" at its end; "," may separate thousands.
 [[nodiscard]] bool looksLikeNumber(std::string_view text);
 
 /// One cell of a CSV file as RFC 4180 says: in quotes when it holds a quote, a comma or a line's end, quotes
@@ -27,18 +27,18 @@ using ExportProgress = std::function<bool(int rowsDone)>;
 /// stays, "=1+1" and "-外环" become "'=1+1" and "'-外环".
 void appendCsvCell(std::string_view text, std::string &out);
 
-/// A CSV file of captions and rows: UTF-8 with byte order mark, lines ended by CR LF. The file is there whole
-/// or as it was before; false when `progress` stopped it. Throws Failure when it cannot be written.
+/// A CSV file of captions and rows: UTF-8 with byte order mark, lines ended by CR LF. The file is written
+/// completely or left as it was; false when `progress` stopped it. Throws Failure when it cannot be written.
 bool writeCsv(const ShownGrid &table, const QString &path, const ExportProgress &progress = {});
 
 /// What a cell of the clipboard's text that a spreadsheet would run is: as it is shown, or guarded as in a
 /// CSV file.
 enum class Formulas : quint8 { AsShown, Guarded };
 
-/// For the clipboard: captions and rows parted by tabs and line ends, and as an HTML table. In the plain text
-/// a cell with a tab, a line's end or a quote stands in quotes. In the table, texts are marked as such, so
-/// that a spreadsheet neither runs them as formulas nor cuts leading zeros; where there is no table, they are
-/// to be guarded.
+/// For the clipboard: captions and rows separated by tabs and line ends, and as an HTML table. In the plain
+/// text a cell with a tab, a line end or a quote is quoted. In the table, texts are marked as such, so that a
+/// spreadsheet neither runs them as formulas nor cuts leading zeros; where there is no table, they are to be
+/// guarded.
 [[nodiscard]] QString tabbedText(const ShownGrid &table, Formulas formulas);
 [[nodiscard]] QString htmlTable(const ShownGrid &table);
 

@@ -68,7 +68,7 @@ lxw_color_t redFirst(int color)
     return (bits & 0xFFU) << 16 | (bits & 0xFF00U) | (bits >> 16 & 0xFFU);
 }
 
-/// One workbook on its way into a file beside the wanted one, which it replaces at the end.
+/// A workbook, written next to its target and renamed at the end.
 class Workbook
 {
 public:
@@ -108,8 +108,8 @@ private:
     std::map<FormatKey, lxw_format *> m_formats;
 };
 
-/// Temporary parts lie beside the file: when that disk is full, writing the workbook itself fails too, and
-/// visibly.
+/// Temporary parts are written next to the file: when that disk is full, writing the workbook itself fails
+/// too, and visibly.
 Workbook::Workbook(const QString &path)
     : m_path(placeOf(path))
     , m_part(QFile::encodeName(

@@ -22,7 +22,7 @@ constexpr int contentsLines = 6;
 
 enum CardNumber : int { FollowUpCard, ReminderCard };
 
-/// In reading order, which is the order of Tab and Enter; the box of the contents and the tick stand above.
+/// In reading order, which is the order of Tab and Enter; the box of the contents and the tick are above.
 struct FieldPlace
 {
     CardNumber card;

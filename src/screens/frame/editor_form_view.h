@@ -23,7 +23,7 @@ class EditorFormView : public QWidget
     Q_OBJECT
 
 protected:
-    /// Where a caption and its field stand in their card; rows and pairs are counted from 0.
+    /// The place of a caption and its field in their card; rows and pairs count from 0.
     struct Place
     {
         int row;
@@ -49,14 +49,14 @@ protected:
     /// Gives the columns of all cards the same widths; a field has room for so many Chinese characters at
     /// least.
     void lineUp(int pairs, int fieldCharacters);
-    /// An empty row under the cards, for what stands before the buttons.
+    /// An empty row below the cards, for widgets before the buttons.
     QHBoxLayout *addBottomRow();
     /// Ends the bottom row with the two buttons.
     void addButtons(QHBoxLayout &bottomRow);
     /// The keyboard begins there; in a form for reading only, at the button that closes it.
     void beginWith(const Control &first);
 
-    /// A width that comes from the grid alone: what stands in a field must not push its column out of line.
+    /// A width that comes from the grid alone: a field's contents must not widen its column.
     template<class Widget> static Widget *ofGridsWidth(Widget *widget)
     {
         widget->setSizePolicy(QSizePolicy::Ignored, widget->sizePolicy().verticalPolicy());

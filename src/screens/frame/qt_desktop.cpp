@@ -79,7 +79,7 @@ Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title,
     return box.clickedButton() == yes ? Answer::Yes : Answer::No;
 }
 
-/// "取消" stands beside the answers, and Esc means it.
+/// "取消" is added to the answers, and Esc means it.
 std::optional<int> QtDesktop::choose(const QString &text, const QString &title, const QStringList &answers)
 {
     QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, look::windowBelow());
@@ -154,7 +154,7 @@ QString QtDesktop::makeTempFile(const QString &prefix)
     return file.open() ? file.fileName() : QString();
 }
 
-/// In memory the first three parts of a GUID stand with their low byte first.
+/// In memory the first three parts of a GUID have their low byte first.
 QByteArray QtDesktop::newGuidBytes()
 {
     const QUuid id = QUuid::createUuid();

@@ -6,7 +6,7 @@
 
 namespace ebtq {
 
-/// Where a field with its caption stands on the editor of a listing. Each group counts its rows from 0; all
+/// The place of a field with its caption on the editor of a listing. Each group counts its rows from 0; all
 /// groups share one grid of pairs of caption and field, so that the fields of the whole form line up.
 struct EditorCell
 {

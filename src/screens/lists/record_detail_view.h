@@ -16,12 +16,12 @@ class RecordDetail;
 class TabStripView;
 class VSFlexGrid;
 
-/// Where a display field stands on its tab. Captions and fields stand in pairs, six of them side by side, so
-/// that they line up on all tabs.
+/// The place of a display field on its tab. Captions and fields form pairs, six of them side by side, so that
+/// they line up on all tabs.
 struct DetailPlace
 {
     enum class Ink : quint8 { Plain, Sale, Rent };
-    /// The caption of some fields is the unit of the field to their left and stands close to it.
+    /// The caption of some fields is the unit of the field to their left and is placed close to it.
     enum class Caption : quint8 { Own, UnitOfTheFieldBefore };
 
     int number;
@@ -48,7 +48,7 @@ protected:
     RecordDetailView(RecordDetail &detail, QWidget *keyScope, QWidget *parent);
 
     QWidget *addPanel(int tab);
-    /// A panel of fields; with `boxesRow` all boxes stand side by side in that row.
+    /// A panel of fields; with `boxesRow` all boxes are side by side in that row.
     void addFields(int tab, std::span<const DetailPlace> places, int boxesRow = -1);
     /// A panel of the record's follow-ups.
     void addFollowUps(int tab, VSFlexGrid &grid);

@@ -53,7 +53,7 @@ void RecordListView::addToolBar()
     for (const Shortcut &shortcut : shortcuts)
         keys.insert(QString::fromUtf16(shortcut.key), QKeySequence(Qt::ALT | shortcut.letter));
     m_toolBar->setShortcuts(keys);
-    // The other commands empty the fields or do not read them; a wrong text must not stand in their way.
+    // The other commands empty the fields or do not read them; a wrong text must not block them.
     m_toolBar->setGuard([](const QString &key) { return key != refreshKey || FieldView::checkFocused(); });
     column()->addWidget(m_toolBar);
 }
@@ -71,7 +71,7 @@ void RecordListView::setDetail(RecordDetailView *detail)
     column()->addWidget(parts, 1);
 }
 
-/// The pressed button tells which kind the ticks stand for; with both ticked none of the three does.
+/// The pressed button shows the ticked kind; with both ticked none of the three is pressed.
 void RecordListView::followKind()
 {
     const bool sale = m_module.Chk(0).Value() != 0;
@@ -81,7 +81,7 @@ void RecordListView::followKind()
     m_toolBar->setCurrentKey(key);
 }
 
-/// F6 stops at the detail on its way through the program.
+/// F6 goes through the parts of the program; here it stops at the detail first.
 bool RecordListView::isOwnKey(int key) const
 {
     return ListView::isOwnKey(key) ||

@@ -16,7 +16,7 @@ constexpr qreal disabledOpacity = 0.4;
 QString colourSheet(QColor Tokens::*ink)
 {
     const Tokens &colours = tokens();
-    // On a coloured ground, for which another ink was asked, red could not be seen.
+    // With a given ink, for a coloured background, red could not be seen.
     const QColor &warning = ink == &Tokens::ink ? colours.danger : colours.*ink;
     return QStringLiteral(
                ".ColorScheme-Text{color:%1;} .ColorScheme-NegativeText{color:%2;} "

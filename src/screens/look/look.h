@@ -33,9 +33,9 @@ struct Tokens
     QColor navigationInk;
     QColor navigationMuted;
     QColor navigationCurrent;
-    QColor refusal; ///< ground of a message that the user can act on
+    QColor refusal; ///< background of a message that the user can act on
     QColor refusalInk;
-    QColor failure; ///< ground of a message about something that broke
+    QColor failure; ///< background of a message about something that broke
     QColor failureInk;
 };
 

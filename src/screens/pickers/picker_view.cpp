@@ -29,7 +29,7 @@ constexpr int usualHeight = 420;
 constexpr int findCharacters = 9;
 constexpr int ownerCharacters = 11;
 
-/// Buttons in the order of sight, with the letters of those whose captions hold none.
+/// Buttons in visible order, with the letters of those whose captions have none.
 struct PanelButton
 {
     int number;
