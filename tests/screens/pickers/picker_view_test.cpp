@@ -79,6 +79,9 @@ TEST_F(PickerViewTest, TheKeyboardReachesEverything)
             return shown(1).join(QString()) == ticked && events.join(u',') == event;
         })) << key;
     }
+    typeText(child("Txt_0"), u"急"_qs);
+    QTest::keyClick(&child("Txt_0"), Qt::Key_N, Qt::AltModifier);
+    EXPECT_EQ(list.Txt(0).Text(), u"急") << "a command's letter is no text";
     press(Qt::Key_F, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return list.Check().Value() == 1; }));
     EXPECT_FALSE(view->findChild<QLineEdit *>(u"Txt_1"_qs))
