@@ -185,8 +185,11 @@ void frmKh::DoDelete()
         desktop().messageBox(QStringLiteral("是否删除当前记录？"), QStringLiteral("提示："),
                              Desktop::Icon::Question, Desktop::Buttons::YesNo) != Desktop::Answer::Yes)
         return;
-    if (trapped(u"-->DoDelete::", [this] { return deleteRow(); }))
-        LoadData(Behind, {});
+    if (!trapped(u"-->DoDelete::", [this] { return deleteRow(); }))
+        return;
+    // The last one stays on the form, which covers the message that it is gone.
+    if (read(Behind, {}) == Found::Nothing)
+        m_positionLabel.setCaption(QStringLiteral("已删除，共 %1 条").arg(m_recordCount));
 }
 
 bool frmKh::deleteRow()

@@ -43,7 +43,7 @@ QGridLayout *makeGrid(QWidget &panel)
     for (int pair = 0; pair < pairs; ++pair) {
         grid->setColumnMinimumWidth(2 * pair,
                                     captionCharacters * panel.fontMetrics().horizontalAdvance(u'房'));
-        grid->setColumnStretch(2 * pair + 1, 1);
+        grid->setColumnStretch(2 * pair + 1, pair == 0 ? 6 : 5); // the first has the record's number
     }
     return grid;
 }

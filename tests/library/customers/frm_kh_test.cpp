@@ -244,6 +244,7 @@ TEST_F(FrmKhTest, DeletionAsksAndGoesToTheNextOne)
             EXPECT_EQ(place(), QString::fromUtf16(expected));
         }
         EXPECT_EQ(events.last(), u"客源 K2 已删除，刷新后不再列出！");
+        EXPECT_EQ(form.positionLabel().Caption(), u"已删除，共 0 条");
         press(Number::Delete, {Yes, Ok});
         EXPECT_EQ(asked().last(), u"提示:x|数据库中已没有这条客源！");
     });
