@@ -2,6 +2,7 @@
 
 #include "library/controls/control.h"
 
+#include <QAbstractButton>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QWidget>
@@ -31,6 +32,19 @@ void setVisibleWithParent(QWidget &widget, bool visible)
         widget.show();
 }
 
+/// Qt presses a button by its letter 100 ms late, so that it is seen down. The keys of a quick typist would
+/// overtake it: Escape would take back the text that a save was to write.
+bool pressAtOnce(QObject *watched, const QShortcutEvent &shortcut)
+{
+    auto *button = qobject_cast<QAbstractButton *>(watched);
+    if (!button || shortcut.isAmbiguous())
+        return false;
+    if (button->isCheckable() && (button->focusPolicy() & Qt::ClickFocus))
+        button->setFocus(Qt::ShortcutFocusReason);
+    button->click();
+    return true;
+}
+
 /// A command's letter pressed once too often reaches the form that the command has opened. Qt would type it,
 /// and Alt+N pressed twice would replace the number of the new listing by "n".
 class AltLetters : public QObject
@@ -38,8 +52,10 @@ class AltLetters : public QObject
 public:
     using QObject::QObject;
 
-    bool eventFilter(QObject *, QEvent *event) override
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
+        if (event->type() == QEvent::Shortcut)
+            return pressAtOnce(watched, static_cast<const QShortcutEvent &>(*event));
         if (event->type() != QEvent::KeyPress)
             return false;
         const auto &key = static_cast<const QKeyEvent &>(*event);

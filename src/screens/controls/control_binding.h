@@ -16,7 +16,8 @@ class Control;
 [[nodiscard]] QString withMnemonic(const QString &caption, QChar mnemonic);
 
 /// Names the widget after its control and keeps enabled, visible, tool tip and requested focus in step, and
-/// keeps letters pressed with Alt out of its text. The control outlives the widget.
+/// keeps letters pressed with Alt out of its text; a button is pressed by its letter at once. The control
+/// outlives the widget.
 void bindControl(const Control &control, QWidget &widget);
 
 /// A label with the control's caption that stays in step with it; its mnemonic goes to `field`.
