@@ -1,9 +1,11 @@
 #include "library/controls/button.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 Button::Button(const QString &name, int index)
-    : Control(QStringLiteral("CommandButton"), name, index)
+    : Control(u"CommandButton"_s, name, index)
 {}
 
 void Button::press()

@@ -1,9 +1,11 @@
 #include "library/controls/combo_box.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 XPCombo::XPCombo(const QString &name, int index)
-    : Control(QStringLiteral("XPCombo"), name, index)
+    : Control(u"XPCombo"_s, name, index)
 {}
 
 void XPCombo::setText(const QString &text)

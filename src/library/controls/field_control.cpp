@@ -9,10 +9,12 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 qzTxt_S::qzTxt_S(const QString &name, int index)
-    : Control(QStringLiteral("qzTxt_S"), name, index)
+    : Control(u"qzTxt_S"_s, name, index)
 {}
 
 void qzTxt_S::setText(const QString &text)
@@ -124,7 +126,7 @@ void qzTxt_S::help(int left, int top)
             accept(text, value);
         return;
     }
-    const QString key = m_help_type == Calendar ? QStringLiteral("date") : m_help_code;
+    const QString key = m_help_type == Calendar ? u"date"_s : m_help_code;
     Q_EMIT FieldGenericHelp(key, QVariant::fromValue<QObject *>(this), left, top);
 }
 

@@ -4,10 +4,12 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 VSFlexGrid::VSFlexGrid(const QString &name, int index)
-    : VSFlexGrid(QStringLiteral("VSFlexGrid"), name, index)
+    : VSFlexGrid(u"VSFlexGrid"_s, name, index)
 {}
 
 VSFlexGrid::VSFlexGrid(const QString &typeName, const QString &name, int index)

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 NavToolbar::NavToolbar(const QString &name, int index)
-    : Control(QStringLiteral("NavToolbar"), name, index)
+    : Control(u"NavToolbar"_s, name, index)
 {}
 
 void NavToolbar::setItems(std::vector<Item> items)

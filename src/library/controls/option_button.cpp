@@ -1,5 +1,7 @@
 #include "library/controls/option_button.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -15,7 +17,7 @@ void follow(const OptionButton &chosen, OptionButton &other)
 } // namespace
 
 OptionButton::OptionButton(const QString &name, int index)
-    : TwoState(QStringLiteral("OptionButton"), name, index)
+    : TwoState(u"OptionButton"_s, name, index)
 {}
 
 void OptionButton::exclude(OptionButton &other)

@@ -1,9 +1,11 @@
 #include "library/controls/panel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 qzPanel::qzPanel(const QString &name, int index)
-    : Control(QStringLiteral("qzPanel"), name, index)
+    : Control(u"qzPanel"_s, name, index)
 {}
 
 } // namespace ebtq

@@ -3,10 +3,12 @@
 #include "contracts/conversions.h"
 #include "library/controls/flex_grid.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 SearchBox::SearchBox(const QString &name, int index)
-    : Control(QStringLiteral("SearchBox"), name, index)
+    : Control(u"SearchBox"_s, name, index)
 {
     m_pause.setSingleShot(true);
     connect(&m_pause, &QTimer::timeout, this, &SearchBox::searchNow);

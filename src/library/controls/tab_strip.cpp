@@ -1,9 +1,11 @@
 #include "library/controls/tab_strip.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 qzVSTabCtl::qzVSTabCtl(const QString &name, int index)
-    : Control(QStringLiteral("qzVSTabCtl"), name, index)
+    : Control(u"qzVSTabCtl"_s, name, index)
 {}
 
 void qzVSTabCtl::setTabs(std::vector<Tab> tabs, int activeTab)

@@ -1,9 +1,11 @@
 #include "library/controls/text_box.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 TextBox::TextBox(const QString &name, int index, Lines lines)
-    : Control(QStringLiteral("TextBox"), name, index)
+    : Control(u"TextBox"_s, name, index)
     , m_lines(lines)
 {}
 

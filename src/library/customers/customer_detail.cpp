@@ -5,6 +5,8 @@
 #include "library/followups/follow_up_rows.h"
 #include "library/frame/statements.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -71,8 +73,8 @@ std::span<const DetailField> customerDetailFields()
 
 CustomerDetail::CustomerDetail(Module &module, const VSFlexGrid &list)
     : RecordDetail(module, list, tables)
-    , m_listings(addGrid(QStringLiteral("VsP")))
-    , m_followUps(addGrid(QStringLiteral("VsGj")))
+    , m_listings(addGrid(u"VsP"_s))
+    , m_followUps(addGrid(u"VsGj"_s))
     , m_reasons(module, MatchReasons::Of::Customer)
 {}
 

@@ -3,6 +3,8 @@
 #include "library/frame/statements.h"
 #include "library/matching/match_bounds.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -18,22 +20,21 @@ constexpr MatchBound bounds[] = {
 
 SqlText requestStatement(const QString &customer)
 {
-    return SqlText(QStringLiteral(
-               "select A.*,C.mtname as 部门,D.姓名 as 业务员 from ((fykh A left join su_membership B"
-               " on A.用户ID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID)"
-               " left join pdmgy D on A.业务员ID=D.雇员ID where 客源ID=")) +
+    return SqlText(u"select A.*,C.mtname as 部门,D.姓名 as 业务员 from ((fykh A left join su_membership B"
+                   u" on A.用户ID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID)"
+                   u" left join pdmgy D on A.业务员ID=D.雇员ID where 客源ID="_s) +
            quoted(customer);
 }
 
 SqlText matchingListingsStatement(const DetailRecord &customer)
 {
-    SqlText sql(QStringLiteral(
-        "select 房源编号,交易方式  as 交易,地区 as 城区,楼盘字典,栋座位置 as 栋座,房号,楼层,"
-        "房型_房 & '-' & 房型_厅 & '-' & 房型_卫 & '-' & 房型_阳台 as 房型,总面积 as 面积,朝向,"
-        "售房价格 & '万元' as 售总价,租房价格 & '元/月' as 租总价,委托日期 as 委托日,C.mtname as 部门,"
-        "D.姓名 as 业务员 from ((fyxx A left join su_membership B on A.用户ID=B.userID)"
-        " left join su_usertype C on B.UserTypeID=C.mtID) left join pdmgy D on A.业务员ID=D.雇员ID where "
-        "1=1"));
+    SqlText sql(
+        u"select 房源编号,交易方式  as 交易,地区 as 城区,楼盘字典,栋座位置 as 栋座,房号,楼层,"
+        u"房型_房 & '-' & 房型_厅 & '-' & 房型_卫 & '-' & 房型_阳台 as 房型,总面积 as 面积,朝向,"
+        u"售房价格 & '万元' as 售总价,租房价格 & '元/月' as 租总价,委托日期 as 委托日,C.mtname as 部门,"
+        u"D.姓名 as 业务员 from ((fyxx A left join su_membership B on A.用户ID=B.userID)"
+        u" left join su_usertype C on B.UserTypeID=C.mtID) left join pdmgy D on A.业务员ID=D.雇员ID where "
+        u"1=1"_s);
     addBounds(sql, customer, bounds);
     sql += QStringView(u" order by 房源编号");
     return sql;

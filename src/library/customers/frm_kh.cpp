@@ -4,6 +4,8 @@
 #include "library/customers/frm_kh_fields.h"
 #include "library/frame/desktop.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -13,10 +15,9 @@ using Number = CustomerNumber;
 } // namespace
 
 frmKh::frmKh(Desktop &desktop)
-    : EditorForm(QStringLiteral("FrmKh"), QStringLiteral("qzTxt"), customerFields(), customerRecord(),
-                 desktop, QStringLiteral("FrmKh"))
-    , m_stateLabel(controls().add<Label>(QStringLiteral("lbl"), 0))
-    , m_positionLabel(controls().add<Label>(QStringLiteral("lbl"), 1))
+    : EditorForm(u"FrmKh"_s, u"qzTxt"_s, customerFields(), customerRecord(), desktop, u"FrmKh"_s)
+    , m_stateLabel(controls().add<Label>(u"lbl"_s, 0))
+    , m_positionLabel(controls().add<Label>(u"lbl"_s, 1))
 {
     makeControls();
     connectButtons();
@@ -26,17 +27,17 @@ frmKh::frmKh(Desktop &desktop)
 
 QString frmKh::Caption()
 {
-    return QStringLiteral("客源信息");
+    return u"客源信息"_s;
 }
 
 void frmKh::makeControls()
 {
-    addTick(QStringLiteral("Chk"), Number::Buys, QStringLiteral("求购价"));
-    addTick(QStringLiteral("Chk"), Number::Rents, QStringLiteral("求租价"));
-    addOption(QStringLiteral("Opt"), 0, QStringLiteral("有效"));
-    addOption(QStringLiteral("Opt"), 1, QStringLiteral("失效"));
-    m_stateLabel.setCaption(QStringLiteral("状态"));
-    addMemo(QStringLiteral("Txt"), -1, QStringLiteral("备注"));
+    addTick(u"Chk"_s, Number::Buys, u"求购价"_s);
+    addTick(u"Chk"_s, Number::Rents, u"求租价"_s);
+    addOption(u"Opt"_s, 0, u"有效"_s);
+    addOption(u"Opt"_s, 1, u"失效"_s);
+    m_stateLabel.setCaption(u"状态"_s);
+    addMemo(u"Txt"_s, -1, u"备注"_s);
     addButtons(
         {u"保存(&S)", u"关闭(&X)", u"首条(&F)", u"上一条(&P)", u"下一条(&N)", u"末条(&L)", u"删除(&D)"});
 }
@@ -87,7 +88,7 @@ bool frmKh::openRow(const QString &id)
     }
     const Found found = read(Last, id);
     if (found == Found::Nothing)
-        Q_EMIT ErrMessage(QStringLiteral("这条客源已被删除，无法打开！"), Refusal, name());
+        Q_EMIT ErrMessage(u"这条客源已被删除，无法打开！"_s, Refusal, name());
     return found == Found::Row;
 }
 
@@ -110,7 +111,7 @@ void frmKh::ClearForNew()
     showAuthor(qzTxt(Number::Author));
     Opt(0).setValue(1);
     clearDirty();
-    m_positionLabel.setCaption(QStringLiteral("新建"));
+    m_positionLabel.setCaption(u"新建"_s);
     enableDeletion();
 }
 
@@ -132,11 +133,11 @@ void frmKh::enableDeletion()
 void frmKh::setParameters(int number, ParameterList &parameters)
 {
     if (number == Number::District) {
-        parameters.Item(QStringLiteral("pdmsfmx")).Value = 1;
+        parameters.Item(u"pdmsfmx"_s).Value = 1;
         return;
     }
-    parameters.Item(QStringLiteral("组织类型")).Value = 1;
-    parameters.Item(QStringLiteral("lock")).Value = 1;
+    parameters.Item(u"组织类型"_s).Value = 1;
+    parameters.Item(u"lock"_s).Value = 1;
 }
 
 // Closing

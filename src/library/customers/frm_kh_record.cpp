@@ -6,6 +6,8 @@
 #include "library/frame/desktop.h"
 #include "library/frame/statements.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -51,21 +53,19 @@ frmKh::Found frmKh::read(int mode, const QString &id)
 
 SqlText frmKh::rowStatement(int mode, const QString &id) const
 {
-    const SqlText head(QStringLiteral(
-        "select top 1 A.*,B.姓名 as 业务员 from fykh A left join pdmgy B on A.业务员ID=B.雇员ID"));
+    const SqlText head(
+        u"select top 1 A.*,B.姓名 as 业务员 from fykh A left join pdmgy B on A.业务员ID=B.雇员ID"_s);
     if (!id.isEmpty())
-        return head + between(QStringLiteral(" where 客源ID='"), id, QStringLiteral("'"));
+        return head + between(u" where 客源ID='"_s, id, u"'"_s);
     switch (mode) {
     case First:
-        return head + QStringLiteral(" order by 客源编号");
+        return head + u" order by 客源编号"_s;
     case Before:
-        return head + between(QStringLiteral(" where 客源编号<'"), m_code,
-                              QStringLiteral("' order by 客源编号 desc"));
+        return head + between(u" where 客源编号<'"_s, m_code, u"' order by 客源编号 desc"_s);
     case Behind:
-        return head +
-               between(QStringLiteral(" where 客源编号>'"), m_code, QStringLiteral("' order by 客源编号"));
+        return head + between(u" where 客源编号>'"_s, m_code, u"' order by 客源编号"_s);
     default:
-        return head + QStringLiteral(" order by 客源编号 desc");
+        return head + u" order by 客源编号 desc"_s;
     }
 }
 
@@ -79,10 +79,9 @@ void frmKh::showRow(const Recordset &row)
 void frmKh::countRows()
 {
     const auto count = [this](const SqlText &sql) { return WholePart(Val(singleValue(app().Db(), sql))); };
-    m_recordCount = count(QStringLiteral("select count(*) from fykh"));
-    m_recordPosition = count(
-        between(QStringLiteral("select count(*) from fykh where 客源编号<='"), m_code, QStringLiteral("'")));
-    m_positionLabel.setCaption(QStringLiteral("第 %1 条，共 %2 条").arg(m_recordPosition).arg(m_recordCount));
+    m_recordCount = count(u"select count(*) from fykh"_s);
+    m_recordPosition = count(between(u"select count(*) from fykh where 客源编号<='"_s, m_code, u"'"_s));
+    m_positionLabel.setCaption(u"第 %1 条，共 %2 条"_s.arg(m_recordPosition).arg(m_recordCount));
     enableDeletion();
 }
 
@@ -172,7 +171,7 @@ void frmKh::deletePressed()
     const bool isAllowed = trapped(u"-->DoDelete::", [this] {
         if (app().Rights(m_moduleId)->Allowed(RightDelete))
             return true;
-        refuse(QStringLiteral("您没有删除客源的权限！"));
+        refuse(u"您没有删除客源的权限！"_s);
         return false;
     });
     if (isAllowed)
@@ -181,29 +180,27 @@ void frmKh::deletePressed()
 
 void frmKh::DoDelete()
 {
-    if (m_id.isEmpty() ||
-        desktop().messageBox(QStringLiteral("是否删除当前记录？"), QStringLiteral("提示："),
-                             Desktop::Icon::Question, Desktop::Buttons::YesNo) != Desktop::Answer::Yes)
+    if (m_id.isEmpty() || desktop().messageBox(u"是否删除当前记录？"_s, u"提示："_s, Desktop::Icon::Question,
+                                               Desktop::Buttons::YesNo) != Desktop::Answer::Yes)
         return;
     if (!trapped(u"-->DoDelete::", [this] { return deleteRow(); }))
         return;
     // The last one stays on the form, which covers the message that it is gone.
     if (read(Behind, {}) == Found::Nothing)
-        m_positionLabel.setCaption(QStringLiteral("已删除，共 %1 条").arg(m_recordCount));
+        m_positionLabel.setCaption(u"已删除，共 %1 条"_s.arg(m_recordCount));
 }
 
 bool frmKh::deleteRow()
 {
     try {
         const auto query =
-            executeStatement(app().Db(), between(QStringLiteral("delete from fykh where 客源ID='"), m_id,
-                                                 QStringLiteral("'")));
+            executeStatement(app().Db(), between(u"delete from fykh where 客源ID='"_s, m_id, u"'"_s));
         if (query->RowsChanged() == 0)
-            refuse(QStringLiteral("数据库中已没有这条客源！"));
-        Q_EMIT Message(QStringLiteral("客源 %1 已删除，刷新后不再列出！").arg(m_code));
+            refuse(u"数据库中已没有这条客源！"_s);
+        Q_EMIT Message(u"客源 %1 已删除，刷新后不再列出！"_s.arg(m_code));
         return true;
     } catch (const StatementFailure &failure) {
-        Q_EMIT ErrMessage(QString::fromUtf8(failure.what()), FailureLevel, QStringLiteral("提示："));
+        Q_EMIT ErrMessage(QString::fromUtf8(failure.what()), FailureLevel, u"提示："_s);
         return false;
     }
 }

@@ -5,16 +5,17 @@
 #include "library/frame/desktop.h"
 #include "library/frame/statements.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 khxx::khxx(Desktop &desktop)
-    : RecordList(QStringLiteral("khxx"), desktop, {QStringLiteral("khxx"), QStringLiteral("Fcxx")},
-                 customerList(), customerRecords())
+    : RecordList(u"khxx"_s, desktop, {u"khxx"_s, u"Fcxx"_s}, customerList(), customerRecords())
     , m_detail(*this, VS())
 {
     connect(&m_detail, &CustomerDetail::requestGone, this, [this] {
-        Q_EMIT Message(QStringLiteral("客源 %1 已被他人删除，刷新后不再列出！")
-                           .arg(VS().TextMatrix(VS().Row(), CustomerCode)));
+        Q_EMIT Message(
+            u"客源 %1 已被他人删除，刷新后不再列出！"_s.arg(VS().TextMatrix(VS().Row(), CustomerCode)));
     });
 }
 
@@ -64,7 +65,7 @@ void khxx::openFollowUpEditor(HostApp &host, const QString &owner)
 RecordList::Deletion khxx::deletion(const QString &key) const
 {
     const auto from = [&](QStringView tableAndColumn) {
-        return SqlText(QStringLiteral(" Delete from %1=").arg(tableAndColumn)) + quoted(key);
+        return SqlText(u" Delete from %1="_s.arg(tableAndColumn)) + quoted(key);
     };
     return {{from(u"fykh where 客源ID"), from(u"fyxx where 房源ID")}, 0};
 }

@@ -3,6 +3,8 @@
 #include "library/frame/statements.h"
 #include "library/lists/common_tables.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -79,7 +81,7 @@ constexpr RecordListTables records{.buttons = buttons,
 /// The statement up to its where clause; the names are those of the two columns that have none in the list.
 SqlText customerSelect(QStringView dealName, QStringView stateName)
 {
-    QString sql = QStringLiteral("select iif(方式=1,'求购',iif(方式=2,'求租',iif(方式=3,'购租','')))");
+    QString sql = u"select iif(方式=1,'求购',iif(方式=2,'求租',iif(方式=3,'购租','')))"_s;
     sql += dealName;
     sql += QStringView(u",iif(状态=0,'有效','失效')");
     sql += stateName;
@@ -107,12 +109,12 @@ const RecordListTables &customerRecords()
 
 SqlText customerStatement(const SqlText &where)
 {
-    return customerSelect({}, {}) + where + QStringLiteral(" order by 客源编号");
+    return customerSelect({}, {}) + where + u" order by 客源编号"_s;
 }
 
 SqlText customerRowStatement(const QString &customer)
 {
-    return customerSelect(u" as 方式1", u" as 状态1") + QStringLiteral(" where 客源ID=") + quoted(customer);
+    return customerSelect(u" as 方式1", u" as 状态1") + u" where 客源ID="_s + quoted(customer);
 }
 
 } // namespace ebtq

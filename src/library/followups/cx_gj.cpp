@@ -5,6 +5,8 @@
 #include "library/frame/desktop.h"
 #include "library/lists/common_tables.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -54,14 +56,14 @@ constexpr ListTables list{.grid = grid,
 /// Its failures are reported under the listings' name with a mark in front, as readers of the messages know
 /// it.
 Cx_Gj::Cx_Gj(Desktop &desktop)
-    : FollowUpList(QStringLiteral("Cx_Gj"), desktop, {QStringLiteral("Cx_Fcxx"), applicationTitle()}, list)
+    : FollowUpList(u"Cx_Gj"_s, desktop, {u"Cx_Fcxx"_s, applicationTitle()}, list)
 {}
 
 SqlText Cx_Gj::statement()
 {
-    SqlText sql(QStringLiteral("select "));
+    SqlText sql(u"select "_s);
     if (const double limit = Val(qzTxt(Limit).Text()); limit > 0)
-        sql += QStringLiteral(" top ") + PlainDecimal(limit);
+        sql += u" top "_s + PlainDecimal(limit);
     sql += followUpSource();
     sql += filter().where(desktop().now());
     sql += QStringView(u" order by 操作日期 desc");

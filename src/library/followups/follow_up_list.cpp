@@ -2,6 +2,8 @@
 
 #include "contracts/null_conv.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -48,12 +50,12 @@ bool FollowUpList::tell(const GridFind::Hit &hit)
     if (m_find.text().isEmpty())
         return false;
     if (hit.number == 0) {
-        Q_EMIT Message(QStringLiteral("没有找到：") + m_find.text());
+        Q_EMIT Message(u"没有找到："_s + m_find.text());
         return false;
     }
-    const QString place = QStringLiteral("“%1”：第%2条，共%3条")
-                              .arg(m_find.text(), QString::number(hit.number), QString::number(hit.count));
-    Q_EMIT Message(hit.isWrapped ? place + QStringLiteral("（已到尽头，从另一端继续）") : place);
+    const QString place =
+        u"“%1”：第%2条，共%3条"_s.arg(m_find.text(), QString::number(hit.number), QString::number(hit.count));
+    Q_EMIT Message(hit.isWrapped ? place + u"（已到尽头，从另一端继续）"_s : place);
     return true;
 }
 
@@ -62,7 +64,7 @@ bool FollowUpList::IReportUI_Filter(const QVariant &condition)
     const QString text = NullConv::ToText(condition);
     const int rows = m_find.filter(text);
     if (!text.isEmpty())
-        Q_EMIT Message(QStringLiteral("“%1”：共%2条").arg(text, QString::number(rows)));
+        Q_EMIT Message(u"“%1”：共%2条"_s.arg(text, QString::number(rows)));
     return true;
 }
 

@@ -5,6 +5,8 @@
 #include "library/controls/flex_grid.h"
 #include "library/frame/statements.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -29,9 +31,8 @@ constexpr QStringView newestFirst = u" order by 操作日期 desc";
 
 SqlText rowStatement(const QString &followUp)
 {
-    SqlText sql(
-        QStringLiteral("select 操作日期,跟进内容,C.mtname as 部门,D.姓名 as 业务员,跟进ID,下次提醒,提醒日期,"
-                       "提醒范围,提醒内容,处理结果,处理日期"));
+    SqlText sql(u"select 操作日期,跟进内容,C.mtname as 部门,D.姓名 as 业务员,跟进ID,下次提醒,提醒日期,"
+                u"提醒范围,提醒内容,处理结果,处理日期"_s);
     sql += tables;
     return sql + QStringView(u" where 跟进ID=") + quoted(followUp) + newestFirst;
 }
@@ -56,18 +57,17 @@ const ListGrid &followUpGrid()
 
 SqlText followUpSource()
 {
-    SqlText sql(QStringLiteral(
-        " 操作日期,跟进内容,C.mtname as 部门,D.姓名 as 业务员,iif(下次提醒=1,'是','否'),提醒日期,"
-        "iif(提醒范围=0 or 提醒范围 is "
-        "null,'本人',iif(提醒范围=1,'本部','全部')),提醒内容,处理结果,处理日期,跟进ID"));
+    SqlText sql(u" 操作日期,跟进内容,C.mtname as 部门,D.姓名 as 业务员,iif(下次提醒=1,'是','否'),提醒日期,"
+                u"iif(提醒范围=0 or 提醒范围 is "
+                u"null,'本人',iif(提醒范围=1,'本部','全部')),提醒内容,处理结果,处理日期,跟进ID"_s);
     sql += tables;
     return sql;
 }
 
 SqlText followUpsOf(const QString &owner)
 {
-    return SqlText(QStringLiteral("select")) + followUpSource() + QStringView(u" where 房源ID=") +
-           quoted(owner) + newestFirst;
+    return SqlText(u"select"_s) + followUpSource() + QStringView(u" where 房源ID=") + quoted(owner) +
+           newestFirst;
 }
 
 void showFollowUp(HostDb &db, VSFlexGrid &grid, int row, const QString &followUp)
@@ -79,8 +79,7 @@ void showFollowUp(HostDb &db, VSFlexGrid &grid, int row, const QString &followUp
     for (const Cell &cell : cells)
         grid.setTextMatrix(row, cell.column, NullConv::ToText(value(cell.name)));
     showRange(grid, row, value(u"提醒范围"));
-    grid.setTextMatrix(row, FollowUpReminds,
-                       Val(value(u"下次提醒")) == 1 ? QStringLiteral("是") : QStringLiteral("否"));
+    grid.setTextMatrix(row, FollowUpReminds, Val(value(u"下次提醒")) == 1 ? u"是"_s : u"否"_s);
 }
 
 } // namespace ebtq

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -71,13 +73,13 @@ constexpr RecordTable record{u"fygj", u"跟进ID", loadOrder, insertOrder, updat
 } // namespace
 
 FrmGj::FrmGj(Desktop &desktop)
-    : EditorForm(QStringLiteral("FrmGj"), QStringLiteral("qzTxt"), followUpFields, record, desktop)
-    , m_contentsLabel(controls().add<Label>(QStringLiteral("lbl"), 0))
-    , m_contents(addMemo(QStringLiteral("Txt"), -1, QStringLiteral("跟进内容")))
-    , m_reminds(addTick(QStringLiteral("Chk"), -1, QStringLiteral("下次提醒")))
-    , m_hint(controls().add<Label>(QStringLiteral("lblHint")))
+    : EditorForm(u"FrmGj"_s, u"qzTxt"_s, followUpFields, record, desktop)
+    , m_contentsLabel(controls().add<Label>(u"lbl"_s, 0))
+    , m_contents(addMemo(u"Txt"_s, -1, u"跟进内容"_s))
+    , m_reminds(addTick(u"Chk"_s, -1, u"下次提醒"_s))
+    , m_hint(controls().add<Label>(u"lblHint"_s))
 {
-    m_hint.setCaption(QStringLiteral("请填写提醒时间，否则到期不会提醒！"));
+    m_hint.setCaption(u"请填写提醒时间，否则到期不会提醒！"_s);
     m_contentsLabel.setCaption(m_contents.Caption());
     addButtons({u"保存(&S)", u"关闭(&X)"});
     connect(&m_reminds, &CheckBox::Click, this, [this] { openReminder(m_reminds.Value() != 0); });
@@ -86,7 +88,7 @@ FrmGj::FrmGj(Desktop &desktop)
 
 QString FrmGj::Caption()
 {
-    return QStringLiteral("房源跟进记录");
+    return u"房源跟进记录"_s;
 }
 
 void FrmGj::raiseError(const QString &message, int, const QString &)
@@ -102,8 +104,8 @@ QString FrmGj::trappedText(QStringView tag, const QString &description) const
 
 void FrmGj::setParameters(int, ParameterList &parameters)
 {
-    parameters.Item(QStringLiteral("组织类型")).Value = 1;
-    parameters.Item(QStringLiteral("lock")).Value = 1;
+    parameters.Item(u"组织类型"_s).Value = 1;
+    parameters.Item(u"lock"_s).Value = 1;
 }
 
 // Opening
@@ -141,12 +143,11 @@ void FrmGj::NewRecord()
 /// database's message and no form, so that nothing can be saved over the row.
 void FrmGj::LoadData()
 {
-    const SqlText sql =
-        SqlText(QStringLiteral("select A.*,C.mtname as 部门,B.username as 制单人,D.姓名 as 业务员"
-                               " from (fygj A left join su_membership B on A.用户ID=B.userID)"
-                               " left join su_usertype C on B.UserTypeID=C.mtID"
-                               " left join pdmgy D on A.业务员ID=D.雇员ID where 跟进ID=")) +
-        quoted(m_id);
+    const SqlText sql = SqlText(u"select A.*,C.mtname as 部门,B.username as 制单人,D.姓名 as 业务员"
+                                u" from (fygj A left join su_membership B on A.用户ID=B.userID)"
+                                u" left join su_usertype C on B.UserTypeID=C.mtID"
+                                u" left join pdmgy D on A.业务员ID=D.雇员ID where 跟进ID="_s) +
+                        quoted(m_id);
     const auto rows = openRows(app().Db(), sql);
     if (!isEmpty(*rows))
         showRow(*rows);

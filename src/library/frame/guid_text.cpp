@@ -3,6 +3,8 @@
 #include "library/frame/desktop.h"
 #include "library/frame/module.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -15,8 +17,8 @@ QString NewGuidText(Desktop &desktop)
 {
     const QByteArray bytes = desktop.newGuidBytes();
     if (bytes.size() != guidBytes) {
-        desktop.messageBox(QStringLiteral("Error While creating GUID!"), applicationTitle(),
-                           Desktop::Icon::Exclamation, Desktop::Buttons::Ok);
+        desktop.messageBox(u"Error While creating GUID!"_s, applicationTitle(), Desktop::Icon::Exclamation,
+                           Desktop::Buttons::Ok);
         return {};
     }
     QString text = QString::fromLatin1(bytes.toHex()).toUpper();

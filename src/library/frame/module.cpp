@@ -4,11 +4,13 @@
 #include "library/frame/statements.h"
 #include "library/layout/form_status.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 QString applicationTitle()
 {
-    return QStringLiteral("EBTQ_S");
+    return u"EBTQ_S"_s;
 }
 
 Module::Module(const QString &name, Desktop &desktop)
@@ -33,7 +35,7 @@ void Module::setBackColor(int color)
 
 void Module::IDesignUI_Parameters(DesignParameters *parameters)
 {
-    const QString key = QStringLiteral("backcolor");
+    const QString key = u"backcolor"_s;
     if (parameters && parameters->Exists(key))
         setBackColor(NullConv::ToLong(parameters->Item(key).Value));
 }
@@ -51,7 +53,7 @@ bool Module::sbSaveFormStatus(const QString &pFile, bool pbOnlyColWidth) const
 HostApp &Module::app() const
 {
     if (!m_app)
-        throw Failure(QStringLiteral("模块尚未初始化！"));
+        throw Failure(u"模块尚未初始化！"_s);
     return *m_app;
 }
 

@@ -13,6 +13,8 @@
 #include <numeric>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -26,19 +28,19 @@ constexpr int totalBackColor = 0xFFFF80;
 /// In a file a yes is 1 and a no is 2.
 QString yesNo(bool yes)
 {
-    return yes ? QStringLiteral("1") : QStringLiteral("2");
+    return yes ? u"1"_s : u"2"_s;
 }
 
 QString columnKey(int column)
 {
-    return QStringLiteral("VsCol%1").arg(column);
+    return u"VsCol%1"_s.arg(column);
 }
 
 /// Suffix of a grid's section names, so that all grids of a screen share one file.
 QString suffixOf(const VSFlexGrid &grid)
 {
     const int index = ControlIndex(grid);
-    const QString number = index == -1 ? QString() : QStringLiteral("_%1").arg(index);
+    const QString number = index == -1 ? QString() : u"_%1"_s.arg(index);
     return grid.Name().toUpper() == u"VS" ? number : u'_' + grid.Name() + number;
 }
 
@@ -84,7 +86,7 @@ void saveColumn(IniStore &store, const VSFlexGrid &grid, int column, bool onlyCo
 /// Only an order that a user changed gets a key.
 void saveOrder(IniStore &store, const VSFlexGrid &grid)
 {
-    const QString section = QStringLiteral("VsColPosition") + suffixOf(grid);
+    const QString section = u"VsColPosition"_s + suffixOf(grid);
     const std::vector<int> &order = grid.columnOrder();
     if (std::ranges::is_sorted(order))
         return store.removeSection(section);
@@ -94,14 +96,14 @@ void saveOrder(IniStore &store, const VSFlexGrid &grid)
 
 void saveLook(IniStore &store, const VSFlexGrid &grid)
 {
-    const QString section = QStringLiteral("Vs") + suffixOf(grid);
+    const QString section = u"Vs"_s + suffixOf(grid);
     if (grid.Rows() > grid.FixedRows())
-        store.SetInt(section, QStringLiteral("VsRowHeight"), grid.RowHeight(grid.FixedRows()));
+        store.SetInt(section, u"VsRowHeight"_s, grid.RowHeight(grid.FixedRows()));
     if (grid.FixedRows() > 0)
-        store.SetInt(section, QStringLiteral("VsFixedRowHeight"), grid.RowHeight(0));
-    store.SetInt(section, QStringLiteral("VsFixedCols"), grid.FrozenCols());
-    store.SetInt(section, QStringLiteral("VsGridColor"), grid.GridColor());
-    store.SetString(section, QStringLiteral("VsWordWrap"), yesNo(grid.WordWrap()));
+        store.SetInt(section, u"VsFixedRowHeight"_s, grid.RowHeight(0));
+    store.SetInt(section, u"VsFixedCols"_s, grid.FrozenCols());
+    store.SetInt(section, u"VsGridColor"_s, grid.GridColor());
+    store.SetString(section, u"VsWordWrap"_s, yesNo(grid.WordWrap()));
 }
 
 // What is read
@@ -148,7 +150,7 @@ private:
     }
     [[nodiscard]] int gridNumber(const QString &key, int present) const
     {
-        return m_store.GetInt(QStringLiteral("Vs") + m_suffix, key, present);
+        return m_store.GetInt(u"Vs"_s + m_suffix, key, present);
     }
 
     void restoreWidth(int column);
@@ -272,7 +274,7 @@ void Restorer::restoreOrder()
 
 void Restorer::restoreTotals()
 {
-    const bool isDropped = gridNumber(QStringLiteral("VsTotalSave"), 0) == 1;
+    const bool isDropped = gridNumber(u"VsTotalSave"_s, 0) == 1;
     if (!isDropped && m_totals.empty())
         return;
     m_grid.clearSubtotals();
@@ -285,7 +287,7 @@ void Restorer::restoreTotals()
     else
         clearBesideGroups();
     if (labelColumn() != m_grid.FixedCols() && m_grid.isSubtotal(m_grid.Rows() - 1))
-        m_grid.setTextMatrix(m_grid.Rows() - 1, labelColumn(), QStringLiteral("合计"));
+        m_grid.setTextMatrix(m_grid.Rows() - 1, labelColumn(), u"合计"_s);
 }
 
 int Restorer::labelColumn() const
@@ -305,7 +307,7 @@ void Restorer::addTotals()
     for (const int group : m_groups) {
         for (const int total : m_totals) {
             Subtotal subtotal{.groupColumn = group, .totalColumn = total, .foreColor = groupColor};
-            subtotal.caption = QStringLiteral("%s小计");
+            subtotal.caption = u"%s小计"_s;
             if (m_groups.size() == 1) {
                 subtotal.matchFrom = group;
                 subtotal.totalOnly = true;
@@ -314,8 +316,7 @@ void Restorer::addTotals()
         }
     }
     for (const int total : m_totals)
-        wanted.push_back(
-            {.totalColumn = total, .backColor = totalBackColor, .caption = QStringLiteral("合计")});
+        wanted.push_back({.totalColumn = total, .backColor = totalBackColor, .caption = u"合计"_s});
     m_grid.addSubtotals(wanted);
 }
 
@@ -341,15 +342,14 @@ void Restorer::clearBesideGroups()
 
 void Restorer::restoreLook()
 {
-    const int height = gridNumber(QStringLiteral("VsRowHeight"), m_grid.RowHeight(m_grid.FixedRows()));
+    const int height = gridNumber(u"VsRowHeight"_s, m_grid.RowHeight(m_grid.FixedRows()));
     if (m_grid.Rows() > m_grid.FixedRows())
         m_grid.setRowHeight(m_grid.FixedRows(), height);
     if (m_grid.FixedRows() > 0)
-        m_grid.setRowHeight(0, gridNumber(QStringLiteral("VsFixedRowHeight"), m_grid.RowHeight(0)));
-    m_grid.setFrozenCols(gridNumber(QStringLiteral("VsFixedCols"), m_grid.FrozenCols()));
+        m_grid.setRowHeight(0, gridNumber(u"VsFixedRowHeight"_s, m_grid.RowHeight(0)));
+    m_grid.setFrozenCols(gridNumber(u"VsFixedCols"_s, m_grid.FrozenCols()));
     restoreGridColor();
-    const QString wraps = m_store.GetString(QStringLiteral("Vs") + m_suffix, QStringLiteral("VsWordWrap"),
-                                            yesNo(m_grid.WordWrap()));
+    const QString wraps = m_store.GetString(u"Vs"_s + m_suffix, u"VsWordWrap"_s, yesNo(m_grid.WordWrap()));
     m_grid.setWordWrap(Val(wraps) == 1);
 }
 
@@ -359,8 +359,8 @@ void Restorer::restoreGridColor()
 {
     constexpr double largestSigned = 2147483647;
     constexpr double bridge = 30;
-    double stored = Val(m_store.GetString(QStringLiteral("Vs") + m_suffix, QStringLiteral("VsGridColor"),
-                                          QString::number(m_grid.GridColor())));
+    double stored =
+        Val(m_store.GetString(u"Vs"_s + m_suffix, u"VsGridColor"_s, QString::number(m_grid.GridColor())));
     if (stored > largestSigned)
         stored = bridge - stored;
     int red = 0;
@@ -430,7 +430,7 @@ bool isLayoutByRows(const QString &file, const VSFlexGrid &grid)
                 return true;
         }
     }
-    return store.contains(QStringLiteral("Vs") + suffix, QStringLiteral("VsTotalSave"));
+    return store.contains(u"Vs"_s + suffix, u"VsTotalSave"_s);
 }
 
 } // namespace ebtq

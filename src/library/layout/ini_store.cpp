@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -19,9 +21,7 @@ constexpr qint64 largestFile = 4 * 1024 * 1024;
 
 QString escaped(QString value)
 {
-    return value.replace(u'\\', QStringLiteral("\\\\"))
-        .replace(u'\n', QStringLiteral("\\n"))
-        .replace(u'\r', QStringLiteral("\\r"));
+    return value.replace(u'\\', u"\\\\"_s).replace(u'\n', u"\\n"_s).replace(u'\r', u"\\r"_s);
 }
 
 /// A backslash before any other character was written by hand and is kept.
@@ -195,7 +195,7 @@ QByteArray IniStore::text() const
         if (section.lines.empty())
             continue;
         if (!section.name.isEmpty())
-            text += u'[' + section.name + QStringLiteral("]\n");
+            text += u'[' + section.name + u"]\n"_s;
         for (const Line &line : section.lines)
             text += (line.key.isEmpty() ? line.value : line.key + u'=' + escaped(line.value)) + u'\n';
     }

@@ -4,13 +4,15 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 QString LayoutFile(const QString &name, HostApp &app)
 {
-    const QDir folder(QDir(app.Session().AppPath()).filePath(QStringLiteral("selfbb")));
-    folder.mkpath(QStringLiteral("."));
-    return folder.filePath(name + QStringLiteral(".txt"));
+    const QDir folder(QDir(app.Session().AppPath()).filePath(u"selfbb"_s));
+    folder.mkpath(u"."_s);
+    return folder.filePath(name + u".txt"_s);
 }
 
 int ControlIndex(const QObject &control)

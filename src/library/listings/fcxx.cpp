@@ -8,25 +8,26 @@
 #include "library/listings/fcxx_tables.h"
 #include "library/listings/frm_fx.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
 
 QString attachmentIcon()
 {
-    return QStringLiteral("mail-attachment");
+    return u"mail-attachment"_s;
 }
 
 SqlText deletionFrom(const QString &table, const QString &listing)
 {
-    return SqlText(QStringLiteral(" Delete from %1 where 房源ID=").arg(table)) + quoted(listing);
+    return SqlText(u" Delete from %1 where 房源ID="_s.arg(table)) + quoted(listing);
 }
 
 } // namespace
 
 Fcxx::Fcxx(Desktop &desktop)
-    : RecordList(QStringLiteral("Fcxx"), desktop, {QStringLiteral("Fcxx"), applicationTitle()}, listingList(),
-                 listingRecords())
+    : RecordList(u"Fcxx"_s, desktop, {u"Fcxx"_s, applicationTitle()}, listingList(), listingRecords())
     , m_detail(*this, VS())
 {}
 
@@ -90,7 +91,7 @@ void Fcxx::openFollowUpEditor(HostApp &host, const QString &owner)
 /// Follow-ups first. Attachments and pictures are left in the database.
 RecordList::Deletion Fcxx::deletion(const QString &key) const
 {
-    return {{deletionFrom(QStringLiteral("fygj"), key), deletionFrom(QStringLiteral("fyxx"), key)}, 1};
+    return {{deletionFrom(u"fygj"_s, key), deletionFrom(u"fyxx"_s, key)}, 1};
 }
 
 void Fcxx::mFrmFx_ReturnData(const QString &psID, bool pbNew)

@@ -3,6 +3,8 @@
 #include "library/frame/statements.h"
 #include "library/lists/common_tables.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -104,9 +106,9 @@ namespace {
 /// list.
 SqlText listingSelect(int moduleId, QStringView floors)
 {
-    QString sql = QStringLiteral(
-        "select '',房源编号,交易方式  as 交易,交易状态 as 状态,地区 as 城区,楼盘字典,栋座位置 as 栋座,房号,"
-        "楼层 & '/' & 总楼层");
+    QString sql =
+        u"select '',房源编号,交易方式  as 交易,交易状态 as 状态,地区 as 城区,楼盘字典,栋座位置 as 栋座,房号,"
+        u"楼层 & '/' & 总楼层"_s;
     sql += floors;
     sql += QStringView(
         u", 附属房,"
@@ -127,12 +129,12 @@ SqlText listingSelect(int moduleId, QStringView floors)
 
 SqlText listingStatement(int moduleId, const SqlText &where)
 {
-    return listingSelect(moduleId, {}) + where + QStringLiteral(" order by 房源编号 desc");
+    return listingSelect(moduleId, {}) + where + u" order by 房源编号 desc"_s;
 }
 
 SqlText listingRowStatement(int moduleId, const QString &listing)
 {
-    return listingSelect(moduleId, u" as 楼层1") + QStringLiteral(" where 房源ID=") + quoted(listing);
+    return listingSelect(moduleId, u" as 楼层1") + u" where 房源ID="_s + quoted(listing);
 }
 
 } // namespace ebtq

@@ -7,6 +7,8 @@
 #include "library/frame/statements.h"
 #include "library/listings/frm_fx_fields.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -25,7 +27,7 @@ constexpr int ownerFields[] = {Owner, Contact, Nationality, Mobile};
 } // namespace
 
 FrmFx::FrmFx(Desktop &desktop)
-    : EditorForm(QStringLiteral("FrmFx"), QStringLiteral("qzFcTxt"), editorFields(), listingRecord(), desktop)
+    : EditorForm(u"FrmFx"_s, u"qzFcTxt"_s, editorFields(), listingRecord(), desktop)
 {
     makeControls();
     connectFields();
@@ -33,19 +35,19 @@ FrmFx::FrmFx(Desktop &desktop)
 
 QString FrmFx::Caption()
 {
-    return QStringLiteral("房源信息");
+    return u"房源信息"_s;
 }
 
 void FrmFx::makeControls()
 {
-    addMemo(QStringLiteral("Txt"), ContactRemark, labels[contactLabel].toString());
-    addMemo(QStringLiteral("Txt"), Remark, labels[remarkLabel].toString());
+    addMemo(u"Txt"_s, ContactRemark, labels[contactLabel].toString());
+    addMemo(u"Txt"_s, Remark, labels[remarkLabel].toString());
     int tickNumber = 0;
     for (const QStringView caption : ticks)
-        addTick(QStringLiteral("Chk"), tickNumber++, caption.toString());
+        addTick(u"Chk"_s, tickNumber++, caption.toString());
     addButtons({u"保存(&S)", u"关闭(&X)", u"选择(&R)", u"选择(&L)"});
     for (const QStringView caption : labels) {
-        m_labels.push_back(&controls().add<Label>(QStringLiteral("lbl"), static_cast<int>(m_labels.size())));
+        m_labels.push_back(&controls().add<Label>(u"lbl"_s, static_cast<int>(m_labels.size())));
         m_labels.back()->setCaption(caption.toString());
     }
 }
@@ -86,7 +88,7 @@ bool FrmFx::NewRecord()
     qzFcTxt(BillNumber).setText(number);
     for (const int date : {RegisteredOn, HandedOverOn, AuthoredOn, EntrustedOn})
         qzFcTxt(date).setText(today);
-    qzFcTxt(Nationality).setText(QStringLiteral("中国"));
+    qzFcTxt(Nationality).setText(u"中国"_s);
     showAuthor(qzFcTxt(Author));
     showDepartment(qzFcTxt(Department), qzFcTxt(Author));
     qzFcTxt(KeyNumber).setEnabled(false);
@@ -99,11 +101,11 @@ bool FrmFx::LoadData()
 {
     return trapped(u"-->LoadData::", [this] {
         const SqlText sql =
-            SqlText(QStringLiteral("select A.*,C.mtname as 部门名称,D.姓名 as 业务员 from ((fyxx A left join "
-                                   "su_membership B on A.用户ID=B.userID)"
-                                   " left join su_usertype C on B.UserTypeID=C.mtID)"
-                                   " left join pdmgy D on A.业务员ID=D.雇员ID"
-                                   " where 房源ID=")) +
+            SqlText(u"select A.*,C.mtname as 部门名称,D.姓名 as 业务员 from ((fyxx A left join "
+                    u"su_membership B on A.用户ID=B.userID)"
+                    u" left join su_usertype C on B.UserTypeID=C.mtID)"
+                    u" left join pdmgy D on A.业务员ID=D.雇员ID"
+                    u" where 房源ID="_s) +
             quoted(m_id);
         const auto rows = openRows(app().Db(), sql);
         if (!isEmpty(*rows))

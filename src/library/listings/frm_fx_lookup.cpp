@@ -5,6 +5,8 @@
 #include "library/listings/frm_fx_fields.h"
 #include "library/pickers/picked_rows.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -110,9 +112,8 @@ void FrmFx::picked(int number, const HostPicker &picker)
 
 void FrmFx::fillFromHouseType(const QVariant &value, QString &text)
 {
-    const SqlText sql =
-        SqlText(QStringLiteral("select 房间数,客厅数,卫生间数,阳台数 from pdmfx where 房型编号=")) +
-        quoted(NullConv::ToText(value));
+    const SqlText sql = SqlText(u"select 房间数,客厅数,卫生间数,阳台数 from pdmfx where 房型编号="_s) +
+                        quoted(NullConv::ToText(value));
     const auto rows = openRows(app().Db(), sql);
     if (isEmpty(*rows))
         return;
@@ -128,9 +129,8 @@ void FrmFx::fillFromHouseType(const QVariant &value, QString &text)
 
 void FrmFx::fillFromPropertyRight(const QVariant &value)
 {
-    const SqlText sql =
-        SqlText(QStringLiteral("select 证件名称,付款方式,付佣金方式 from pdmcq where 产权编号=")) +
-        quoted(NullConv::ToText(value));
+    const SqlText sql = SqlText(u"select 证件名称,付款方式,付佣金方式 from pdmcq where 产权编号="_s) +
+                        quoted(NullConv::ToText(value));
     const auto rows = openRows(app().Db(), sql);
     if (isEmpty(*rows))
         return;
@@ -145,16 +145,16 @@ void FrmFx::fillFromPropertyRight(const QVariant &value)
 void FrmFx::pickRemark(const Button &button, QStringView kind, TextBox &target)
 {
     trapped(u"-->Cmd_Click::", [&] {
-        HostPicker &list = app().Picker(QStringLiteral("selpdm"));
+        HostPicker &list = app().Picker(u"selpdm"_s);
         if (!list.Ready(0))
             return false;
         ParameterList &parameters = list.Parameters();
-        set(parameters, u"编号", QStringLiteral("代码"));
-        set(parameters, u"名称", QStringLiteral("名称"));
-        set(parameters, u"ID", QStringLiteral("代码"));
-        set(parameters, u"table", QStringLiteral("pdmsjzd"));
-        set(parameters, u"where", QStringLiteral("类型='%1'").arg(kind));
-        set(parameters, u"order", QStringLiteral("代码"));
+        set(parameters, u"编号", u"代码"_s);
+        set(parameters, u"名称", u"名称"_s);
+        set(parameters, u"ID", u"代码"_s);
+        set(parameters, u"table", u"pdmsjzd"_s);
+        set(parameters, u"where", u"类型='%1'"_s.arg(kind));
+        set(parameters, u"order", u"代码"_s);
         QString text = target.Text();
         QVariant value;
         list.Show(button.Left(), button.Top(), text, value, 0, {});

@@ -8,6 +8,8 @@
 #include "library/listings/listing_matching.h"
 #include "library/lists/list_grid.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -39,29 +41,27 @@ DetailTables tables()
 
 SqlText recordStatement(const QString &id)
 {
-    return SqlText(
-               QStringLiteral("select A.*,C.mtname as 部门名称,B.username as 业务员 from (fyxx A left join "
-                              "su_membership B on A.用户ID=B.userID) left join su_usertype C on "
-                              "B.UserTypeID=C.mtID where 房源ID=")) +
+    return SqlText(u"select A.*,C.mtname as 部门名称,B.username as 业务员 from (fyxx A left join "
+                   u"su_membership B on A.用户ID=B.userID) left join su_usertype C on "
+                   u"B.UserTypeID=C.mtID where 房源ID="_s) +
            quoted(id);
 }
 
 /// The agent is the user who wrote it, unlike where follow-ups are listed by themselves.
 SqlText followUpsStatement(const QString &id)
 {
-    return SqlText(QStringLiteral("select 操作日期,跟进内容,C.mtname as 部门,B.username as "
-                                  "业务员,iif(下次提醒=1,'是','否'),提醒日期,"
-                                  "iif(提醒范围=0 or 提醒范围 is "
-                                  "null,'本人',iif(提醒范围=1,'本部','全部')),提醒内容,处理结果,处理日期,"
-                                  "跟进ID from (fygj A left join su_membership B on A.用户ID=B.userID)"
-                                  " left join su_usertype C on B.UserTypeID=C.mtID where 房源ID=")) +
+    return SqlText(u"select 操作日期,跟进内容,C.mtname as 部门,B.username as "
+                   u"业务员,iif(下次提醒=1,'是','否'),提醒日期,"
+                   u"iif(提醒范围=0 or 提醒范围 is "
+                   u"null,'本人',iif(提醒范围=1,'本部','全部')),提醒内容,处理结果,处理日期,"
+                   u"跟进ID from (fygj A left join su_membership B on A.用户ID=B.userID)"
+                   u" left join su_usertype C on B.UserTypeID=C.mtID where 房源ID="_s) +
            quoted(id) + QStringView(u" order by 操作日期 desc");
 }
 
 SqlText pictureCountStatement(const QString &id)
 {
-    return SqlText(QStringLiteral(
-               "select count(rowindex) from pubAttach where isActive=1 and isPicture=1 and ids=")) +
+    return SqlText(u"select count(rowindex) from pubAttach where isActive=1 and isPicture=1 and ids="_s) +
            quoted(id);
 }
 
@@ -69,8 +69,8 @@ SqlText pictureCountStatement(const QString &id)
 
 ListingDetail::ListingDetail(Module &module, const VSFlexGrid &list)
     : RecordDetail(module, list, tables())
-    , m_followUps(addGrid(QStringLiteral("VsGj")))
-    , m_customers(addGrid(QStringLiteral("VsP")))
+    , m_followUps(addGrid(u"VsGj"_s))
+    , m_customers(addGrid(u"VsP"_s))
     , m_reasons(module, MatchReasons::Of::Listing)
 {}
 
@@ -131,8 +131,7 @@ bool ListingDetail::countPictures(const QString &id)
 
 QString ListingDetail::picturesText() const
 {
-    return m_pictureCount == 0 ? QStringLiteral("暂无照片")
-                               : QStringLiteral("共有%1张照片").arg(m_pictureCount);
+    return m_pictureCount == 0 ? u"暂无照片"_s : u"共有%1张照片"_s.arg(m_pictureCount);
 }
 
 void ListingDetail::mFrmGj_ReturnData(const QString &psID, bool pbNew)

@@ -3,6 +3,8 @@
 #include "contracts/conversions.h"
 #include "contracts/host_contracts.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -13,14 +15,14 @@ using Text = std::optional<QString>;
 Text asDate(const DetailRecord &record, QStringView column)
 {
     if (record.isNull(column))
-        throw Failure(QStringLiteral("房源的%1是空值，无法显示！").arg(column));
+        throw Failure(u"房源的%1是空值，无法显示！"_s.arg(column));
     return record.text(column);
 }
 
 Text asRooms(const DetailRecord &record, QStringView)
 {
     return record.text(u"房型_房") + u'房' + record.text(u"房型_厅") + u'厅' + record.text(u"房型_卫") +
-           u'卫' + record.text(u"房型_阳台") + QStringLiteral("阳台");
+           u'卫' + record.text(u"房型_阳台") + u"阳台"_s;
 }
 
 Text asPlace(const DetailRecord &record, QStringView)
@@ -44,7 +46,7 @@ Text asUnitPrice(const DetailRecord &record, QStringView column)
 Text asViewing(const DetailRecord &record, QStringView column)
 {
     const QString viewing = record.text(column);
-    return viewing.contains(u'匙') ? viewing + QStringLiteral(" 钥匙号:") + record.text(u"钥匙号") : viewing;
+    return viewing.contains(u'匙') ? viewing + u" 钥匙号:"_s + record.text(u"钥匙号") : viewing;
 }
 
 Text untouched(const DetailRecord &, QStringView)

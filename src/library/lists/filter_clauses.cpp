@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -35,7 +37,7 @@ std::optional<SqlText> dayAfter(const QString &text)
     constexpr int lastYear = 9999;
     const auto day = parseDate(text);
     if (!day)
-        throw Failure(QStringLiteral("“%1”不是日期！").arg(text));
+        throw Failure(u"“%1”不是日期！"_s.arg(text));
     const QDateTime next = day->addDays(1);
     if (next.date().year() > lastYear)
         return std::nullopt;
@@ -89,14 +91,13 @@ SqlText filterWhere(std::span<const FilterClause> clauses, const FilterValues &v
     if (where.isEmpty())
         return where;
     constexpr qsizetype leadingAnd = 5;
-    return SqlText(QStringLiteral(" where ")) + where.withoutFirst(leadingAnd);
+    return SqlText(u" where "_s) + where.withoutFirst(leadingAnd);
 }
 
 QStringList periodCaptions()
 {
-    return {QStringLiteral("三天内"),   QStringLiteral("七天内"),   QStringLiteral("十天内"),
-            QStringLiteral("十五月内"), QStringLiteral("一个月内"), QStringLiteral("三个月内"),
-            QStringLiteral("半年内"),   QStringLiteral("一年内"),   QStringLiteral("全部")};
+    return {u"三天内"_s,   u"七天内"_s, u"十天内"_s, u"十五月内"_s, u"一个月内"_s,
+            u"三个月内"_s, u"半年内"_s, u"一年内"_s, u"全部"_s};
 }
 
 } // namespace ebtq

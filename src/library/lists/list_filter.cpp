@@ -4,13 +4,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
 
 QString arrayName()
 {
-    return QStringLiteral("qzTxt");
+    return u"qzTxt"_s;
 }
 
 } // namespace
@@ -21,12 +23,12 @@ ListFilter::ListFilter(Module &module, const ListFilterTables &tables)
     , m_lookUps(module, arrayName(), *this)
 {
     for (int number = 0; number < 2; ++number) {
-        auto &tick = controls().add<CheckBox>(QStringLiteral("Chk"), number);
+        auto &tick = controls().add<CheckBox>(u"Chk"_s, number);
         tick.setCaption(tables.ticks[static_cast<size_t>(number)].toString());
         m_ticks[static_cast<size_t>(number)] = &tick;
     }
     if (!tables.periods.isEmpty()) {
-        m_periods = &controls().add<XPCombo>(QStringLiteral("XPCmb"));
+        m_periods = &controls().add<XPCombo>(u"XPCmb"_s);
         m_periods->setCaption(tables.periods.toString());
     }
     for (const FilterField &field : tables.fields) {
@@ -44,7 +46,7 @@ const FilterField &ListFilter::fieldOf(int number) const
 {
     const auto found = std::ranges::find(m_tables.fields, number, &FilterField::number);
     if (found == m_tables.fields.end())
-        throw Failure(QStringLiteral("没有编号为 %1 的筛选栏！").arg(number));
+        throw Failure(u"没有编号为 %1 的筛选栏！"_s.arg(number));
     return *found;
 }
 
@@ -57,7 +59,7 @@ qzTxt_S &ListFilter::qzTxt(int number)
 CheckBox &ListFilter::Chk(int number)
 {
     if (number != 0 && number != 1)
-        throw Failure(QStringLiteral("没有编号为%1的选择框！").arg(number));
+        throw Failure(u"没有编号为%1的选择框！"_s.arg(number));
     return *m_ticks[static_cast<size_t>(number)];
 }
 
@@ -110,7 +112,7 @@ void ListFilter::setParameters(int number, ParameterList &parameters)
     const QString narrowing = field.narrowedBy < 0 ? QString() : qzTxt(field.narrowedBy).Text();
     if (narrowing.isEmpty())
         return;
-    parameters.Item(QStringLiteral("lock")).Value = 1;
+    parameters.Item(u"lock"_s).Value = 1;
     parameters.Item(field.narrowedAs.toString()).Value = narrowing;
 }
 

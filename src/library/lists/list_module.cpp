@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -24,19 +26,18 @@ constexpr double usualWheelRate = 5;
 ListModule::ListModule(const QString &name, Desktop &desktop, FailureNames failures, const ListTables &tables)
     : Module(name, desktop, std::move(failures))
     , m_tables(tables)
-    , m_grid(controls().add<VSFlexGrid>(QStringLiteral("VS")))
+    , m_grid(controls().add<VSFlexGrid>(u"VS"_s))
     , m_layout(*this, m_grid)
 {
     if (tables.filter) {
         m_filter.emplace(*this, *tables.filter);
         m_search.emplace(*this, m_grid, tables.searchSensitivity);
         connect(&*m_search, &ListSearch::notFound, this,
-                [this](const QString &text) { raiseMessage(QStringLiteral("没有找到：") + text); });
+                [this](const QString &text) { raiseMessage(u"没有找到："_s + text); });
     }
     connectGrid();
-    connect(&m_layout, &ListLayout::notSaved, this, [this](const QString &file) {
-        raiseMessage(QStringLiteral("布局未能保存，下次打开时不会保留：") + file);
-    });
+    connect(&m_layout, &ListLayout::notSaved, this,
+            [this](const QString &file) { raiseMessage(u"布局未能保存，下次打开时不会保留："_s + file); });
 }
 
 void ListModule::connectGrid()
@@ -62,8 +63,7 @@ bool ListModule::IReportUI_Init(HostApp &app, int moduleId)
     return trapped(u"-->IRptUI_Init::初始化过程发生错误，原因:", [this] {
         makeWheel();
         makeEditors();
-        const double rate =
-            Val(this->app().UserParameter(parameterGroup, QStringLiteral("mouseeventscrollrate")).Text);
+        const double rate = Val(this->app().UserParameter(parameterGroup, u"mouseeventscrollrate"_s).Text);
         m_wheelRate = rate == 0 ? usualWheelRate : rate;
         if (m_filter)
             m_filter->setUp();
@@ -151,7 +151,7 @@ void ListModule::show(Recordset &rows)
 void ListModule::tellCount()
 {
     if (m_tables.tellsCount)
-        raiseMessage(QStringLiteral("共加载%1条记录").arg(m_grid.Rows() - 1));
+        raiseMessage(u"共加载%1条记录"_s.arg(m_grid.Rows() - 1));
 }
 
 void ListModule::rowsChanged()

@@ -3,18 +3,20 @@
 #include "library/controls/drawn_later.h"
 #include "library/controls/flex_grid.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 ListSearch::ListSearch(Module &module, VSFlexGrid &list, Qt::CaseSensitivity sensitivity)
     : ModulePart(module)
     , m_list(list)
     , m_sensitivity(sensitivity)
-    , m_label(controls().add<Label>(QStringLiteral("lblSearch")))
-    , m_box(controls().add<SearchBox>(QStringLiteral("SearchBox1")))
-    , m_filters(controls().add<CheckBox>(QStringLiteral("ChkFind")))
+    , m_label(controls().add<Label>(u"lblSearch"_s))
+    , m_box(controls().add<SearchBox>(u"SearchBox1"_s))
+    , m_filters(controls().add<CheckBox>(u"ChkFind"_s))
 {
-    m_label.setCaption(QStringLiteral("搜索(&F):"));
-    m_filters.setCaption(QStringLiteral("过滤"));
+    m_label.setCaption(u"搜索(&F):"_s);
+    m_filters.setCaption(u"过滤"_s);
     connect(&m_box, &SearchBox::Search, this, &ListSearch::searchAgain);
     connect(&m_box, &SearchBox::Clear, &m_list, &VSFlexGrid::showAllRows);
     connect(&m_filters, &CheckBox::Click, this, [this] {
@@ -25,7 +27,7 @@ ListSearch::ListSearch(Module &module, VSFlexGrid &list, Qt::CaseSensitivity sen
 
 void ListSearch::setUp()
 {
-    m_box.setSetting(QStringLiteral("500"));
+    m_box.setSetting(u"500"_s);
     m_box.bindColumns(m_list);
     m_box.setFilterFlag(m_filters.Value() == 1);
 }

@@ -5,6 +5,8 @@
 #include "library/controls/drawn_later.h"
 #include "library/frame/statements.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 QString DetailRecord::text(QStringView column) const
@@ -21,7 +23,7 @@ int DetailRecord::at(QStringView column) const
 {
     const int number = m_row.columnNamed(column);
     if (number < 0)
-        throw Failure(QStringLiteral("列 %1 不存在").arg(column));
+        throw Failure(u"列 %1 不存在"_s.arg(column));
     return number;
 }
 
@@ -29,7 +31,7 @@ RecordDetail::RecordDetail(Module &module, const VSFlexGrid &list, const DetailT
     : ModulePart(module)
     , m_list(list)
     , m_tables(tables)
-    , m_tabs(controls().add<qzVSTabCtl>(QStringLiteral("qzVSTabCtl1")))
+    , m_tabs(controls().add<qzVSTabCtl>(u"qzVSTabCtl1"_s))
 {
     makeControls();
     connect(&m_tabs, &qzVSTabCtl::TabLeft, this, [this](int tab) { setPanelVisible(tab, false); });
@@ -46,7 +48,7 @@ void RecordDetail::makeControls()
     std::vector<qzVSTabCtl::Tab> tabs;
     for (const DetailTab &tab : m_tables.tabs) {
         const int panel = static_cast<int>(tabs.size());
-        controls().add<qzPanel>(QStringLiteral("pnlTab"), panel).setVisible(panel + 1 == m_tables.firstTab);
+        controls().add<qzPanel>(u"pnlTab"_s, panel).setVisible(panel + 1 == m_tables.firstTab);
         tabs.push_back({tab.caption.toString(), tab.key.toString()});
     }
     m_tabs.setTabs(std::move(tabs), m_tables.firstTab);
@@ -72,7 +74,7 @@ template<class T> T &RecordDetail::control(QStringView name, int number)
 {
     auto *found = qobject_cast<T *>(controls().find(name.toString(), number));
     if (!found)
-        throw Failure(QStringLiteral("没有编号为 %1 的控件 %2！").arg(number).arg(name));
+        throw Failure(u"没有编号为 %1 的控件 %2！"_s.arg(number).arg(name));
     return *found;
 }
 

@@ -11,6 +11,8 @@
 
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -94,10 +96,10 @@ struct MatchReasons::Bound
     [[nodiscard]] QString caption(Of of) const
     {
         if (of == Of::Customer)
-            return QStringLiteral("%1 %2 %3 %4")
-                .arg(measure->name, isUpper ? u"≤" : u"≥", PlainDecimal(number), measure->unit);
-        return QStringLiteral("客户的%1%2 %3 %4")
-            .arg(measure->name, isUpper ? u"上限 ≥" : u"下限 ≤", PlainDecimal(number), measure->unit);
+            return u"%1 %2 %3 %4"_s.arg(measure->name, isUpper ? u"≤" : u"≥", PlainDecimal(number),
+                                        measure->unit);
+        return u"客户的%1%2 %3 %4"_s.arg(measure->name, isUpper ? u"上限 ≥" : u"下限 ≤", PlainDecimal(number),
+                                         measure->unit);
     }
 };
 
@@ -116,13 +118,13 @@ void MatchReasons::show(const QString &id)
 bool MatchReasons::read(const QString &id)
 {
     const Direction &direction = directionOf(m_of);
-    const QString select = QStringLiteral("select * from %1 where %2=");
+    const QString select = u"select * from %1 where %2="_s;
     const auto rows =
         openRows(app().Db(), SqlText(select.arg(direction.ownTable, direction.ownKey)) + quoted(id));
     if (isEmpty(*rows)) {
-        desktop().messageBox(id.isEmpty() ? QStringLiteral("请先在列表中选择一条记录！")
-                                          : QStringLiteral("这条记录已被他人删除，请刷新列表！"),
-                             QStringLiteral("提示:"), Desktop::Icon::Information, Desktop::Buttons::Ok);
+        desktop().messageBox(id.isEmpty() ? u"请先在列表中选择一条记录！"_s
+                                          : u"这条记录已被他人删除，请刷新列表！"_s,
+                             u"提示:"_s, Desktop::Icon::Information, Desktop::Buttons::Ok);
         return false;
     }
     const WaitCursor wait(desktop());
@@ -166,7 +168,7 @@ void MatchReasons::setUpGrids()
 void MatchReasons::readCounts(const std::vector<Bound> &bounds)
 {
     const auto others = [&](const Bound *left) {
-        SqlText sql(QStringLiteral(",sum(iif(1=1"));
+        SqlText sql(u",sum(iif(1=1"_s);
         for (const Bound &bound : bounds) {
             if (&bound == left || !(bound.number > 0))
                 continue;
@@ -177,7 +179,7 @@ void MatchReasons::readCounts(const std::vector<Bound> &bounds)
         return sql;
     };
     const Direction &direction = directionOf(m_of);
-    SqlText sql(QStringLiteral("select count(%1)").arg(direction.number));
+    SqlText sql(u"select count(%1)"_s.arg(direction.number));
     sql += others(nullptr);
     for (const Bound &bound : bounds) {
         if (!(bound.number > 0))
@@ -187,10 +189,9 @@ void MatchReasons::readCounts(const std::vector<Bound> &bounds)
         sql += QStringView(u",1,0))");
         sql += others(&bound);
     }
-    sql += QStringLiteral(" from %1").arg(direction.table);
+    sql += u" from %1"_s.arg(direction.table);
     const RowBlock counts = openRows(app().Db(), sql)->GetRows();
-    m_title +=
-        QStringLiteral("：共 %1 %3，全部符合 %2").arg(whole(counts, 0), whole(counts, 1), direction.counted);
+    m_title += u"：共 %1 %3，全部符合 %2"_s.arg(whole(counts, 0), whole(counts, 1), direction.counted);
     m_criteria.setRows(1 + static_cast<int>(bounds.size()));
     int column = 2;
     for (int row = 1; const Bound &bound : bounds) {
@@ -198,7 +199,7 @@ void MatchReasons::readCounts(const std::vector<Bound> &bounds)
         m_criteria.setTextMatrix(
             row, Criterion,
             isSet ? bound.caption(m_of)
-                  : QStringLiteral("%1%2：未设").arg(bound.measure->name, bound.isUpper ? u"上限" : u"下限"));
+                  : u"%1%2：未设"_s.arg(bound.measure->name, bound.isUpper ? u"上限" : u"下限"));
         for (int at = Alone; isSet && at <= AllBut; ++at)
             m_criteria.setTextMatrix(row, at, whole(counts, column++));
         ++row;
@@ -208,33 +209,32 @@ void MatchReasons::readCounts(const std::vector<Bound> &bounds)
 void MatchReasons::readMisses(const std::vector<Bound> &bounds)
 {
     const Direction &direction = directionOf(m_of);
-    SqlText sql(QStringLiteral("select top %1 %2").arg(mostMisses + 1).arg(direction.shown));
+    SqlText sql(u"select top %1 %2"_s.arg(mostMisses + 1).arg(direction.shown));
     SqlText failures;
     std::vector<const Bound *> tested;
     for (const Bound &bound : bounds) {
         if (!(bound.number > 0))
             continue;
         tested.push_back(&bound);
-        const SqlText failed =
-            SqlText(QStringLiteral("iif(")) + bound.condition(m_of) + QStringLiteral(",0,1)");
-        sql += QStringLiteral(",%1 as 值%2,").arg(bound.column(m_of)).arg(tested.size());
+        const SqlText failed = SqlText(u"iif("_s) + bound.condition(m_of) + u",0,1)"_s;
+        sql += u",%1 as 值%2,"_s.arg(bound.column(m_of)).arg(tested.size());
         sql += failed;
         if (!failures.isEmpty())
             failures += QStringView(u"+");
         failures += failed;
     }
-    m_remark = QStringLiteral("没有只差一项的记录。");
+    m_remark = u"没有只差一项的记录。"_s;
     if (tested.empty())
         return;
-    sql += QStringLiteral(" from %1 where ").arg(direction.table);
+    sql += u" from %1 where "_s.arg(direction.table);
     sql += failures;
-    sql += QStringLiteral("=1 order by %1").arg(direction.number);
+    sql += u"=1 order by %1"_s.arg(direction.number);
     const auto rows = openRows(app().Db(), sql);
     if (isEmpty(*rows))
         return;
     const RowBlock found = rows->GetRows();
     const auto shown = std::min<qsizetype>(found.rowCount(), mostMisses);
-    m_remark = found.rowCount() > mostMisses ? QStringLiteral("只列出前 %1 条。").arg(mostMisses) : QString();
+    m_remark = found.rowCount() > mostMisses ? u"只列出前 %1 条。"_s.arg(mostMisses) : QString();
     drawnLater(m_misses, [&] {
         m_misses.setRows(1 + static_cast<int>(shown));
         for (qsizetype row = 0; row < shown; ++row) {
@@ -256,13 +256,13 @@ QString MatchReasons::reason(const Bound &bound, const QString &found) const
 {
     const QString number = PlainDecimal(bound.number);
     const QStringView against = bound.isUpper ? u">" : u"<";
-    const QString other = found.isEmpty() ? QStringLiteral("未填") : found;
+    const QString other = found.isEmpty() ? u"未填"_s : found;
     const auto text = [&](const QString &left, const QString &right) {
-        return QStringLiteral("%1 %2 %3 %4").arg(bound.measure->name, left, against, right);
+        return u"%1 %2 %3 %4"_s.arg(bound.measure->name, left, against, right);
     };
     if (m_of == Of::Customer)
         return text(other, number);
-    return text(number, Val(found) == 0 ? other + QStringLiteral("（未设）") : other);
+    return text(number, Val(found) == 0 ? other + u"（未设）"_s : other);
 }
 
 } // namespace ebtq

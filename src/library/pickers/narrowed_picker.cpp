@@ -4,13 +4,15 @@
 #include "contracts/null_conv.h"
 #include "library/frame/statements.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
 
 QString allOwners()
 {
-    return QStringLiteral("全部");
+    return u"全部"_s;
 }
 
 } // namespace
@@ -18,7 +20,7 @@ QString allOwners()
 NarrowedPicker::NarrowedPicker(const QString &name, Desktop &desktop, const NarrowedList &list)
     : Picker(name, desktop, list.grid)
     , m_list(list)
-    , m_owner(controls().add<XPCombo>(QStringLiteral("Cmb")))
+    , m_owner(controls().add<XPCombo>(u"Cmb"_s))
 {
     m_owner.setCaption(list.caption.toString());
     connect(&m_owner, &XPCombo::Click, this, &NarrowedPicker::reload);
@@ -36,7 +38,7 @@ QString NarrowedPicker::ownerParameter() const
 
 bool NarrowedPicker::isLocked() const
 {
-    return Val(parameters().text(QStringLiteral("lock"))) != 0;
+    return Val(parameters().text(u"lock"_s)) != 0;
 }
 
 bool NarrowedPicker::prepareList()
@@ -70,10 +72,10 @@ SqlText NarrowedPicker::listStatement()
 {
     SqlText sql(m_list.list.toString());
     if (m_owner.Text() != allOwners()) {
-        sql += QStringLiteral(" where %1=").arg(m_list.listOwner);
+        sql += u" where %1="_s.arg(m_list.listOwner);
         sql += QString::number(m_owner.ItemData(m_owner.ListIndex()));
     }
-    sql += QStringLiteral(" order by %1").arg(m_list.order);
+    sql += u" order by %1"_s.arg(m_list.order);
     return sql;
 }
 
@@ -83,7 +85,7 @@ SqlText NarrowedPicker::checkStatement(const QString &typedText) const
     sql += whereAnyEquals(m_list.matches.toString().split(u','), typedText);
     const QString owner = parameters().text(ownerParameter());
     if (isLocked() && !owner.isEmpty()) {
-        sql += QStringLiteral(" and %1=").arg(m_list.ownerName);
+        sql += u" and %1="_s.arg(m_list.ownerName);
         sql += quoted(owner);
     }
     return sql;

@@ -8,6 +8,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -38,9 +40,9 @@ SqlText whereAnyEquals(const QStringList &columns, const QString &typedText)
 Picker::Picker(const QString &name, Desktop &desktop, const PickerGrid &grid)
     : Module(name, desktop)
     , m_shape(grid)
-    , m_grid(controls().add<VSFlexGrid>(QStringLiteral("VS")))
+    , m_grid(controls().add<VSFlexGrid>(u"VS"_s))
     , m_search(controls(), m_grid)
-    , m_failure(controls().add<Label>(QStringLiteral("lblFailure")))
+    , m_failure(controls().add<Label>(u"lblFailure"_s))
 {
     connect(&m_search.text(), &TextBox::ReturnPressed, this, [this] {
         if (isData(m_grid.Row())) // a search without a hit must not empty the field
@@ -50,30 +52,30 @@ Picker::Picker(const QString &name, Desktop &desktop, const PickerGrid &grid)
         if (choosesByRow())
             confirm();
     });
-    connect(&addButton(0, QStringLiteral("确认(&D)")), &Button::Click, this, &Picker::confirm);
-    connect(&addButton(1, QStringLiteral("取消(&C)")), &Button::Click, this, &Picker::DoCancel);
-    connect(&addButton(2, QStringLiteral("刷新(&R)")), &Button::Click, this, &Picker::reload);
+    connect(&addButton(0, u"确认(&D)"_s), &Button::Click, this, &Picker::confirm);
+    connect(&addButton(1, u"取消(&C)"_s), &Button::Click, this, &Picker::DoCancel);
+    connect(&addButton(2, u"刷新(&R)"_s), &Button::Click, this, &Picker::reload);
 }
 
 Button &Picker::addButton(int number, const QString &caption)
 {
-    auto &button = controls().add<Button>(QStringLiteral("btn"), number);
+    auto &button = controls().add<Button>(u"btn"_s, number);
     button.setCaption(caption);
     return button;
 }
 
 Button &Picker::btn(int number)
 {
-    auto *button = qobject_cast<Button *>(controls().find(QStringLiteral("btn"), number));
+    auto *button = qobject_cast<Button *>(controls().find(u"btn"_s, number));
     if (!button)
-        throw Failure(QStringLiteral("没有编号为%1的按钮！").arg(number));
+        throw Failure(u"没有编号为%1的按钮！"_s.arg(number));
     return *button;
 }
 
 TextBox &Picker::Txt(int number)
 {
     if (number != 0 && number != 1)
-        throw Failure(QStringLiteral("没有编号为%1的文本框！").arg(number));
+        throw Failure(u"没有编号为%1的文本框！"_s.arg(number));
     return number == 0 ? m_search.text() : m_search.columnList();
 }
 
@@ -83,10 +85,10 @@ bool Picker::IPickerUI_Init(HostApp &app, int /*unused*/, const QString & /*name
 {
     setApp(&app);
     const QString folder = app.Session().AppPath();
-    m_layoutFolder = folder + (folder.endsWith(u'/') ? QStringLiteral("selfbb") : QStringLiteral("/selfbb"));
+    m_layoutFolder = folder + (folder.endsWith(u'/') ? u"selfbb"_s : u"/selfbb"_s);
     m_row = emptyRow();
     setUpGrid();
-    m_search.text().setToolTipText(QStringLiteral("提示：按回车键选择完毕！"));
+    m_search.text().setToolTipText(u"提示：按回车键选择完毕！"_s);
     m_search.readColumns();
     return true;
 }
@@ -103,7 +105,7 @@ void Picker::setUpGrid()
     align(m_grid, m_shape.centred, VSFlexGrid::AlignCentre);
     for (const int column : m_shape.hidden)
         m_grid.setColHidden(column, true);
-    m_grid.setToolTipText(QStringLiteral("提示：双击或按回车键选择完毕！"));
+    m_grid.setToolTipText(u"提示：双击或按回车键选择完毕！"_s);
 }
 
 void Picker::IPickerUI_Clear()

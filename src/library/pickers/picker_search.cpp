@@ -7,20 +7,22 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 PickerSearch::PickerSearch(ControlCollection &controls, VSFlexGrid &grid)
     : m_grid(grid)
-    , m_text(controls.add<TextBox>(QStringLiteral("Txt"), 0))
-    , m_columnList(controls.add<TextBox>(QStringLiteral("Txt"), 1))
-    , m_filters(controls.add<CheckBox>(QStringLiteral("Check")))
-    , m_strictMatchBox(controls.add<CheckBox>(QStringLiteral("ChkFind")))
+    , m_text(controls.add<TextBox>(u"Txt"_s, 0))
+    , m_columnList(controls.add<TextBox>(u"Txt"_s, 1))
+    , m_filters(controls.add<CheckBox>(u"Check"_s))
+    , m_strictMatchBox(controls.add<CheckBox>(u"ChkFind"_s))
 {
-    m_text.setCaption(QStringLiteral("查询(&B):"));
-    m_columnList.setText(QStringLiteral("1;2;4"));
+    m_text.setCaption(u"查询(&B):"_s);
+    m_columnList.setText(u"1;2;4"_s);
     m_columnList.setVisible(false);
-    m_filters.setCaption(QStringLiteral("过滤"));
-    m_strictMatchBox.setCaption(QStringLiteral("全字匹配"));
+    m_filters.setCaption(u"过滤"_s);
+    m_strictMatchBox.setCaption(u"全字匹配"_s);
     connect(&m_text, &TextBox::Change, this, &PickerSearch::apply);
     connect(&m_filters, &CheckBox::Click, this, &PickerSearch::changeKind);
     connect(&m_strictMatchBox, &CheckBox::Click, this, &PickerSearch::apply);
@@ -36,8 +38,8 @@ void PickerSearch::readColumns()
 
 void PickerSearch::askForColumns(Desktop &desktop)
 {
-    const auto answer = desktop.inputBox(QStringLiteral("请输入欲查询的列(格式: 列1;列2;...列n):"),
-                                         QStringLiteral("查找"), m_columnList.Text());
+    const auto answer =
+        desktop.inputBox(u"请输入欲查询的列(格式: 列1;列2;...列n):"_s, u"查找"_s, m_columnList.Text());
     if (!answer || answer->isEmpty() || *answer == m_columnList.Text())
         return;
     m_columnList.setText(*answer);
@@ -53,7 +55,7 @@ void PickerSearch::rowsLoaded()
 void PickerSearch::changeKind()
 {
     const bool filters = m_filters.Value() == 1;
-    m_strictMatchBox.setCaption(filters ? QStringLiteral("左起字符匹配") : QStringLiteral("全字匹配"));
+    m_strictMatchBox.setCaption(filters ? u"左起字符匹配"_s : u"全字匹配"_s);
     if (!filters)
         m_grid.showAllRows();
     apply();

@@ -5,6 +5,8 @@
 #include "library/controls/drawn_later.h"
 #include "library/pickers/picked_rows.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -19,22 +21,22 @@ constexpr PickerGrid grid{.format = u" |选择  |编号      |名称            
 
 QString tick()
 {
-    return QStringLiteral("√");
+    return u"√"_s;
 }
 
 QString codeParameter()
 {
-    return QStringLiteral("编号");
+    return u"编号"_s;
 }
 
 QString nameParameter()
 {
-    return QStringLiteral("名称");
+    return u"名称"_s;
 }
 
 QString keyParameter()
 {
-    return QStringLiteral("ID");
+    return u"ID"_s;
 }
 
 /// " where " or another word and the parameter; nothing when it is empty.
@@ -46,10 +48,10 @@ QString clause(const QString &word, const QString &parameter)
 } // namespace
 
 selPdm::selPdm(Desktop &desktop)
-    : Picker(QStringLiteral("selPdm"), desktop, grid)
+    : Picker(u"selPdm"_s, desktop, grid)
 {
-    connect(&addButton(3, QStringLiteral("全选")), &Button::Click, this, [this] { tickAll(tick()); });
-    connect(&addButton(4, QStringLiteral("全清")), &Button::Click, this, [this] { tickAll({}); });
+    connect(&addButton(3, u"全选"_s), &Button::Click, this, [this] { tickAll(tick()); });
+    connect(&addButton(4, u"全清"_s), &Button::Click, this, [this] { tickAll({}); });
 }
 
 QStringList selPdm::columns() const
@@ -70,20 +72,19 @@ QString selPdm::textColumn() const
 /// The null fills the column of ticks.
 SqlText selPdm::listStatement()
 {
-    return QStringLiteral("select null,%1,%2,%3 from %4")
-               .arg(parameters().text(codeParameter()), textColumn(), keyColumn(),
-                    parameters().text(QStringLiteral("table"))) +
-           clause(QStringLiteral(" where "), parameters().text(QStringLiteral("where"))) +
-           clause(QStringLiteral(" order by "), parameters().text(QStringLiteral("order")));
+    return u"select null,%1,%2,%3 from %4"_s.arg(parameters().text(codeParameter()), textColumn(),
+                                                 keyColumn(), parameters().text(u"table"_s)) +
+           clause(u" where "_s, parameters().text(u"where"_s)) +
+           clause(u" order by "_s, parameters().text(u"order"_s));
 }
 
 SqlText selPdm::checkStatement(const QString &typedText) const
 {
     const QString code = parameters().text(codeParameter());
-    SqlText sql(QStringLiteral("select %1,%2,%3 from %4")
-                    .arg(code, textColumn(), keyColumn(), parameters().text(QStringLiteral("table"))));
+    SqlText sql(
+        u"select %1,%2,%3 from %4"_s.arg(code, textColumn(), keyColumn(), parameters().text(u"table"_s)));
     sql += whereAnyEquals({code, textColumn()}, typedText);
-    sql += clause(QStringLiteral(" and "), parameters().text(QStringLiteral("where")));
+    sql += clause(u" and "_s, parameters().text(u"where"_s));
     return sql;
 }
 

@@ -3,6 +3,8 @@
 #include "contracts/null_conv.h"
 #include "library/pickers/picked_rows.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -34,7 +36,7 @@ constexpr NarrowedList blocks{
 } // namespace
 
 selPdmDz::selPdmDz(Desktop &desktop)
-    : NarrowedPicker(QStringLiteral("selPdmDz"), desktop, blocks)
+    : NarrowedPicker(u"selPdmDz"_s, desktop, blocks)
 {}
 
 std::shared_ptr<const PickedRow> selPdmDz::emptyRow() const
@@ -45,11 +47,11 @@ std::shared_ptr<const PickedRow> selPdmDz::emptyRow() const
 std::shared_ptr<const PickedRow> selPdmDz::readRow(const RowReader &read) const
 {
     const auto row = std::make_shared<clsDz>();
-    row->l栋座ID = NullConv::ToLong(read(QStringLiteral("栋座ID")));
-    row->l楼盘ID = NullConv::ToLong(read(QStringLiteral("楼盘ID")));
-    row->s栋座编号 = NullConv::ToText(read(QStringLiteral("栋座编号")));
-    row->s栋座名称 = NullConv::ToText(read(QStringLiteral("栋座名称")));
-    row->l总楼层 = NullConv::ToLong(read(QStringLiteral("总楼层")));
+    row->l栋座ID = NullConv::ToLong(read(u"栋座ID"_s));
+    row->l楼盘ID = NullConv::ToLong(read(u"楼盘ID"_s));
+    row->s栋座编号 = NullConv::ToText(read(u"栋座编号"_s));
+    row->s栋座名称 = NullConv::ToText(read(u"栋座名称"_s));
+    row->l总楼层 = NullConv::ToLong(read(u"总楼层"_s));
     return row;
 }
 

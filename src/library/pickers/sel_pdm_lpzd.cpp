@@ -4,6 +4,8 @@
 #include "contracts/null_conv.h"
 #include "library/pickers/picked_rows.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -53,7 +55,7 @@ constexpr RowField<QString> textFields[] = {
 } // namespace
 
 selPdmLpzd::selPdmLpzd(Desktop &desktop)
-    : NarrowedPicker(QStringLiteral("selPdmLpzd"), desktop, buildings)
+    : NarrowedPicker(u"selPdmLpzd"_s, desktop, buildings)
 {}
 
 std::shared_ptr<const PickedRow> selPdmLpzd::emptyRow() const

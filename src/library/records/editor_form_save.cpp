@@ -6,13 +6,15 @@
 #include "library/frame/statements.h"
 #include "library/records/editor_form.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
 
 constexpr int parameterGroup = 12;
 /// Switches the look for a colleague's changes on; without it the later write wins.
-const QString checkParameter = QStringLiteral("savecheck");
+const QString checkParameter = u"savecheck"_s;
 
 constexpr qsizetype namedChanges = 10;
 constexpr qsizetype longestValue = 30;
@@ -21,7 +23,7 @@ QString shownValue(const QString &text)
 {
     const QString line = text.simplified();
     if (line.isEmpty())
-        return QStringLiteral("（空）");
+        return u"（空）"_s;
     return line.size() <= longestValue ? line : line.first(longestValue) + u'…';
 }
 
@@ -40,8 +42,8 @@ bool EditorForm::mayClose()
 std::optional<bool> EditorForm::wantsSave()
 {
     enum Answer : int { Yes, No };
-    const auto answer = desktop().choose(QStringLiteral("数据已变动，是否保存！"), QStringLiteral("提示："),
-                                         {QStringLiteral("是(&Y)"), QStringLiteral("否(&N)")});
+    const auto answer =
+        desktop().choose(u"数据已变动，是否保存！"_s, u"提示："_s, {u"是(&Y)"_s, u"否(&N)"_s});
     return answer ? std::optional(*answer == Yes) : std::nullopt;
 }
 
@@ -101,8 +103,7 @@ std::optional<QString> EditorForm::documentNumber(bool isNew, const NumberRule &
         refuse(rule.failure.toString().arg(app().LastError().Description));
     if (!number || !number->isEmpty())
         return number;
-    desktop().messageBox(rule.missing.toString(), QStringLiteral("提示："), Desktop::Icon::Critical,
-                         Desktop::Buttons::Ok);
+    desktop().messageBox(rule.missing.toString(), u"提示："_s, Desktop::Icon::Critical, Desktop::Buttons::Ok);
     field(0).SetFocus();
     return std::nullopt;
 }
@@ -125,10 +126,9 @@ bool EditorForm::isStillFree(const NumberRule &rule)
 {
     if (!m_taken || m_taken->moduleId != rule.moduleId || m_taken->date != app().Session().LoginDate())
         return false;
-    return !singleValue(
-                app().Db(),
-                SqlText(QStringLiteral("select %1 from %2 where %1=").arg(rule.column, m_record.table)) +
-                    quoted(m_taken->number))
+    return !singleValue(app().Db(),
+                        SqlText(u"select %1 from %2 where %1="_s.arg(rule.column, m_record.table)) +
+                            quoted(m_taken->number))
                 .isValid();
 }
 
@@ -148,7 +148,7 @@ std::optional<EditorForm::SavedRow> EditorForm::writeNumbered(const QString &id,
 
 bool EditorForm::wantsAnother()
 {
-    return desktop().messageBox(QStringLiteral("是否继续新建?"), messageTitle(), Desktop::Icon::Information,
+    return desktop().messageBox(u"是否继续新建?"_s, messageTitle(), Desktop::Icon::Information,
                                 Desktop::Buttons::YesNo) == Desktop::Answer::Yes;
 }
 
@@ -179,8 +179,8 @@ std::optional<QVariant> EditorForm::triedValue(QStringView column)
 {
     if (m_triedKey.isEmpty())
         return QVariant();
-    const SqlText sql = SqlText(QStringLiteral("select %1 from %2").arg(column, m_record.table)) +
-                        whereKey(m_record, m_triedKey);
+    const SqlText sql =
+        SqlText(u"select %1 from %2"_s.arg(column, m_record.table)) + whereKey(m_record, m_triedKey);
     QVariant value;
     return succeeds([&] { value = singleValue(app().Db(), sql); }) ? std::optional(value) : std::nullopt;
 }
@@ -225,7 +225,7 @@ QString EditorForm::runOnRow(const SqlText &sql)
     try {
         if (executeStatement(app().Db(), sql)->RowsChanged() != 0)
             return {};
-        return QStringLiteral("这条记录已被他人删除，没有保存！输入的内容仍在窗口中。");
+        return u"这条记录已被他人删除，没有保存！输入的内容仍在窗口中。"_s;
     } catch (const StatementFailure &failure) {
         return QString::fromUtf8(failure.what());
     }
@@ -258,7 +258,7 @@ QString EditorForm::tryUpdate(const QString &key, std::vector<ForeignChange> &ch
 /// no other change can come between the comparison and the update.
 QString EditorForm::updateUnchanged(const QString &key, std::vector<ForeignChange> &changes)
 {
-    const SqlText lock(QStringLiteral("update %1 set %2=%2").arg(m_record.table, m_record.key));
+    const SqlText lock(u"update %1 set %2=%2"_s.arg(m_record.table, m_record.key));
     if (const QString failure = runOnRow(lock + whereKey(m_record, key)); !failure.isEmpty())
         return failure;
     changes = foreignChanges(key);
@@ -294,15 +294,12 @@ bool EditorForm::settle(const std::vector<ForeignChange> &changes)
             lines += described(change);
     }
     if (std::ssize(changes) > namedChanges)
-        lines += QStringLiteral("……共 %1 项").arg(changes.size());
+        lines += u"……共 %1 项"_s.arg(changes.size());
     enum Answer : int { Merge, Overwrite, Reload };
     const auto answer = desktop().choose(
-        QStringLiteral(
-            "打开之后，他人修改并保存了这条记录：\n%1\n\n合并：本窗口没有改过的内容取他人的，其余按本窗口"
-            "保存。\n覆盖：全部按本窗口保存。\n重新读取：放弃本窗口的改动。")
-            .arg(lines.join(u'\n')),
-        messageTitle(),
-        {QStringLiteral("合并(&M)"), QStringLiteral("覆盖(&O)"), QStringLiteral("重新读取(&R)")});
+        u"打开之后，他人修改并保存了这条记录：\n%1\n\n合并：本窗口没有改过的内容取他人的，其余按本窗口"
+        u"保存。\n覆盖：全部按本窗口保存。\n重新读取：放弃本窗口的改动。"_s.arg(lines.join(u'\n')),
+        messageTitle(), {u"合并(&M)"_s, u"覆盖(&O)"_s, u"重新读取(&R)"_s});
     if (answer == Reload)
         reload();
     if (!answer || answer == Reload)
@@ -333,9 +330,8 @@ QString EditorForm::described(const ForeignChange &change) const
     // Users cannot read a key; its text is often a column too.
     if (change.column->holder == Holder::FieldKey)
         return titleOf(*change.column);
-    return QStringLiteral("%1：%2 → %3")
-        .arg(titleOf(*change.column), shown(*change.column, change.loaded),
-             shown(*change.column, change.stored));
+    return u"%1：%2 → %3"_s.arg(titleOf(*change.column), shown(*change.column, change.loaded),
+                                shown(*change.column, change.stored));
 }
 
 QString EditorForm::shown(const RecordColumn &column, const QString &text) const

@@ -3,6 +3,8 @@
 #include "contracts/conversions.h"
 #include "contracts/null_conv.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -42,12 +44,12 @@ FieldLookUps::FieldLookUps(Module &module, QString arrayName, LookUpRules &rules
 
 QString FieldLookUps::refusal()
 {
-    return QStringLiteral("输入有误，请重新输入！");
+    return u"输入有误，请重新输入！"_s;
 }
 
 QString FieldLookUps::tag(QStringView event) const
 {
-    return QStringLiteral("-->%1_%2::").arg(m_arrayName, event);
+    return u"-->%1_%2::"_s.arg(m_arrayName, event);
 }
 
 void FieldLookUps::add(qzTxt_S &field, const LookUp &lookUp)

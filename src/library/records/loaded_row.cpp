@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -38,8 +40,7 @@ SqlText LoadedRow::statement(const RecordTable &record, const QString &key)
         if (isCompared(column))
             columns += column.column.toString();
     }
-    return SqlText(QStringLiteral("select %1 from %2").arg(columns.join(u','), record.table)) +
-           whereKey(record, key);
+    return SqlText(u"select %1 from %2"_s.arg(columns.join(u','), record.table)) + whereKey(record, key);
 }
 
 std::vector<ForeignChange> LoadedRow::changesIn(const RecordTable &record, const Recordset &row) const

@@ -6,6 +6,8 @@
 #include "database/values/date_text.h"
 #include "library/frame/statements.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -21,7 +23,7 @@ SqlText literal(const RecordColumn &column, const QString &text)
         return PlainDecimal(Val(text));
     const bool isTrimmed = column.saved == Saved::Text || column.saved == Saved::TrimmedDate;
     const QString value = isTrimmed ? Trim(text) : text;
-    const QString mark = QStringLiteral("#");
+    const QString mark = u"#"_s;
     return isDate(column.saved) ? SqlText(mark) + typed(value) + mark : quoted(value);
 }
 
@@ -29,8 +31,8 @@ SqlText literal(const RecordColumn &column, const QString &text)
 
 SqlText insertStatement(const RecordTable &record, const QString &key, const HeldText &held)
 {
-    QString columns = QStringLiteral("insert into %1(%2").arg(record.table, record.key);
-    SqlText values = SqlText(QStringLiteral(")values(")) + quoted(key);
+    QString columns = u"insert into %1(%2"_s.arg(record.table, record.key);
+    SqlText values = SqlText(u")values("_s) + quoted(key);
     for (const RecordColumn &column : record.insert) {
         if (column.saved == Saved::Not)
             continue;
@@ -39,12 +41,12 @@ SqlText insertStatement(const RecordTable &record, const QString &key, const Hel
         values += QStringView(u",");
         values += literal(column, held(column));
     }
-    return SqlText(columns) + values + QStringLiteral(")");
+    return SqlText(columns) + values + u")"_s;
 }
 
 SqlText updateStatement(const RecordTable &record, const QString &key, const HeldText &held)
 {
-    SqlText sql(QStringLiteral("update %1 set ").arg(record.table));
+    SqlText sql(u"update %1 set "_s.arg(record.table));
     QStringView comma;
     for (const RecordColumn &column : record.update) {
         if (column.saved == Saved::Not)
@@ -60,7 +62,7 @@ SqlText updateStatement(const RecordTable &record, const QString &key, const Hel
 
 SqlText whereKey(const RecordTable &record, const QString &key)
 {
-    return SqlText(QStringLiteral(" where %1=").arg(record.key)) + quoted(key);
+    return SqlText(u" where %1="_s.arg(record.key)) + quoted(key);
 }
 
 QString loadedText(const RecordColumn &column, const Recordset &row)

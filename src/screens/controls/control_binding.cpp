@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -15,7 +17,7 @@ namespace {
 QString spokenName(const Control &control)
 {
     QString name = control.Caption().trimmed();
-    const qsizetype mnemonic = name.indexOf(QLatin1String("(&"));
+    const qsizetype mnemonic = name.indexOf(u"(&"_s);
     if (mnemonic >= 0)
         name.remove(mnemonic, 4);
     while (name.endsWith(u':') || name.endsWith(u'：'))
@@ -76,7 +78,7 @@ QString widgetName(const Control &control)
 
 QString withMnemonic(const QString &caption, QChar mnemonic)
 {
-    return mnemonic.isNull() ? caption : QStringLiteral("%1(&%2)").arg(caption, mnemonic);
+    return mnemonic.isNull() ? caption : u"%1(&%2)"_s.arg(caption, mnemonic);
 }
 
 void bindControl(const Control &control, QWidget &widget)
@@ -99,7 +101,7 @@ QLabel *makeCaption(const Control &control, QWidget &field, QWidget *parent)
 {
     auto *label = new QLabel(parent);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setProperty("kind", QStringLiteral("caption"));
+    label->setProperty("kind", u"caption"_s);
     label->setBuddy(&field);
     const auto follow = [&control, label] {
         label->setText(control.Caption());

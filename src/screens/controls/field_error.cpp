@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -17,8 +19,8 @@ FieldError::FieldError(const QString &message, QWidget &field)
     : QLabel(message, field.window())
     , m_field(field)
 {
-    setObjectName(QStringLiteral("FieldError"));
-    setProperty("kind", QStringLiteral("error"));
+    setObjectName(u"FieldError"_s);
+    setProperty("kind", u"error"_s);
     setTextFormat(Qt::PlainText);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     ensurePolished();

@@ -11,6 +11,8 @@
 #include <QScopedValueRollback>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -58,7 +60,7 @@ FieldView::FieldView(qzTxt_S &field, QWidget *parent)
     , m_help(new QAction(this))
 {
     bindControl(field, *this);
-    m_help->setToolTip(QStringLiteral("选择 (F4)"));
+    m_help->setToolTip(u"选择 (F4)"_s);
     addAction(m_help, QLineEdit::TrailingPosition);
     connect(m_help, &QAction::triggered, this, &FieldView::clickArrow, Qt::QueuedConnection);
     connect(&field, &Control::stateChanged, this, &FieldView::follow);
@@ -78,8 +80,8 @@ void FieldView::follow()
 {
     m_help->setVisible(m_field.help_flag() && m_field.Enabled());
     m_help->setIcon(m_field.help_type() == qzTxt_S::Calendar
-                        ? look::icon(QStringLiteral("view-calendar-day"), &look::Tokens::muted)
-                        : QIcon(QStringLiteral(":/ebtq/images/chevron-down.svg"))); // the combo boxes' arrow
+                        ? look::icon(u"view-calendar-day"_s, &look::Tokens::muted)
+                        : QIcon(u":/ebtq/images/chevron-down.svg"_s)); // the combo boxes' arrow
     setAlignment(alignmentOf(m_field.Alignment()));
 }
 
@@ -118,7 +120,7 @@ void FieldView::contextMenuEvent(QContextMenuEvent *event)
     QMenu *menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (m_field.help_menuflag() && m_help->isVisible()) {
-        auto *choose = new QAction(QStringLiteral("选择(&L)…\tF4"), menu);
+        auto *choose = new QAction(u"选择(&L)…\tF4"_s, menu);
         // Queued, since opening the list blocks: the menu must be closed first.
         connect(choose, &QAction::triggered, this, &FieldView::askHelp, Qt::QueuedConnection);
         QAction *first = menu->actions().value(0);
@@ -192,13 +194,13 @@ void FieldView::refuse()
     mark(true);
     selectAll();
     const QString message = m_field.error_message();
-    m_error = new FieldError(message.isEmpty() ? QStringLiteral("输入有误，请重新输入！") : message, *this);
+    m_error = new FieldError(message.isEmpty() ? u"输入有误，请重新输入！"_s : message, *this);
 }
 
 void FieldView::mark(bool refused)
 {
     delete m_error;
-    const QVariant state = refused ? QVariant(QStringLiteral("error")) : QVariant();
+    const QVariant state = refused ? QVariant(u"error"_s) : QVariant();
     if (property("state") == state)
         return;
     setProperty("state", state);

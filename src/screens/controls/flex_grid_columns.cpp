@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -204,19 +206,19 @@ void FlexGridColumns::setShown(int column, bool shown)
 std::unique_ptr<QMenu> FlexGridColumns::makeMenu()
 {
     auto menu = std::make_unique<QMenu>(&m_view);
-    menu->setObjectName(QStringLiteral("ColumnMenu"));
+    menu->setObjectName(u"ColumnMenu"_s);
     for (const int column : m_grid.columnOrder()) {
         const QString caption = m_model.headerData(column, Qt::Horizontal).toString();
         if (m_grid.ColHidden(column) || caption.isEmpty())
             continue;
-        QAction *action = menu->addAction(QString(caption).replace(u'&', QStringLiteral("&&")));
+        QAction *action = menu->addAction(QString(caption).replace(u'&', u"&&"_s));
         action->setCheckable(true);
         action->setChecked(m_grid.isColumnInSight(column));
         action->setEnabled(!action->isChecked() || countInSight() > 1);
         connect(action, &QAction::triggered, this, [this, column](bool shown) { setShown(column, shown); });
     }
     menu->addSeparator();
-    connect(menu->addAction(QStringLiteral("恢复默认布局")), &QAction::triggered, this, [this] {
+    connect(menu->addAction(u"恢复默认布局"_s), &QAction::triggered, this, [this] {
         m_grid.resetColumns();
         m_grid.reportLayoutChanged();
     });

@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -340,7 +342,7 @@ QString FlexGridView::hint() const
 {
     const QHeaderView &header = *horizontalHeader();
     if (header.count() > 0 && header.hiddenSectionCount() == header.count())
-        return QStringLiteral("所有列都已隐藏，请在标题栏上按右键选择要显示的列");
+        return u"所有列都已隐藏，请在标题栏上按右键选择要显示的列"_s;
     return m_model->rowCount() == 0 ? m_emptyHint : QString();
 }
 

@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -19,7 +21,7 @@ FrozenColumns::FrozenColumns(QTableView &list)
     , m_list(list)
 {
     hide();
-    setObjectName(list.objectName() + QStringLiteral("_frozen"));
+    setObjectName(list.objectName() + u"_frozen"_s);
     setModel(list.model());
     setSelectionModel(list.selectionModel());
     setItemDelegate(list.itemDelegate());

@@ -5,6 +5,8 @@
 
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 TabStripView::TabStripView(qzVSTabCtl &strip, QWidget *keyScope, QWidget *parent)
@@ -43,7 +45,7 @@ void TabStripView::follow()
         addTab({});
     for (int position = 0; position < tabs; ++position) {
         setTabText(position, m_strip.tabs()[static_cast<size_t>(position)].caption);
-        setTabToolTip(position, QStringLiteral("Alt+%1").arg(position + 1));
+        setTabToolTip(position, u"Alt+%1"_s.arg(position + 1));
     }
     setCurrentIndex(m_strip.ActiveTab() - 1);
 }

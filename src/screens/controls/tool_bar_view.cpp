@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -20,8 +22,8 @@ constexpr int separatorHeight = 22;
 QString withMnemonic(const QString &caption, const QKeySequence &keys)
 {
     const QString text = keys.toString(QKeySequence::PortableText);
-    const bool isAltLetter = text.size() == 5 && text.startsWith(QStringLiteral("Alt+"));
-    return isAltLetter ? QStringLiteral("%1(&%2)").arg(caption, text.back()) : caption;
+    const bool isAltLetter = text.size() == 5 && text.startsWith(u"Alt+"_s);
+    return isAltLetter ? u"%1(&%2)"_s.arg(caption, text.back()) : caption;
 }
 
 } // namespace
@@ -31,7 +33,7 @@ ToolBarView::ToolBarView(NavToolbar &toolBar, QWidget *parent)
     , m_toolBar(toolBar)
 {
     bindControl(toolBar, *this);
-    setProperty("kind", QStringLiteral("bar"));
+    setProperty("kind", u"bar"_s);
     setAttribute(Qt::WA_StyledBackground);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(12, 6, 12, 6);
@@ -75,8 +77,7 @@ void ToolBarView::follow()
         button->setVisible(item.visible);
         button->setChecked(item.key == m_currentKey);
         button->setShortcut(keys);
-        button->setToolTip(keys.isEmpty() ? item.caption
-                                          : QStringLiteral("%1 (%2)").arg(item.caption, keys.toString()));
+        button->setToolTip(keys.isEmpty() ? item.caption : u"%1 (%2)"_s.arg(item.caption, keys.toString()));
     }
     showSeparators();
 }
@@ -94,7 +95,7 @@ void ToolBarView::addButton(const QString &key)
 {
     auto *button = new QToolButton(this);
     button->setObjectName(m_toolBar.Name() + u'_' + key);
-    button->setProperty("kind", QStringLiteral("flat"));
+    button->setProperty("kind", u"flat"_s);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAutoRaise(true);
     button->setCheckable(true);
@@ -109,7 +110,7 @@ void ToolBarView::addSeparator()
     auto *line = new QFrame(this);
     line->setFrameShape(QFrame::VLine);
     line->setFixedHeight(separatorHeight);
-    line->setProperty("kind", QStringLiteral("separator"));
+    line->setProperty("kind", u"separator"_s);
     static_cast<QHBoxLayout *>(layout())->insertWidget(static_cast<int>(m_parts.size()), line);
     m_parts.push_back({QString(), line, nullptr});
 }

@@ -2,6 +2,8 @@
 
 #include "library/customers/customer_detail.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -40,8 +42,7 @@ CustomerDetailView::CustomerDetailView(CustomerDetail &detail, QWidget *keyScope
 {
     addFields(RequestTab, requestPlaces);
     addFields(ContactTab, contactPlaces, boxesRow);
-    addMatching(MatchingListingsTab, detail.VsP(), QStringLiteral("没有匹配的房源"),
-                [&detail] { detail.showReasons(); });
+    addMatching(MatchingListingsTab, detail.VsP(), u"没有匹配的房源"_s, [&detail] { detail.showReasons(); });
     addFollowUps(CustomerFollowUpsTab, detail.VsGj());
 }
 

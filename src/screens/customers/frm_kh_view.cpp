@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -49,7 +51,7 @@ QHBoxLayout *rowOf(QWidget *widget)
 QLabel *smallLabel(const QString &text, QWidget *parent)
 {
     auto *label = new QLabel(text, parent);
-    label->setProperty("kind", QStringLiteral("caption"));
+    label->setProperty("kind", u"caption"_s);
     return label;
 }
 
@@ -95,7 +97,7 @@ QWidget *FrmKhView::captionOf(const CustomerCell &cell, QWidget *parent)
 /// The form marks its required fields with a star.
 QLabel *FrmKhView::fieldCaption(const QString &caption, QWidget *parent)
 {
-    static const QString star = QStringLiteral(" *");
+    static const QString star = u" *"_s;
     return caption.endsWith(star) ? captionFor(caption.chopped(star.size()), Entry::Required, parent)
                                   : captionFor(caption, Entry::Free, parent);
 }
@@ -128,9 +130,9 @@ QWidget *FrmKhView::makeRange(const CustomerCell &cell, QWidget *parent)
     auto *range = ofGridsWidth(new QWidget(parent));
     QHBoxLayout *row = rowOf(range);
     FieldView *lower = makeField(cell.number, range);
-    row->addWidget(smallLabel(QStringLiteral("从"), range));
+    row->addWidget(smallLabel(u"从"_s, range));
     row->addWidget(lower, 1);
-    row->addWidget(smallLabel(QStringLiteral("到"), range));
+    row->addWidget(smallLabel(u"到"_s, range));
     row->addWidget(makeField(cell.upper, range), 1);
     row->addWidget(smallLabel(m_form.fieldOf(cell.upper).unit.toString(), range));
     range->setFocusProxy(lower);

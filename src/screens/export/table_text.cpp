@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -84,7 +86,7 @@ QString tabbedCell(QString text)
 {
     const bool needsQuotes = std::ranges::any_of(
         text, [](QChar c) { return c == u'\t' || c == u'\n' || c == u'\r' || c == u'"'; });
-    return needsQuotes ? u'"' + text.replace(u'"', QStringLiteral("\"\"")) + u'"' : text;
+    return needsQuotes ? u'"' + text.replace(u'"', u"\"\""_s) + u'"' : text;
 }
 
 /// One row, the captions for -1, each cell through `wrap`.
@@ -111,17 +113,15 @@ bool survivesAsNumber(std::string_view text)
 /// A spreadsheet would begin a new cell with each line.
 QString inOneCell(const QString &text)
 {
-    static const QRegularExpression lineEnd(QStringLiteral("\r\n|\r|\n"));
-    return text.toHtmlEscaped().replace(lineEnd,
-                                        QStringLiteral("<br style=\"mso-data-placement:same-cell\"/>"));
+    static const QRegularExpression lineEnd(u"\r\n|\r|\n"_s);
+    return text.toHtmlEscaped().replace(lineEnd, u"<br style=\"mso-data-placement:same-cell\"/>"_s);
 }
 
 QString htmlCell(const QString &text)
 {
-    const QString kind = survivesAsNumber(text.toStdString())
-                             ? QString()
-                             : QStringLiteral(" style=\"mso-number-format:'\\@'\"");
-    return QStringLiteral("<td%1>").arg(kind) + inOneCell(text) + QStringLiteral("</td>");
+    const QString kind =
+        survivesAsNumber(text.toStdString()) ? QString() : u" style=\"mso-number-format:'\\@'\""_s;
+    return u"<td%1>"_s.arg(kind) + inOneCell(text) + u"</td>"_s;
 }
 
 } // namespace
@@ -185,26 +185,23 @@ QString tabbedText(const ShownGrid &table, Formulas formulas)
     };
     QString text;
     for (int row = -1; row < table.rowCount(); ++row)
-        text += rowOf(table, row, u"\t", cell) + QStringLiteral("\r\n");
+        text += rowOf(table, row, u"\t", cell) + u"\r\n"_s;
     return text;
 }
 
 QString htmlTable(const ShownGrid &table)
 {
-    const auto heading = [](const QString &text) {
-        return QStringLiteral("<th>%1</th>").arg(text.toHtmlEscaped());
-    };
-    QString html = QStringLiteral("<table border=\"1\"><tr>%1</tr>\n").arg(rowOf(table, -1, u"", heading));
+    const auto heading = [](const QString &text) { return u"<th>%1</th>"_s.arg(text.toHtmlEscaped()); };
+    QString html = u"<table border=\"1\"><tr>%1</tr>\n"_s.arg(rowOf(table, -1, u"", heading));
     for (int row = 0; row < table.rowCount(); ++row)
-        html += QStringLiteral("<tr>%1</tr>\n").arg(rowOf(table, row, u"", htmlCell));
-    return html + QStringLiteral("</table>");
+        html += u"<tr>%1</tr>\n"_s.arg(rowOf(table, row, u"", htmlCell));
+    return html + u"</table>"_s;
 }
 
 QString notWritten(const QString &path, const QString &reason)
 {
-    return QStringLiteral(
-               "无法写入文件“%1”，请检查文件夹的权限、磁盘空间，以及文件是否正被其他程序使用！（%2）")
-        .arg(path, reason);
+    return u"无法写入文件“%1”，请检查文件夹的权限、磁盘空间，以及文件是否正被其他程序使用！（%2）"_s.arg(
+        path, reason);
 }
 
 } // namespace ebtq

@@ -18,6 +18,8 @@
 
 #include <xlsxwriter.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -57,7 +59,7 @@ QString placeOf(const QString &path)
 {
     const QFileInfo file(path);
     if (file.exists() && !file.isWritable())
-        throw Failure(notWritten(path, QStringLiteral("文件是只读的")));
+        throw Failure(notWritten(path, u"文件是只读的"_s));
     return file.exists() ? file.canonicalFilePath() : path;
 }
 
@@ -112,8 +114,7 @@ private:
 /// too, and visibly.
 Workbook::Workbook(const QString &path)
     : m_path(placeOf(path))
-    , m_part(QFile::encodeName(
-          QStringLiteral("%1.%2.part").arg(m_path, QUuid::createUuid().toString(QUuid::Id128))))
+    , m_part(QFile::encodeName(u"%1.%2.part"_s.arg(m_path, QUuid::createUuid().toString(QUuid::Id128))))
     , m_folder(QFile::encodeName(QFileInfo(m_path).absolutePath()))
 {
     lxw_workbook_options options{};
@@ -216,9 +217,8 @@ void Workbook::addText(const Place &place, const QString &text, const PrintedGri
                        const QString &caption)
 {
     if (text.size() > mostLetters)
-        throw Failure(QStringLiteral("“%1”一列有超过 %2 个字的内容，工作表放不下，请导出为 CSV！")
-                          .arg(caption)
-                          .arg(mostLetters));
+        throw Failure(
+            u"“%1”一列有超过 %2 个字的内容，工作表放不下，请导出为 CSV！"_s.arg(caption).arg(mostLetters));
     check(worksheet_write_string(m_sheet, place.row, place.column, fitForXml(text).toUtf8().constData(),
                                  format(Kind::Text, look)));
 }
@@ -237,11 +237,11 @@ void Workbook::finish()
 bool writeWorkbook(const ShownGrid &table, const QString &path, const ExportProgress &progress)
 {
     if (table.rowCount() > mostRows)
-        throw Failure(QStringLiteral("列表有 %1 行，超过工作表的上限 %2 行，请缩小范围或导出为 CSV！")
-                          .arg(table.rowCount())
-                          .arg(mostRows));
+        throw Failure(
+            u"列表有 %1 行，超过工作表的上限 %2 行，请缩小范围或导出为 CSV！"_s.arg(table.rowCount())
+                .arg(mostRows));
     if (table.columns().empty())
-        throw Failure(QStringLiteral("列表没有可以导出的列！"));
+        throw Failure(u"列表没有可以导出的列！"_s);
     Workbook book(path);
     book.addHeading(table);
     for (int row = 0; row < table.rowCount(); ++row) {

@@ -12,6 +12,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -42,11 +44,11 @@ FrmGjView::FrmGjView(FrmGj &form, QWidget *parent)
     : EditorFormView(form, FrmGj::Caption(), parent)
     , m_form(form)
 {
-    QGroupBox *followUp = addCard(QStringLiteral("跟进"));
+    QGroupBox *followUp = addCard(u"跟进"_s);
     addContents(*followUp);
     static_cast<QVBoxLayout *>(layout())->setStretchFactor(followUp, 1);
     addFields(FollowUpCard);
-    addTick(*addCard(QStringLiteral("提醒与处理")));
+    addTick(*addCard(u"提醒与处理"_s));
     addFields(ReminderCard);
     lineUp(pairs, fieldCharacters);
     addButtons(*addBottomRow());
@@ -72,7 +74,7 @@ void FrmGjView::addTick(QGroupBox &card)
     auto *tick = new CheckBoxView(m_form.Chk(), row, u'T');
     layout->addWidget(tick);
     QLabel *hint = makeCaption(m_form.lblHint(), *tick, row);
-    hint->setProperty("kind", QStringLiteral("error"));
+    hint->setProperty("kind", u"error"_s);
     layout->addWidget(hint);
     layout->addStretch();
     put(card, {0, 0, pairs}, new QLabel(&card), row);

@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -20,13 +22,13 @@ YjTxView::YjTxView(YjTx &module, QWidget *parent)
 {
     auto *bar = new QWidget(this);
     bar->setObjectName(module.Panel1().Name());
-    bar->setProperty("kind", QStringLiteral("bar"));
+    bar->setProperty("kind", u"bar"_s);
     bar->setAttribute(Qt::WA_StyledBackground);
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(12, 6, 12, 6);
     auto *title = new QLabel(module.lblCaption().Caption(), bar);
     title->setObjectName(module.lblCaption().Name());
-    title->setProperty("kind", QStringLiteral("title"));
+    title->setProperty("kind", u"title"_s);
     row->addWidget(title);
     column()->addWidget(bar);
     column()->addWidget(makeGrid(), 1);

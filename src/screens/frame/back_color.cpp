@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -12,7 +14,7 @@ namespace {
 void show(int color, QWidget &view)
 {
     constexpr int desktopsOwn = -1;
-    const QString own = QStringLiteral("#%1 { background: %2; }");
+    const QString own = u"#%1 { background: %2; }"_s;
     view.setAttribute(Qt::WA_StyledBackground);
     view.setStyleSheet(color == desktopsOwn ? QString() : own.arg(view.objectName(), colorOf(color).name()));
 }

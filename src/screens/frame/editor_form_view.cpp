@@ -13,6 +13,8 @@
 #include <QGroupBox>
 #include <QLabel>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -79,13 +81,12 @@ QGroupBox *EditorFormView::addCard(const QString &title)
 
 QLabel *EditorFormView::captionFor(const QString &text, Entry entry, QWidget *parent)
 {
-    const QString mark =
-        entry == Entry::Required
-            ? QStringLiteral(" <span style=\"color:%1\">*</span>").arg(look::tokens().danger.name())
-            : QString();
+    const QString mark = entry == Entry::Required
+                             ? u" <span style=\"color:%1\">*</span>"_s.arg(look::tokens().danger.name())
+                             : QString();
     auto *label = new QLabel(text + mark, parent);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setProperty("kind", QStringLiteral("caption"));
+    label->setProperty("kind", u"caption"_s);
     label->setContentsMargins(0, 0, beforeField, 0);
     return label;
 }
@@ -156,13 +157,13 @@ void EditorFormView::addButtons(QHBoxLayout &bottomRow)
 {
     bottomRow.addStretch(1);
     if (!m_form.Cmd(0).Enabled()) {
-        auto *readOnly = new QLabel(QStringLiteral("只读"), this);
-        readOnly->setObjectName(QStringLiteral("readOnly"));
-        readOnly->setProperty("kind", QStringLiteral("title"));
+        auto *readOnly = new QLabel(u"只读"_s, this);
+        readOnly->setObjectName(u"readOnly"_s);
+        readOnly->setProperty("kind", u"title"_s);
         bottomRow.addWidget(readOnly);
     }
     auto *save = new ButtonView(m_form.Cmd(0), this);
-    save->setProperty("kind", QStringLiteral("primary"));
+    save->setProperty("kind", u"primary"_s);
     save->setGuard(&FieldView::checkFocused);
     auto *close = new ButtonView(m_form.Cmd(1), this);
     for (ButtonView *button : {save, close}) {

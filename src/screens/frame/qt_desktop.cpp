@@ -21,6 +21,8 @@
 #include <QUuid>
 #include <QtEndian>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -30,13 +32,13 @@ QIcon iconOf(Desktop::Icon icon)
 {
     switch (icon) {
     case Desktop::Icon::Question:
-        return look::icon(QStringLiteral("dialog-question"), &look::Tokens::brand);
+        return look::icon(u"dialog-question"_s, &look::Tokens::brand);
     case Desktop::Icon::Exclamation:
-        return look::icon(QStringLiteral("dialog-warning"), &look::Tokens::salePrice);
+        return look::icon(u"dialog-warning"_s, &look::Tokens::salePrice);
     case Desktop::Icon::Critical:
-        return look::icon(QStringLiteral("dialog-error"), &look::Tokens::danger);
+        return look::icon(u"dialog-error"_s, &look::Tokens::danger);
     default:
-        return look::icon(QStringLiteral("dialog-information"), &look::Tokens::brand);
+        return look::icon(u"dialog-information"_s, &look::Tokens::brand);
     }
 }
 
@@ -67,12 +69,12 @@ Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title,
     showIcon(box, icon);
     box.setTextFormat(Qt::PlainText);
     if (buttons == Buttons::Ok) {
-        box.setDefaultButton(box.addButton(QStringLiteral("确定(&O)"), QMessageBox::AcceptRole));
+        box.setDefaultButton(box.addButton(u"确定(&O)"_s, QMessageBox::AcceptRole));
         look::runModal(box);
         return Answer::Ok;
     }
-    const QPushButton *yes = box.addButton(QStringLiteral("是(&Y)"), QMessageBox::YesRole);
-    QPushButton *no = box.addButton(QStringLiteral("否(&N)"), QMessageBox::NoRole);
+    const QPushButton *yes = box.addButton(u"是(&Y)"_s, QMessageBox::YesRole);
+    QPushButton *no = box.addButton(u"否(&N)"_s, QMessageBox::NoRole);
     box.setDefaultButton(no);
     box.setEscapeButton(no);
     look::runModal(box);
@@ -88,7 +90,7 @@ std::optional<int> QtDesktop::choose(const QString &text, const QString &title, 
     QList<QAbstractButton *> buttons;
     for (const QString &answer : answers)
         buttons.append(box.addButton(answer, QMessageBox::ActionRole));
-    QPushButton *cancel = box.addButton(QStringLiteral("取消(&C)"), QMessageBox::RejectRole);
+    QPushButton *cancel = box.addButton(u"取消(&C)"_s, QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
     box.setEscapeButton(cancel);
     look::runModal(box);
@@ -102,8 +104,8 @@ std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString 
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
     dialog.setTextValue(preset);
-    dialog.setOkButtonText(QStringLiteral("确定(&O)"));
-    dialog.setCancelButtonText(QStringLiteral("取消(&C)"));
+    dialog.setOkButtonText(u"确定(&O)"_s);
+    dialog.setCancelButtonText(u"取消(&C)"_s);
     if (look::runModal(dialog) != QDialog::Accepted)
         return std::nullopt;
     return dialog.textValue();
@@ -124,7 +126,7 @@ void QtDesktop::showModal(QObject &form)
     FormDialog dialog(look::windowBelow());
     QWidget *view = m_views.createView(form, &dialog);
     if (!view)
-        throw Failure(QStringLiteral("没有可以显示的窗体: ") + form.objectName());
+        throw Failure(u"没有可以显示的窗体: "_s + form.objectName());
     dialog.setView(view);
     look::runModal(dialog);
 }
@@ -149,7 +151,7 @@ QDateTime QtDesktop::now() const
 
 QString QtDesktop::makeTempFile(const QString &prefix)
 {
-    QTemporaryFile file(QDir::temp().filePath(prefix + QStringLiteral("XXXXXX")));
+    QTemporaryFile file(QDir::temp().filePath(prefix + u"XXXXXX"_s));
     file.setAutoRemove(false);
     return file.open() ? file.fileName() : QString();
 }

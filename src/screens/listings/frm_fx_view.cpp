@@ -12,6 +12,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -108,7 +110,7 @@ void FrmFxView::addMemo(const EditorCell &cell)
     box->setMinimumHeight(0);
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     auto *pick = new ButtonView(m_form.Cmd(cell.number == 0 ? 3 : 2), groupOf(cell));
-    pick->setProperty("kind", QStringLiteral("flat"));
+    pick->setProperty("kind", u"flat"_s);
     const Place place{cell.row, cell.pair, wideCell, memoRows};
     QLabel *caption = captionFor(memo.Caption(), Entry::Free, groupOf(cell));
     put(*groupOf(cell), place, caption, box);

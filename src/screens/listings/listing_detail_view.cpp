@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -49,8 +51,7 @@ ListingDetailView::ListingDetailView(ListingDetail &detail, QWidget *keyScope, Q
     addFields(ListingTab, listingPlaces);
     addFields(OwnerTab, ownerPlaces, boxesRow);
     addFollowUps(FollowUpsTab, detail.VsGj());
-    addMatching(CustomersTab, detail.VsP(), QStringLiteral("没有匹配的客源"),
-                [&detail] { detail.showReasons(); });
+    addMatching(CustomersTab, detail.VsP(), u"没有匹配的客源"_s, [&detail] { detail.showReasons(); });
     addPictures(detail);
 }
 
@@ -62,7 +63,7 @@ void ListingDetailView::addPictures(ListingDetail &detail)
         if (tab == PicturesTab)
             hint->setText(done ? detail.picturesText() : QString());
     });
-    hint->setProperty("kind", QStringLiteral("hint"));
+    hint->setProperty("kind", u"hint"_s);
     hint->setAlignment(Qt::AlignCenter);
     auto *column = new QVBoxLayout(panel);
     column->addWidget(hint);

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -25,9 +27,9 @@ QString inkName(DetailPlace::Ink ink)
 {
     switch (ink) {
     case DetailPlace::Ink::Sale:
-        return QStringLiteral("sale");
+        return u"sale"_s;
     case DetailPlace::Ink::Rent:
-        return QStringLiteral("rent");
+        return u"rent"_s;
     case DetailPlace::Ink::Plain:
         break;
     }
@@ -61,7 +63,7 @@ RecordDetailView::RecordDetailView(RecordDetail &detail, QWidget *keyScope, QWid
     , m_detail(detail)
     , m_tabs(new TabStripView(detail.qzVSTabCtl1(), keyScope, this))
 {
-    setProperty("kind", QStringLiteral("page"));
+    setProperty("kind", u"page"_s);
     setAttribute(Qt::WA_StyledBackground);
     setFocusProxy(m_tabs);
     auto *column = new QVBoxLayout(this);
@@ -73,7 +75,7 @@ RecordDetailView::RecordDetailView(RecordDetail &detail, QWidget *keyScope, QWid
 QWidget *RecordDetailView::addPanel(int tab)
 {
     auto *panel = new QWidget(this);
-    panel->setProperty("kind", QStringLiteral("tabPanel"));
+    panel->setProperty("kind", u"tabPanel"_s);
     panel->setAttribute(Qt::WA_StyledBackground);
     layout()->addWidget(panel);
     m_panels.append(panel);
@@ -141,15 +143,15 @@ QHBoxLayout *RecordDetailView::addGrid(int tab, VSFlexGrid &grid, const QString 
 
 void RecordDetailView::addFollowUps(int tab, VSFlexGrid &grid)
 {
-    addGrid(tab, grid, QStringLiteral("没有跟进记录"));
+    addGrid(tab, grid, u"没有跟进记录"_s);
 }
 
 void RecordDetailView::addMatching(int tab, VSFlexGrid &grid, const QString &emptyHint,
                                    const std::function<void()> &showReasons)
 {
     QHBoxLayout *row = addGrid(tab, grid, emptyHint);
-    auto *button = new QPushButton(QStringLiteral("为什么(&W)"), row->parentWidget());
-    button->setObjectName(QStringLiteral("WhyMatch"));
+    auto *button = new QPushButton(u"为什么(&W)"_s, row->parentWidget());
+    button->setObjectName(u"WhyMatch"_s);
     connect(button, &QPushButton::clicked, this, showReasons);
     row->addWidget(button, 0, Qt::AlignTop);
     row->setContentsMargins(0, 0, 8, 0);

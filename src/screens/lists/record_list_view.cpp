@@ -11,11 +11,13 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
 
-const QString refreshKey = QStringLiteral("refresh");
+const QString refreshKey = u"refresh"_s;
 
 struct Shortcut
 {
@@ -62,7 +64,7 @@ void RecordListView::setDetail(RecordDetailView *detail)
 {
     m_detail = detail;
     auto *parts = new QSplitter(Qt::Vertical, this);
-    parts->setObjectName(QStringLiteral("parts"));
+    parts->setObjectName(u"parts"_s);
     parts->setChildrenCollapsible(false);
     parts->setHandleWidth(5);
     parts->addWidget(m_grid);
@@ -76,8 +78,7 @@ void RecordListView::followKind()
 {
     const bool sale = m_module.Chk(0).Value() != 0;
     const bool rent = m_module.Chk(1).Value() != 0;
-    const QString key = sale ? (rent ? QString() : QStringLiteral("buy"))
-                             : (rent ? QStringLiteral("rent") : QStringLiteral("all"));
+    const QString key = sale ? (rent ? QString() : u"buy"_s) : (rent ? u"rent"_s : u"all"_s);
     m_toolBar->setCurrentKey(key);
 }
 

@@ -5,6 +5,8 @@
 #include <QFileDialog>
 #include <QFileIconProvider>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::look {
 
 namespace {
@@ -21,7 +23,7 @@ public:
     }
     [[nodiscard]] QString type(const QFileInfo &file) const override
     {
-        return file.isDir() ? QStringLiteral("文件夹") : file.suffix();
+        return file.isDir() ? u"文件夹"_s : file.suffix();
     }
 };
 
@@ -31,10 +33,10 @@ QString choose(QFileDialog &dialog, PlainIcons &icons, const QString &acceptText
     dialog.setOption(QFileDialog::DontUseNativeDialog); // those of some desktops look into files, too
     dialog.setIconProvider(&icons);
     dialog.setLabelText(QFileDialog::Accept, acceptText);
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("取消(&C)"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("文件名:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("类型:"));
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("位置:"));
+    dialog.setLabelText(QFileDialog::Reject, u"取消(&C)"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"文件名:"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"类型:"_s);
+    dialog.setLabelText(QFileDialog::LookIn, u"位置:"_s);
     return runModal(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -45,7 +47,7 @@ QString chooseFileToOpen(const QString &title, const QString &folder, const QStr
     PlainIcons icons;
     QFileDialog dialog(windowBelow(), title, folder, filter);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return choose(dialog, icons, QStringLiteral("打开(&O)"));
+    return choose(dialog, icons, u"打开(&O)"_s);
 }
 
 QString chooseFileToSave(const QString &title, const QString &proposedPath, const QString &filter)
@@ -56,7 +58,7 @@ QString chooseFileToSave(const QString &title, const QString &proposedPath, cons
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(proposed.suffix());
     dialog.selectFile(proposed.fileName());
-    return choose(dialog, icons, QStringLiteral("保存(&S)"));
+    return choose(dialog, icons, u"保存(&S)"_s);
 }
 
 } // namespace ebtq::look

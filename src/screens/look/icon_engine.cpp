@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QSvgRenderer>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::look {
 
 namespace {
@@ -18,23 +20,19 @@ QString colourSheet(QColor Tokens::*ink)
     const Tokens &colours = tokens();
     // With a given ink, for a coloured background, red could not be seen.
     const QColor &warning = ink == &Tokens::ink ? colours.danger : colours.*ink;
-    return QStringLiteral(
-               ".ColorScheme-Text{color:%1;} .ColorScheme-NegativeText{color:%2;} "
-               ".ColorScheme-Highlight,.ColorScheme-PositiveText,.ColorScheme-NeutralText{color:%3;}")
-        .arg((colours.*ink).name(), warning.name(), colours.brand.name());
+    return u".ColorScheme-Text{color:%1;} .ColorScheme-NegativeText{color:%2;} "
+           u".ColorScheme-Highlight,.ColorScheme-PositiveText,.ColorScheme-NeutralText{color:%3;}"_s.arg(
+               (colours.*ink).name(), warning.name(), colours.brand.name());
 }
 
 QByteArray tinted(const QString &file, const QString &sheet)
 {
-    static const QRegularExpression ownColours(
-        QStringLiteral("(id=\"current-color-scheme\"[^>]*>).*?(</style>)"),
-        QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression ownColours(u"(id=\"current-color-scheme\"[^>]*>).*?(</style>)"_s,
+                                               QRegularExpression::DotMatchesEverythingOption);
     QFile drawing(file);
     if (!drawing.open(QIODevice::ReadOnly))
         return {};
-    return QString::fromUtf8(drawing.readAll())
-        .replace(ownColours, QStringLiteral("\\1%1\\2").arg(sheet))
-        .toUtf8();
+    return QString::fromUtf8(drawing.readAll()).replace(ownColours, u"\\1%1\\2"_s.arg(sheet)).toUtf8();
 }
 
 void render(QPainter &painter, const QRectF &bounds, const QByteArray &drawing)
@@ -48,7 +46,7 @@ void render(QPainter &painter, const QRectF &bounds, const QByteArray &drawing)
 
 QString iconFile(const QString &breezeName, int size)
 {
-    return QStringLiteral(":/ebtq/icons/%1/%2.svg").arg(size).arg(breezeName);
+    return u":/ebtq/icons/%1/%2.svg"_s.arg(size).arg(breezeName);
 }
 
 IconEngine::IconEngine(QString name, QColor Tokens::*ink)
@@ -72,7 +70,7 @@ QPixmap IconEngine::scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::Sta
     const QString file = iconFile(m_name, size.width() / scale < 22 ? 16 : 22);
     const QString sheet = colourSheet(m_ink);
     const QString cacheKey =
-        QStringLiteral("%1 %2x%3 %4 %5").arg(file).arg(size.width()).arg(size.height()).arg(mode).arg(sheet);
+        u"%1 %2x%3 %4 %5"_s.arg(file).arg(size.width()).arg(size.height()).arg(mode).arg(sheet);
     QPixmap result;
     if (QPixmapCache::find(cacheKey, &result))
         return result;
@@ -93,7 +91,7 @@ QIconEngine *IconEngine::clone() const
 
 QString IconEngine::key() const
 {
-    return QStringLiteral("ebtq");
+    return u"ebtq"_s;
 }
 
 QString IconEngine::iconName()

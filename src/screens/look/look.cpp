@@ -10,6 +10,8 @@
 #include <QPixmapCache>
 #include <QStyleFactory>
 
+using namespace Qt::StringLiterals;
+
 // Outside of any namespace: the macro declares a function that the resource compiler defined there.
 static void initialiseResources()
 {
@@ -75,8 +77,7 @@ const Tokens darkTokens = {
 QFont textFont()
 {
     QFont font;
-    font.setFamilies({QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Microsoft YaHei"),
-                      QStringLiteral("PingFang SC"), QStringLiteral("sans-serif")});
+    font.setFamilies({u"Noto Sans CJK SC"_s, u"Microsoft YaHei"_s, u"PingFang SC"_s, u"sans-serif"_s});
     font.setPixelSize(13);
     return font;
 }
@@ -102,7 +103,7 @@ void apply(QApplication &application, Scheme scheme)
 {
     initialiseResources();
     application.setProperty(darkProperty, scheme == Scheme::Dark);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QApplication::setFont(textFont());
     QApplication::setPalette(palette(tokens(scheme)));
     application.setStyleSheet(styleSheet(tokens(scheme)));

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::look {
 
 namespace {
@@ -13,7 +15,7 @@ Q_LOGGING_CATEGORY(messages, "ebtq.messages")
 
 QString withTitle(const QString &text, const QString &title)
 {
-    static const QRegularExpression colon(QStringLiteral("[:：]$"));
+    static const QRegularExpression colon(u"[:：]$"_s);
     return title.isEmpty() ? text : QString(title).remove(colon) + u'：' + text;
 }
 
@@ -27,12 +29,11 @@ bool isModuleName(const QString &title)
 QString plainMessage(const QString &text)
 {
     // An operation's name without an arrow is known by a capital inside it: "ERROR:" and "C:" stay.
-    static const QRegularExpression operation(
-        QStringLiteral(R"(^\s*(\w*-->\w+|[A-Za-z_]*[a-z][A-Z][A-Za-z_]*)::?\s*)"),
-        QRegularExpression::UseUnicodePropertiesOption);
-    static const QRegularExpression position(QStringLiteral(R"((^|[:：]\s*)第 \d+ 个字符处：)"));
+    static const QRegularExpression operation(uR"(^\s*(\w*-->\w+|[A-Za-z_]*[a-z][A-Z][A-Za-z_]*)::?\s*)"_s,
+                                              QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression position(uR"((^|[:：]\s*)第 \d+ 个字符处：)"_s);
     QString plain = text;
-    plain.remove(operation).replace(position, QStringLiteral("\\1"));
+    plain.remove(operation).replace(position, u"\\1"_s);
     return plain.isEmpty() ? text : plain;
 }
 
@@ -43,8 +44,7 @@ QString plainMessage(const QString &text, const QString &title)
 
 QString messageToolTip(const QString &text, const QString &title)
 {
-    return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>")
-        .arg(withTitle(text, title).toHtmlEscaped());
+    return u"<p style='white-space:pre-wrap'>%1</p>"_s.arg(withTitle(text, title).toHtmlEscaped());
 }
 
 void logMessage(const QString &text, const QString &title)

@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -29,19 +31,19 @@ QLabel *label(const QString &text, const QString &kind)
 MatchReasonsView::MatchReasonsView(MatchReasons &reasons, QWidget *parent)
     : QWidget(parent)
 {
-    setWindowTitle(QStringLiteral("为什么匹配"));
+    setWindowTitle(u"为什么匹配"_s);
     auto *column = new QVBoxLayout(this);
-    column->addWidget(label(reasons.title(), QStringLiteral("title")));
+    column->addWidget(label(reasons.title(), u"title"_s));
     auto *criteria = new FlexGridView(reasons.criteria(), this);
     criteria->setFixedHeight(criteriaRows * (fontMetrics().lineSpacing() + 12));
     column->addWidget(criteria);
-    column->addWidget(label(QStringLiteral("只差一项的记录"), QStringLiteral("title")));
+    column->addWidget(label(u"只差一项的记录"_s, u"title"_s));
     auto *misses = new FlexGridView(reasons.misses(), this);
     column->addWidget(misses, 1);
     auto *bottom = new QHBoxLayout;
-    bottom->addWidget(label(reasons.remark(), QStringLiteral("caption")), 1);
-    auto *close = new QPushButton(QStringLiteral("关闭(&X)"), this);
-    close->setObjectName(QStringLiteral("CloseReasons"));
+    bottom->addWidget(label(reasons.remark(), u"caption"_s), 1);
+    auto *close = new QPushButton(u"关闭(&X)"_s, this);
+    close->setObjectName(u"CloseReasons"_s);
     connect(close, &QPushButton::clicked, this, &QWidget::close);
     bottom->addWidget(close);
     column->addLayout(bottom);

@@ -19,6 +19,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -51,15 +53,15 @@ void setCharacters(QWidget &widget, int characters)
 
 void addButton(Picker &picker, const PanelButton &shown, QHBoxLayout &row)
 {
-    const Control *control = picker.IDesignUI_Controls().find(QStringLiteral("btn"), shown.number);
+    const Control *control = picker.IDesignUI_Controls().find(u"btn"_s, shown.number);
     if (!control)
         return; // the picker has no ticks
     auto *view = new ButtonView(picker.btn(shown.number), row.parentWidget());
     if (shown.number == confirmButton)
-        view->setProperty("kind", QStringLiteral("primary"));
+        view->setProperty("kind", u"primary"_s);
     if (!shown.letter.isNull()) {
         view->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(shown.letter.unicode())));
-        view->setToolTip(QStringLiteral("%1 (Alt+%2)").arg(control->Caption(), shown.letter));
+        view->setToolTip(u"%1 (Alt+%2)"_s.arg(control->Caption(), shown.letter));
     }
     row.addWidget(view);
 }
@@ -125,7 +127,7 @@ void PickerView::addFailure(QVBoxLayout &column)
 {
     m_failure = new QLabel(this);
     m_failure->setObjectName(widgetName(m_picker.lblFailure()));
-    m_failure->setProperty("kind", QStringLiteral("error"));
+    m_failure->setProperty("kind", u"error"_s);
     m_failure->setTextFormat(Qt::PlainText);
     m_failure->setWordWrap(true);
     column.addWidget(m_failure);
@@ -140,7 +142,7 @@ void PickerView::followFailure()
     const bool failed = !text.isEmpty();
     m_failure->setText(text);
     m_failure->setVisible(failed);
-    m_grid->setEmptyHint(failed ? QString() : QStringLiteral("没有符合的内容"));
+    m_grid->setEmptyHint(failed ? QString() : u"没有符合的内容"_s);
 }
 
 void PickerView::addButtons(QVBoxLayout &column)
