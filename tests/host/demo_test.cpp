@@ -92,6 +92,7 @@ TEST(DemoTest, RowsBelongTogetherAndAreBelievable)
         u"fyxx where 产权='期房' or (产权 in('房改房','集资房') and val(建房年代)>2000)",
         u"fyxx where 附属房 in('阁楼','露台') and 楼层<>总楼层",
         u"fykh where 用途<>'住宅' and 需求户型<>''",
+        u"fykh where 用途='住宅' and 需求户型 not in(select 房型名称 from pdmfx)",
         u"fykh where 方式=2 and 付款方式 not in('押一付三','半年付')",
         u"fykh where 方式=1 and 付款方式 in('押一付三','半年付')",
         u"fykh where 面积1>=面积2 or 求购价格1>求购价格2 or 求租价格1>求租价格2",

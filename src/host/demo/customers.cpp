@@ -68,9 +68,8 @@ void writePerson(TableWriter &writer, const RecordKey &key, const Document &docu
 
 void writeRequest(TableWriter &writer, const Request &wanted, Random &random)
 {
-    const HouseType &layout = *wanted.layout;
     const QStringView use = random.chance(92) ? words::uses[0] : random.pick(words::uses);
-    writer.part({use == u"住宅" ? u"%1房%2厅"_s.arg(layout.rooms).arg(layout.halls) : QString(), u"", use,
+    writer.part({use == u"住宅" ? houseTypeName(*wanted.layout) : QString(), u"", use,
                  random.pickEarly(words::orientations), random.pickEarly(words::decorations), wanted.area[0],
                  wanted.area[1], wanted.floor[0], wanted.floor[1], wanted.price[0], wanted.price[1],
                  wanted.rent[0], wanted.rent[1]});

@@ -56,13 +56,6 @@ QString code(size_t index)
     return u"%1"_s.arg(index + 1, 2, 10, QLatin1Char('0'));
 }
 
-QString houseTypeName(const HouseType &type)
-{
-    static constexpr QStringView numerals[] = {u"无", u"一", u"二", u"三", u"四", u"五", u"六"};
-    return u"%1房%2厅%3卫%4阳台"_s.arg(numerals[type.rooms], numerals[type.halls], numerals[type.baths],
-                                       numerals[type.balconies]);
-}
-
 void writeKinds(db::Connection &connection)
 {
     TableWriter writer(connection, u"pdmsjzd"_s, u"类型,代码,名称");
@@ -102,6 +95,13 @@ void writePropertyRights(db::Connection &connection)
 std::span<const HouseType> houseTypes()
 {
     return types;
+}
+
+QString houseTypeName(const HouseType &type)
+{
+    static constexpr QStringView numerals[] = {u"无", u"一", u"二", u"三", u"四", u"五", u"六"};
+    return u"%1房%2厅%3卫%4阳台"_s.arg(numerals[type.rooms], numerals[type.halls], numerals[type.baths],
+                                       numerals[type.balconies]);
 }
 
 std::span<const PropertyRight> propertyRights()

@@ -50,6 +50,8 @@ struct HouseType
 
 /// The types of houses, the commonest first.
 [[nodiscard]] std::span<const HouseType> houseTypes();
+/// As it stands in the dictionary.
+[[nodiscard]] QString houseTypeName(const HouseType &type);
 
 /// Property rights with what goes with each.
 struct PropertyRight
