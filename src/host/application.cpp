@@ -121,6 +121,11 @@ void Application::setFailureReport(std::function<void(const QString &)> report)
     d->reportFailure = std::move(report);
 }
 
+void Application::setChangeReport(std::function<void(const QString &)> report)
+{
+    d->database.setChangeReport(std::move(report));
+}
+
 HostDb &Application::Db()
 {
     return d->database;

@@ -38,6 +38,10 @@ public:
     /// nowhere to show it. The text is LastError's too.
     void setFailureReport(std::function<void(const QString &)> report);
 
+    /// Called with the name of each table that a statement of this session has changed, as soon as that is
+    /// committed.
+    void setChangeReport(std::function<void(const QString &table)> report);
+
     HostDb &Db() override;
     HostPrintEnv &PrintEnv() override;
     [[nodiscard]] HostErrorInfo LastError() const override;

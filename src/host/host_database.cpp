@@ -2,6 +2,8 @@
 
 #include "host/recordset.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace ebtq::host {
@@ -35,6 +37,7 @@ public:
         m_database.attempt([this] {
             m_database.requireTransaction();
             m_rowsChanged = m_database.m_connection.execute(m_sql);
+            m_database.noteChange(m_sql);
         });
     }
     QVariant Scalar(const QVariant & /*unused*/) override
@@ -78,9 +81,29 @@ void HostDatabase::requireTransaction() const
         throw Failure(u"事务已丢失，数据没有保存，请重试！"_s);
 }
 
+void HostDatabase::noteChange(const SqlText &sql)
+{
+    static const QRegularExpression target(u"^\\s*(?:insert\\s+into|update|delete\\s+from)\\s+(\\w+)"_s,
+                                           QRegularExpression::CaseInsensitiveOption |
+                                               QRegularExpression::UseUnicodePropertiesOption);
+    m_changed.append(target.match(sql.text()).captured(1).toLower());
+    if (m_depth == 0)
+        reportChanges();
+}
+
+void HostDatabase::reportChanges()
+{
+    const QStringList changed = std::exchange(m_changed, {});
+    for (const QString &table : changed) {
+        if (m_report)
+            m_report(table);
+    }
+}
+
 bool HostDatabase::Release()
 {
     m_depth = 0;
+    m_changed.clear();
     m_connection.rollback();
     return true;
 }
@@ -99,7 +122,7 @@ void HostDatabase::CommitTrans()
     if (--m_depth > 0)
         return;
     if (attempt([this] { m_connection.commit(); }))
-        return;
+        return reportChanges();
     m_connection.rollback();
     throw Failure(m_lastError.Description);
 }
@@ -107,6 +130,7 @@ void HostDatabase::CommitTrans()
 void HostDatabase::RollbackTrans()
 {
     m_depth = 0;
+    m_changed.clear();
     m_connection.rollback();
 }
 

@@ -3,6 +3,10 @@
 #include "contracts/host_contracts.h"
 #include "database/connection.h"
 
+#include <QStringList>
+
+#include <functional>
+
 namespace ebtq::host {
 
 /// The one database of a session as the modules see it.
@@ -26,14 +30,21 @@ public:
     [[nodiscard]] HostDbError LastError() const override { return m_lastError; }
     [[nodiscard]] bool ReadOnly() const override { return m_connection.isReadOnly(); }
 
+    /// Called with the name of each changed table, once the change is committed.
+    void setChangeReport(std::function<void(const QString &table)> report) { m_report = std::move(report); }
+
 private:
     class Query;
     template<class Work> bool attempt(Work work);
     void requireTransaction() const;
+    void noteChange(const SqlText &sql);
+    void reportChanges();
 
     db::Connection &m_connection;
     HostDbError m_lastError;
     int m_depth = 0;
+    QStringList m_changed; ///< tables, by what is not committed yet
+    std::function<void(const QString &table)> m_report;
 };
 
 } // namespace ebtq::host

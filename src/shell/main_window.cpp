@@ -5,7 +5,9 @@
 #include "shell/module_catalog.h"
 #include "shell/module_page.h"
 #include "shell/navigation.h"
+#include "shell/notice_bar.h"
 #include "shell/panels/popup.h"
+#include "shell/reminders/reminder_watch.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -14,6 +16,7 @@
 #include <QPointer>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QSystemTrayIcon>
 #include <QTabBar>
 #include <QThread>
 #include <QTimer>
@@ -24,7 +27,8 @@ namespace ebtq::shell {
 
 namespace {
 
-constexpr int untilReturned = 20; // milliseconds
+constexpr int untilReturned = 20;        // milliseconds
+constexpr int betweenDateLooks = 60'000; // the same
 /// Narrower than this, the navigation would take room that a list needs.
 constexpr int collapseBelow = 1180;
 /// Of the database's location, in pixels; its tool tip has the whole text.
@@ -83,9 +87,11 @@ MainWindow::MainWindow(ComponentLibrary &library, HostApp &app, const SessionFac
     , m_app(app)
     , m_navigation(new Navigation(library.classNames()))
     , m_tabs(new QTabBar)
+    , m_notices(new NoticeBar)
     , m_messages(new MessageBar)
     , m_pages(new QStackedWidget)
     , m_status(plainLabel({}, QStringLiteral("StatusMessage")))
+    , m_businessDate(facts.date)
 {
     setObjectName(QStringLiteral("MainWindow"));
     setProperty("kind", QStringLiteral("page"));
@@ -101,6 +107,9 @@ MainWindow::MainWindow(ComponentLibrary &library, HostApp &app, const SessionFac
         m_pages->insertWidget(to, moved);
         showCurrentPage();
     });
+    auto *dates = new QTimer(this);
+    connect(dates, &QTimer::timeout, this, [this] { noticeDate(QDate::currentDate()); });
+    dates->start(betweenDateLooks);
 }
 
 MainWindow::~MainWindow() = default;
@@ -110,6 +119,7 @@ void MainWindow::setUpLayout(const SessionFacts &facts)
     auto *column = new QVBoxLayout;
     column->setSpacing(0);
     column->addWidget(topBar(facts));
+    column->addWidget(m_notices);
     column->addWidget(m_messages);
     column->addWidget(m_pages, 1);
     auto *sides = new QHBoxLayout;
@@ -219,6 +229,7 @@ void MainWindow::bindPage(ModulePage &page)
     connect(&page, &ModulePage::message, this, &MainWindow::showStatus);
     connect(&page, &ModulePage::errMessage, this, &MainWindow::tell);
     connect(&page, &ModulePage::closeRequested, this, [this, &page] { closePage(page); });
+    connect(&page, &ModulePage::sourceWanted, this, &MainWindow::openSource);
 }
 
 void MainWindow::addTab(ModulePage &page, const QString &caption)
@@ -277,6 +288,69 @@ void MainWindow::removePage(ModulePage &page)
     page.deleteLater(); // the call may come from inside one of its signals
     m_tabs->removeTab(position);
     showCurrentPage();
+}
+
+// Reminders and the date
+
+void MainWindow::follow(ReminderWatch &watch)
+{
+    connect(&watch, &ReminderWatch::counted, this, &MainWindow::showReminders);
+    connect(&watch, &ReminderWatch::failed, this, [this](const QString &text) {
+        tell(text, Refusal, moduleEntry(host::ReminderModule).caption.toString());
+    });
+    watch.begin();
+}
+
+/// New ones are told of once, where that takes nothing from what the person is doing.
+void MainWindow::showReminders(int due, int added)
+{
+    const QString name = QStringLiteral("ReminderNotice");
+    m_navigation->setCount(host::ReminderModule, due);
+    if (due == 0)
+        m_notices->remove(name);
+    if (added == 0)
+        return;
+    const QString text = QStringLiteral("有%1条跟进提醒到期").arg(due);
+    const auto open = [this] { openModule(host::ReminderModule); };
+    m_notices->add(name, text, QStringLiteral("查看提醒"), open);
+    if (isActiveWindow() || !QSystemTrayIcon::isSystemTrayAvailable())
+        return;
+    if (!m_tray) {
+        m_tray = new QSystemTrayIcon(windowIcon(), this);
+        connect(m_tray, &QSystemTrayIcon::messageClicked, this, [this, open] {
+            activateWindow();
+            open();
+        });
+        m_tray->show();
+    }
+    m_tray->showMessage(windowTitle(), text);
+}
+
+void MainWindow::openSource(const host::FollowUpSource &source)
+{
+    openModule(source.module);
+    ModulePage *opened = currentPage();
+    if (!opened || opened->module() != source.module || !opened->showRecord(source.key))
+        tell(QStringLiteral("列表中没有这条记录，可能已被他人删除！"), Refusal,
+             moduleEntry(source.module).caption.toString());
+}
+
+/// The business date stays what it was at sign-in: it is the date of documents, and today of the reminders.
+void MainWindow::noticeDate(const QDate &today)
+{
+    const QString name = QStringLiteral("DateNotice");
+    if (today == m_businessDate || m_notices->findChild<QWidget *>(name))
+        return;
+    m_notices->add(name,
+                   QStringLiteral("今天是 %1，业务日期仍是 %2，单据和提醒按业务日期处理。")
+                       .arg(today.toString(Qt::ISODate), m_businessDate.toString(Qt::ISODate)),
+                   QStringLiteral("重新登录"), [this] { signInAnew(); });
+}
+
+void MainWindow::signInAnew()
+{
+    m_isForSignIn = true;
+    m_isForSignIn = close();
 }
 
 /// Of the page in front: what another one has to say is seen when it comes to the front.

@@ -2,7 +2,7 @@
 
 #include "component/component_library.h"
 #include "contracts/host_contracts.h"
-#include "host/module_ids.h"
+#include "host/followups/reminders.h"
 
 #include <QDate>
 #include <QWidget>
@@ -11,6 +11,7 @@
 
 class QLabel;
 class QStackedWidget;
+class QSystemTrayIcon;
 class QTabBar;
 
 namespace ebtq::shell {
@@ -18,6 +19,8 @@ namespace ebtq::shell {
 class MessageBar;
 class ModulePage;
 class Navigation;
+class NoticeBar;
+class ReminderWatch;
 
 /// What the window shows about the session.
 struct SessionFacts
@@ -42,6 +45,12 @@ public:
     void openModule(host::ModuleId module);
     /// Opens the first module of the navigation; shows a failure when the component library has none.
     void openFirstModule();
+    /// Shows what it counts, from its beginning on. `watch` ends before the window.
+    void follow(ReminderWatch &watch);
+    /// Says that the business date is not today's, and offers to sign in anew.
+    void noticeDate(const QDate &today);
+    /// The window was closed for another session.
+    [[nodiscard]] bool isForSignIn() const { return m_isForSignIn; }
     /// A failure that no module reported.
     void showFailure(const QString &text);
 
@@ -62,6 +71,9 @@ private:
     /// calendar that it shows is closed, and `again` is called when the operation has returned; a form or
     /// message box stays open, and the request is dropped.
     [[nodiscard]] bool isWaitedFor(const std::function<void()> &again);
+    void showReminders(int due, int added);
+    void openSource(const host::FollowUpSource &source);
+    void signInAnew();
     void showCurrentPage();
     void showStatus();
     void stepTab(int step);
@@ -76,9 +88,13 @@ private:
     HostApp &m_app;
     Navigation *m_navigation;
     QTabBar *m_tabs;
+    NoticeBar *m_notices;
     MessageBar *m_messages;
     QStackedWidget *m_pages; ///< a page has the position of its tab
     QLabel *m_status;
+    QSystemTrayIcon *m_tray = nullptr; ///< where there is a tray, from the first notice on
+    QDate m_businessDate;
+    bool m_isForSignIn = false;
 };
 
 } // namespace ebtq::shell

@@ -1,6 +1,8 @@
 #include "shell/module_page.h"
 
+#include "shell/lists/list_commands.h"
 #include "shell/module_events.h"
+#include "shell/reminders/follow_up_commands.h"
 
 #include <QAbstractItemView>
 #include <QDir>
@@ -70,6 +72,7 @@ void ModulePage::make()
     m_report = report;
     bindEvents();
     showView();
+    addCommands();
 }
 
 void ModulePage::bindEvents()
@@ -120,6 +123,39 @@ void ModulePage::setStatus(const QString &text)
     Q_EMIT message();
 }
 
+/// "nomenu" says that the module has commands of its own.
+void ModulePage::addCommands()
+{
+    constexpr int ownCommands = 99;
+    if (m_report->IReportUI_Attributes(ownCommands) == QStringLiteral("nomenu"))
+        return;
+    m_commands = std::make_unique<ListCommands>(*m_report, *m_view, static_cast<QVBoxLayout &>(*layout()));
+    connect(m_commands.get(), &ListCommands::refreshWanted, this, &ModulePage::refresh);
+    connect(m_commands.get(), &ListCommands::closeWanted, this, &ModulePage::closeRequested,
+            Qt::QueuedConnection);
+    connect(m_commands.get(), &ListCommands::failed, this,
+            [this](const QString &text) { Q_EMIT errMessage(text, Refusal, m_entry.caption.toString()); });
+    // A refresh restores what was hidden as its last act, after it has told of it.
+    connect(m_events.get(), &ModuleEvents::RefreshGetGridStatus, m_commands.get(), &ListCommands::rowsLoaded,
+            Qt::QueuedConnection);
+    if (m_entry.id == host::FollowUpModule || m_entry.id == host::ReminderModule) {
+        auto *own = new FollowUpCommands(m_app, m_entry.id, *m_module, *m_commands, *this);
+        connect(own, &FollowUpCommands::sourceWanted, this, &ModulePage::sourceWanted, Qt::QueuedConnection);
+        connect(own, &FollowUpCommands::changed, this, &ModulePage::refresh);
+    }
+    m_commands->addCommon();
+}
+
+bool ModulePage::showRecord(const QString &key)
+{
+    bool isShown = false;
+    guarded([&] {
+        QMetaObject::invokeMethod(m_module.get(), "ShowRecord", Q_RETURN_ARG(bool, isShown),
+                                  Q_ARG(QString, key));
+    });
+    return isShown;
+}
+
 void ModulePage::refresh()
 {
     if (!m_report)
@@ -156,6 +192,7 @@ void ModulePage::shut()
         guarded([this] { m_report->IReportUI_Clear(); });
     }
     m_report = nullptr;
+    m_commands.reset();
     m_events.reset();
     m_view.reset();
     m_module.reset();

@@ -2,7 +2,7 @@
 
 #include "component/component_library.h"
 #include "contracts/host_contracts.h"
-#include "host/module_ids.h"
+#include "host/followups/reminders.h"
 
 #include <QWidget>
 
@@ -12,10 +12,11 @@ class QAbstractItemModel;
 
 namespace ebtq::shell {
 
+class ListCommands;
 class ModuleEvents;
 
-/// One module of the component library on the screen, from its making to its end. Whatever goes wrong inside
-/// comes out as `errMessage`.
+/// One module of the component library on the screen, from its making to its end, with the program's commands
+/// for a list that has none of its own. Whatever goes wrong inside comes out as `errMessage`.
 class ModulePage : public QWidget
 {
     Q_OBJECT
@@ -36,6 +37,8 @@ public:
     [[nodiscard]] QString status() const { return m_status.isEmpty() ? shownRows() : m_status; }
     /// Loads the module again.
     void refresh();
+    /// Makes the record with this key current; false when the list has none.
+    bool showRecord(const QString &key);
     /// Saves the layout and ends the module: the view first, since it looks at the module. May be called
     /// again.
     void shut();
@@ -46,6 +49,8 @@ Q_SIGNALS:
     void errMessage(const QString &text, int level, const QString &title);
     /// The module asks to be closed; sent after its operation has returned.
     void closeRequested();
+    /// The person wants to see the record that a follow-up was written on.
+    void sourceWanted(const ebtq::host::FollowUpSource &source);
 
 private:
     void make();
@@ -55,6 +60,7 @@ private:
     void followRows();
     [[nodiscard]] QString shownRows() const;
     void setStatus(const QString &text);
+    void addCommands();
     void restoreLayout();
     [[nodiscard]] QString layoutFile() const;
     template<class Call> bool guarded(Call call);
@@ -67,6 +73,7 @@ private:
     std::unique_ptr<ModuleEvents> m_events;
     std::unique_ptr<QWidget> m_view;
     QAbstractItemModel *m_rows = nullptr; ///< of the module's grid in its view
+    std::unique_ptr<ListCommands> m_commands; ///< none for a module with a tool bar of its own
     QString m_status;
     bool m_isReady = false;
     bool m_restoring = false;

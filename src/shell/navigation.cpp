@@ -17,6 +17,13 @@ namespace {
 constexpr int fullWidth = 168;
 constexpr int collapsedWidth = 54;
 
+void name(QToolButton &button, const QString &text)
+{
+    button.setText(u' ' + text); // else the text touches the icon
+    button.setToolTip(text);
+    button.setAccessibleName(text);
+}
+
 } // namespace
 
 Navigation::Navigation(const QStringList &classNames, QWidget *parent)
@@ -59,9 +66,7 @@ void Navigation::addEntry(const host::ModuleEntry &module, const QString &icon)
     auto *button = new QToolButton;
     button->setProperty("kind", QStringLiteral("nav"));
     button->setObjectName(QStringLiteral("Navigation_%1").arg(static_cast<int>(module.id)));
-    button->setText(u' ' + module.caption.toString()); // else the text touches the icon
-    button->setToolTip(module.caption.toString());
-    button->setAccessibleName(module.caption.toString());
+    name(*button, module.caption.toString());
     button->setIcon(look::icon(icon, &look::Tokens::navigationInk));
     button->setCheckable(true);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -102,6 +107,17 @@ void Navigation::clearCurrent()
 {
     for (const Entry &entry : m_entries)
         entry.button->setChecked(false);
+}
+
+void Navigation::setCount(host::ModuleId module, int count)
+{
+    QString text = moduleEntry(module).caption.toString();
+    if (count > 0)
+        text += QStringLiteral(" (%1)").arg(count);
+    for (const Entry &entry : m_entries) {
+        if (entry.module == module)
+            name(*entry.button, text);
+    }
 }
 
 void Navigation::focusEntry()

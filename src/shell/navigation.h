@@ -27,6 +27,8 @@ public:
     /// Marks the module that is shown.
     void setCurrent(host::ModuleId module);
     void clearCurrent();
+    /// A number behind the module's name; 0 for none.
+    void setCount(host::ModuleId module, int count);
     /// Gives the keyboard to the current entry, else to the first.
     void focusEntry();
     /// The modules shown, in order.

@@ -9,6 +9,7 @@
 #include "shell/panels/widget_panel_presenter.h"
 #include "shell/print/print_engine.h"
 #include "shell/print/qt_print_desk.h"
+#include "shell/reminders/reminder_watch.h"
 #include "shell/sign_in.h"
 #include "shell/tour/tour.h"
 #include "shell/tour/tour_database.h"
@@ -29,6 +30,7 @@ namespace ebtq::shell {
 namespace {
 
 constexpr QSize preferredSize(1440, 840);
+constexpr int signInAnew = -1; ///< instead of the program's result
 
 void tellStartFailure(const QString &text, const Options &options)
 {
@@ -92,10 +94,18 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
     app.setFailureReport(report);
     application.setFailureReport(report);
     const auto endOfReports = qScopeGuard([&application] { application.setFailureReport({}); });
+    ReminderWatch reminders(library, app, [&connection] { return connection.inTransaction(); });
+    app.setChangeReport([&reminders](const QString &table) {
+        if (table == u"fygj")
+            reminders.look();
+    });
+    const auto endOfChanges = qScopeGuard([&app] { app.setChangeReport({}); });
     showWindow(window);
+    window.follow(reminders);
     if (!options.tour.isEmpty())
         return runTour(window, {options.tour, connection, app});
-    return drive ? drive(window) : QApplication::exec();
+    const int result = drive ? drive(window) : QApplication::exec();
+    return window.isForSignIn() ? signInAnew : result;
 }
 
 } // namespace
@@ -111,8 +121,12 @@ int runProgram(GuardedApplication &application, const Options &options, const Dr
         const QTemporaryDir tourFolder;
         if (!options.tour.isEmpty())
             connection = openTourDatabase(*connection, tourFolder.path());
-        const std::optional<host::User> user = signInUser(*connection, options);
-        return user ? runSession(application, options, *connection, *user, drive) : 0;
+        int result = signInAnew;
+        while (result == signInAnew) {
+            const std::optional<host::User> user = signInUser(*connection, options);
+            result = user ? runSession(application, options, *connection, *user, drive) : 0;
+        }
+        return result;
     } catch (const std::exception &failure) {
         tellStartFailure(QString::fromUtf8(failure.what()), options);
         return 1;

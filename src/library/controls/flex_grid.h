@@ -64,7 +64,7 @@ public:
     [[nodiscard]] const QString &FormatString() const { return m_formatString; }
 
     // Cells. A cell outside of the grid reads as empty and takes nothing.
-    [[nodiscard]] QString TextMatrix(int row, int col) const;
+    [[nodiscard]] Q_INVOKABLE QString TextMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString &text);
     /// The same without making a QString; valid until the grid changes.
     [[nodiscard]] std::string_view cell(int row, int col) const;

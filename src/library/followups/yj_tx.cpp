@@ -1,5 +1,6 @@
 #include "library/followups/yj_tx.h"
 
+#include "contracts/user_id.h"
 #include "database/values/date_text.h"
 #include "library/followups/follow_up_rows.h"
 #include "library/frame/statements.h"
@@ -28,11 +29,6 @@ constexpr ListTables list{.grid = grid,
                           .printTitle = u"跟进提醒\r",
                           .printTag = u"->Print:"};
 
-QString withoutBraces(QString id)
-{
-    return id.remove(u'{').remove(u'}').remove(u'\'');
-}
-
 } // namespace
 
 YjTx::YjTx(Desktop &desktop)
@@ -50,10 +46,10 @@ SqlText YjTx::statement()
     const HostSession &session = app().Session();
     SqlText sql(QStringLiteral("select"));
     sql += followUpSource();
-    sql += QStringLiteral(" where 下次提醒=1 and 提醒日期=#%1# and 处理结果=''")
-               .arg(regionalDate(session.LoginDate()));
+    sql += QStringLiteral(" where 下次提醒=1 and 提醒日期%1#%2# and 处理结果=''")
+               .arg(m_includesOverdue ? u"<=" : u"=", regionalDate(session.LoginDate()));
     sql += QStringView(u" and 用户ID in(iif(提醒范围=0 or 提醒范围 is null,");
-    sql += quoted(withoutBraces(session.UserID()));
+    sql += quoted(bareUserId(session));
     sql += QStringView(u",用户ID)) order by 操作日期 desc");
     return sql;
 }

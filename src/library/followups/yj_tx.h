@@ -11,9 +11,15 @@ namespace ebtq {
 class YjTx : public FollowUpList
 {
     Q_OBJECT
+    /// Whether reminders of earlier days that have no result are listed too, from the next refresh on; off at
+    /// first. The host of such a list asks the person.
+    Q_PROPERTY(bool IncludesOverdue READ IncludesOverdue WRITE setIncludesOverdue)
 
 public:
     explicit YjTx(Desktop &desktop);
+
+    [[nodiscard]] bool IncludesOverdue() const { return m_includesOverdue; }
+    void setIncludesOverdue(bool includes) { m_includesOverdue = includes; }
 
     [[nodiscard]] qzPanel &Panel1() { return m_panel; }
     [[nodiscard]] Label &lblCaption() { return m_caption; }
@@ -26,6 +32,7 @@ protected:
 private:
     qzPanel &m_panel;
     Label &m_caption;
+    bool m_includesOverdue = false;
 };
 
 } // namespace ebtq

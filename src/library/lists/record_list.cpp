@@ -104,6 +104,24 @@ void RecordList::rowChanged(const QString &key)
     recordDetail().ShowDetail(key);
 }
 
+bool RecordList::ShowRecord(const QString &key)
+{
+    const auto isSeen = [&] { return rowOf(key) >= 0 && !VS().RowHidden(rowOf(key)); };
+    if (!isSeen()) {
+        SearchBox1().setText({});
+        VS().showAllRows();
+    }
+    if (!isSeen()) {
+        if (hasPeriods())
+            XPCmb().setText({});
+        showAll();
+    }
+    if (!isSeen())
+        return false;
+    VS().setRow(rowOf(key));
+    return true;
+}
+
 /// Nobody edits or deletes what is not seen: a row that the search box has hidden is refused. So is a row of
 /// sums, whose empty key could be that of other rows.
 bool RecordList::isRowInSight()

@@ -51,6 +51,9 @@ public:
     bool IReportUI_Clear() override;
     /// "nomenu" for 99: the module has a tool bar of its own and wants no menu.
     QVariant IReportUI_Attributes(const QVariant &key) override;
+    /// Makes the record with this key current, for a host that comes from elsewhere; filters and a search
+    /// that leave it out are cleared. False when there is none.
+    Q_INVOKABLE bool ShowRecord(const QString &key);
 
 Q_SIGNALS:
     void Message(const QString &psMsg);

@@ -2,6 +2,7 @@
 
 #include "contracts/conversions.h"
 #include "contracts/null_conv.h"
+#include "contracts/user_id.h"
 #include "library/controls/check_box.h"
 #include "library/controls/option_button.h"
 #include "library/controls/text_box.h"
@@ -14,14 +15,6 @@
 namespace ebtq {
 
 namespace {
-
-/// "{...}" and apostrophes come with the session's id; columns hold it without them.
-QString bareId(QString id)
-{
-    for (const QChar extra : {u'{', u'}', u'\''})
-        id.remove(extra);
-    return id;
-}
 
 bool isFilledIn(const QString &type)
 {
@@ -198,7 +191,7 @@ void EditorForm::setTypesEnabled(bool enabled, std::initializer_list<int> fixed)
 void EditorForm::showAuthor(qzTxt_S &author)
 {
     const HostSession &session = app().Session();
-    author.setValue(bareId(session.UserID()));
+    author.setValue(bareUserId(session));
     author.setText(session.UserName());
 }
 

@@ -156,6 +156,8 @@ void GridMenu::addPageActions(PassingMenu &menu)
                        offered, &QAction::trigger);
         action->setObjectName(offered->objectName());
         action->setEnabled(offered->isEnabled());
+        action->setCheckable(offered->isCheckable());
+        action->setChecked(offered->isChecked());
         action->setVisible(offered->isVisible());
     }
 }

@@ -22,6 +22,10 @@ SearchBoxView::SearchBoxView(SearchBox &box, QWidget *parent)
             setText(m_box.Text());
     });
     connect(this, &QLineEdit::returnPressed, this, [this] { m_box.searchNow(); });
+}
+
+void SearchBoxView::takeFindKey()
+{
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
         setFocus(Qt::ShortcutFocusReason);
         selectAll();

@@ -13,6 +13,8 @@ class SearchBoxView : public QLineEdit
 
 public:
     SearchBoxView(SearchBox &box, QWidget *parent);
+    /// Ctrl+F leads into the box.
+    void takeFindKey();
 
 protected:
     bool event(QEvent *event) override;

@@ -14,6 +14,7 @@ constexpr ListLook::Field fields[] = {
 constexpr ListLook listLook{.fields = fields,
                             .kindKeys = u"YK",
                             .searchHint = u"在已加载的跟进中查找",
+                            .isFoundByHost = true,
                             .emptyHint = u"没有符合条件的跟进"};
 
 } // namespace

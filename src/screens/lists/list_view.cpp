@@ -118,6 +118,8 @@ void ListView::addSearch(FlowLayout &row, QWidget *parent)
 {
     auto *view = new SearchBoxView(m_module.SearchBox1(), parent);
     view->setPlaceholderText(m_look.searchHint.toString());
+    if (!m_look.isFoundByHost)
+        view->takeFindKey();
     view->setMinimumWidth(widthOf(*view, searchCharacters));
     view->setMaximumWidth(widthOf(*view, searchCharactersAtMost));
     view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

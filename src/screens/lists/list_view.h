@@ -38,6 +38,7 @@ struct ListLook
     std::u16string_view kindKeys = u"SZ"; ///< letters of the two boxes
     std::span<const Column> columns = {}; ///< those with an ink of their own
     QStringView searchHint = {};
+    bool isFoundByHost = false; ///< Ctrl+F is the host's, whose find bar also steps backwards
     QStringView emptyHint; ///< of a load that found nothing
 };
 

@@ -45,6 +45,7 @@ QWidget[kind="bar"] { background: @card; border: none; border-bottom: 1px solid 
 QWidget[kind="tabPanel"] { background: @card; border: none; border-top: 1px solid @line; }
 QWidget[kind="card"], QFrame[kind="card"] { background: @card; border: 1px solid @line; border-radius: 4px; }
 QFrame[kind="panel"] { background: @card; border: 1px solid @brand; }
+QFrame[kind="notice"] { background: @brandSoft; border: none; border-bottom: 1px solid @line; }
 QFrame[kind="separator"] { background: @line; border: none; max-width: 1px; min-width: 1px; }
 
 QLabel { background: transparent; color: @ink; }

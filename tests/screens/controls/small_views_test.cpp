@@ -133,6 +133,7 @@ TEST(SearchBoxView, TypesSearchesAndClears)
     QWidget window;
     QLineEdit other(&window);
     SearchBoxView view(box, &window);
+    view.takeFindKey();
     showActive(window);
     QSignalSpy searches(&box, &SearchBox::Search);
     const QSignalSpy clears(&box, &SearchBox::Clear);
