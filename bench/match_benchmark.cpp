@@ -7,6 +7,7 @@
 #include "library/customers/khxx.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/listing_matching.h"
+#include "library/matching/match_reasons.h"
 #include "measure.h"
 
 #include <QJsonObject>
@@ -52,6 +53,7 @@ struct Direction
     SqlText (*read)(const QString &key);
     SqlText (*search)(const DetailRecord &seeker);
     int tab;
+    MatchReasons::Of reasonsOf;
     const char *searched;                 ///< the table as the translated search names it
     std::span<const char *const> indexes; ///< by which a person would search it on the embedded engine
 };
@@ -65,6 +67,7 @@ constexpr Direction fromListing{listings,
                                 measuresStatement,
                                 matchingCustomersStatement,
                                 4,
+                                MatchReasons::Of::Listing,
                                 "\"fykh\" AS t0",
                                 customerIndexes};
 constexpr Direction fromCustomer{
@@ -75,6 +78,7 @@ constexpr Direction fromCustomer{
     requestStatement,
     matchingListingsStatement,
     3,
+    MatchReasons::Of::Customer,
     "\"fyxx\" AS t0",
     listingIndexes};
 
@@ -134,6 +138,8 @@ QJsonObject measureSeeker(const Direction &direction, BenchedList &list, const S
         engine.run(best);
     };
     const auto ours = [&] { list.showDetail(key); };
+    MatchReasons reasons(list.module(), direction.reasonsOf);
+    const double why = medians({{"why", [&] { reasons.show(key); }}}, rounds)[0];
     const size_t times = repetitions(bare);
     const std::vector<std::vector<Contender>> stretches(times,
                                                         {{"bare", bare}, {"hand", byHand}, {"ours", ours}});
@@ -144,6 +150,8 @@ QJsonObject measureSeeker(const Direction &direction, BenchedList &list, const S
             {QStringLiteral("hand_ms"), rounded(sums[1] / count)},
             {QStringLiteral("ours_ms"), rounded(sums[2] / count)},
             {QStringLiteral("ratio"), rounded(sums[2] / std::min(sums[0], sums[1]))},
+            {QStringLiteral("why_ms"), rounded(why)},
+            {QStringLiteral("near_misses"), reasons.misses().Rows() - 1},
             {QStringLiteral("plan"), QString::fromUtf8(engine.plan(texts.back()))}};
 }
 
