@@ -59,7 +59,8 @@ struct Direction
 };
 constexpr const char *customerIndexes[] = {"ix_fykh_match_area", "ix_fykh_match_buy", "ix_fykh_match_rent",
                                            "ix_fykh_number"};
-constexpr const char *listingIndexes[] = {"ix_fyxx_area", "ix_fyxx_sale", "ix_fyxx_rent", "ix_fyxx_number"};
+constexpr const char *listingIndexes[] = {"ix_fyxx_match_area", "ix_fyxx_match_sale", "ix_fyxx_match_rent",
+                                          "ix_fyxx_number"};
 constexpr Direction fromListing{listings,
                                 u"fyxx(房源ID,楼层,总面积,售房价格,租房价格)",
                                 u"fyxx",

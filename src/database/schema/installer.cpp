@@ -111,10 +111,9 @@ InstallReport install(Connection &connection, Foreign foreign)
         connection.executeNative(gap.statement);
         report.added << gap.name;
     }
-    if (report.versionBefore != schemaVersion) {
-        dropRetiredIndexes(connection);
+    dropRetiredIndexes(connection);
+    if (report.versionBefore != schemaVersion)
         writeVersion(connection);
-    }
     writeMark(connection);
     transaction.commit();
     return report;

@@ -180,9 +180,11 @@ constexpr IndexDefinition listingsIndexes[] = {
     {u"ix_fyxx_user", u"用户ID"},                         // filter by department
     {u"ix_fyxx_changed", u"操作日期"},                    // date windows
     {u"ix_fyxx_building_id", u"楼盘ID"},                  // is a building in use
-    {u"ix_fyxx_area", u"总面积"},                         // matching by area
-    {u"ix_fyxx_sale", u"售房价格"},                       // matching by sale price
-    {u"ix_fyxx_rent", u"租房价格"},                       // matching by rent
+    // Matching: the other measures behind the first, so that only listings that suit are fetched. Of indexes
+    // that look alike to it SQLite takes the later one, and prices tell more than areas.
+    {u"ix_fyxx_match_area", u"总面积, 售房价格, 租房价格"},
+    {u"ix_fyxx_match_sale", u"售房价格, 总面积, 租房价格"},
+    {u"ix_fyxx_match_rent", u"租房价格, 总面积, 售房价格"},
 };
 
 constexpr ColumnDefinition customersColumns[] = {
@@ -353,7 +355,8 @@ constexpr TableDefinition tables[] = {
     {u"host_schema", hostSchemaColumns, {}},
 };
 
-constexpr QStringView formerIndexes[] = {u"ix_fykh_area", u"ix_fykh_buy", u"ix_fykh_rent", u"ix_fygj_date"};
+constexpr QStringView formerIndexes[] = {u"ix_fykh_area", u"ix_fykh_buy",  u"ix_fykh_rent", u"ix_fygj_date",
+                                         u"ix_fyxx_area", u"ix_fyxx_sale", u"ix_fyxx_rent"};
 
 } // namespace
 

@@ -50,6 +50,14 @@ TEST(Installer, MarksAFileOfAnEarlierVersionAndRefusesOneOfAnother)
     EXPECT_THAT(messageOf([&] { requireCurrent(*connection); }), HasSubstr("没有记录版本"));
 }
 
+TEST(Installer, DropsRetiredIndexesOfItsOwnVersionToo)
+{
+    auto connection = installed();
+    connection->executeNative("create index ix_fyxx_area on fyxx(总面积)");
+    install(*connection);
+    EXPECT_EQ(connection->queryNative("select 1 from sqlite_master where name='ix_fyxx_area'").rowCount(), 0);
+}
+
 TEST(Installer, ADamagedTreeIsFoundBeforeWorkBegins)
 {
     for (const char *tree : {"fyxx", "ix_fykh_number"}) {
@@ -98,7 +106,7 @@ TEST(Installer, IndexesServeTheirStatements)
          "COVERING INDEX ix_pubAttach_owner"},
         {"select 跟进ID from fygj where 房源ID='x' order by 操作日期 desc", "ix_fygj_owner"},
         {"select 客源ID from fykh where 客源编号>'x' order by 客源编号 limit 1", "ix_fykh_number"},
-        {"select 房源ID from fyxx where 总面积>=80 and 总面积<=90", "ix_fyxx_area"},
+        {"select 房源ID from fyxx where 总面积>=80 and 总面积<=90", "ix_fyxx_match_area"},
         {"select 名称 from pdmsjzd where 类型='x' order by 代码", "ix_pdmsjzd_kind"},
     };
     for (const auto &[statement, index] : cases)
