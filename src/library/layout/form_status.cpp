@@ -36,7 +36,7 @@ constexpr KeptProperty keptProperties[] = {
     {u"TextBox", u"", "Text", false},          {u"ComboBox", u"", "Text", false},
     {u"XPCombo", u"", "Text", false},          {u"DTPicker", u"", "Value", false},
     {u"gcDTP", u"", "Value", false},           {u"TreeView", u"", "SelectedText", true},
-    {u"ListView", u"", "SelectedIndex", true},
+    {u"ListView", u"", "SelectedIndex", true}, {u"Splitter", u"_Left", "Left", true},
 };
 
 QString keyOf(const Control &control)
