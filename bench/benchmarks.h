@@ -12,6 +12,7 @@ struct Options
     int followUps = 3000;
     int clients = 32;
     int seconds = 20;
+    int buildings = 20'000;
     QString module = QStringLiteral("listings"); ///< or "customers": whose editor is measured
     QString database; ///< an existing one or a server's URL; empty: a temporary one is made
 };
@@ -45,6 +46,9 @@ int dialectBenchmark(const Options &options);
 int layoutBenchmark(const Options &options);
 /// Exporting the loaded list as CSV, against writing the same bytes from memory; XLSX beside it.
 int exportBenchmark(const Options &options);
+/// Filling a tree of buildings on the screen, against filling a bare QStandardItemModel; beside it opening
+/// all of it, search, filter and clearing, each with how its time grows with the number of nodes.
+int treeBenchmark(const Options &options);
 /// Agents who open lists and save at once on a server, against its simple-update rate. Fails when anything of
 /// what they were told to be saved is not there.
 int clientsBenchmark(const Options &options);

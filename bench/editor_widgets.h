@@ -7,6 +7,8 @@
 namespace ebtq {
 class FrmFx;
 class frmKh;
+class TreeView;
+class TreeViewWidget;
 } // namespace ebtq
 
 namespace ebtq::bench {
@@ -16,5 +18,19 @@ namespace ebtq::bench {
 /// Builds the editor's screen, shows it and takes it away again; nothing in a program without widgets.
 void buildEditorWidgets(FrmFx &form);
 void buildEditorWidgets(frmKh &form);
+
+/// A tree that is shown; nothing in a program without widgets.
+class ShownTree
+{
+public:
+    explicit ShownTree(TreeView &tree);
+    ~ShownTree();
+    /// Returns when the screen shows what has become of the tree.
+    void settle();
+
+private:
+    TreeView &m_tree;
+    std::unique_ptr<TreeViewWidget> m_widget;
+};
 
 } // namespace ebtq::bench

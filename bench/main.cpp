@@ -29,6 +29,7 @@ constexpr Command commands[] = {
     {"dialect", "translate the list statement", ebtq::bench::dialectBenchmark},
     {"layout", "restore a layout with sums by two groups", ebtq::bench::layoutBenchmark},
     {"export", "export the loaded list", ebtq::bench::exportBenchmark},
+    {"tree", "fill a tree of buildings, open, search and clear it", ebtq::bench::treeBenchmark},
     {"clients", "agents at one server, in bases of their own", ebtq::bench::clientsBenchmark},
 };
 
@@ -73,6 +74,8 @@ int main(int argc, char **argv)
                                      QStringLiteral("n"), QStringLiteral("32"));
     const QCommandLineOption seconds(QStringLiteral("seconds"), QStringLiteral("how long agents work"),
                                      QStringLiteral("n"), QStringLiteral("20"));
+    const QCommandLineOption buildings(QStringLiteral("buildings"), QStringLiteral("buildings of the tree"),
+                                       QStringLiteral("n"), QStringLiteral("20000"));
     const QCommandLineOption database(QStringLiteral("db"),
                                       QStringLiteral("an existing database, or an empty base on a"
                                                      " server that is filled, instead"),
@@ -83,7 +86,7 @@ int main(int argc, char **argv)
             "whose list, tabs, matches or editor are measured: listings, or customers, of which there"
             " are --rows then"),
         QStringLiteral("name"), QStringLiteral("listings"));
-    parser.addOptions({rows, customers, rounds, clients, seconds, database, module});
+    parser.addOptions({rows, customers, rounds, clients, seconds, buildings, database, module});
     parser.process(*application);
     ebtq::bench::Options options;
     options.rows = parser.value(rows).toInt();
@@ -92,9 +95,10 @@ int main(int argc, char **argv)
     options.module = parser.value(module);
     options.customers = parser.value(customers).toInt();
     options.clients = parser.value(clients).toInt();
+    options.buildings = parser.value(buildings).toInt();
     options.seconds = parser.value(seconds).toInt();
     if (parser.positionalArguments().size() != 1 || options.rows < 1 || options.rounds < 1 ||
-        options.customers < 0 || options.clients < 1 || options.seconds < 1)
+        options.customers < 0 || options.clients < 1 || options.buildings < 1 || options.seconds < 1)
         parser.showHelp(2);
     try {
         return runCommand(parser.positionalArguments().constFirst(), options);

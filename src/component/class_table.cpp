@@ -1,5 +1,6 @@
 #include "component/class_table.h"
 
+#include "library/controls/splitter.h"
 #include "library/customers/frm_kh.h"
 #include "library/customers/khxx.h"
 #include "library/followups/cx_gj.h"
@@ -11,6 +12,7 @@
 #include "library/pickers/sel_pdm.h"
 #include "library/pickers/sel_pdm_dz.h"
 #include "library/pickers/sel_pdm_lpzd.h"
+#include "screens/controls/splitter_view.h"
 #include "screens/customers/frm_kh_view.h"
 #include "screens/customers/khxx_view.h"
 #include "screens/followups/cx_gj_view.h"
@@ -33,6 +35,13 @@ template<class Module, class View> constexpr ComponentClass componentClass(QLati
             [](ViewRegistry &views) { views.add<Module, View>(); }};
 }
 
+/// A control that is no module: it asks nobody anything.
+template<class Control, class View> constexpr ComponentClass controlClass(QLatin1String name)
+{
+    return {name, [](Desktop &) -> std::unique_ptr<QObject> { return std::make_unique<Control>(); },
+            [](ViewRegistry &views) { views.add<Control, View>(); }};
+}
+
 const ComponentClass classes[] = {
     componentClass<Fcxx, FcxxView>(QLatin1String("EBTQ_S.Fcxx")),
     componentClass<khxx, KhxxView>(QLatin1String("EBTQ_S.khxx")),
@@ -41,6 +50,7 @@ const ComponentClass classes[] = {
     componentClass<selPdm, PickerView>(QLatin1String("EBTQ_S.selPdm")),
     componentClass<selPdmLpzd, PickerView>(QLatin1String("EBTQ_S.selPdmLpzd")),
     componentClass<selPdmDz, PickerView>(QLatin1String("EBTQ_S.selPdmDz")),
+    controlClass<Splitter, SplitterView>(QLatin1String("EBTQ_S.Splitter")),
 };
 
 } // namespace

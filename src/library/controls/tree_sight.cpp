@@ -57,20 +57,27 @@ int TreeSight::countBelow(const Node &node)
 
 const std::vector<Node *> &TreeSight::childrenOf(const Node *node)
 {
-    refresh();
+    refreshKept();
     return keptChildren(node ? *node : m_nodes.m_root);
 }
 
 int TreeSight::positionOf(const Node &node)
 {
-    refresh();
+    refreshKept();
     return m_filter.isEmpty() ? node.m_position : node.m_keptPosition;
 }
 
 Node *TreeSight::siblingOf(const Node &node, int step)
 {
-    refresh();
+    refreshKept();
     return m_filter.isEmpty() || node.m_isKept ? keptSibling(node, step) : nullptr;
+}
+
+/// Without a filter all relatives are kept, and the rows need not be known.
+void TreeSight::refreshKept()
+{
+    if (!m_filter.isEmpty())
+        refresh();
 }
 
 void TreeSight::refresh()

@@ -41,6 +41,7 @@ public:
 
 private:
     void refresh();
+    void refreshKept();
     void keepMatches();
     void keepBranches(const std::vector<Node *> &order);
     void count(const std::vector<Node *> &order);

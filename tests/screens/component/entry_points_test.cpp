@@ -65,9 +65,11 @@ TEST_F(EntryPoints, EveryClassIsMadeWithAContractAndAScreen)
         SCOPED_TRACE(name.toStdString());
         const std::unique_ptr<QObject> module = components->create(name);
         ASSERT_TRUE(module);
-        EXPECT_TRUE(qobject_cast<IReportUI *>(module.get()) || qobject_cast<IFormUI *>(module.get()) ||
-                    qobject_cast<IPickerUI *>(module.get()));
-        EXPECT_TRUE(qobject_cast<IDesignUI *>(module.get()));
+        const bool isModule = name != u"EBTQ_S.Splitter";
+        EXPECT_EQ(isModule, qobject_cast<IReportUI *>(module.get()) ||
+                                qobject_cast<IFormUI *>(module.get()) ||
+                                qobject_cast<IPickerUI *>(module.get()));
+        EXPECT_EQ(isModule, qobject_cast<IDesignUI *>(module.get()) != nullptr);
         QWidget parent;
         QWidget *view = components->createView(*module, &parent);
         ASSERT_TRUE(view);
