@@ -46,8 +46,8 @@ int dialectBenchmark(const Options &options);
 int layoutBenchmark(const Options &options);
 /// Exporting the loaded list as CSV, against writing the same bytes from memory; XLSX beside it.
 int exportBenchmark(const Options &options);
-/// Filling a tree of buildings on the screen, against filling a bare QStandardItemModel; beside it opening
-/// all of it, search, filter and clearing, each with how its time grows with the number of nodes.
+/// Filling a tree of buildings on the screen again, against filling a bare QStandardItemModel; beside it
+/// opening all of it, search, filter and clearing, each with how its time grows with the number of nodes.
 int treeBenchmark(const Options &options);
 /// Agents who open lists and save at once on a server, against its simple-update rate. Fails when anything of
 /// what they were told to be saved is not there.

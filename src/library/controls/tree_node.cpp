@@ -18,6 +18,15 @@ void Node::reportLook()
         m_tree->reportLook(*this);
 }
 
+void Node::setImage(QVariant Images::*state, const QVariant &image)
+{
+    if (!m_images && !image.isValid())
+        return;
+    if (!m_images)
+        m_images = std::make_unique<Images>();
+    change((*m_images).*state, image);
+}
+
 void Node::setExpanded(bool expanded)
 {
     if (m_isExpanded == expanded)

@@ -31,12 +31,12 @@ public:
     [[nodiscard]] const QVariant &Tag() const { return m_tag; }
     void setTag(const QVariant &tag) { m_tag = tag; }
     /// Key or number in the tree's image list; nothing for no image.
-    [[nodiscard]] const QVariant &Image() const { return m_image; }
-    void setImage(const QVariant &image) { change(m_image, image); }
-    [[nodiscard]] const QVariant &SelectedImage() const { return m_selectedImage; }
-    void setSelectedImage(const QVariant &image) { change(m_selectedImage, image); }
-    [[nodiscard]] const QVariant &ExpandedImage() const { return m_expandedImage; }
-    void setExpandedImage(const QVariant &image) { change(m_expandedImage, image); }
+    [[nodiscard]] QVariant Image() const { return images().usual; }
+    void setImage(const QVariant &image) { setImage(&Images::usual, image); }
+    [[nodiscard]] QVariant SelectedImage() const { return images().selected; }
+    void setSelectedImage(const QVariant &image) { setImage(&Images::selected, image); }
+    [[nodiscard]] QVariant ExpandedImage() const { return images().expanded; }
+    void setExpandedImage(const QVariant &image) { setImage(&Images::expanded, image); }
     [[nodiscard]] bool Bold() const { return m_isBold; }
     void setBold(bool bold) { change(m_isBold, bold); }
     [[nodiscard]] bool Checked() const { return m_isChecked; }
@@ -88,6 +88,14 @@ private:
         reportLook();
     }
     void reportLook();
+    struct Images
+    {
+        QVariant usual;
+        QVariant selected;
+        QVariant expanded;
+    };
+    [[nodiscard]] Images images() const { return m_images ? *m_images : Images(); }
+    void setImage(QVariant Images::*state, const QVariant &image);
     [[nodiscard]] Node *siblingAt(int position) const;
     void insertChild(Node &child, int position);
     void removeChild(const Node &child);
@@ -96,10 +104,8 @@ private:
     QString m_key;
     QString m_text;
     QVariant m_tag;
-    QVariant m_image;
-    QVariant m_selectedImage;
-    QVariant m_expandedImage;
-    Node *m_parent = nullptr; ///< on the first level the tree's invisible root
+    std::unique_ptr<Images> m_images; ///< few nodes have any
+    Node *m_parent = nullptr;         ///< on the first level the tree's invisible root
     std::vector<Node *> m_children;
     int m_position = 0; ///< among the children of m_parent
     int m_index = 0;

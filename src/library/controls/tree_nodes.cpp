@@ -90,8 +90,10 @@ void Nodes::Remove(Node &node)
     std::vector<Node *> branch;
     for (Node *at = &node; at; at = at->nextInBranch(node))
         branch.push_back(at);
-    for (Node *at : branch)
+    for (Node *at : branch) {
+        m_byKey.remove(at->m_key);
         forget(*at);
+    }
     std::erase_if(m_nodes, [](const auto &at) { return !at->isInTree(); });
     renumber();
 }
@@ -99,8 +101,6 @@ void Nodes::Remove(Node &node)
 /// A node that somebody still holds must lead nowhere.
 void Nodes::forget(Node &node)
 {
-    if (!node.m_key.isEmpty())
-        m_byKey.remove(node.m_key);
     node.m_tree = nullptr;
     node.m_parent = nullptr;
     node.m_children.clear();
@@ -121,6 +121,7 @@ void Nodes::Clear()
         return;
     m_tree.beginChange();
     m_byKey.clear();
+    m_byKey.reserve(Count()); // a tree that is emptied is mostly filled again with about as many
     m_root.m_children.clear();
     for (const auto &node : m_nodes)
         forget(*node);

@@ -38,8 +38,8 @@ void TreeView::setRedraw(bool on)
 void TreeView::setSelectedItem(Node *node)
 {
     m_selected = weak(node);
-    if (Node *selected = SelectedItem())
-        ensureVisible(*selected);
+    if (node && node->isInTree())
+        ensureVisible(*node);
     Q_EMIT selectionChanged();
 }
 
@@ -110,17 +110,23 @@ void TreeView::ensureVisible(Node &node)
         beginChange();
         m_sight.pin(&node);
     }
-    openAbove(node);
+    const bool wasWanted = !m_wanted.expired(); // and nobody has asked for rows since
+    const bool isOpened = openAbove(node);
     m_wanted = weak(&node);
-    Q_EMIT sightChanged();
+    if (isOpened || !wasWanted)
+        Q_EMIT sightChanged();
 }
 
-void TreeView::openAbove(Node &node)
+bool TreeView::openAbove(Node &node)
 {
+    bool isOpened = false;
     for (Node *parent = node.Parent(); parent; parent = parent->Parent()) {
-        if (!m_sight.isOpen(*parent))
-            m_sight.setOpen(*parent, true);
+        if (m_sight.isOpen(*parent))
+            continue;
+        m_sight.setOpen(*parent, true);
+        isOpened = true;
     }
+    return isOpened;
 }
 
 int TreeView::TopRow()

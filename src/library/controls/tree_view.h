@@ -111,7 +111,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] int lastTopRow();
     void scrollToWanted();
-    void openAbove(Node &node);
+    bool openAbove(Node &node);
 
     const ImageList *m_images = nullptr;
     Nodes m_nodes;
