@@ -24,6 +24,7 @@ ModulePage::ModulePage(ComponentLibrary &library, const host::ModuleEntry &entry
     setProperty("kind", QStringLiteral("page"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
 }
 
 ModulePage::~ModulePage()
@@ -133,6 +134,7 @@ void ModulePage::addCommands()
     connect(m_commands.get(), &ListCommands::refreshWanted, this, &ModulePage::refresh);
     connect(m_commands.get(), &ListCommands::closeWanted, this, &ModulePage::closeRequested,
             Qt::QueuedConnection);
+    connect(m_commands.get(), &ListCommands::findLeft, this, [this] { setStatus({}); });
     connect(m_commands.get(), &ListCommands::failed, this,
             [this](const QString &text) { Q_EMIT errMessage(text, Refusal, m_entry.caption.toString()); });
     // A refresh restores what was hidden as its last act, after it has told of it.

@@ -131,7 +131,7 @@ public:
 
     // Columns
     /// Hidden by the screen itself; users cannot show it.
-    [[nodiscard]] bool ColHidden(int col) const;
+    [[nodiscard]] Q_INVOKABLE bool ColHidden(int col) const;
     void setColHidden(int col, bool hidden);
     /// 0 for a column that a person or the layout has hidden.
     [[nodiscard]] int ColWidth(int col) const;

@@ -118,7 +118,10 @@ bool RecordList::ShowRecord(const QString &key)
     }
     if (!isSeen())
         return false;
-    VS().setRow(rowOf(key));
+    if (const int row = rowOf(key); row != VS().Row())
+        VS().setRow(row);
+    else
+        rowChanged(key); // its tabs may be older than what one comes from
     return true;
 }
 

@@ -21,6 +21,7 @@ constexpr int widestText = 320;
 
 FindBar::FindBar(QWidget *parent)
     : QWidget(parent)
+    , m_caption(new QLabel(this))
     , m_text(new QLineEdit(this))
     , m_filters(new QCheckBox(QStringLiteral("只显示含有的行(&J)"), this))
     , m_pause(new QTimer(this))
@@ -30,14 +31,14 @@ FindBar::FindBar(QWidget *parent)
     setAttribute(Qt::WA_StyledBackground);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(12, 6, 12, 6);
-    auto *caption = new QLabel(QStringLiteral("查找"), this);
-    caption->setProperty("kind", QStringLiteral("caption"));
+    m_caption->setProperty("kind", QStringLiteral("caption"));
+    m_caption->setTextFormat(Qt::PlainText);
     m_text->setObjectName(QStringLiteral("FindText"));
-    m_text->setAccessibleName(caption->text());
+    m_text->setAccessibleName(QStringLiteral("查找"));
     m_text->setMaximumWidth(widestText);
     m_text->setClearButtonEnabled(true);
     m_filters->setObjectName(QStringLiteral("FindFilters"));
-    row->addWidget(caption);
+    row->addWidget(m_caption);
     row->addWidget(m_text, 1);
     addStep(QStringLiteral("go-previous"), QStringLiteral("FindPrevious"),
             QStringLiteral("上一个 (Shift+F3)"), -1);
@@ -80,8 +81,15 @@ bool FindBar::isFiltering() const
     return !isHidden() && m_filters->isChecked();
 }
 
-void FindBar::open(bool filters)
+void FindBar::setColumn(const QString &column)
 {
+    m_caption->setText(column.isEmpty() ? QStringLiteral("在各列中查找")
+                                        : QStringLiteral("在“%1”中查找").arg(column));
+}
+
+void FindBar::open(const QString &column, bool filters)
+{
+    setColumn(column);
     show();
     if (filters != m_filters->isChecked()) {
         m_filters->setChecked(filters);

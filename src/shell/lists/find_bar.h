@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QCheckBox;
+class QLabel;
 class QLineEdit;
 class QTimer;
 
@@ -18,8 +19,9 @@ class FindBar : public QWidget
 public:
     explicit FindBar(QWidget *parent);
 
-    /// Shows the bar with the keyboard in it.
-    void open(bool filters);
+    /// Shows the bar with the keyboard in it. `column` is searched; empty for all.
+    void open(const QString &column, bool filters);
+    void setColumn(const QString &column);
     /// As Esc.
     void leave();
     [[nodiscard]] QString text() const;
@@ -40,6 +42,7 @@ private:
     void addStep(const QString &icon, const QString &name, const QString &toolTip, int direction);
     void filter();
 
+    QLabel *m_caption;
     QLineEdit *m_text;
     QCheckBox *m_filters;
     QTimer *m_pause; ///< in typing

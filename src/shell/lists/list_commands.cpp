@@ -2,6 +2,7 @@
 
 #include "screens/look/look.h"
 #include "shell/lists/find_bar.h"
+#include "shell/lists/list_rows.h"
 
 #include <QAction>
 #include <QFrame>
@@ -37,6 +38,7 @@ ListCommands::ListCommands(IReportUI &module, QWidget &view, QVBoxLayout &column
     connect(m_findBar, &FindBar::filterChanged, this,
             [this](const QString &text) { run([&] { m_module.IReportUI_Filter(text); }); });
     connect(m_findBar, &FindBar::left, &m_view, [this] { m_view.setFocus(Qt::OtherFocusReason); });
+    connect(m_findBar, &FindBar::left, this, &ListCommands::findLeft);
 }
 
 ListCommands::~ListCommands()
@@ -108,13 +110,13 @@ void ListCommands::addCommon()
     if (m_row->count() > 0)
         addSeparator();
     add(QStringLiteral("find"), QStringLiteral("edit-find"), QStringLiteral("查找"), [this] {
-        m_findBar->open(m_findBar->isFiltering());
+        openFindBar(m_findBar->isFiltering());
     }).setShortcut(QKeySequence::Find);
     add(QStringLiteral("findNext"), QStringLiteral("go-next"), QStringLiteral("查找下一个"), [this] {
         findAgain(1);
     }).setShortcut(Qt::Key_F3);
     add(QStringLiteral("filter"), QStringLiteral("view-filter"), QStringLiteral("过滤"),
-        [this] { m_findBar->open(true); });
+        [this] { openFindBar(true); });
     addSeparator();
     add(QStringLiteral("preview"), QStringLiteral("document-preview"), QStringLiteral("预览"),
         [this] { m_module.IReportUI_PrintPreview(); });
@@ -134,9 +136,14 @@ void ListCommands::addCommon()
     connect(back, &QShortcut::activated, this, [this] { findAgain(-1); });
 }
 
+void ListCommands::openFindBar(bool filters)
+{
+    m_findBar->open(ListRows(m_module.IReportUI_oTable()).currentColumn(), filters);
+}
+
 void ListCommands::findAgain(int direction)
 {
-    m_findBar->text().isEmpty() ? m_findBar->open(m_findBar->isFiltering()) : find(direction);
+    m_findBar->text().isEmpty() ? openFindBar(m_findBar->isFiltering()) : find(direction);
 }
 
 /// A new text is looked for from the current row on; one that was found there is gone on from.
@@ -145,6 +152,8 @@ void ListCommands::find(int direction)
     run([&] {
         const QString text = m_findBar->text();
         const bool isNew = text != m_soughtText;
+        if (isNew)
+            m_findBar->setColumn(ListRows(m_module.IReportUI_oTable()).currentColumn());
         if (isNew || direction != m_soughtDirection)
             m_module.IReportUI_Find(QVariantList{text, direction});
         if (!isNew)

@@ -36,12 +36,15 @@ public:
 Q_SIGNALS:
     void refreshWanted();
     void closeWanted();
+    /// What was told of the search is past.
+    void findLeft();
     /// What an operation of the module threw.
     void failed(const QString &text);
 
 private:
     void addButton(QAction &action);
     void addSeparator();
+    void openFindBar(bool filters);
     void find(int direction);
     void findAgain(int direction);
     template<class Operation> void run(Operation operation);

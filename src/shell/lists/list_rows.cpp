@@ -41,6 +41,14 @@ QStringList ListRows::column(QStringView caption) const
     return cells;
 }
 
+QString ListRows::currentColumn() const
+{
+    bool isHidden = true;
+    const int column = number("Col");
+    QMetaObject::invokeMethod(m_grid, "ColHidden", Q_RETURN_ARG(bool, isHidden), Q_ARG(int, column));
+    return isHidden ? QString() : cell(0, column).trimmed();
+}
+
 QString ListRows::current(QStringView caption) const
 {
     const int row = number("Row");

@@ -19,6 +19,8 @@ public:
     [[nodiscard]] int count() const;
     /// The cells of the column with that caption, hidden or not, from the top.
     [[nodiscard]] QStringList column(QStringView caption) const;
+    /// Caption of the column that the person is in; empty for none that is seen.
+    [[nodiscard]] QString currentColumn() const;
     /// The current row's cell; empty when no row is current.
     [[nodiscard]] QString current(QStringView caption) const;
 

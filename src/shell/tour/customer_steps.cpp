@@ -8,8 +8,6 @@
 #include <QLabel>
 #include <QTableView>
 
-#include <algorithm>
-
 namespace ebtq::shell {
 
 namespace {
@@ -25,17 +23,12 @@ qsizetype stored(Tour &tour, const QString &condition)
     return tour.connection().query(SqlText(sql)).rowCount();
 }
 
-bool isListInSight(const QWidget &window)
-{
-    return std::ranges::any_of(window.findChildren<QTableView *>(QStringLiteral("VS")), &QWidget::isVisible);
-}
-
 void open(Tour &tour)
 {
     Person &person = tour.person();
     person.window().resize(1440, 900);
     person.click(QStringLiteral("Navigation_%1").arg(static_cast<int>(host::CustomerModule)));
-    person.waitFor([&] { return isListInSight(person.window()); }, QStringLiteral("客源列表"));
+    waitForList(tour, QStringLiteral("客源列表"));
 }
 
 void seeList(Tour &tour)

@@ -6,6 +6,8 @@
 #include <QTabBar>
 #include <QTableView>
 
+#include <algorithm>
+
 namespace ebtq::shell {
 
 namespace {
@@ -13,6 +15,15 @@ namespace {
 constexpr int mostRowsTried = 60;
 
 } // namespace
+
+void waitForList(Tour &tour, const QString &what)
+{
+    const auto isInSight = [&] {
+        const auto lists = tour.person().window().findChildren<QTableView *>(QStringLiteral("VS"));
+        return std::ranges::any_of(lists, &QWidget::isVisible);
+    };
+    tour.person().waitFor(isInSight, what);
+}
 
 int rowsShown(Tour &tour, const QString &grid)
 {

@@ -8,6 +8,8 @@ class Tour;
 
 /// What the steps of all lists with tabs do and see alike.
 
+/// Until a page with a list is in front.
+void waitForList(Tour &tour, const QString &what);
 [[nodiscard]] int rowsShown(Tour &tour, const QString &grid);
 /// The open tab is the one with this caption.
 void seeTab(Tour &tour, const QString &caption);

@@ -193,6 +193,7 @@ void Person::waitFor(const std::function<bool()> &condition, const QString &what
 
 QPixmap Person::picture() const
 {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // of what has just been hidden
     QPixmap result = m_window.grab();
     QList<QWidget *> above;
     for (QWidget *each = QApplication::activeModalWidget(); each && each != &m_window;

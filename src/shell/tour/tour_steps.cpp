@@ -6,6 +6,7 @@
 #include "shell/tour/customer_steps.h"
 #include "shell/tour/detail_steps.h"
 #include "shell/tour/editor_steps.h"
+#include "shell/tour/follow_up_steps.h"
 #include "shell/tour/layout_steps.h"
 #include "shell/tour/picker_steps.h"
 #include "shell/tour/print_steps.h"
@@ -346,6 +347,8 @@ std::vector<TourStep> tourSteps()
     result.insert(result.end(), editor.begin(), editor.end());
     const std::span<const TourStep> customers = customerSteps();
     result.insert(result.end(), customers.begin(), customers.end());
+    const std::span<const TourStep> followUps = followUpSteps();
+    result.insert(result.end(), followUps.begin(), followUps.end());
     return result;
 }
 
