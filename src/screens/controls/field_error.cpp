@@ -39,9 +39,16 @@ FieldError::FieldError(const QString &message, QWidget &field)
 /// Any ancestor can move the field: a message that opens above the page moves only the page.
 bool FieldError::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+    if (!isHidden() && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
         placeBelow(m_field);
     return QLabel::eventFilter(watched, event);
+}
+
+void FieldError::drop()
+{
+    setObjectName({});
+    hide();
+    deleteLater();
 }
 
 void FieldError::placeBelow(const QWidget &field)

@@ -11,8 +11,11 @@ class FieldError : public QLabel
     Q_OBJECT
 
 public:
-    /// `field` outlives the bubble.
+    /// `field` outlives the bubble, unless it was dropped.
     FieldError(const QString &message, QWidget &field);
+    /// Hides it and deletes it later: a window that hides goes through a list of its children, of which this
+    /// is one. Nobody finds it by its name any more.
+    void drop();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -164,7 +164,14 @@ void FieldView::takeFocusBack()
 void FieldView::hideEvent(QHideEvent *event)
 {
     QLineEdit::hideEvent(event);
-    delete m_error;
+    dropError();
+}
+
+void FieldView::dropError()
+{
+    if (m_error)
+        m_error->drop();
+    m_error = nullptr;
 }
 
 /// A field that is hidden loses the focus as well, but its message could not be seen.
@@ -199,7 +206,7 @@ void FieldView::refuse()
 
 void FieldView::mark(bool refused)
 {
-    delete m_error;
+    dropError();
     const QVariant state = refused ? QVariant(u"error"_s) : QVariant();
     if (property("state") == state)
         return;

@@ -53,6 +53,7 @@ private:
     void moveBy(int key);
     void refuse();
     void mark(bool refused);
+    void dropError();
     void takeBack();
     [[nodiscard]] bool mayLeave();
     void takeFocusBack();

@@ -163,8 +163,11 @@ TEST_F(FieldViewTest, TheBubbleFollowsItsField)
     window.layout()->setContentsMargins(30, 60, 30, 0);
     settle();
     EXPECT_EQ(label->pos() - field.mapTo(&outer, QPoint()), distance);
-    field.hide();
+    bool isDeleted = false;
+    QObject::connect(label, &QObject::destroyed, &outer, [&] { isDeleted = true; });
+    outer.hide();
     EXPECT_FALSE(outer.findChild<QLabel *>(u"FieldError"_qs));
+    EXPECT_FALSE(isDeleted) << "the window still goes through its children";
     window.setParent(nullptr);
 }
 
