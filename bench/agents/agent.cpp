@@ -2,7 +2,9 @@
 
 #include "agents/workplace.h"
 #include "host/demo/demo.h"
+#include "host/module_ids.h"
 #include "library/followups/frm_gj.h"
+#include "library/followups/yj_tx.h"
 #include "library/listings/fcxx.h"
 #include "library/listings/fcxx_tables.h"
 #include "library/listings/frm_fx.h"
@@ -30,6 +32,9 @@ struct Agent::Private
     {
         QObject::connect(&list, &Fcxx::ErrMessage, [this](const QString &text) { failures.append(text); });
         list.IReportUI_Init(place.app(), place.moduleId());
+        QObject::connect(&reminders, &YjTx::ErrMessage,
+                         [this](const QString &text) { failures.append(text); });
+        reminders.IReportUI_Init(place.app(), host::ReminderModule);
         QObject::connect(list.mFrmFx(), &FrmFx::ReturnData, [this](const QString &id) { confirmed = id; });
         QObject::connect(list.mFrmGj(), &FrmGj::ReturnData, [this](const QString &id) { confirmed = id; });
     }
@@ -46,6 +51,7 @@ struct Agent::Private
     std::minstd_rand random;
     int filter;
     Fcxx list{place};
+    YjTx reminders{place};
     QString confirmed; ///< key of the row that was saved last
     QList<Save> ledger;
     QStringList failures;
@@ -195,6 +201,11 @@ void Agent::writeFollowUp()
     const FrmGj &form = *d->list.mFrmGj();
     d->save(Save::FollowUp, QStringLiteral("gj"), *d->list.mFrmGj(),
             [&](const QString &text) { form.Txt().setText(text); });
+}
+
+void Agent::lookForReminders()
+{
+    d->reminders.IReportUI_Refresh();
 }
 
 } // namespace ebtq::bench

@@ -30,6 +30,8 @@ public:
     /// the list is empty. Several agents meet at the same listings.
     void changeListing();
     void writeFollowUp();
+    /// As the desktop does by itself, apart from any list that is open.
+    void lookForReminders();
 
     /// Every save whose form was open, in order.
     [[nodiscard]] const QList<Save> &ledger() const;

@@ -28,7 +28,11 @@ struct Shift
 void work(Agent &agent, const Shift &shift, Report &report)
 {
     for (int round = 0; shift.goesOn(round); ++round) {
-        if (round == 0 || !shift.habits.opensOneList)
+        if (shift.habits.work == Work::Reminders) {
+            report.polls.push_back(secondsOf([&] { agent.lookForReminders(); }) * 1000);
+            continue;
+        }
+        if (round == 0 || shift.habits.work == Work::Day)
             report.openings.push_back(secondsOf([&] { agent.openList(); }) * 1000);
         agent.saveListing();
         agent.changeListing();
@@ -57,6 +61,7 @@ Report together(const std::vector<Report> &reports)
         whole.ledger += report.ledger;
         whole.failures += report.failures;
         whole.openings.insert(whole.openings.end(), report.openings.begin(), report.openings.end());
+        whole.polls.insert(whole.polls.end(), report.polls.begin(), report.polls.end());
     }
     return whole;
 }
