@@ -113,6 +113,9 @@ public:
     [[nodiscard]] virtual HostDbError LastError() const = 0;
     /// True when nothing can be saved: whatever writes is then switched off. The rights say so as well.
     [[nodiscard]] virtual bool ReadOnly() const { return false; }
+    /// Another number each time the connection to a server was lost and made again: what was confirmed last
+    /// without waiting for the disk, such as the number of a document, may be gone with the server.
+    [[nodiscard]] virtual int ConnectionNumber() const { return 0; }
 };
 
 class HostSession

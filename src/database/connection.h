@@ -88,6 +88,8 @@ public:
     /// Does nothing when none is open. Never throws.
     virtual void rollback() noexcept = 0;
     [[nodiscard]] virtual bool inTransaction() const = 0;
+    /// How often a lost connection was made again; always 0 for an embedded database.
+    [[nodiscard]] virtual int connectionNumber() const { return 0; }
     /// Every statement that writes will fail: this user may only read the file.
     [[nodiscard]] virtual bool isReadOnly() const = 0;
 

@@ -29,6 +29,7 @@ public:
     void RollbackTrans() override;
     [[nodiscard]] HostDbError LastError() const override { return m_lastError; }
     [[nodiscard]] bool ReadOnly() const override { return m_connection.isReadOnly(); }
+    [[nodiscard]] int ConnectionNumber() const override { return m_connection.connectionNumber(); }
 
     /// Called with the name of each changed table, once the change is committed.
     void setChangeReport(std::function<void(const QString &table)> report) { m_report = std::move(report); }

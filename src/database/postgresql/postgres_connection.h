@@ -28,6 +28,7 @@ public:
     void commit() override { m_session.commit(); }
     void rollback() noexcept override { m_session.rollback(); }
     [[nodiscard]] bool inTransaction() const override { return m_session.inTransaction(); }
+    [[nodiscard]] int connectionNumber() const override { return m_session.connectionNumber(); }
 
     /// A session is only opened with a writable server.
     [[nodiscard]] bool isReadOnly() const override { return false; }

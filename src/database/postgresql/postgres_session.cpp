@@ -156,8 +156,10 @@ void PostgresSession::requireConnection(bool isReading)
     m_hadTransaction = wasInTransaction;
     if (isLost() && wasInTransaction)
         lose();
-    if (isLost())
-        connect();
+    if (!isLost())
+        return;
+    connect();
+    ++m_connectionNumber;
 }
 
 void PostgresSession::lose() const

@@ -57,6 +57,7 @@ public:
     void setLockTimeout(int milliseconds);
 
     [[nodiscard]] const PostgresAddress &address() const { return m_address; }
+    [[nodiscard]] int connectionNumber() const { return m_connectionNumber; }
     /// libpq's own handle, for measuring against it.
     [[nodiscard]] pg_conn *handle() const { return m_handle.get(); }
 
@@ -85,6 +86,7 @@ private:
     int m_lockTimeout = 5000;
     bool m_hadTransaction = false; ///< when the current operation began
     bool m_isReading = false;      ///< the transaction is read-only
+    int m_connectionNumber = 0;
 };
 
 } // namespace ebtq::db

@@ -72,6 +72,7 @@ protected:
         int moduleId;
         QDate date;
         QString number;
+        int connection; ///< over which it was given
     };
     /// A row that was written.
     struct SavedRow

@@ -117,19 +117,22 @@ std::optional<QString> EditorForm::numberOfNewRow(const NumberRule &rule)
     if (!app().NewBillCode(rule.moduleId, date, number, false))
         return std::nullopt;
     if (!number.isEmpty())
-        m_taken = {rule.moduleId, date, number};
+        m_taken = {rule.moduleId, date, number, app().Db().ConnectionNumber()};
     return number;
 }
 
-/// A row may have got the number after all, if a save's answer was lost and the form was closed.
+/// A row may have got the number after all, if a save's answer was lost and the form was closed. A server
+/// that has come back, or the one that has taken its place, may not know that the number was given, and give
+/// it again.
 bool EditorForm::isStillFree(const NumberRule &rule)
 {
     if (!m_taken || m_taken->moduleId != rule.moduleId || m_taken->date != app().Session().LoginDate())
         return false;
-    return !singleValue(app().Db(),
-                        SqlText(u"select %1 from %2 where %1="_s.arg(rule.column, m_record.table)) +
-                            quoted(m_taken->number))
-                .isValid();
+    const bool isUsed =
+        singleValue(app().Db(), SqlText(u"select %1 from %2 where %1="_s.arg(rule.column, m_record.table)) +
+                                    quoted(m_taken->number))
+            .isValid();
+    return !isUsed && m_taken->connection == app().Db().ConnectionNumber();
 }
 
 /// A new row that an attempt before has written after all, its answer lost, is written over under the number

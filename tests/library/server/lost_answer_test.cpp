@@ -100,7 +100,8 @@ TEST_P(LostListingTest, IsWrittenOnceWhenItIsSavedAgain)
         save({Desktop::Answer::No});
         EXPECT_THAT(onlyMessage(), HasSubstr("是否继续新建"));
         EXPECT_EQ(stored(u"房号"_qs), u"1202") << "one row, with what was typed last";
-        EXPECT_EQ(stored(u"房源编号"_qs), number) << "none is left out";
+        EXPECT_EQ(stored(u"房源编号"_qs) == number, GetParam())
+            << "another server may give the number of a lost row to somebody else";
         EXPECT_EQ(stored(u"房源ID"_qs), saved);
     });
     EXPECT_EQ(events, u"new closed"_qs.split(u' '));

@@ -45,6 +45,7 @@ private:
         void CommitTrans() override { real.CommitTrans(); }
         void RollbackTrans() override { real.RollbackTrans(); }
         [[nodiscard]] HostDbError LastError() const override { return real.LastError(); }
+        [[nodiscard]] int ConnectionNumber() const override { return real.ConnectionNumber(); }
         HostDb &real;
         WatchedHost &watched;
     };
