@@ -48,6 +48,7 @@ constexpr ListTables list{.grid = grid,
                           .keyColumn = FollowUpKey,
                           .filter = &filter,
                           .wheel = ListTables::Wheel::Relative,
+                          .searchSensitivity = Qt::CaseInsensitive,
                           .refreshTag = u"-->IReportUI_Refresh::",
                           .printTitle = u"跟进信息列表\r"};
 

@@ -169,6 +169,11 @@ TEST_F(FollowUpListTest, FindGoesOnThroughTheListAndAroundItsEnd)
     EXPECT_FALSE(list.IReportUI_Find(u"谈价"_qs)) << "its row is hidden";
     EXPECT_TRUE(list.IReportUI_Filter(QString()));
     EXPECT_EQ(list.VS().visibleCount(), 9);
+
+    list.ChkFind().setValue(1);
+    list.SearchBox1().setText(u"aMY"_qs);
+    list.SearchBox1().searchNow();
+    EXPECT_EQ(shown(list), u"G3 G1");
 }
 
 } // namespace
