@@ -10,7 +10,7 @@ namespace ebtq {
 namespace {
 
 constexpr ListLook::Field fields[] = {
-    {Cx_Gj::From, 5}, {Cx_Gj::To, 5}, {Cx_Gj::Department, 4}, {Cx_Gj::Agent, 4}, {Cx_Gj::Limit, 3}};
+    {Cx_Gj::From, 6}, {Cx_Gj::To, 6}, {Cx_Gj::Department, 4}, {Cx_Gj::Agent, 4}, {Cx_Gj::Limit, 3}};
 constexpr ListLook listLook{.fields = fields,
                             .kindKeys = u"YK",
                             .searchHint = u"在已加载的跟进中查找",
