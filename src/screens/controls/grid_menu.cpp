@@ -151,9 +151,9 @@ void GridMenu::addPageActions(PassingMenu &menu)
             continue;
         }
         const QString key = offered->shortcut().toString(QKeySequence::NativeText);
-        QAction *action =
-            menu.offer(offered->icon(), key.isEmpty() ? offered->text() : offered->text() + u'\t' + key,
-                       offered, &QAction::trigger);
+        const QIcon icon = offered->isCheckable() ? QIcon() : offered->icon(); // it would hide the tick
+        QAction *action = menu.offer(icon, key.isEmpty() ? offered->text() : offered->text() + u'\t' + key,
+                                     offered, &QAction::trigger);
         action->setObjectName(offered->objectName());
         action->setEnabled(offered->isEnabled());
         action->setCheckable(offered->isCheckable());
