@@ -5,8 +5,10 @@
 #include "shell/lists/list_rows.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -127,13 +129,21 @@ void ListCommands::addCommon()
         [this] { m_module.IReportUI_PrintSetup(); });
     addSeparator();
     add(QStringLiteral("refresh"), QStringLiteral("view-refresh"), QStringLiteral("刷新"),
-        [this] { Q_EMIT refreshWanted(); });
+        [this] { refresh(); });
     add(QStringLiteral("close"), QStringLiteral("dialog-close"), QStringLiteral("关闭"),
         [this] { Q_EMIT closeWanted(); });
     m_row->addStretch();
     auto *back = new QShortcut(Qt::SHIFT | Qt::Key_F3, m_view.parentWidget(), nullptr, nullptr,
                                Qt::WidgetWithChildrenShortcut);
     connect(back, &QShortcut::activated, this, [this] { findAgain(-1); });
+}
+
+/// As by the key: a view that takes it checks the field that is being filled in first.
+void ListCommands::refresh()
+{
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier);
+    if (QCoreApplication::sendEvent(&m_view, &press); !press.isAccepted())
+        Q_EMIT refreshWanted();
 }
 
 void ListCommands::openFindBar(bool filters)

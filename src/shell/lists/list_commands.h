@@ -34,6 +34,7 @@ public:
     void rowsLoaded();
 
 Q_SIGNALS:
+    /// The view does not refresh the list itself.
     void refreshWanted();
     void closeWanted();
     /// What was told of the search is past.
@@ -44,6 +45,7 @@ Q_SIGNALS:
 private:
     void addButton(QAction &action);
     void addSeparator();
+    void refresh();
     void openFindBar(bool filters);
     void find(int direction);
     void findAgain(int direction);
