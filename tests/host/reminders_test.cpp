@@ -50,6 +50,8 @@ TEST_F(RemindersTest, OneIsSettledOnceByWhoMay)
     EXPECT_EQ(row(u"own"_qs), u"已约|2019-11-26|2019-11-24");
     EXPECT_EQ(refusal([&] { settleReminder(*m_host, own, u"再约"_qs, today); }),
               u"这条提醒已被他人处理，没有保存！处理结果：已约");
+    EXPECT_EQ(refusal([&] { requireOpenReminder(*m_host, readReminder(*m_host, u"own"_qs)); }),
+              u"这条提醒已处理过，请刷新列表！处理结果：已约");
     EXPECT_EQ(row(u"own"_qs), u"已约|2019-11-26|2019-11-24");
 
     const Reminder other = readReminder(*m_host, u"other"_qs);

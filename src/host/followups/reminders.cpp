@@ -38,15 +38,20 @@ Reminder read(HostApp &app, const QString &followUp)
     HostDb &db = app.Db();
     const auto rows =
         db.CreateQuery(
-              withKey(u"select 用户ID,房源ID,跟进内容,处理结果,提醒日期 from fygj where 跟进ID='", followUp))
+              withKey(u"select 用户ID,房源ID,跟进内容,提醒内容,处理结果,提醒日期 from fygj where 跟进ID='",
+                      followUp))
             ->Open();
     requireSuccess(db);
     if (rows->Eof())
         throw Failure(u"这条跟进已被删除，请刷新列表！"_s);
     const auto text = [&](const QString &name) { return NullConv::ToText(rows->Fields(name).Value); };
-    return {
-        followUp,           text(u"用户ID"_s), text(u"房源ID"_s), text(u"跟进内容"_s), text(u"处理结果"_s),
-        text(u"提醒日期"_s)};
+    return {followUp,
+            text(u"用户ID"_s),
+            text(u"房源ID"_s),
+            text(u"跟进内容"_s),
+            text(u"提醒内容"_s),
+            text(u"处理结果"_s),
+            text(u"提醒日期"_s)};
 }
 
 /// Changes the row if it still is as the person saw it; else tells how it is now.
@@ -54,7 +59,7 @@ void change(HostApp &app, const Reminder &reminder, const SqlText &assignments)
 {
     HostDb &db = app.Db();
     const auto released = releasing(app);
-    requireReminderRight(app, reminder);
+    requireOpenReminder(app, reminder);
     SqlText sql(u"update fygj set "_s);
     sql += assignments;
     sql += withKey(u" where 跟进ID='", reminder.key);
@@ -86,11 +91,13 @@ Reminder readReminder(HostApp &app, const QString &followUp)
     return read(app, followUp);
 }
 
-void requireReminderRight(HostApp &app, const Reminder &reminder)
+void requireOpenReminder(HostApp &app, const Reminder &reminder)
 {
     if (reminder.userId.compare(bareUserId(app.Session()), Qt::CaseInsensitive) != 0 &&
         !app.Rights(FollowUpModule)->Allowed(RightEdit))
         throw Failure(u"这条跟进是他人所写，您没有修改跟进的权限！"_s);
+    if (!reminder.result.isEmpty())
+        throw Failure(u"这条提醒已处理过，请刷新列表！处理结果：%1"_s.arg(reminder.result));
 }
 
 void settleReminder(HostApp &app, const Reminder &reminder, const QString &result, const QDate &today)

@@ -19,8 +19,9 @@ struct Reminder
     QString userId;  ///< who wrote it
     QString ownerId; ///< key of the listing or customer
     QString contents;
-    QString result; ///< 处理结果
-    QString date;   ///< 提醒日期, as people write it
+    QString reminder; ///< 提醒内容
+    QString result;   ///< 处理结果
+    QString date;     ///< 提醒日期, as people write it
 };
 
 /// The record that a follow-up was written on.
@@ -31,8 +32,8 @@ struct FollowUpSource
 };
 
 [[nodiscard]] Reminder readReminder(HostApp &app, const QString &followUp);
-/// One's own follow-ups may be dealt with, others' with the right to edit follow-ups.
-void requireReminderRight(HostApp &app, const Reminder &reminder);
+/// It has no result yet; one's own may be dealt with, others' with the right to edit follow-ups.
+void requireOpenReminder(HostApp &app, const Reminder &reminder);
 /// Enters what came of it, which ends the reminder. Who comes second is told what the first one entered.
 void settleReminder(HostApp &app, const Reminder &reminder, const QString &result, const QDate &today);
 /// Moves it to another day; not if somebody has dealt with it or moved it meanwhile.

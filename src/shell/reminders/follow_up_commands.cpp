@@ -45,11 +45,11 @@ host::Reminder FollowUpCommands::current() const
     return host::readReminder(m_app, key);
 }
 
-/// Who may not change it is told before typing.
+/// Who cannot change it is told before typing.
 template<class Dialog> void FollowUpCommands::ask()
 {
     const host::Reminder reminder = current();
-    host::requireReminderRight(m_app, reminder);
+    host::requireOpenReminder(m_app, reminder);
     Dialog dialog(m_app, reminder, &m_page);
     if (dialog.exec() == QDialog::Accepted)
         Q_EMIT changed();

@@ -19,6 +19,19 @@ constexpr int mostContents = 200; // characters
 constexpr int resultLines = 4;
 constexpr int usualDays[] = {1, 3, 7};
 
+QString shortened(const QString &text)
+{
+    return text.size() > mostContents ? text.left(mostContents) + QStringLiteral("…") : text;
+}
+
+QString described(const host::Reminder &reminder)
+{
+    const QString contents = shortened(reminder.contents);
+    return reminder.reminder.isEmpty()
+               ? contents
+               : contents + QStringLiteral("\n提醒内容：") + shortened(reminder.reminder);
+}
+
 QLabel *caption(const QString &text, QWidget *field)
 {
     auto *label = new QLabel(text);
@@ -36,10 +49,7 @@ ReminderDialog::ReminderDialog(const QString &title, const host::Reminder &remin
 {
     setWindowTitle(title);
     setMinimumWidth(narrowest);
-    const QString contents = reminder.contents.size() > mostContents
-                                 ? reminder.contents.left(mostContents) + QStringLiteral("…")
-                                 : reminder.contents;
-    auto *what = new QLabel(contents);
+    auto *what = new QLabel(described(reminder));
     what->setTextFormat(Qt::PlainText);
     what->setWordWrap(true);
     m_refusal->setObjectName(QStringLiteral("Refusal"));
