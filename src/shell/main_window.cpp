@@ -200,11 +200,10 @@ void MainWindow::setUpShortcuts()
 
 void MainWindow::openModule(host::ModuleId module)
 {
-    for (int position = 0; position < m_pages->count(); ++position)
-        if (page(position)->module() == module) {
-            m_tabs->setCurrentIndex(position);
-            return showCurrentPage();
-        }
+    if (const ModulePage *open = pageOf(module)) {
+        m_tabs->setCurrentIndex(positionOf(*open));
+        return showCurrentPage();
+    }
     const host::ModuleEntry &entry = moduleEntry(module);
     auto *opened = new ModulePage(m_library, entry, m_app);
     bindPage(*opened);
@@ -308,10 +307,11 @@ void MainWindow::showReminders(int due, int added)
     m_navigation->setCount(host::ReminderModule, due);
     if (due == 0)
         m_notices->remove(name);
+    const QString text = QStringLiteral("有%1条跟进提醒到期").arg(due);
+    m_notices->setText(name, text);
     if (added == 0)
         return;
-    const QString text = QStringLiteral("有%1条跟进提醒到期").arg(due);
-    const auto open = [this] { openModule(host::ReminderModule); };
+    const auto open = [this] { openReminders(); };
     m_notices->add(name, text, QStringLiteral("查看提醒"), open);
     if (isActiveWindow() || !QSystemTrayIcon::isSystemTrayAvailable())
         return;
@@ -324,6 +324,15 @@ void MainWindow::showReminders(int due, int added)
         m_tray->show();
     }
     m_tray->showMessage(windowTitle(), text);
+}
+
+/// A list that is open already may be older than the notice.
+void MainWindow::openReminders()
+{
+    ModulePage *open = pageOf(host::ReminderModule);
+    openModule(host::ReminderModule);
+    if (open)
+        open->refresh();
 }
 
 void MainWindow::openSource(const host::FollowUpSource &source)
@@ -408,6 +417,15 @@ void MainWindow::tell(const QString &text, int level, const QString &title)
 ModulePage *MainWindow::page(int position) const
 {
     return static_cast<ModulePage *>(m_pages->widget(position));
+}
+
+ModulePage *MainWindow::pageOf(host::ModuleId module) const
+{
+    for (int position = 0; position < m_pages->count(); ++position) {
+        if (page(position)->module() == module)
+            return page(position);
+    }
+    return nullptr;
 }
 
 ModulePage *MainWindow::currentPage() const

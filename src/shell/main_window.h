@@ -72,6 +72,7 @@ private:
     /// message box stays open, and the request is dropped.
     [[nodiscard]] bool isWaitedFor(const std::function<void()> &again);
     void showReminders(int due, int added);
+    void openReminders();
     void openSource(const host::FollowUpSource &source);
     void signInAnew();
     void showCurrentPage();
@@ -81,6 +82,8 @@ private:
     void toggleScheme();
     void tell(const QString &text, int level, const QString &title);
     [[nodiscard]] ModulePage *page(int position) const;
+    /// nullptr when the module is not open.
+    [[nodiscard]] ModulePage *pageOf(host::ModuleId module) const;
     [[nodiscard]] ModulePage *currentPage() const;
     [[nodiscard]] int positionOf(const ModulePage &page) const;
 

@@ -56,6 +56,12 @@ void NoticeBar::add(const QString &name, const QString &text, const QString &act
     setVisible(true);
 }
 
+void NoticeBar::setText(const QString &name, const QString &text)
+{
+    if (auto *label = findChild<QLabel *>(name + QStringLiteral("_text")))
+        label->setText(text);
+}
+
 /// The button that was pressed is on it.
 void NoticeBar::remove(const QString &name)
 {

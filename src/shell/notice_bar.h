@@ -19,6 +19,8 @@ public:
     /// A notice with the same name is replaced. `act` is called when the person presses `action`; the notice
     /// goes with it.
     void add(const QString &name, const QString &text, const QString &action, std::function<void()> act);
+    /// Changes the text of a notice that is there.
+    void setText(const QString &name, const QString &text);
     void remove(const QString &name);
 };
 

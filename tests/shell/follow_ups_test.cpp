@@ -140,6 +140,12 @@ TEST_F(FollowUpsTest, RemindersAreCountedAndToldOf)
     EXPECT_EQ(list().model()->rowCount(), 3) << "and the one that was missed";
     click(u"Command_overdue"_qs);
     EXPECT_EQ(list().model()->rowCount(), 2);
+
+    execute(u"update fygj set 提醒日期=#2026-11-22# where 跟进ID='G4'"_qs);
+    watch.look();
+    QTest::qWait(1);
+    click(u"ReminderNotice_act"_qs);
+    EXPECT_EQ(list().model()->rowCount(), 3) << "an open list is loaded again";
 }
 
 TEST_F(FollowUpsTest, AReminderIsSettledAndPutOff)
@@ -187,6 +193,13 @@ TEST_F(FollowUpsTest, TheRecordBehindAFollowUpIsShownInItsList)
 TEST_F(FollowUpsTest, FindBarGoesThroughTheListAndFiltersIt)
 {
     open(host::FollowUpModule);
+    auto &from = see<QLineEdit>(u"qzTxt_0"_qs);
+    from.setFocus();
+    from.insert(u"昨天"_qs);
+    click(u"Command_refresh"_qs);
+    EXPECT_EQ(list().model()->rowCount(), 4) << "the field refuses, not the database";
+    from.selectAll();
+    press(Qt::Key_Delete);
     goTo(1);
     press(Qt::Key_F, Qt::ControlModifier);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"FindText");
