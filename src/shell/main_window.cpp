@@ -100,7 +100,7 @@ MainWindow::MainWindow(ComponentLibrary &library, HostApp &app, const SessionFac
     setUpLayout(facts);
     setUpShortcuts();
     connect(m_navigation, &Navigation::opened, this, &MainWindow::openModule);
-    connect(m_tabs, &QTabBar::currentChanged, this, &MainWindow::showCurrentPage);
+    connect(m_tabs, &QTabBar::currentChanged, this, &MainWindow::changePage);
     connect(m_tabs, &QTabBar::tabMoved, this, [this](int from, int to) {
         QWidget *moved = m_pages->widget(from);
         m_pages->removeWidget(moved);
@@ -200,10 +200,12 @@ void MainWindow::setUpShortcuts()
 
 void MainWindow::openModule(host::ModuleId module)
 {
-    if (const ModulePage *open = pageOf(module)) {
-        m_tabs->setCurrentIndex(positionOf(*open));
+    if (m_shown && m_shown->module() == module)
         return showCurrentPage();
-    }
+    if (!mayLeaveShown())
+        return;
+    if (const ModulePage *open = pageOf(module))
+        return turnTo(*open);
     const host::ModuleEntry &entry = moduleEntry(module);
     auto *opened = new ModulePage(m_library, entry, m_app);
     bindPage(*opened);
@@ -252,7 +254,7 @@ void MainWindow::closePage(ModulePage &page)
         if (asked)
             closePage(*asked);
     };
-    if (!isWaitedFor(again))
+    if (!isWaitedFor(again) && page.mayLeave())
         removePage(page);
 }
 
@@ -369,9 +371,45 @@ void MainWindow::showStatus()
     m_status->setText(current ? current->status() : QString());
 }
 
+/// A tab bar does not ask before it changes: what may not be left yet comes back until that is settled.
+void MainWindow::changePage()
+{
+    ModulePage *wanted = currentPage();
+    if (!m_shown || m_shown == wanted || !m_shown->isEditing())
+        return showCurrentPage();
+    {
+        const QSignalBlocker unseen(m_tabs);
+        m_tabs->setCurrentIndex(positionOf(*m_shown));
+    }
+    QMetaObject::invokeMethod(
+        this, [this, later = QPointer(wanted)] { leaveFor(later); }, Qt::QueuedConnection);
+}
+
+void MainWindow::leaveFor(const QPointer<ModulePage> &wanted)
+{
+    if (wanted && !isWaitedFor([this, wanted] { leaveFor(wanted); }) && mayLeaveShown())
+        turnTo(*wanted);
+}
+
+bool MainWindow::mayLeaveShown()
+{
+    return !m_shown || m_shown->mayLeave();
+}
+
+/// Without asking.
+void MainWindow::turnTo(const ModulePage &wanted)
+{
+    {
+        const QSignalBlocker unseen(m_tabs);
+        m_tabs->setCurrentIndex(positionOf(wanted));
+    }
+    showCurrentPage();
+}
+
 void MainWindow::showCurrentPage()
 {
     ModulePage *current = currentPage();
+    m_shown = current;
     showStatus();
     if (!current)
         return m_navigation->clearCurrent();
@@ -447,6 +485,9 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     if (isWaitedFor([this] { close(); }))
+        return event->ignore();
+    // Only the page in front can have something to ask.
+    if (!mayLeaveShown())
         return event->ignore();
     while (m_pages->count() > 0)
         removePage(*page(0));

@@ -5,6 +5,7 @@
 #include "host/followups/reminders.h"
 
 #include <QDate>
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
@@ -75,6 +76,10 @@ private:
     void openReminders();
     void openSource(const host::FollowUpSource &source);
     void signInAnew();
+    void changePage();
+    void leaveFor(const QPointer<ModulePage> &wanted);
+    [[nodiscard]] bool mayLeaveShown();
+    void turnTo(const ModulePage &wanted);
     void showCurrentPage();
     void showStatus();
     void stepTab(int step);
@@ -94,6 +99,7 @@ private:
     NoticeBar *m_notices;
     MessageBar *m_messages;
     QStackedWidget *m_pages; ///< a page has the position of its tab
+    QPointer<ModulePage> m_shown;
     QLabel *m_status;
     QSystemTrayIcon *m_tray = nullptr; ///< where there is a tray, from the first notice on
     QDate m_businessDate;

@@ -8,15 +8,13 @@
 
 #include <memory>
 
-class QAbstractItemModel;
-
 namespace ebtq::shell {
 
-class ListCommands;
+class ModuleDriver;
 class ModuleEvents;
 
-/// One module of the component library on the screen, from its making to its end, with the program's commands
-/// for a list that has none of its own. Whatever goes wrong inside comes out as `errMessage`.
+/// One module of the component library on the screen, from its making to its end; its driver knows the
+/// contract. Whatever goes wrong inside comes out as `errMessage`.
 class ModulePage : public QWidget
 {
     Q_OBJECT
@@ -34,11 +32,14 @@ public:
     /// what it has.
     bool open();
     /// The module's last message; of a list that says nothing after a load, how many rows it shows.
-    [[nodiscard]] QString status() const { return m_status.isEmpty() ? shownRows() : m_status; }
+    [[nodiscard]] QString status() const;
     /// Loads the module again.
     void refresh();
     /// Makes the record with this key current; false when the list has none.
     bool showRecord(const QString &key);
+    [[nodiscard]] bool isEditing() const;
+    /// Whether the person may turn to something else; asks him when something typed is not saved.
+    bool mayLeave();
     /// Saves the layout and ends the module: the view first, since it looks at the module. May be called
     /// again.
     void shut();
@@ -54,29 +55,20 @@ Q_SIGNALS:
 
 private:
     void make();
-    void initialise();
+    [[nodiscard]] std::unique_ptr<ModuleDriver> makeDriver();
     void bindEvents();
-    void showView();
-    void followRows();
-    [[nodiscard]] QString shownRows() const;
+    void bindDriver();
     void setStatus(const QString &text);
-    void addCommands();
-    void restoreLayout();
-    [[nodiscard]] QString layoutFile() const;
-    template<class Call> bool guarded(Call call);
+    void fail(const QString &text);
 
     ComponentLibrary &m_library;
     const host::ModuleEntry &m_entry;
     HostApp &m_app;
     std::unique_ptr<QObject> m_module;
-    IReportUI *m_report = nullptr; ///< the module by its contract
     std::unique_ptr<ModuleEvents> m_events;
     std::unique_ptr<QWidget> m_view;
-    QAbstractItemModel *m_rows = nullptr; ///< of the module's grid in its view
-    std::unique_ptr<ListCommands> m_commands; ///< none for a module with a tool bar of its own
+    std::unique_ptr<ModuleDriver> m_driver;
     QString m_status;
-    bool m_isReady = false;
-    bool m_restoring = false;
 };
 
 } // namespace ebtq::shell

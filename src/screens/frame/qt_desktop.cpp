@@ -6,6 +6,7 @@
 #include "screens/look/file_choice.h"
 #include "screens/look/look.h"
 #include "screens/look/message_text.h"
+#include "screens/look/question.h"
 #include "screens/look/window_below.h"
 
 #include <QApplication>
@@ -15,7 +16,6 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QStyle>
 #include <QTemporaryFile>
 #include <QUrl>
 #include <QUuid>
@@ -42,12 +42,6 @@ QIcon iconOf(Desktop::Icon icon)
     }
 }
 
-void showIcon(QMessageBox &box, Desktop::Icon icon)
-{
-    const int extent = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);
-    box.setIconPixmap(iconOf(icon).pixmap(QSize(extent, extent), box.devicePixelRatioF()));
-}
-
 void keepWhole(QMessageBox &box, const QString &text, const QString &title)
 {
     box.setToolTip(look::messageToolTip(text, title));
@@ -66,7 +60,7 @@ Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title,
     QMessageBox box(QMessageBox::NoIcon, title, plain, QMessageBox::NoButton, look::windowBelow());
     if (plain != text)
         keepWhole(box, text, title);
-    showIcon(box, icon);
+    look::showIcon(box, iconOf(icon));
     box.setTextFormat(Qt::PlainText);
     if (buttons == Buttons::Ok) {
         box.setDefaultButton(box.addButton(u"确定(&O)"_s, QMessageBox::AcceptRole));
@@ -81,21 +75,9 @@ Desktop::Answer QtDesktop::messageBox(const QString &text, const QString &title,
     return box.clickedButton() == yes ? Answer::Yes : Answer::No;
 }
 
-/// "取消" is added to the answers, and Esc means it.
 std::optional<int> QtDesktop::choose(const QString &text, const QString &title, const QStringList &answers)
 {
-    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, look::windowBelow());
-    showIcon(box, Icon::Question);
-    box.setTextFormat(Qt::PlainText);
-    QList<QAbstractButton *> buttons;
-    for (const QString &answer : answers)
-        buttons.append(box.addButton(answer, QMessageBox::ActionRole));
-    QPushButton *cancel = box.addButton(u"取消(&C)"_s, QMessageBox::RejectRole);
-    box.setDefaultButton(cancel);
-    box.setEscapeButton(cancel);
-    look::runModal(box);
-    const qsizetype chosen = buttons.indexOf(box.clickedButton());
-    return chosen < 0 ? std::nullopt : std::optional(static_cast<int>(chosen));
+    return look::choose(text, title, answers);
 }
 
 std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString &title, const QString &preset)

@@ -1,45 +1,28 @@
 #include "shell/lists/list_commands.h"
 
-#include "screens/look/look.h"
 #include "shell/lists/find_bar.h"
 #include "shell/lists/list_rows.h"
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QShortcut>
-#include <QToolButton>
 #include <QVBoxLayout>
-
-#include <exception>
 
 namespace ebtq::shell {
 
-namespace {
-
-constexpr int separatorHeight = 18;
-
-} // namespace
-
 ListCommands::ListCommands(IReportUI &module, QWidget &view, QVBoxLayout &column)
-    : m_module(module)
-    , m_view(view)
+    : CommandBar(view, column)
+    , m_module(module)
     , m_findBar(new FindBar(view.parentWidget()))
-    , m_row(new QHBoxLayout(this))
 {
     setObjectName(QStringLiteral("ListCommands"));
-    setProperty("kind", QStringLiteral("bar"));
-    setAttribute(Qt::WA_StyledBackground);
-    m_row->setContentsMargins(12, 6, 12, 6);
-    m_row->setSpacing(6);
-    column.insertWidget(column.indexOf(&view), this);
     column.addWidget(m_findBar);
     connect(m_findBar, &FindBar::wanted, this, &ListCommands::find);
     connect(m_findBar, &FindBar::filterChanged, this,
             [this](const QString &text) { run([&] { m_module.IReportUI_Filter(text); }); });
-    connect(m_findBar, &FindBar::left, &m_view, [this] { m_view.setFocus(Qt::OtherFocusReason); });
+    connect(m_findBar, &FindBar::left, &view, [&view] { view.setFocus(Qt::OtherFocusReason); });
     connect(m_findBar, &FindBar::left, this, &ListCommands::findLeft);
 }
 
@@ -48,69 +31,24 @@ ListCommands::~ListCommands()
     delete m_findBar;
 }
 
-template<class Operation> void ListCommands::run(Operation operation)
-{
-    try {
-        operation();
-    } catch (const std::exception &failure) {
-        Q_EMIT failed(QString::fromUtf8(failure.what()));
-    }
-}
-
-QAction &ListCommands::add(const QString &name, const QString &icon, const QString &text,
-                           std::function<void()> command)
-{
-    auto *action = new QAction(look::icon(icon), text, this);
-    action->setObjectName(name);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(action, &QAction::triggered, this, [this, command = std::move(command)] { run(command); });
-    m_view.addAction(action);
-    m_findBar->addAction(action);
-    addButton(*action);
-    return *action;
-}
-
-/// A button of an action would show no mnemonic.
-void ListCommands::addButton(QAction &action)
-{
-    auto *button = new QToolButton(this);
-    button->setObjectName(QStringLiteral("Command_") + action.objectName());
-    button->setProperty("kind", QStringLiteral("flat"));
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::TabFocus);
-    const auto follow = [&action, button] {
-        const QString key = action.shortcut().toString(QKeySequence::NativeText);
-        button->setText(action.text());
-        button->setIcon(action.icon());
-        button->setEnabled(action.isEnabled());
-        button->setCheckable(action.isCheckable());
-        button->setChecked(action.isChecked());
-        button->setToolTip(key.isEmpty() ? action.toolTip()
-                                         : QStringLiteral("%1 (%2)").arg(action.toolTip(), key));
-    };
-    connect(&action, &QAction::changed, button, follow);
-    connect(button, &QToolButton::clicked, &action, &QAction::trigger);
-    follow();
-    m_row->addWidget(button);
-}
-
-void ListCommands::addSeparator()
-{
-    auto *line = new QFrame(this);
-    line->setFrameShape(QFrame::VLine);
-    line->setFixedHeight(separatorHeight);
-    line->setProperty("kind", QStringLiteral("separator"));
-    m_row->addWidget(line);
-    auto *between = new QAction(this);
-    between->setSeparator(true);
-    m_view.addAction(between);
-}
-
 void ListCommands::addCommon()
 {
-    if (m_row->count() > 0)
+    if (!isEmpty())
         addSeparator();
+    addFind();
+    addSeparator();
+    addPrint();
+    addSeparator();
+    add(QStringLiteral("refresh"), QStringLiteral("view-refresh"), QStringLiteral("刷新"),
+        [this] { refresh(); });
+    add(QStringLiteral("close"), QStringLiteral("dialog-close"), QStringLiteral("关闭"),
+        [this] { Q_EMIT closeWanted(); });
+    row().addStretch();
+    m_findBar->addActions(actions());
+}
+
+void ListCommands::addFind()
+{
     add(QStringLiteral("find"), QStringLiteral("edit-find"), QStringLiteral("查找"), [this] {
         openFindBar(m_findBar->isFiltering());
     }).setShortcut(QKeySequence::Find);
@@ -119,7 +57,13 @@ void ListCommands::addCommon()
     }).setShortcut(Qt::Key_F3);
     add(QStringLiteral("filter"), QStringLiteral("view-filter"), QStringLiteral("过滤"),
         [this] { openFindBar(true); });
-    addSeparator();
+    auto *back = new QShortcut(Qt::SHIFT | Qt::Key_F3, view().parentWidget(), nullptr, nullptr,
+                               Qt::WidgetWithChildrenShortcut);
+    connect(back, &QShortcut::activated, this, [this] { findAgain(-1); });
+}
+
+void ListCommands::addPrint()
+{
     add(QStringLiteral("preview"), QStringLiteral("document-preview"), QStringLiteral("预览"),
         [this] { m_module.IReportUI_PrintPreview(); });
     add(QStringLiteral("print"), QStringLiteral("document-print"), QStringLiteral("打印"), [this] {
@@ -127,22 +71,13 @@ void ListCommands::addCommon()
     }).setShortcut(QKeySequence::Print);
     add(QStringLiteral("setup"), QStringLiteral("configure"), QStringLiteral("页面设置"),
         [this] { m_module.IReportUI_PrintSetup(); });
-    addSeparator();
-    add(QStringLiteral("refresh"), QStringLiteral("view-refresh"), QStringLiteral("刷新"),
-        [this] { refresh(); });
-    add(QStringLiteral("close"), QStringLiteral("dialog-close"), QStringLiteral("关闭"),
-        [this] { Q_EMIT closeWanted(); });
-    m_row->addStretch();
-    auto *back = new QShortcut(Qt::SHIFT | Qt::Key_F3, m_view.parentWidget(), nullptr, nullptr,
-                               Qt::WidgetWithChildrenShortcut);
-    connect(back, &QShortcut::activated, this, [this] { findAgain(-1); });
 }
 
 /// As by the key: a view that takes it checks the field that is being filled in first.
 void ListCommands::refresh()
 {
     QKeyEvent press(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier);
-    if (QCoreApplication::sendEvent(&m_view, &press); !press.isAccepted())
+    if (QCoreApplication::sendEvent(&view(), &press); !press.isAccepted())
         Q_EMIT refreshWanted();
 }
 

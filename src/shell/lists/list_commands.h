@@ -1,23 +1,16 @@
 #pragma once
 
 #include "contracts/host_contracts.h"
+#include "shell/command_bar.h"
 
 #include <QPointer>
-#include <QWidget>
-
-#include <functional>
-
-class QAction;
-class QHBoxLayout;
-class QVBoxLayout;
 
 namespace ebtq::shell {
 
 class FindBar;
 
-/// The commands of a list module that has no tool bar of its own: a bar above its view, and a find bar below
-/// it. They are actions of the view, too, whose menu shows them.
-class ListCommands : public QWidget
+/// The commands of a list module that has no tool bar of its own, and a find bar below its view.
+class ListCommands : public CommandBar
 {
     Q_OBJECT
 
@@ -26,9 +19,7 @@ public:
     ListCommands(IReportUI &module, QWidget &view, QVBoxLayout &column);
     ~ListCommands() override;
 
-    /// A command of the page's own, before the common ones; its text may hold a mnemonic.
-    QAction &add(const QString &name, const QString &icon, const QString &text, std::function<void()> run);
-    /// The common ones, behind those.
+    /// Those that all lists have, behind what was added before.
     void addCommon();
     /// The rows have been loaded anew: hides those that the find bar leaves out.
     void rowsLoaded();
@@ -39,23 +30,18 @@ Q_SIGNALS:
     void closeWanted();
     /// What was told of the search is past.
     void findLeft();
-    /// What an operation of the module threw.
-    void failed(const QString &text);
 
 private:
-    void addButton(QAction &action);
-    void addSeparator();
+    void addFind();
+    void addPrint();
     void refresh();
     void openFindBar(bool filters);
     void find(int direction);
     void findAgain(int direction);
-    template<class Operation> void run(Operation operation);
 
     IReportUI &m_module;
-    QWidget &m_view;
     QPointer<FindBar> m_findBar; ///< a child of the page
-    QHBoxLayout *m_row;
-    QString m_soughtText; ///< by the module's last search
+    QString m_soughtText;        ///< by the module's last search
     int m_soughtDirection = 0;
 };
 

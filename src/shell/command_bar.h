@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+
+class QAction;
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace ebtq::shell {
+
+/// The program's commands for a module that has no tool bar of its own: a bar of buttons above its view. They
+/// are actions of the view, too, whose menu shows them, and of the bar, so that their keys work in both.
+class CommandBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `view` outlives it; `column` is where the view stands.
+    CommandBar(QWidget &view, QVBoxLayout &column);
+
+    /// A command behind those that are there; its text may hold a mnemonic. One of low priority shows its
+    /// icon alone.
+    QAction &add(const QString &name, const QString &icon, const QString &text,
+                 std::function<void()> command);
+    void addSeparator();
+    /// What stands at the right end, with room before it.
+    void addAtEnd(QWidget &widget);
+    [[nodiscard]] bool isEmpty() const;
+
+Q_SIGNALS:
+    /// What a command threw.
+    void failed(const QString &text);
+
+protected:
+    [[nodiscard]] QWidget &view() const { return m_view; }
+    [[nodiscard]] QHBoxLayout &row() const { return *m_row; }
+    void run(const std::function<void()> &command);
+
+private:
+    void addButton(QAction &action);
+
+    QWidget &m_view;
+    QHBoxLayout *m_row;
+};
+
+} // namespace ebtq::shell
