@@ -57,21 +57,6 @@ void giveFocus(QWidget &page)
     (lastUsed ? lastUsed : &page)->setFocus(Qt::OtherFocusReason);
 }
 
-/// Above what the form shows; nullptr when no form is open.
-MessageBar *barOfModalForm()
-{
-    const QWidget *form = QApplication::activeModalWidget();
-    auto *column = form ? qobject_cast<QVBoxLayout *>(form->layout()) : nullptr;
-    if (!column)
-        return nullptr;
-    auto *bar = form->findChild<MessageBar *>({}, Qt::FindDirectChildrenOnly);
-    if (!bar) {
-        bar = new MessageBar;
-        column->insertWidget(0, bar);
-    }
-    return bar;
-}
-
 QString sessionText(const SessionFacts &facts)
 {
     const QString who = facts.department.isEmpty()
@@ -448,7 +433,7 @@ void MainWindow::showFailure(const QString &text)
 void MainWindow::tell(const QString &text, int level, const QString &title)
 {
     m_messages->add(text, level, title);
-    if (MessageBar *bar = barOfModalForm())
+    if (MessageBar *bar = MessageBar::ofModalForm())
         bar->add(text, level, title);
 }
 

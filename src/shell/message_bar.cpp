@@ -70,6 +70,20 @@ MessageBar::~MessageBar()
     disconnect(qApp, nullptr, this, nullptr);
 }
 
+MessageBar *MessageBar::ofModalForm()
+{
+    const QWidget *form = QApplication::activeModalWidget();
+    auto *column = form ? qobject_cast<QVBoxLayout *>(form->layout()) : nullptr;
+    if (!column)
+        return nullptr;
+    auto *bar = form->findChild<MessageBar *>({}, Qt::FindDirectChildrenOnly);
+    if (!bar) {
+        bar = new MessageBar;
+        column->insertWidget(0, bar);
+    }
+    return bar;
+}
+
 void MessageBar::noteFocus(QWidget *before, QWidget *now)
 {
     if (isAncestorOf(now) && !isAncestorOf(before))

@@ -20,6 +20,8 @@ class MessageBar : public QWidget
 public:
     explicit MessageBar(QWidget *parent = nullptr);
     ~MessageBar() override;
+    /// The one above what the modal form in front shows, made when it is missing; nullptr when none is open.
+    [[nodiscard]] static MessageBar *ofModalForm();
 
     /// `level` as in the event ErrMessage.
     void add(const QString &text, int level, const QString &title);

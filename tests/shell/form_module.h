@@ -16,6 +16,8 @@ class FormModule : public QObject, public IFormUI
 {
     Q_OBJECT
     Q_INTERFACES(ebtq::IFormUI)
+    Q_PROPERTY(bool Editing MEMBER isEditing NOTIFY editing)
+    Q_PROPERTY(bool DragEnabled MEMBER isDragged)
 
 public:
     explicit FormModule(QStringList &log)
@@ -26,6 +28,9 @@ public:
     QString thrown; ///< by whatever ends the editing
     bool isEditing = false;
     bool isDirty = false;
+    bool isDragged = false;
+
+    void beginByItself() { edit(true); }
 
     bool IFormUI_Init(HostApp &, int, int) override { return note(u"Init"_qs); }
     bool IFormUI_Clear() override { return note(u"Clear"_qs); }

@@ -132,7 +132,9 @@ TEST_F(FormPageTest, EachCommandIsThereInItsStateAndCallsTheModule)
         {[&] { press(Qt::Key_F3); }, "", "新建", true},
         {[&] { press(Qt::Key_Escape); }, "Cancel", "浏览", false},
         {[&] { click(u"Command_edit"_qs); }, "Edit", "编辑", true},
-        {[&] { press(Qt::Key_S, Qt::ControlModifier); }, "Save", "浏览", false}};
+        {[&] { press(Qt::Key_S, Qt::ControlModifier); }, "Save", "浏览", false},
+        {[&] { library.module->beginByItself(); }, "", "编辑", true},
+        {[&] { press(Qt::Key_Escape); }, "Cancel", "浏览", false}};
     for (const auto &[act, called, state, isEditing] : steps) {
         act();
         EXPECT_EQ(done(), QString::fromUtf8(called));
@@ -157,6 +159,7 @@ TEST_F(FormPageTest, RightsAreLookedAtWhenSomethingIsWritten)
     press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(done(), u"Edit");
     EXPECT_EQ(state(), u"编辑");
+    EXPECT_FALSE(library.module->isDragged) << "a drop begins an edit";
     EXPECT_EQ(see<QLineEdit>(u"field"_qs).text(), u"typed");
     EXPECT_EQ(asked(u"否"_qs, [&] { click(u"Command_cancel"_qs); }), u"数据已变动，是否保存！");
     EXPECT_EQ(usable().join(u','), u"new,"_qs + browsing);

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMetaProperty>
 #include <QPointer>
 #include <QStyle>
 
@@ -13,6 +14,9 @@
 namespace ebtq::shell {
 
 namespace {
+
+constexpr const char *editingProperty = "Editing";
+constexpr const char *dragProperty = "DragEnabled";
 
 QString verb(int right)
 {
@@ -90,6 +94,7 @@ FormDriver::FormDriver(IFormUI &form, const DrivenModule &driven)
     for (const Command &command : commands())
         addCommand(command);
     addState();
+    watchModule();
     if (driven.view.contextMenuPolicy() == Qt::DefaultContextMenu)
         driven.view.setContextMenuPolicy(Qt::ActionsContextMenu);
     driven.view.parentWidget()->installEventFilter(this);
@@ -116,6 +121,25 @@ void FormDriver::addState()
     m_stateLabel->setObjectName(QStringLiteral("FormState"));
     m_stateLabel->setProperty("kind", QStringLiteral("badge"));
     m_bar.addAtEnd(*m_stateLabel);
+}
+
+/// Both properties are no part of the contract: a module may lack them.
+void FormDriver::watchModule()
+{
+    const QMetaObject &type = *m_driven.module.metaObject();
+    const QMetaProperty editing = type.property(type.indexOfProperty(editingProperty));
+    if (editing.hasNotifySignal())
+        connect(&m_driven.module, editing.notifySignal(), this,
+                metaObject()->method(metaObject()->indexOfSlot("followModule()")));
+}
+
+/// By a drop, for one.
+void FormDriver::followModule()
+{
+    const bool isEditingNow = m_driven.module.property(editingProperty).toBool();
+    if (isEditingNow != isEditing())
+        setState(isEditingNow ? State::Edit : State::Browse);
+    follow();
 }
 
 bool FormDriver::init()
@@ -194,6 +218,8 @@ void FormDriver::follow()
     for (const Command &command : commands())
         if (!command.name.isEmpty())
             m_bar.findChild<QAction *>(command.name.toString())->setEnabled(isUsable(command));
+    if (m_driven.module.property(dragProperty).isValid())
+        m_driven.module.setProperty(dragProperty, m_rights.contains(RightEdit));
     showState();
 }
 

@@ -11,9 +11,9 @@ class QLabel;
 
 namespace ebtq::shell {
 
-/// Drives a data-entry module with the program's commands. A module does not say whether a record is being
-/// written, so that is known by its answers to new, edit, save and cancel; nothing that would show another
-/// record is called until it is saved or given up.
+/// Drives a data-entry module with the program's commands. Whether a record is being written is known by the
+/// module's answers to new, edit, save and cancel, and by its property "Editing" where it begins by itself;
+/// nothing that would show another record is called until the record is saved or given up.
 class FormDriver : public ModuleDriver
 {
     Q_OBJECT
@@ -38,10 +38,12 @@ protected:
 private:
     enum class State { Browse, New, Edit };
     struct Command;
+    Q_SLOT void followModule();
     [[nodiscard]] static std::span<const Command> commands();
 
     void addCommand(const Command &command);
     void addState();
+    void watchModule();
     void showState();
     void setState(State state);
     void follow();
