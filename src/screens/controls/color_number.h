@@ -1,19 +1,14 @@
 #pragma once
 
-#include "contracts/color_parts.h"
-
 #include <QColor>
 
 namespace ebtq {
 
 /// The colour of a number that a control holds.
-inline QColor colorOf(int number)
-{
-    int red = 0;
-    int green = 0;
-    int blue = 0;
-    ColorParts(number, red, green, blue);
-    return {red, green, blue};
-}
+[[nodiscard]] QColor colorOf(int number);
+/// A text colour, made lighter or darker in its hue if its contrast with the background is too low.
+[[nodiscard]] QColor readable(const QColor &color, const QColor &background);
+/// A background that the rules give is light; the dark scheme keeps its hue only.
+[[nodiscard]] QColor inScheme(const QColor &given);
 
 } // namespace ebtq

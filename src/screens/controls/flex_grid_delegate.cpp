@@ -1,6 +1,7 @@
 #include "screens/controls/flex_grid_delegate.h"
 
 #include "database/values/number_text.h"
+#include "screens/controls/color_number.h"
 #include "screens/controls/flex_grid_model.h"
 #include "screens/controls/whole_text.h"
 
@@ -8,8 +9,6 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTableView>
-
-#include <cstdlib>
 
 namespace ebtq {
 
@@ -62,24 +61,6 @@ QModelIndex labelOf(const QModelIndex &index, const QTableView &view)
             return hidden;
     }
     return {};
-}
-
-/// A text colour, made lighter or darker if its contrast with the background is too low.
-QColor readable(const QColor &color, const QColor &background)
-{
-    constexpr int leastContrast = 76;
-    constexpr int middle = 115;
-    const int backgroundGray = qGray(background.rgb());
-    if (std::abs(qGray(color.rgb()) - backgroundGray) >= leastContrast)
-        return color;
-    return backgroundGray < middle ? color.lighter(250) : color.darker(250);
-}
-
-/// A background that the rules give is light; the dark scheme keeps its hue only.
-QColor inScheme(const QColor &given)
-{
-    const bool isDark = look::scheme() == look::Scheme::Dark;
-    return isDark ? QColor::fromHslF(given.hslHueF(), 0.4F * given.hslSaturationF(), 0.25F) : given;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "library/controls/splitter.h"
 #include "library/controls/twips.h"
+#include "screens/controls/color_number.h"
 #include "screens/controls/control_binding.h"
 #include "screens/look/look.h"
 
@@ -119,9 +120,7 @@ void SplitterView::mouseReleaseEvent(QMouseEvent *event)
 void SplitterView::paintEvent(QPaintEvent *)
 {
     const int color = m_splitter.BackColor();
-    const QColor ground =
-        color < 0 ? look::tokens().line : QColor(color & 255, color >> 8 & 255, color >> 16 & 255);
-    QPainter(this).fillRect(rect(), ground);
+    QPainter(this).fillRect(rect(), color < 0 ? look::tokens().line : inScheme(colorOf(color)));
 }
 
 } // namespace ebtq

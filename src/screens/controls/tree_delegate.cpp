@@ -1,8 +1,11 @@
 #include "screens/controls/tree_delegate.h"
 
 #include "screens/controls/tree_model.h"
+#include "screens/controls/whole_text.h"
 #include "screens/look/look.h"
 
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTreeView>
 
@@ -50,6 +53,16 @@ void TreeDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     painter->drawText(option.rect.adjusted(behindText, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                       countText(index));
     painter->restore();
+}
+
+bool TreeDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                             const QModelIndex &index)
+{
+    const bool isCut = QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+    if (event->type() != QEvent::ToolTip || !isCut)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    showWholeText(index.data().toString(), event->globalPos(), *view->viewport(), option.rect);
+    return true;
 }
 
 QSize TreeDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const

@@ -1,6 +1,7 @@
 #include "screens/controls/tree_model.h"
 
 #include "library/controls/tree_view.h"
+#include "screens/controls/color_number.h"
 #include "screens/look/look.h"
 
 #include <QFont>
@@ -8,11 +9,6 @@
 namespace ebtq {
 
 namespace {
-
-QColor colorOf(int number)
-{
-    return {number & 255, number >> 8 & 255, number >> 16 & 255};
-}
 
 QFont boldFont()
 {
@@ -119,14 +115,15 @@ QVariant TreeModel::data(const QModelIndex &index, int role) const
 /// Nothing for what looks as usual.
 QVariant TreeModel::color(const Node &node, int role) const
 {
-    if (role == Qt::BackgroundRole && &node == m_tree.DropHighlight())
-        return look::tokens().brandSoft;
-    if (role == Qt::BackgroundRole && node.BackColor() != Node::usualBackColor)
-        return colorOf(node.BackColor());
-    if (role == Qt::ForegroundRole && node.isCut())
-        return look::tokens().muted;
+    const bool isTarget = &node == m_tree.DropHighlight();
+    const bool isColored = node.BackColor() != Node::usualBackColor;
+    const QColor ground = isTarget    ? look::tokens().brandSoft
+                          : isColored ? inScheme(colorOf(node.BackColor()))
+                                      : look::tokens().card;
+    if (role == Qt::BackgroundRole && (isTarget || isColored))
+        return ground;
     if (role == Qt::ForegroundRole && node.ForeColor() != Node::usualForeColor)
-        return colorOf(node.ForeColor());
+        return readable(colorOf(node.ForeColor()), ground);
     return {};
 }
 
