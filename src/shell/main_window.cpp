@@ -334,10 +334,10 @@ void MainWindow::openSource(const host::FollowUpSource &source)
 /// The business date stays what it was at sign-in: it is the date of documents, and today of the reminders.
 void MainWindow::noticeDate(const QDate &today)
 {
-    const QString name = QStringLiteral("DateNotice");
-    if (today == m_businessDate || m_notices->findChild<QWidget *>(name))
+    if (today == m_businessDate || today == m_toldDate)
         return;
-    m_notices->add(name,
+    m_toldDate = today;
+    m_notices->add(QStringLiteral("DateNotice"),
                    QStringLiteral("今天是 %1，业务日期仍是 %2，单据和提醒按业务日期处理。")
                        .arg(today.toString(Qt::ISODate), m_businessDate.toString(Qt::ISODate)),
                    QStringLiteral("重新登录"), [this] { signInAnew(); });

@@ -48,7 +48,7 @@ public:
     void openFirstModule();
     /// Shows what it counts, from its beginning on. `watch` ends before the window.
     void follow(ReminderWatch &watch);
-    /// Says that the business date is not today's, and offers to sign in anew.
+    /// Says once a day that the business date is not today's, and offers to sign in anew.
     void noticeDate(const QDate &today);
     /// The window was closed for another session.
     [[nodiscard]] bool isForSignIn() const { return m_isForSignIn; }
@@ -103,6 +103,7 @@ private:
     QLabel *m_status;
     QSystemTrayIcon *m_tray = nullptr; ///< where there is a tray, from the first notice on
     QDate m_businessDate;
+    QDate m_toldDate; ///< of the last notice of another date
     bool m_isForSignIn = false;
 };
 

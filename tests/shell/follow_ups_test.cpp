@@ -246,6 +246,11 @@ TEST_F(FollowUpsTest, TheNextDayASignInIsOffered)
     window.noticeDate(businessDate.addDays(1));
     QApplication::processEvents();
     EXPECT_TRUE(see<QLabel>(u"DateNotice_text"_qs).text().contains(u"业务日期仍是 2026-11-22"));
+    click(u"DateNotice_close"_qs);
+    window.noticeDate(businessDate.addDays(1));
+    EXPECT_EQ(window.findChild<QWidget *>(u"DateNotice"_qs), nullptr) << "once a day";
+    window.noticeDate(businessDate.addDays(2));
+    QApplication::processEvents();
     click(u"DateNotice_act"_qs);
     EXPECT_FALSE(window.isVisible());
     EXPECT_TRUE(window.isForSignIn());
