@@ -24,8 +24,9 @@ QColor readable(const QColor &color, const QColor &background)
     const int backgroundGray = qGray(background.rgb());
     if (std::abs(qGray(color.rgb()) - backgroundGray) >= leastContrast)
         return color;
-    const float lightness = backgroundGray < middle ? 0.7F : 0.3F;
-    return QColor::fromHslF(std::max(color.hslHueF(), 0.0F), color.hslSaturationF(), lightness);
+    if (backgroundGray >= middle)
+        return color.darker(250);
+    return QColor::fromHslF(std::max(color.hslHueF(), 0.0F), color.hslSaturationF(), 0.7F);
 }
 
 QColor inScheme(const QColor &given)
