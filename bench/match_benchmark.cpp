@@ -83,16 +83,30 @@ constexpr Direction fromCustomer{
     "\"fyxx\" AS t0",
     listingIndexes};
 
-/// What the tab asks for a seeker, in the engine's language.
-std::vector<QByteArray> statementsFor(const Direction &direction, db::Connection &connection,
-                                      const QString &key)
+QByteArray planned(const db::Translation &translation, db::Connection &connection)
 {
+    return translation.bestSql([&](const QByteArray &count) -> db::CountWithin {
+        const RowBlock counts = connection.queryNative(count);
+        return {counts.value(0, 0).toLongLong(), counts.value(0, 1).toLongLong()};
+    });
+}
+
+/// What the tab asks for a seeker, in the engine's language.
+struct Asked
+{
+    QByteArray reading;
+    QByteArray search;
+    QByteArray planned; ///< the search as the engine is asked it
+};
+
+Asked statementsFor(const Direction &direction, db::Connection &connection, const QString &key)
+{
+    const auto translated = [&](const SqlText &statement) {
+        return db::translate(statement, connection.dialect(), connection.catalog());
+    };
     const SqlText reading = direction.read(key);
-    const SqlText search = direction.search(DetailRecord(connection.query(reading)));
-    std::vector<QByteArray> texts;
-    for (const SqlText &statement : {reading, search})
-        texts.push_back(db::translate(statement, connection.dialect(), connection.catalog()).sql);
-    return texts;
+    const db::Translation search = translated(direction.search(DetailRecord(connection.query(reading))));
+    return {translated(reading).sql, search.sql, planned(search, connection)};
 }
 
 /// A search that takes no time to speak of is repeated until a round does.
@@ -128,14 +142,14 @@ QJsonObject measureSeeker(const Direction &direction, BenchedList &list, const S
                           db::Connection &connection, const Engine &engine, int rounds)
 {
     const QString key = QString::fromUtf16(seeker.key);
-    const std::vector<QByteArray> texts = statementsFor(direction, connection, key);
-    const QByteArray best = fastestSearch(direction, texts.back(), engine);
+    const Asked asked = statementsFor(direction, connection, key);
+    const QByteArray best = fastestSearch(direction, asked.search, engine);
     const auto bare = [&] {
-        for (const QByteArray &text : texts)
-            engine.run(text);
+        engine.run(asked.reading);
+        engine.run(asked.search);
     };
     const auto byHand = [&] {
-        engine.run(texts.front());
+        engine.run(asked.reading);
         engine.run(best);
     };
     const auto ours = [&] { list.showDetail(key); };
@@ -153,7 +167,7 @@ QJsonObject measureSeeker(const Direction &direction, BenchedList &list, const S
             {QStringLiteral("ratio"), rounded(sums[2] / std::min(sums[0], sums[1]))},
             {QStringLiteral("why_ms"), rounded(why)},
             {QStringLiteral("near_misses"), reasons.misses().Rows() - 1},
-            {QStringLiteral("plan"), QString::fromUtf8(engine.plan(texts.back()))}};
+            {QStringLiteral("plan"), QString::fromUtf8(engine.plan(asked.planned))}};
 }
 
 void removeSeekers(const Direction &direction, db::Connection &connection)

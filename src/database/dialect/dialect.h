@@ -79,10 +79,14 @@ struct Dialect
     /// a quarter of the rows meets any bound and then prefers to read all of them in sort order. Empty where
     /// the engine estimates better.
     const char *rareCondition;
+    /// How many rows of a table are so few that searching an index for them and sorting them costs less than
+    /// reading the table in its order: in front of the table's name, a bracket follows. Empty without a
+    /// rareCondition.
+    const char *fewRowsOf;
 
-    /// In front of a column that is to be tested row by row and not searched for. SQLite takes the rows of any
-    /// sub-select to be 25 and searches for each of them, also when it gives a whole table. Empty where the
-    /// engine knows better.
+    /// In front of a column that is to be tested row by row and not searched for. SQLite takes the rows of
+    /// any sub-select to be 25 and searches for each of them, also when it gives a whole table. Empty where
+    /// the engine knows better.
     const char *testedByRow;
 
     /// Whether the counts of a filtered list are read by one statement, as those of a whole list are on every

@@ -25,6 +25,7 @@ const Dialect &sqliteDialect()
         .joinFunction = "join",
         .refusesSeveralRows = false,
         .rareCondition = "unlikely",
+        .fewRowsOf = "(SELECT 1+ifnull(max(rowid),0)/20 FROM ",
         .testedByRow = "+",
         .isFilteredListLong = false,
     };
@@ -54,6 +55,7 @@ const Dialect &postgresDialect()
         .joinFunction = "",
         .refusesSeveralRows = true,
         .rareCondition = "",
+        .fewRowsOf = "",
         .testedByRow = "",
         .isFilteredListLong = true,
     };

@@ -9,19 +9,6 @@ namespace ebtq::db {
 
 namespace {
 
-std::vector<const Expression *> conjunctsOf(const ExpressionPtr &condition)
-{
-    if (!condition)
-        return {};
-    const auto *chain = condition->as<Chain>();
-    if (!chain || chain->links.front().op != Operator::And)
-        return {condition.get()};
-    std::vector<const Expression *> result{chain->first.get()};
-    for (const Chain::Link &link : chain->links)
-        result.push_back(link.operand.get());
-    return result;
-}
-
 /// Whether an expression reads columns of that source alone.
 bool readsOnly(const Expression &expression, int source)
 {

@@ -116,7 +116,7 @@ void Renderer::where(const ExpressionPtr &condition)
     if (!condition)
         return;
     write(" WHERE ");
-    this->condition(*condition);
+    condition.get() == m_rare ? rare(*condition) : this->condition(*condition);
 }
 
 void Renderer::statement(const Insert &insert)
@@ -231,6 +231,28 @@ QByteArray Renderer::countStatement(const KeyedCount &count)
     write(" GROUP BY ");
     value(*count.key);
     return std::move(m_out);
+}
+
+QByteArray Renderer::countWithin(const Source &table, const Expression &bound)
+{
+    const OpenTokens open(*this, open_tokens::statement, bound.position);
+    write("SELECT count(*),");
+    fewRowsOf(table);
+    write(" FROM (SELECT 1 FROM ");
+    this->table(table);
+    write(" WHERE ");
+    condition(bound);
+    write(" LIMIT ");
+    fewRowsOf(table);
+    write(')');
+    return std::move(m_out);
+}
+
+void Renderer::fewRowsOf(const Source &table)
+{
+    write(m_dialect.fewRowsOf);
+    identifier(table.resolved->name);
+    write(')');
 }
 
 void Renderer::from(const Select &select)

@@ -12,12 +12,16 @@ namespace ebtq::db {
 class Renderer
 {
 public:
-    explicit Renderer(const Dialect &dialect)
+    /// The engine is told that few rows meet the condition `rare`.
+    explicit Renderer(const Dialect &dialect, const Expression *rare = nullptr)
         : m_dialect(dialect)
         , m_caselessness(dialect)
+        , m_rare(rare)
     {}
     /// Throws DialectError for what is nested deeper than the engine's parser allows.
     [[nodiscard]] QByteArray render(const Statement &statement, qsizetype sizeHint);
+    /// The count of a plan by this bound on this table.
+    [[nodiscard]] QByteArray countWithin(const Source &table, const Expression &bound);
     /// The counts to be read in addition to the rendered select.
     [[nodiscard]] const std::vector<CountStatement> &counts() const { return m_counts; }
 
@@ -49,6 +53,7 @@ private:
     void groupBy(const Select &select);
     void orderBy(const Select &select);
     void limit(const Select &select, bool isSingle);
+    void fewRowsOf(const Source &table);
 
     void value(const Expression &expression);
     void condition(const Expression &expression);
@@ -109,6 +114,7 @@ private:
 
     const Dialect &m_dialect;
     const Caselessness m_caselessness;
+    const Expression *const m_rare;
     QByteArray m_out;
     const Select *m_list = nullptr; ///< the statement itself, if it is a select
     std::vector<CountStatement> m_counts;

@@ -253,7 +253,9 @@ void Renderer::node(const ExistsTest &test, const Expression &self)
 void Renderer::junction(const Chain &chain, const char *word)
 {
     const auto side = [this](const Expression &each) {
-        if (each.as<Chain>() || each.as<Not>())
+        if (&each == m_rare)
+            rare(each);
+        else if (each.as<Chain>() || each.as<Not>())
             bracketed(each, &Renderer::condition);
         else
             condition(each);

@@ -166,7 +166,7 @@ SqlText StatementShape::sample() const
     return result;
 }
 
-std::optional<QByteArray> StatementShape::withParameters(QByteArray sql) const
+std::optional<QByteArray> StatementShape::withParameters(QByteArray sql, Extent extent) const
 {
     for (size_t number = 0; number < m_values.size(); ++number) {
         QByteArray literal = sampleValue(number).toLatin1();
@@ -177,7 +177,7 @@ std::optional<QByteArray> StatementShape::withParameters(QByteArray sql) const
             literal = '\'' + literal + '\'';
         const QByteArray parameter = '?' + QByteArray::number(static_cast<int>(number) + 1);
         qsizetype at = sql.indexOf(literal);
-        if (at < 0)
+        if (at < 0 && extent == Extent::Whole)
             return std::nullopt;
         for (; at >= 0; at = sql.indexOf(literal, at + parameter.size())) {
             const qsizetype end = at + literal.size();

@@ -38,11 +38,14 @@ public:
     [[nodiscard]] const QString &text() const { return m_text; }
     [[nodiscard]] const std::vector<Value> &values() const { return m_values; }
 
+    /// A part does not hold all values.
+    enum class Extent : quint8 { Whole, Part };
     /// A statement of this shape whose values cannot be confused with anything else.
     [[nodiscard]] SqlText sample() const;
     /// Puts ?1, ?2, ... into the translated sample in the places of its values. Nothing when one of them is
     /// not found as a whole literal.
-    [[nodiscard]] std::optional<QByteArray> withParameters(QByteArray translatedSample) const;
+    [[nodiscard]] std::optional<QByteArray> withParameters(QByteArray translatedSample,
+                                                           Extent extent = Extent::Whole) const;
 
 private:
     void addValue(const Value &value);

@@ -18,6 +18,13 @@ std::optional<Translation> translateShape(const StatementShape &shape, const Dia
         if (!sql || hasValuesInCounts)
             return std::nullopt;
         translation.sql = std::move(*sql);
+        for (PlanByBound &plan : translation.plansByBound) {
+            const auto count = shape.withParameters(plan.count, StatementShape::Extent::Part);
+            const auto own = shape.withParameters(plan.sql);
+            if (!count || !own)
+                return std::nullopt;
+            plan = {*count, *own};
+        }
         return translation;
     } catch (const DialectError &) {
         return std::nullopt;

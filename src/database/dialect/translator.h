@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 
+#include <functional>
 #include <stdexcept>
 #include <vector>
 
@@ -36,6 +37,21 @@ struct CountStatement
     QByteArray sql; ///< returns keys with their counts; a missing key counts 0
 };
 
+/// Another plan of a select, better if few rows meet one of its bounds. The engine knows the number of rows,
+/// not how values are spread.
+struct PlanByBound
+{
+    QByteArray count; ///< returns how many rows meet the bound, at most a few, and how many are a few
+    QByteArray sql;   ///< the same select
+};
+
+/// What the count of a plan returned.
+struct CountWithin
+{
+    qint64 rows;
+    qint64 fewRows;
+};
+
 /// A statement in the engine's own language.
 struct Translation
 {
@@ -43,6 +59,12 @@ struct Translation
     StatementKind kind = StatementKind::Select;
     std::vector<Column> columns; ///< of the result, in order; empty but for a select
     std::vector<CountStatement> counts;
+    std::vector<PlanByBound> plansByBound;
+
+    /// The plan by the bound that the fewest rows meet, if these are few, else `sql`. `run` runs the count of
+    /// a plan.
+    [[nodiscard]] const QByteArray &
+    bestSql(const std::function<CountWithin(const QByteArray &count)> &run) const;
 };
 
 /// Reads one statement of the dialect and writes it for an engine. Throws DialectError for what the dialect

@@ -102,6 +102,20 @@ template<class Visit> void forEachExpression(const Select &select, Visit visit)
         visit(*select.having);
 }
 
+/// What must all hold for the condition to hold; nothing for none.
+[[nodiscard]] inline std::vector<const Expression *> conjunctsOf(const ExpressionPtr &condition)
+{
+    if (!condition)
+        return {};
+    const auto *chain = condition->as<Chain>();
+    if (!chain || chain->links.front().op != Operator::And)
+        return {condition.get()};
+    std::vector<const Expression *> result{chain->first.get()};
+    for (const Chain::Link &link : chain->links)
+        result.push_back(link.operand.get());
+    return result;
+}
+
 /// Whether nothing in it can differ from row to row. Where rows are grouped or sorted an engine may even take
 /// it for the position of a column: a conversion of a literal is written as the literal.
 [[nodiscard]] inline bool isConstant(const Expression &expression)

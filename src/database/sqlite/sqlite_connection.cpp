@@ -43,16 +43,21 @@ Catalog readCatalog(SqliteConnection &connection)
 {
     Catalog catalog;
     const RowBlock tables =
-        connection.queryNative("select name from sqlite_master where type in ('table','view')"
-                               " and name not like 'sqlite!_%' escape '!'");
+        connection.queryNative("select name, wr from pragma_table_list where schema='main'"
+                               " and type in ('table','view') and name not like 'sqlite!_%' escape '!'");
     for (qsizetype row = 0; row < tables.rowCount(); ++row) {
         Catalog::Table table{tables.value(row, 0).toString(), {}};
-        const RowBlock columns =
-            connection.queryNative("select name, type from pragma_table_info('" +
-                                   QString(table.name).replace(u'\'', u"''"_s).toUtf8() + "')");
-        for (qsizetype at = 0; at < columns.rowCount(); ++at)
+        const QByteArray name = '\'' + QString(table.name).replace(u'\'', u"''"_s).toUtf8() + '\'';
+        const QByteArray indexed = "select i.name from pragma_index_list(" + name +
+                                   ") l, pragma_index_info(l.name) i where i.seqno=0";
+        const RowBlock columns = connection.queryNative("select name, type, name in (" + indexed +
+                                                        ") from pragma_table_info(" + name + ')');
+        for (qsizetype at = 0; at < columns.rowCount(); ++at) {
             table.columns.push_back(
                 {columns.value(at, 0).toString(), typeOfDeclaration(columns.value(at, 1).toString())});
+            // Tables without row numbers cannot be counted roughly, so their indexes are not chosen from.
+            table.unindexed.push_back(columns.cell(at, 2) == "0" || tables.cell(row, 1) == "1");
+        }
         catalog.add(std::move(table));
     }
     return catalog;
@@ -197,13 +202,26 @@ template<class Run> auto SqliteConnection::runPrepared(const SqlText &statement,
     const Catalog &tables = catalog();
     const auto shape = StatementShape::of(statement);
     const Translation *known = shape ? m_translations.find(*shape, dialect(), tables) : nullptr;
-    if (!known) {
-        const Translation own = translated(statement);
-        return run(own, m_statements->prepare(own.sql).get());
-    }
-    const CachedStatement prepared = m_statements->prepare(known->sql);
-    bindValues(prepared.get(), shape->values());
-    return run(*known, prepared.get());
+    const std::optional<Translation> own = known ? std::nullopt : std::optional(translated(statement));
+    const Translation &translation = known ? *known : *own;
+    const std::vector<StatementShape::Value> noValues;
+    const std::vector<StatementShape::Value> &values = known ? shape->values() : noValues;
+    const CachedStatement prepared = m_statements->prepare(bestSql(translation, values));
+    bindValues(prepared.get(), values);
+    return run(translation, prepared.get());
+}
+
+/// The counts take a hundredth of what is saved.
+const QByteArray &SqliteConnection::bestSql(const Translation &translation,
+                                            const std::vector<StatementShape::Value> &values)
+{
+    return translation.bestSql([&](const QByteArray &text) -> CountWithin {
+        const CachedStatement count = m_statements->prepare(text);
+        bindValues(count.get(), values);
+        if (sqlite3_step(count.get()) != SQLITE_ROW)
+            fail();
+        return {sqlite3_column_int64(count.get(), 0), sqlite3_column_int64(count.get(), 1)};
+    });
 }
 
 RowBlock SqliteConnection::query(const SqlText &statement)

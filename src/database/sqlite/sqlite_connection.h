@@ -63,6 +63,8 @@ private:
     template<class Run> auto runTranslated(const SqlText &statement, Run run);
     /// Prepares the statement, by its shape where it has one, and passes it to `run` with its values bound.
     template<class Run> auto runPrepared(const SqlText &statement, Run run);
+    [[nodiscard]] const QByteArray &bestSql(const Translation &translation,
+                                            const std::vector<StatementShape::Value> &values);
     [[nodiscard]] ListCounts countsFor(const Translation &translation);
     [[nodiscard]] Translation translated(const SqlText &statement);
     /// False when the schema has not changed since the catalog was read.

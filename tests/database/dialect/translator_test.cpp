@@ -49,4 +49,30 @@ TEST(Translation, CountsForAWholeListAtOnce)
     EXPECT_TRUE(countsOf(postgresDialect(), u"group by 房源编号,房源ID").empty());
 }
 
+/// That the plans give the same rows is shown where they are run.
+TEST(Translation, OffersAPlanForEachLoneBound)
+{
+    struct
+    {
+        const char16_t *rest;
+        size_t plans;
+    } const cases[] = {
+        {u"where 总面积>=600", 1},
+        {u"where 1=1 and 总面积>=600 and 售房价格<9 and val(楼层)>=3 order by 1", 2},
+        {u"where 总面积>=80 and 总面积<=100 and 售房价格>=5", 0}, // which is a search anyway
+        {u"where 地区='x' and 总面积>=600", 0},
+        {u"where 总面积>=600 or 售房价格>=5", 0},
+        {u"where 雇员ID>=5", 0}, // only of the table that is read first
+        {u"where 总面积<>5 and 总面积>=租房价格 and 委托日期>=#2026-1-1#", 0},
+        {u"", 0},
+    };
+    for (const auto &[rest, plans] : cases) {
+        const QString sql = u"select 房源编号 from fyxx A left join pdmgy D on A.业务员ID=D.雇员ID "_qs +
+                            QString::fromUtf16(rest);
+        EXPECT_EQ(translate(sql, sqliteDialect(), schemaCatalog()).plansByBound.size(), plans)
+            << sql.toStdString();
+        EXPECT_TRUE(translate(sql, postgresDialect(), schemaCatalog()).plansByBound.empty());
+    }
+}
+
 } // namespace ebtq::db::test

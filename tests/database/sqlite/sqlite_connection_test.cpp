@@ -208,6 +208,33 @@ TEST_F(SqliteConnectionTest, TransactionsEndOneWayOrTheOther)
     EXPECT_EQ(count(*connection), 2);
 }
 
+/// Whichever plan is taken, in order; also where rows have no numbers by which few of them are known.
+TEST_F(SqliteConnectionTest, RowsWithinABoundAreThoseThatMeetIt)
+{
+    const auto connection = make();
+    const auto within = [&](const char16_t *table, int least) {
+        const SqlText sql =
+            SqlText(u"select id from %1 where 1=1 and 面积>="_qs.arg(QString::fromUtf16(table))) +
+            typed(QString::number(least)) + QStringView(u" order by id desc");
+        QStringList ids;
+        const RowBlock rows = connection->query(sql);
+        for (qsizetype row = 0; row < rows.rowCount(); ++row)
+            ids += rows.value(row, 0).toString();
+        return ids.join(u' ').toStdString();
+    };
+    connection->executeNative("create index a on t(面积);"
+                              "create table u(id text primary key, 面积 numeric) without rowid;"
+                              "create index b on u(面积)");
+    EXPECT_EQ(within(u"t", 7), "") << "none at all";
+    connection->executeNative("with recursive n(i) as (select 1 union all select i+1 from n where i<60)"
+                              "insert into t(id,面积) select i,i from n;"
+                              "insert into u select id,面积 from t");
+    EXPECT_EQ(within(u"t", 60), "60");
+    EXPECT_EQ(within(u"t", 57), "60 59 58 57");
+    EXPECT_EQ(within(u"t", 1).size(), size_t(60 * 3 - 10));
+    EXPECT_EQ(within(u"u", 60), "60");
+}
+
 TEST_F(SqliteConnectionTest, AForeignDatabaseIsLookedAtAndNotChanged)
 {
     ASSERT_TRUE(QFile(path("a.db")).open(QIODevice::WriteOnly));
