@@ -53,6 +53,11 @@ Navigation::Navigation(const QStringList &classNames, QWidget *parent)
     setCollapsed(false);
 }
 
+QString Navigation::entryName(host::ModuleId module)
+{
+    return QStringLiteral("Navigation_%1").arg(static_cast<int>(module));
+}
+
 void Navigation::addGroup(const QString &caption)
 {
     auto *label = new QLabel(caption);
@@ -65,7 +70,7 @@ void Navigation::addEntry(const host::ModuleEntry &module, const QString &icon)
 {
     auto *button = new QToolButton;
     button->setProperty("kind", QStringLiteral("nav"));
-    button->setObjectName(QStringLiteral("Navigation_%1").arg(static_cast<int>(module.id)));
+    button->setObjectName(entryName(module.id));
     name(*button, module.caption.toString());
     button->setIcon(look::icon(icon, &look::Tokens::navigationInk));
     button->setCheckable(true);

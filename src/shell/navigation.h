@@ -21,6 +21,9 @@ public:
     /// `classNames` are those of the component library; an entry whose class is not among them is not shown.
     explicit Navigation(const QStringList &classNames, QWidget *parent = nullptr);
 
+    /// What the button of a module's entry is called.
+    [[nodiscard]] static QString entryName(host::ModuleId module);
+
     void setCollapsed(bool collapsed);
     [[nodiscard]] bool isCollapsed() const { return m_collapsed; }
     [[nodiscard]] QSize sizeHint() const override;

@@ -1,6 +1,7 @@
 #include "robot.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
@@ -223,6 +224,8 @@ void Robot::pressShortcut(QWidget &top)
         sequences.append(shortcut->key());
     for (const auto *button : top.findChildren<QAbstractButton *>())
         sequences.append(button->shortcut());
+    for (const auto *action : top.findChildren<QAction *>())
+        sequences.append(action->shortcut());
     sequences.removeAll(QKeySequence());
     if (sequences.isEmpty())
         return;

@@ -18,7 +18,8 @@ using namespace Qt::StringLiterals;
 
 constexpr int longestSilence = 60'000; // milliseconds without an action
 constexpr int shownActions = 50;
-const QStringList tables = {u"fyxx"_s, u"fykh"_s, u"fygj"_s, u"pubAttach"_s};
+const QStringList tables = {u"fyxx"_s,    u"fykh"_s,  u"fygj"_s, u"pubAttach"_s,
+                            u"pdmlpzd"_s, u"pdmcq"_s, u"pdmfx"_s};
 
 class Watch
 {

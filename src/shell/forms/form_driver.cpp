@@ -74,11 +74,11 @@ std::span<const FormDriver::Command> FormDriver::commands()
          &IFormUI::IFormUI_RecordNext},
         {u"last", u"go-last", u"末条", Qt::CTRL | Qt::Key_End, Browsing, 0, &IFormUI::IFormUI_RecordBottom},
         separator,
-        {u"find", u"edit-find", u"查找(&F)", Qt::CTRL | Qt::Key_F, Browsing, 0, &Form::find},
+        {u"find", u"edit-find", u"查找", Qt::CTRL | Qt::Key_F, Browsing, 0, &Form::find},
         {u"findNext", u"go-down", u"查找下一个", Qt::Key_F3, Browsing, 0, &Form::findNext},
         separator,
         {u"print", u"document-print", u"打印", Qt::CTRL | Qt::Key_P, Printing, 0, &IFormUI::IFormUI_DoPrint},
-        {u"refresh", u"view-refresh", u"刷新(&R)", none, Browsing, 0, &Form::refresh},
+        {u"refresh", u"view-refresh", u"刷新", none, Browsing, 0, &Form::refresh},
         {u"close", u"dialog-close", u"关闭(&X)", none, Always, 0, &Form::close},
     };
     return all;

@@ -1,6 +1,6 @@
 #include "shell/tour/customer_steps.h"
 
-#include "host/module_ids.h"
+#include "shell/navigation.h"
 #include "shell/tour/detail_walk.h"
 #include "shell/tour/tour.h"
 
@@ -27,7 +27,7 @@ void open(Tour &tour)
 {
     Person &person = tour.person();
     person.window().resize(1440, 900);
-    person.click(QStringLiteral("Navigation_%1").arg(static_cast<int>(host::CustomerModule)));
+    person.click(Navigation::entryName(host::CustomerModule));
     waitForList(tour, QStringLiteral("客源列表"));
 }
 
@@ -73,13 +73,9 @@ void seeFollowUps(Tour &tour)
     moveToRecordWith(tour, QStringLiteral("VsGj"), QStringLiteral("位客源"));
 }
 
-void fill(Tour &tour, int number, const QString &text)
+QString field(int number)
 {
-    Person &person = tour.person();
-    person.focus(QStringLiteral("qzTxt_%1").arg(number));
-    person.press(Qt::Key_A, Qt::ControlModifier);
-    person.type(text);
-    person.press(Qt::Key_Tab);
+    return QStringLiteral("qzTxt_%1").arg(number);
 }
 
 /// Refused without a telephone number, then saved. The form stays open for the next one.
@@ -89,13 +85,13 @@ void writeRequest(Tour &tour)
     person.withDialog([&] { person.click(QStringLiteral("NavToolbar1_new")); },
                       [&] {
                           tour.takePicture(QStringLiteral("customer-empty"));
-                          fill(tour, nameField, name);
+                          person.fill(field(nameField), name);
                           person.withDialog([&] { person.click(QStringLiteral("Cmd_0")); },
                                             [&] {
                                                 tour.takePicture(QStringLiteral("customer-refused"));
                                                 person.press(Qt::Key_Return);
                                             });
-                          fill(tour, telephoneField, QStringLiteral("138****2026"));
+                          person.fill(field(telephoneField), QStringLiteral("138****2026"));
                           tour.takePicture(QStringLiteral("customer-filled"));
                           person.withDialog([&] { person.click(QStringLiteral("Cmd_0")); },
                                             [&] { person.press(Qt::Key_Escape); });

@@ -23,15 +23,6 @@ QString fieldText(Tour &tour, int number)
     return tour.person().see<QLineEdit>(fieldName(number)).text();
 }
 
-void fill(Tour &tour, int number, const QString &text)
-{
-    Person &person = tour.person();
-    person.focus(fieldName(number));
-    person.press(Qt::Key_A, Qt::ControlModifier);
-    person.type(text);
-    person.press(Qt::Key_Tab);
-}
-
 /// A cell of the current row of the list.
 QString currentCell(Tour &tour, int column)
 {
@@ -66,7 +57,7 @@ void fillNewListing(Tour &tour)
         {48, QStringLiteral("有匙")},      {49, QStringLiteral("A-17")},
         {50, QStringLiteral("陈先生")}};
     for (const auto &[number, text] : texts)
-        fill(tour, number, text);
+        tour.person().fill(fieldName(number), text);
     tour.person().focus(QStringLiteral("Txt_1"));
     tour.person().type(QStringLiteral("满五唯一，可议价"));
 }
@@ -108,7 +99,7 @@ void changeListing(Tour &tour)
                       [&] {
                           tour.note(QStringLiteral("  修改：%1").arg(fieldText(tour, 0)));
                           tour.takePicture(QStringLiteral("editor-filled"));
-                          fill(tour, 25, QStringLiteral("612.5"));
+                          person.fill(fieldName(25), QStringLiteral("612.5"));
                           person.click(QStringLiteral("Cmd_0"));
                       });
 }

@@ -1,7 +1,7 @@
 #include "shell/tour/follow_up_steps.h"
 
 #include "database/values/date_text.h"
-#include "host/module_ids.h"
+#include "shell/navigation.h"
 #include "shell/tour/detail_walk.h"
 #include "shell/tour/tour.h"
 
@@ -20,11 +20,6 @@ constexpr int contentsColumn = 2;
 constexpr int resultColumn = 9;
 const QString talk = QStringLiteral("带看后有意向，约定今天回电");
 const QString answer = QStringLiteral("已回电，周末再看");
-
-QString navigationName(host::ModuleId module)
-{
-    return QStringLiteral("Navigation_%1").arg(static_cast<int>(module));
-}
 
 QString list()
 {
@@ -48,7 +43,7 @@ void writeReminder(Tour &tour)
                       });
     person.waitFor(
         [&] {
-            const auto &entry = person.see<QToolButton>(navigationName(host::ReminderModule));
+            const auto &entry = person.see<QToolButton>(Navigation::entryName(host::ReminderModule));
             return entry.text().contains(u'(');
         },
         QStringLiteral("导航中的提醒条数"));
@@ -108,7 +103,7 @@ void seeSettled(Tour &tour)
 void openFollowUps(Tour &tour)
 {
     Person &person = tour.person();
-    person.click(navigationName(host::FollowUpModule));
+    person.click(Navigation::entryName(host::FollowUpModule));
     waitForList(tour, QStringLiteral("跟进列表"));
 }
 
@@ -162,7 +157,7 @@ void seeSource(Tour &tour)
     Person &person = tour.person();
     person.waitFor(
         [&] {
-            const auto &entry = person.see<QToolButton>(navigationName(host::CustomerModule));
+            const auto &entry = person.see<QToolButton>(Navigation::entryName(host::CustomerModule));
             return entry.isChecked();
         },
         QStringLiteral("客源列表"));

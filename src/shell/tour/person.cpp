@@ -101,15 +101,32 @@ void Person::wrongKind(const QString &objectName)
     throw Failure(QStringLiteral("控件“%1”不是预期的种类").arg(objectName));
 }
 
+void Person::deliverMouse(QWidget &receiver, QEvent::Type type, QPoint place, Qt::MouseButtons held)
+{
+    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    deliver(receiver,
+            new QMouseEvent(type, place, receiver.mapToGlobal(QPointF(place)), button, held, Qt::NoModifier));
+}
+
 void Person::click(const QString &objectName)
 {
     QWidget &widget = find(objectName);
-    const QPointF place(widget.height() / 2.0, widget.height() / 2.0); // where a tick box has its box, too
-    const QPointF onScreen = widget.mapToGlobal(place);
-    deliver(widget, new QMouseEvent(QEvent::MouseButtonPress, place, onScreen, Qt::LeftButton, Qt::LeftButton,
-                                    Qt::NoModifier));
-    deliver(widget, new QMouseEvent(QEvent::MouseButtonRelease, place, onScreen, Qt::LeftButton, Qt::NoButton,
-                                    Qt::NoModifier));
+    click(widget, {widget.height() / 2, widget.height() / 2}); // where a tick box has its box, too
+}
+
+void Person::click(QWidget &widget, QPoint place)
+{
+    deliverMouse(widget, QEvent::MouseButtonPress, place, Qt::LeftButton);
+    deliverMouse(widget, QEvent::MouseButtonRelease, place, Qt::NoButton);
+}
+
+void Person::drag(QWidget &widget, QPoint from, QPoint to, const std::function<void()> &onTheWay)
+{
+    deliverMouse(widget, QEvent::MouseButtonPress, from, Qt::LeftButton);
+    for (const QPoint place : {(from + to) / 2, to})
+        deliverMouse(widget, QEvent::MouseMove, place, Qt::LeftButton);
+    onTheWay();
+    deliverMouse(widget, QEvent::MouseButtonRelease, to, Qt::NoButton);
 }
 
 void Person::focus(const QString &objectName)
@@ -136,6 +153,14 @@ void Person::type(const QString &text)
     for (const QChar letter : text)
         deliver(keyboardOwner(m_window),
                 new QKeyEvent(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter));
+}
+
+void Person::fill(const QString &objectName, const QString &text)
+{
+    focus(objectName);
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(text);
+    press(Qt::Key_Tab);
 }
 
 void Person::withPopup(const std::function<void()> &opens, const std::function<void()> &inside)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEvent>
 #include <QList>
 #include <QPixmap>
 #include <QPointer>
@@ -8,7 +9,6 @@
 
 #include <functional>
 
-class QEvent;
 class QWidget;
 
 namespace ebtq::shell {
@@ -31,12 +31,17 @@ public:
         return *widget;
     }
     void click(const QString &objectName);
+    void click(QWidget &widget, QPoint place);
+    /// The mouse held down from one place to the other.
+    void drag(QWidget &widget, QPoint from, QPoint to, const std::function<void()> &onTheWay);
     void focus(const QString &objectName);
     /// As by the keyboard's key for it.
     void askForMenu(const QString &objectName);
     /// Keys go to whatever has the keyboard, a pop-up first.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString &text);
+    /// Types over what a field holds, and leaves it.
+    void fill(const QString &objectName, const QString &text);
     /// Does `opens`, which pops something up and returns when that closed, and `inside` while it is open.
     void withPopup(const std::function<void()> &opens, const std::function<void()> &inside);
     /// The same for a form or a message box; one that is still open behind `inside` is closed, as a failure.
@@ -55,6 +60,7 @@ private:
                     const std::function<void()> &inside);
 
     void deliver(QWidget &receiver, QEvent *event);
+    void deliverMouse(QWidget &receiver, QEvent::Type type, QPoint place, Qt::MouseButtons held);
     void watchForBoxes();
 
     QWidget &m_window;

@@ -343,12 +343,8 @@ std::vector<TourStep> tourSteps()
     auto next = result.begin() + 1;
     for (const std::span<const TourStep> part : {detailSteps(), pickerSteps(), actionSteps()})
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
-    const std::span<const TourStep> editor = editorSteps();
-    result.insert(result.end(), editor.begin(), editor.end());
-    const std::span<const TourStep> customers = customerSteps();
-    result.insert(result.end(), customers.begin(), customers.end());
-    const std::span<const TourStep> followUps = followUpSteps();
-    result.insert(result.end(), followUps.begin(), followUps.end());
+    for (const std::span<const TourStep> part : {editorSteps(), customerSteps(), followUpSteps()})
+        result.insert(result.end(), part.begin(), part.end());
     return result;
 }
 
