@@ -9,12 +9,14 @@
 #include <QVBoxLayout>
 
 #include <exception>
+#include <utility>
 
 namespace ebtq::shell {
 
 namespace {
 
 constexpr int separatorHeight = 18;
+constexpr int narrowest = 700;
 
 } // namespace
 
@@ -59,10 +61,10 @@ void CommandBar::addButton(QAction &action)
     button->setProperty("kind", QStringLiteral("flat"));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
-    const auto follow = [&action, button] {
+    const auto follow = [this, &action, button] {
         const QString key = action.shortcut().toString(QKeySequence::NativeText);
-        button->setToolButtonStyle(action.priority() == QAction::LowPriority ? Qt::ToolButtonIconOnly
-                                                                             : Qt::ToolButtonTextBesideIcon);
+        button->setToolButtonStyle(isIconAlone(action) ? Qt::ToolButtonIconOnly
+                                                       : Qt::ToolButtonTextBesideIcon);
         button->setText(action.text());
         button->setIcon(action.icon());
         button->setEnabled(action.isEnabled());
@@ -72,9 +74,33 @@ void CommandBar::addButton(QAction &action)
                                          : QStringLiteral("%1 (%2)").arg(action.toolTip(), key));
     };
     connect(&action, &QAction::changed, button, follow);
+    connect(this, &CommandBar::fitted, button, follow);
     connect(button, &QToolButton::clicked, &action, &QAction::trigger);
     follow();
     m_row->addWidget(button);
+}
+
+bool CommandBar::isIconAlone(const QAction &action) const
+{
+    return action.priority() <= (m_isNarrow ? QAction::NormalPriority : QAction::LowPriority);
+}
+
+QSize CommandBar::minimumSizeHint() const
+{
+    return {narrowest, QWidget::minimumSizeHint().height()};
+}
+
+void CommandBar::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    setNarrow(false);
+    setNarrow(m_row->minimumSize().width() > width());
+}
+
+void CommandBar::setNarrow(bool narrow)
+{
+    if (std::exchange(m_isNarrow, narrow) != narrow)
+        Q_EMIT fitted();
 }
 
 void CommandBar::addSeparator()

@@ -146,6 +146,9 @@ TEST_F(FollowUpsTest, RemindersAreCountedAndToldOf)
     QTest::qWait(1);
     click(u"ReminderNotice_act"_qs);
     EXPECT_EQ(list().model()->rowCount(), 3) << "an open list is loaded again";
+    window.resize(1024, 700);
+    QApplication::processEvents();
+    EXPECT_EQ(window.width(), 1024) << "not as wide as the texts of all commands";
 }
 
 TEST_F(FollowUpsTest, AReminderIsSettledAndPutOff)

@@ -19,6 +19,9 @@ FollowUpCommands::FollowUpCommands(HostApp &app, host::ModuleId id, QObject &mod
         addReminderCommands(commands);
     commands.add(QStringLiteral("source"), QStringLiteral("document-open"), QStringLiteral("打开来源(&O)"),
                  [this] { Q_EMIT sourceWanted(host::sourceOf(m_app, current())); });
+    const QList<QAction *> own = commands.actions(); // the common ones come later
+    for (QAction *command : own)
+        command->setPriority(QAction::HighPriority); // nobody knows them by their icons
 }
 
 void FollowUpCommands::addReminderCommands(ListCommands &commands)
