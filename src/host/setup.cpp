@@ -1,10 +1,7 @@
 #include "host/setup.h"
 
-#include "contracts/host_contracts.h"
 #include "host/host_parameters.h"
 #include "host/module_ids.h"
-#include "host/rights.h"
-#include "host/users.h"
 
 using namespace Qt::StringLiterals;
 
@@ -64,15 +61,6 @@ bool hasUsers(db::Connection &connection)
 {
     return connection.catalog().table(u"host_users") &&
            connection.query(u"select top 1 userID from host_users"_s).rowCount() != 0;
-}
-
-void createFirstUser(db::Connection &connection, const QString &name, const QString &password)
-{
-    db::Transaction transaction(connection);
-    if (hasUsers(connection))
-        throw Failure(u"数据库中已有用户，不能再创建首个用户！"_s);
-    grantAll(connection, createUser(connection, {name, password, 0}));
-    transaction.commit();
 }
 
 } // namespace ebtq::host

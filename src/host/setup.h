@@ -11,7 +11,5 @@ db::InstallReport prepareDatabase(db::Connection &connection, db::Foreign foreig
 
 /// False too for a database without a schema.
 [[nodiscard]] bool hasUsers(db::Connection &connection);
-/// Writes the first user of a database, with every right. Throws Failure when there is one already.
-void createFirstUser(db::Connection &connection, const QString &name, const QString &password);
 
 } // namespace ebtq::host

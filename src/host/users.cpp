@@ -13,7 +13,6 @@ namespace ebtq::host {
 
 namespace {
 
-constexpr qsizetype shortestPassword = 8;
 constexpr auto cannotHash = u"系统内存不足，无法处理密码！";
 
 void startSodium()
@@ -65,15 +64,23 @@ PasswordCost PasswordCost::lowest()
     return {crypto_pwhash_OPSLIMIT_MIN, crypto_pwhash_MEMLIMIT_MIN};
 }
 
-void requireUserName(const QString &name)
+void requireName(const QString &what, const QString &name)
 {
+    constexpr qsizetype longest = 50;
     const QString kept = name.trimmed();
     if (kept.isEmpty())
-        throw Failure(u"用户名不能为空，请输入！"_s);
+        throw Failure(u"%1不能为空，请输入！"_s.arg(what));
+    if (kept.size() > longest)
+        throw Failure(u"%1不能超过 %2 个字符，请缩短！"_s.arg(what).arg(longest));
     if (kept.contains(u'\''))
-        throw Failure(u"用户名不能含有单引号，请换一个！"_s);
+        throw Failure(u"%1不能含有单引号，请换一个！"_s.arg(what));
     if (std::any_of(kept.begin(), kept.end(), [](QChar c) { return c.category() == QChar::Other_Control; }))
-        throw Failure(u"用户名不能含有换行、制表符等控制字符，请换一个！"_s);
+        throw Failure(u"%1不能含有换行、制表符等控制字符，请换一个！"_s.arg(what));
+}
+
+void requireUserName(const QString &name)
+{
+    requireName(u"用户名"_s, name);
 }
 
 void requirePassword(const QString &password)

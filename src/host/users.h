@@ -51,10 +51,12 @@ void writeSystemLog(const QString &line);
 [[nodiscard]] User signIn(db::Connection &connection, const QString &name, const QString &password,
                           const SignInLog &log = writeSystemLog);
 
-/// Throws Failure for a name that no user can have: an empty one, one with an apostrophe, which no statement
-/// can carry, and one with control characters, which nobody sees and nobody can type. Blanks around a name
-/// do not count.
+/// Throws Failure for a name that nothing can have: an empty one, one of more than 50 characters, one with an
+/// apostrophe, which no statement can carry, and one with control characters, which nobody sees and nobody
+/// can type. Blanks around a name do not count. `what` is named: "部门名称".
+void requireName(const QString &what, const QString &name);
 void requireUserName(const QString &name);
+inline constexpr qsizetype shortestPassword = 8;
 /// Throws Failure for a password that is too short to be chosen; those chosen before stay good.
 void requirePassword(const QString &password);
 

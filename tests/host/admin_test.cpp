@@ -90,6 +90,26 @@ TEST_F(AdminTest, InitMakesTheFirstUserOnceAndWritesNothingWithoutOne)
     EXPECT_EQ(sql(u"select username,isActive from host_users"_qs).output, u"甲\t1\n"_qs);
 }
 
+TEST_F(AdminTest, InitMakesAnAgencyWithoutAScreen)
+{
+    QFile districts(m_folder.filePath(u"districts.txt"_qs));
+    ASSERT_TRUE(districts.open(QIODevice::WriteOnly));
+    districts.write("云泽市\n  望澜区\n    柳岸\n");
+    districts.close();
+    const QString call =
+        u"init --db @ --agency 望澜房产 --department 一部 --standard-dictionaries --districts "_qs;
+    expectRefusal(run(call + u"none.txt"_qs, {}, "secret-1\n"), 1, call);
+    EXPECT_EQ(run(call + districts.fileName(), {}, "secret-1\n").status, 0);
+    const QString facts =
+        u"select A.username & C.mtname & 姓名 & 地区 from (((host_users A left join su_membership B "
+        "on A.userID=B.userID) left join su_usertype C on B.UserTypeID=C.mtID) left join pdmgy D "
+        "on A.username=D.姓名) left join pdmdq E on E.是否明细=1"_qs;
+    EXPECT_EQ(sql(facts).output, u"管理员一部管理员柳岸\n"_qs);
+    sql(u"delete from pdmfx"_qs);
+    const Outcome again = run(u"init --db @ --standard-dictionaries"_qs);
+    EXPECT_TRUE(again.output.contains(u"已写入 1 个字典")) << again.output.toStdString();
+}
+
 TEST_F(AdminTest, SomebodyElsesFileIsTakenOverWhenAsked)
 {
     db::Connection::open(m_file, db::Connection::Missing::IsCreated)
@@ -129,15 +149,15 @@ TEST_F(AdminTest, FailuresGoToTheErrorStream)
 TEST_F(AdminTest, BatchAnswersEachLineAndGoesOnAfterErrors)
 {
     initialise();
-    const QStringList lines = batch("insert into pdmgy(雇员ID,姓名) values(1,'甲')\n"
+    const QStringList lines = batch("insert into pdmcq(产权ID,产权名称) values(1,'甲')\n"
                                     "\n   \t\n"
-                                    "insert into pdmgy(雇员ID,姓名) values(2,null)\r\n"
-                                    "select 雇员ID,姓名 from pdmgy order by 雇员ID\n"
-                                    "select 姓名 from pdmgy where 雇员ID=9\n"
-                                    "insert into pdmgy(雇员ID,姓名) values(2,'again')\n"
+                                    "insert into pdmcq(产权ID,产权名称) values(2,null)\r\n"
+                                    "select 产权ID,产权名称 from pdmcq order by 产权ID\n"
+                                    "select 产权名称 from pdmcq where 产权ID=9\n"
+                                    "insert into pdmcq(产权ID,产权名称) values(2,'again')\n"
                                     "select '\xff\xfe'\n"
-                                    "UPDATE pdmgy set 姓名='乙'\n"
-                                    "select 姓名 from pdmgy where 雇员ID=2");
+                                    "UPDATE pdmcq set 产权名称='乙'\n"
+                                    "select 产权名称 from pdmcq where 产权ID=2");
     ASSERT_EQ(lines.size(), 11) << lines.join(u'\n').toStdString();
     EXPECT_EQ(lines.mid(0, 6).join(u';'), u"-- ok 1;-- ok 1;1\t甲;2\tNULL;-- ok 2;-- ok 0"_qs);
     EXPECT_TRUE(lines.at(6).startsWith(u"-- error: "));
@@ -156,10 +176,11 @@ TEST_F(AdminTest, OutputThatIsNotWrittenIsAFailure)
         {u"--help"_qs, {}},
     };
     for (const auto &[call, further] : calls)
-        expectRefusal(run(call, further, "select 1\ninsert into pdmgy(雇员ID,姓名) values(1,'unanswered')\n",
+        expectRefusal(run(call, further,
+                          "select 1\ninsert into pdmcq(产权ID,产权名称) values(1,'unanswered')\n",
                           u"/dev/full"_qs),
                       1, call);
-    EXPECT_EQ(sql(u"select count(*) from pdmgy"_qs).output, u"0\n"_qs);
+    EXPECT_EQ(sql(u"select count(*) from pdmcq"_qs).output, u"0\n"_qs);
 }
 
 TEST_F(AdminTest, AnArgumentThatIsNoTextIsRefused)

@@ -2,7 +2,7 @@
 
 #include "host/host_fixture.h"
 #include "host/rights.h"
-#include "host/setup.h"
+#include "host/start/agency.h"
 #include "support/messages.h"
 
 namespace ebtq::test {
@@ -88,13 +88,14 @@ TEST_F(UsersTest, RightsAreGrantedByRowsAlone)
 
 TEST_F(UsersTest, FirstUserHasEveryRightAndIsTheOnlyFirst)
 {
-    host::createFirstUser(*m_connection, m_name, m_password);
+    const host::NewAgency agency{{}, u"总部"_qs, m_name, m_password, {}, {}};
+    host::createAgency(*m_connection, agency);
     const QString id = signIn(*m_connection, m_name, m_password).id;
     for (const int right : {RightNew, RightDelete, RightEdit}) {
         EXPECT_TRUE(host::ModuleRights(*m_connection, id, 101).Allowed(right));
         EXPECT_TRUE(host::ModuleRights(*m_connection, id, 203).Allowed(right));
     }
-    EXPECT_THROW(host::createFirstUser(*m_connection, u"乙"_qs, m_password), Failure);
+    EXPECT_THROW(host::createAgency(*m_connection, agency), Failure);
 }
 
 } // namespace ebtq::test

@@ -7,14 +7,12 @@
 
 namespace ebtq::host {
 
-/// The short lists of the sample agency. Fields store an entry's name.
+/// What the sample's records hold of the standard lists. Fields store an entry's name.
 namespace words {
 inline constexpr QStringView uses[] = {u"住宅", u"商铺", u"写字楼", u"商住两用", u"车位", u"厂房"};
-inline constexpr QStringView buildingTypes[] = {u"多层", u"小高层", u"高层", u"别墅", u"商住楼"};
 inline constexpr QStringView orientations[] = {u"南", u"南北", u"东南", u"西南",
                                                u"东", u"北",   u"西",   u"东西"};
 inline constexpr QStringView deals[] = {u"出售", u"出租", u"租售"};
-inline constexpr QStringView states[] = {u"有效", u"暂缓", u"已售", u"已租", u"无效"};
 inline constexpr QStringView taxes[] = {u"各付各税", u"买方包税", u"卖方包税", u"实收"};
 inline constexpr QStringView commissions[] = {u"一般委托", u"独家委托", u"限时委托"};
 inline constexpr QStringView sources[] = {u"业主上门",   u"业主来电", u"网络",
@@ -24,7 +22,6 @@ inline constexpr QStringView decorations[] = {u"精装", u"中装", u"简装", u
 inline constexpr QStringView facilities[] = {u"水电气", u"水电气宽带", u"水电", u"水电气暖", u"设施齐全"};
 inline constexpr QStringView furniture[] = {u"齐全", u"部分", u"无"};
 inline constexpr QStringView appliances[] = {u"齐全", u"部分", u"无"};
-inline constexpr QStringView certificates[] = {u"不动产权证", u"房产证", u"购房合同", u"安置协议"};
 inline constexpr QStringView payments[] = {u"一次性", u"按揭", u"公积金", u"分期", u"押一付三", u"半年付"};
 inline constexpr QStringView fees[] = {u"双方各付", u"买方付", u"卖方付", u"面议"};
 inline constexpr QStringView viewings[] = {u"预约", u"有匙", u"随时", u"借匙"};
@@ -63,6 +60,7 @@ struct PropertyRight
 };
 [[nodiscard]] std::span<const PropertyRight> propertyRights();
 
+/// The built-in standard lists, whatever the installation's are: the sample's records are made for them.
 void writeDictionaries(db::Connection &connection);
 
 } // namespace ebtq::host

@@ -2,7 +2,7 @@
 
 #include "host/demo/calendar.h"
 #include "host/demo/dictionaries.h"
-#include "host/demo/table_writer.h"
+#include "host/table_writer.h"
 #include "host/module_ids.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "host/demo/places.h"
 
 #include "host/demo/dictionaries.h"
-#include "host/demo/table_writer.h"
+#include "host/table_writer.h"
 
 using namespace Qt::StringLiterals;
 

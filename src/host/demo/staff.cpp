@@ -1,6 +1,6 @@
 #include "host/demo/staff.h"
 
-#include "host/demo/table_writer.h"
+#include "host/table_writer.h"
 #include "host/module_ids.h"
 #include "host/rights.h"
 

@@ -1,12 +1,13 @@
 #include "shell/admin/commands.h"
 
+#include "contracts/host_contracts.h"
 #include "database/dialect/dialect.h"
 #include "database/dialect/translator.h"
 #include "database/schema/installer.h"
 #include "database/schema/tables.h"
 #include "host/demo/demo.h"
 #include "host/setup.h"
-#include "host/users.h"
+#include "host/start/agency.h"
 #include "shell/admin/command_line.h"
 #include "shell/admin/orphans.h"
 #include "shell/admin/output.h"
@@ -15,9 +16,10 @@
 #include "shell/admin/transfers.h"
 #include "shell/admin/utf8.h"
 
+#include <QFile>
+
 #include <cstdio>
 #include <iostream>
-#include <optional>
 
 namespace ebtq::admin {
 
@@ -31,19 +33,53 @@ std::unique_ptr<Connection> openDatabase(const CommandLine &line,
     return Connection::open(line.requiredText(QStringLiteral("db")), missing);
 }
 
-/// Nobody can sign in to a database without users: what the first one needs is asked for and judged before
-/// anything is written. Nothing when there are users.
-std::optional<host::NewUser> readFirstUser(const CommandLine &line, Connection &connection)
+QString textOr(const CommandLine &line, const QString &option, const QString &preset)
 {
-    if (host::hasUsers(connection))
-        return std::nullopt;
-    host::NewUser user;
-    user.name =
-        line.isSet(QStringLiteral("admin")) ? line.text(QStringLiteral("admin")) : QStringLiteral("管理员");
-    host::requireUserName(user.name);
-    user.password = readPassword();
-    host::requirePassword(user.password);
-    return user;
+    return line.isSet(option) ? line.text(option) : preset;
+}
+
+host::Districts readDistricts(const QString &fileName)
+{
+    if (fileName.isEmpty())
+        return {};
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Failure(QStringLiteral("无法读取地区文件“%1”：%2").arg(fileName, file.errorString()));
+    const auto text = decodeUtf8(file.readAll().toStdString());
+    if (!text)
+        throw Failure(QStringLiteral("地区文件“%1”不是 UTF-8 文本！").arg(fileName));
+    return host::readDistrictLines(*text);
+}
+
+/// Asked for and judged before anything is written.
+host::NewAgency readAgency(const CommandLine &line)
+{
+    host::NewAgency agency;
+    agency.name = line.text(QStringLiteral("agency"));
+    agency.department = textOr(line, QStringLiteral("department"), QStringLiteral("营业部"));
+    agency.administrator = textOr(line, QStringLiteral("admin"), QStringLiteral("管理员"));
+    host::requireName(QStringLiteral("部门名称"), agency.department);
+    host::requireUserName(agency.administrator);
+    agency.districts = readDistricts(line.text(QStringLiteral("districts")));
+    if (line.isSet(QStringLiteral("standard-dictionaries")))
+        agency.lists = host::readStandardLists(host::standardListsFile());
+    agency.password = readPassword();
+    host::requireAgency(agency);
+    return agency;
+}
+
+/// Lists that the agency has lost or never had; those with rows stay as they are.
+void upgrade(const CommandLine &line, Connection &connection, db::Foreign foreign)
+{
+    db::Transaction transaction(connection);
+    (void)host::prepareDatabase(connection, foreign);
+    if (line.isSet(QStringLiteral("standard-dictionaries"))) {
+        const QStringList written =
+            host::writeStandardLists(connection, host::readStandardLists(host::standardListsFile()));
+        printLine(stdout, QStringLiteral("已写入 %1 个字典").arg(written.size()));
+    }
+    db::updateStatistics(connection);
+    transaction.commit();
 }
 
 int initialise(const CommandLine &line)
@@ -52,19 +88,18 @@ int initialise(const CommandLine &line)
     const db::Foreign foreign =
         line.isSet(QStringLiteral("take-over")) ? db::Foreign::IsTakenOver : db::Foreign::IsRefused;
     db::requireInstallable(*connection, foreign);
-    const std::optional<host::NewUser> user = readFirstUser(line, *connection);
-    db::Transaction transaction(*connection);
-    const db::InstallReport report = host::prepareDatabase(*connection, foreign);
-    if (user)
-        host::createFirstUser(*connection, user->name, user->password);
-    db::updateStatistics(*connection);
-    transaction.commit();
-    printLine(stdout, QStringLiteral("数据库结构已是版本 %1（新增 %2 项）：%3")
-                          .arg(db::schemaVersion)
-                          .arg(report.added.size())
-                          .arg(connection->location()));
-    if (user)
-        printLine(stdout, QStringLiteral("已创建用户“%1”，拥有全部权限").arg(user->name.trimmed()));
+    QString administrator;
+    if (host::hasUsers(*connection)) {
+        upgrade(line, *connection, foreign);
+    } else {
+        const host::NewAgency agency = readAgency(line);
+        host::createAgency(*connection, agency, foreign);
+        administrator = agency.administrator.trimmed();
+    }
+    printLine(stdout,
+              QStringLiteral("数据库结构已是版本 %1：%2").arg(db::schemaVersion).arg(connection->location()));
+    if (!administrator.isEmpty())
+        printLine(stdout, QStringLiteral("已创建用户“%1”，拥有全部权限").arg(administrator));
     return 0;
 }
 
@@ -138,8 +173,11 @@ struct Command
 constexpr Command commands[] = {
     {{u"init",
       u"创建或升级数据库，并创建首个用户（密码取自环境变量 EBTQ_PASSWORD 或标准输入；"
+      u"--standard-dictionaries：写入标准字典；--districts：地区，一行一个，下级缩进；"
       u"--take-over：写入其他程序的数据库）",
-      u"db=文件或地址 admin=用户名 take-over", u""},
+      u"db=文件或地址 agency=机构名称 department=首个部门 admin=用户名 districts=文件 "
+      u"standard-dictionaries take-over",
+      u""},
      initialise},
     {{u"demo", u"写入示例数据，文件不存在时先创建",
       u"db=文件或地址 listings=数量 customers=数量 follow-ups=数量 seed=整数 date=日期", u""},

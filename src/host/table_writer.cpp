@@ -1,4 +1,4 @@
-#include "host/demo/table_writer.h"
+#include "host/table_writer.h"
 
 #include <utility>
 
