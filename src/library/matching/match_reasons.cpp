@@ -10,6 +10,7 @@
 #include "library/lists/list_grid.h"
 
 #include <iterator>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -164,34 +165,32 @@ void MatchReasons::setUpGrids()
 }
 
 /// One pass over the table: the number of all rows, of those that meet everything, and two counts for each
-/// criterion.
+/// criterion. Each criterion is tested once a row, below; without the limit a server would write the tests
+/// into every place that names them.
 void MatchReasons::readCounts(const std::vector<Bound> &bounds)
 {
-    const auto others = [&](const Bound *left) {
-        SqlText sql(u",sum(iif(1=1"_s);
-        for (const Bound &bound : bounds) {
-            if (&bound == left || !(bound.number > 0))
-                continue;
-            sql += QStringView(u" and ");
-            sql += bound.condition(m_of);
-        }
-        sql += QStringView(u",1,0))");
-        return sql;
-    };
+    constexpr int all = std::numeric_limits<int>::max();
     const Direction &direction = directionOf(m_of);
-    SqlText sql(u"select count(%1)"_s.arg(direction.number));
-    sql += others(nullptr);
+    SqlText tests(u"select top %1 %2"_s.arg(all).arg(direction.number));
+    QStringList met;
     for (const Bound &bound : bounds) {
         if (!(bound.number > 0))
             continue;
-        sql += QStringView(u",sum(iif(");
-        sql += bound.condition(m_of);
-        sql += QStringView(u",1,0))");
-        sql += others(&bound);
+        met += u"符合%1"_s.arg(met.size());
+        tests += SqlText(u",iif("_s) + bound.condition(m_of) + u",1,0) as %1"_s.arg(met.last());
     }
-    sql += u" from %1"_s.arg(direction.table);
-    const RowBlock counts = openRows(app().Db(), sql)->GetRows();
-    m_title += u"：共 %1 %3，全部符合 %2"_s.arg(whole(counts, 0), whole(counts, 1), direction.counted);
+    const QString sum = met.isEmpty() ? u"0"_s : met.join(u'+');
+    QString counts = u"select count(%1),sum(iif(%2=%3,1,0))"_s.arg(direction.number, sum).arg(met.size());
+    for (const QString &each : std::as_const(met))
+        counts += u",sum(%1),sum(iif(%2-%1=%3,1,0))"_s.arg(each, sum).arg(met.size() - 1);
+    const SqlText sql = SqlText(counts + u" from ("_s) + tests + u" from %1) A"_s.arg(direction.table);
+    showCounts(bounds, openRows(app().Db(), sql)->GetRows());
+}
+
+void MatchReasons::showCounts(const std::vector<Bound> &bounds, const RowBlock &counts)
+{
+    m_title +=
+        u"：共 %1 %3，全部符合 %2"_s.arg(whole(counts, 0), whole(counts, 1), directionOf(m_of).counted);
     m_criteria.setRows(1 + static_cast<int>(bounds.size()));
     int column = 2;
     for (int row = 1; const Bound &bound : bounds) {

@@ -44,6 +44,7 @@ private:
     bool read(const QString &id);
     void setUpGrids();
     void readCounts(const std::vector<Bound> &bounds);
+    void showCounts(const std::vector<Bound> &bounds, const RowBlock &counts);
     void readMisses(const std::vector<Bound> &bounds);
     [[nodiscard]] std::vector<Bound> boundsOf(const DetailRecord &record) const;
     [[nodiscard]] QString reason(const Bound &bound, const QString &found) const;
