@@ -3,6 +3,9 @@
 #include "library/controls/splitter.h"
 #include "library/customers/frm_kh.h"
 #include "library/customers/khxx.h"
+#include "library/dictionaries/pdm_cq.h"
+#include "library/dictionaries/pdm_fx.h"
+#include "library/dictionaries/pdm_lpzd.h"
 #include "library/followups/cx_gj.h"
 #include "library/followups/frm_gj.h"
 #include "library/followups/yj_tx.h"
@@ -15,6 +18,9 @@
 #include "screens/controls/splitter_view.h"
 #include "screens/customers/frm_kh_view.h"
 #include "screens/customers/khxx_view.h"
+#include "screens/dictionaries/pdm_cq_view.h"
+#include "screens/dictionaries/pdm_fx_view.h"
+#include "screens/dictionaries/pdm_lpzd_view.h"
 #include "screens/followups/cx_gj_view.h"
 #include "screens/followups/frm_gj_view.h"
 #include "screens/followups/yj_tx_view.h"
@@ -47,6 +53,9 @@ const ComponentClass classes[] = {
     componentClass<khxx, KhxxView>(QLatin1String("EBTQ_S.khxx")),
     componentClass<Cx_Gj, CxGjView>(QLatin1String("EBTQ_S.Cx_Gj")),
     componentClass<YjTx, YjTxView>(QLatin1String("EBTQ_S.YjTx")),
+    componentClass<PdmLpzd, PdmLpzdView>(QLatin1String("EBTQ_S.PdmLpzd")),
+    componentClass<PDMCq, PdmCqView>(QLatin1String("EBTQ_S.PDMCq")),
+    componentClass<PDMFx, PdmFxView>(QLatin1String("EBTQ_S.PDMFx")),
     componentClass<selPdm, PickerView>(QLatin1String("EBTQ_S.selPdm")),
     componentClass<selPdmLpzd, PickerView>(QLatin1String("EBTQ_S.selPdmLpzd")),
     componentClass<selPdmDz, PickerView>(QLatin1String("EBTQ_S.selPdmDz")),

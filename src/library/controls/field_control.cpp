@@ -57,7 +57,7 @@ void qzTxt_S::accept(const QString &text, const QVariant &value)
 
 void qzTxt_S::type(const QString &text)
 {
-    if (m_text == text)
+    if (m_text == text || m_isLocked)
         return;
     if (!m_beforeTyping)
         m_beforeTyping = State{m_text, m_value, m_isOpen};
@@ -100,6 +100,11 @@ void qzTxt_S::set_help_type(int type)
     changeLook(m_help_type, type);
 }
 
+void qzTxt_S::setLocked(bool locked)
+{
+    changeLook(m_isLocked, locked);
+}
+
 void qzTxt_S::setAlignment(int alignment)
 {
     changeLook(m_alignment, alignment);
@@ -107,7 +112,7 @@ void qzTxt_S::setAlignment(int alignment)
 
 void qzTxt_S::requestHelp(int left, int top)
 {
-    if (!m_help_flag || !Enabled())
+    if (!m_help_flag || !Enabled() || m_isLocked)
         return;
     const QString text = m_text;
     const QVariant value = m_value;
@@ -165,8 +170,16 @@ bool qzTxt_S::judgeAsNumber(QString &text) const
     return limit == std::floor(limit) && limit <= mostRows;
 }
 
+bool qzTxt_S::judgeByScreen(QVariant &value, QString &text)
+{
+    Q_EMIT FieldCheck(m_judge_base, m_text_field_code, m_text_field_name, value, text);
+    return !NullConv::ToText(value).isEmpty();
+}
+
 bool qzTxt_S::judge(QVariant &value, QString &text)
 {
+    if (m_judge_time == JudgeByScreen)
+        return judgeByScreen(value, text);
     if (m_judge_type == JudgeDate) {
         const auto date = parseDate(text);
         text = date ? regionalDate(*date) : text;
@@ -181,8 +194,7 @@ bool qzTxt_S::judge(QVariant &value, QString &text)
         value = entry ? entry->value : QString();
         return entry.has_value();
     }
-    Q_EMIT FieldCheck(m_judge_base, m_text_field_code, m_text_field_name, value, text);
-    return !NullConv::ToText(value).isEmpty();
+    return judgeByScreen(value, text);
 }
 
 } // namespace ebtq

@@ -36,6 +36,7 @@ class qzTxt_S : public Control
     Q_PROPERTY(QString text_field_code MEMBER m_text_field_code)
     Q_PROPERTY(QString text_field_name MEMBER m_text_field_name)
     Q_PROPERTY(QString error_message MEMBER m_error_message)
+    Q_PROPERTY(bool Locked READ Locked WRITE setLocked NOTIFY stateChanged)
     Q_PROPERTY(int Alignment MEMBER m_alignment NOTIFY stateChanged)
 
 public:
@@ -51,7 +52,8 @@ public:
         JudgeNumber = 100,
         JudgeLimit = 101,
     };
-    enum JudgeTime : int { JudgeNever = 0, JudgeOnLeaving = 1 };
+    /// JudgeByScreen is on leaving too, but by FieldCheck alone, whatever the type of the check.
+    enum JudgeTime : int { JudgeNever = 0, JudgeOnLeaving = 1, JudgeByScreen = 2 };
     enum TextAlignment : int { AlignLeft = 0, AlignRight = 1, AlignCentre = 2 };
 
     explicit qzTxt_S(const QString &name, int index = -1);
@@ -82,14 +84,18 @@ public:
     void set_text_field_name(const QString &column) { m_text_field_name = column; }
     [[nodiscard]] const QString &error_message() const { return m_error_message; }
     void set_error_message(const QString &message) { m_error_message = message; }
+    /// A locked field shows its text and takes none; unlike a disabled one it can be read and copied.
+    [[nodiscard]] bool Locked() const { return m_isLocked; }
+    void setLocked(bool locked);
     [[nodiscard]] int Alignment() const { return m_alignment; }
     void setAlignment(int alignment);
 
     /// What a view calls when the help button, F4 or Alt+Down was pressed; the position is that of the
     /// field's lower left corner on the screen, in pixels. Nothing without help_flag.
     void requestHelp(int left, int top);
-    /// What a view calls when a person changed the text. The value of the former text is emptied at once:
-    /// until the check has found the new one, nothing may be filtered or saved by the old.
+    /// What a view calls when a person changed the text; nothing for a locked field. The value of the former
+    /// text is emptied at once: until the check has found the new one, nothing may be filtered or saved by
+    /// the old.
     void type(const QString &text);
     /// A person typed since the text was last accepted.
     [[nodiscard]] bool isTyped() const { return m_beforeTyping.has_value(); }
@@ -113,7 +119,11 @@ private:
     template<class T> void changeLook(T &member, T value);
     void replaceValue(const QVariant &value);
     void help(int left, int top);
-    [[nodiscard]] bool isJudged() const { return m_judge_type != JudgeNothing && m_judge_time != JudgeNever; }
+    [[nodiscard]] bool isJudged() const
+    {
+        return m_judge_time == JudgeByScreen || (m_judge_type != JudgeNothing && m_judge_time != JudgeNever);
+    }
+    [[nodiscard]] bool judgeByScreen(QVariant &value, QString &text);
     bool judge(QVariant &value, QString &text);
     [[nodiscard]] bool judgeAsNumber(QString &text) const;
     void accept();
@@ -141,6 +151,7 @@ private:
     QString m_text_field_code;
     QString m_text_field_name;
     QString m_error_message;
+    bool m_isLocked = false;
     int m_alignment = AlignLeft;
 };
 

@@ -87,11 +87,12 @@ protected:
         return false;
     }
 
+    /// HostDb.Release; nothing outside of Init ... Clear.
+    void releaseDatabase();
+
 private:
     friend class ModulePart;
     void reportTrapped(QStringView tag, const std::exception &failure);
-    void releaseDatabase();
-
     [[nodiscard]] QString failureText(QStringView tag, const std::exception &failure) const;
 
     QString m_name;

@@ -9,52 +9,25 @@
 #include "library/frame/desktop.h"
 #include "library/frame/guid_text.h"
 #include "library/frame/statements.h"
+#include "library/records/filled_in.h"
 
 #include <algorithm>
 
 namespace ebtq {
 
-namespace {
-
-bool isFilledIn(const QString &type)
-{
-    return type == u"TextBox" || type == u"qzTxt_S" || type == u"ComboBox" || type == u"CheckBox";
-}
-
-} // namespace
-
-EditorForm::EditorForm(const QString &name, QString arrayName, std::span<const EditorField> fields,
+EditorForm::EditorForm(const QString &name, const QString &arrayName, std::span<const EditorField> fields,
                        const RecordTable &record, Desktop &desktop, const QString &failureTitle)
     : Module(name, desktop, {name, failureTitle, true})
-    , m_arrayName(std::move(arrayName))
-    , m_descriptions(fields)
     , m_record(record)
-    , m_lookUps(*this, m_arrayName, *this)
+    , m_fields(*this, arrayName, fields, record, *this)
 {
     setObjectName(name);
-    for (const EditorField &description : fields)
-        addField(description);
-}
-
-const EditorField &EditorForm::fieldOf(int number) const
-{
-    if (number < 0 || static_cast<size_t>(number) >= m_descriptions.size())
-        throw Failure(QStringLiteral("没有编号为 %1 的输入框！").arg(number));
-    return m_descriptions[static_cast<size_t>(number)];
+    connect(&m_fields, &EditorFields::changed, this, [this] { m_isDirty = true; });
 }
 
 QString EditorForm::messageTitle()
 {
     return QStringLiteral("提示:");
-}
-
-void EditorForm::addField(const EditorField &description)
-{
-    auto &result = controls().add<qzTxt_S>(m_arrayName, static_cast<int>(m_fields.size()));
-    result.setCaption(description.caption.toString());
-    result.setAlignment(description.alignment);
-    m_fields.push_back(&result);
-    connectField(result);
 }
 
 TextBox &EditorForm::addMemo(const QString &name, int index, const QString &caption)
@@ -97,16 +70,6 @@ void EditorForm::addButtons(std::initializer_list<QStringView> captions)
     connect(&Cmd(1), &Button::Click, this, &EditorForm::closePressed);
 }
 
-void EditorForm::connectField(qzTxt_S &field)
-{
-    connect(&field, &qzTxt_S::FieldChange, this, [this] { m_isDirty = true; });
-    connect(&field, &qzTxt_S::valueChanged, this, [this, &field] {
-        field.setTag(NullConv::ToText(field.Value()));
-        m_isDirty = true;
-    });
-    m_lookUps.add(field, fieldOf(field.Index()).lookUp);
-}
-
 // Opening
 
 void EditorForm::open(HostApp &host, QStringView tag, const std::function<bool()> &load)
@@ -134,21 +97,12 @@ void EditorForm::reset()
         control->setVisible(true);
         control->setEnabled(true);
     }
-    InitFields();
+    m_fields.setUp();
 }
 
 void EditorForm::emptyFields()
 {
-    for (const auto &control : controls()) {
-        if (auto *box = qobject_cast<TextBox *>(control.get())) {
-            box->setText({});
-        } else if (auto *field = qobject_cast<qzTxt_S *>(control.get())) {
-            field->setValue(0);
-            field->setText({});
-        } else if (auto *tick = qobject_cast<CheckBox *>(control.get())) {
-            tick->setValue(0);
-        }
-    }
+    emptyFilledIn(controls());
 }
 
 void EditorForm::clearDirty()
@@ -156,34 +110,14 @@ void EditorForm::clearDirty()
     m_isDirty = false;
 }
 
-void EditorForm::InitFields()
-{
-    m_lookUps.setUp();
-    for (qzTxt_S *field : m_fields) {
-        const EditorField &description = fieldOf(field->Index());
-        if (description.lookUp.kind != LookUp::None || !isNumber(*field))
-            continue;
-        field->set_judge_type(qzTxt_S::JudgeNumber);
-        field->set_judge_time(qzTxt_S::JudgeOnLeaving);
-        field->set_error_message(description.title.toString() + FieldLookUps::refusal());
-    }
-}
-
 bool EditorForm::isWritable()
 {
     return !app().Db().ReadOnly();
 }
 
-/// By type: the rules enable and disable all controls of these types.
 void EditorForm::setTypesEnabled(bool enabled, std::initializer_list<int> fixed)
 {
-    for (const auto &control : controls()) {
-        const QString &type = control->TypeName();
-        if (isFilledIn(type))
-            control->setEnabled(enabled);
-        else if (type == u"TreeView" || type == u"ListView")
-            control->setEnabled(!enabled);
-    }
+    setFilledInEnabled(controls(), enabled);
     for (const int number : fixed)
         field(number).setEnabled(false);
 }
@@ -241,6 +175,7 @@ void EditorForm::put(const RecordColumn &column, const QString &text)
     case Holder::Option:
         optionOf(text).setValue(1);
         break;
+    case Holder::Cell:
     case Holder::Given:
         break;
     }
@@ -272,6 +207,7 @@ QString EditorForm::held(const RecordColumn &column) const
         return QString::number(tickSum());
     case Holder::Option:
         return QString::number(chosenOption());
+    case Holder::Cell:
     case Holder::Given:
         break;
     }
@@ -319,14 +255,6 @@ int EditorForm::chosenOption() const
 HeldText EditorForm::heldTexts() const
 {
     return [this](const RecordColumn &column) { return held(column); };
-}
-
-bool EditorForm::isNumber(const qzTxt_S &field) const
-{
-    return std::ranges::any_of(m_record.insert, [&](const RecordColumn &column) {
-        return column.holder == Holder::FieldText && column.number == field.Index() &&
-               column.saved == Saved::Number;
-    });
 }
 
 void EditorForm::refuse(const QString &message)

@@ -2,11 +2,9 @@
 
 #include "contracts/host_contracts.h"
 #include "library/controls/button.h"
-#include "library/controls/field_control.h"
 #include "library/frame/module.h"
-#include "library/records/field_look_ups.h"
+#include "library/records/editor_fields.h"
 #include "library/records/loaded_row.h"
-#include "library/records/record_table.h"
 
 #include <QDate>
 
@@ -23,16 +21,6 @@ class CheckBox;
 class OptionButton;
 class TextBox;
 
-/// One field of a form's array, in the array's order.
-struct EditorField
-{
-    QStringView caption; ///< as the control draws it on its left; it may be the unit of the field before it
-    QStringView title;   ///< what the field is called on the screen and in messages
-    LookUp lookUp = {};
-    qzTxt_S::TextAlignment alignment = qzTxt_S::AlignLeft;
-    QStringView unit = {};
-};
-
 /// The base of forms that edit one row: an array of fields with their look-ups, a table of the row's columns,
 /// a save that refuses by message box, buttons 0 for saving and 1 for closing. A form is created once and
 /// reused; each opening resets it.
@@ -43,7 +31,7 @@ class EditorForm : public Module, protected LookUpRules
 public:
     /// 0 save, 1 close, and those that a form has besides.
     [[nodiscard]] Button &Cmd(int number) const { return *m_buttons.at(static_cast<size_t>(number)); }
-    [[nodiscard]] const EditorField &fieldOf(int number) const;
+    [[nodiscard]] const EditorField &fieldOf(int number) const { return m_fields.describedAt(number); }
 
     /// Something on the form was changed since it was loaded or emptied; never on one for reading only.
     [[nodiscard]] bool isDirty() const { return m_isDirty && Cmd(0).Enabled(); }
@@ -83,7 +71,7 @@ protected:
 
     /// `arrayName` names the array of fields; `fields` and `record` outlive the form. `failureTitle` is the
     /// title of raised failures.
-    EditorForm(const QString &name, QString arrayName, std::span<const EditorField> fields,
+    EditorForm(const QString &name, const QString &arrayName, std::span<const EditorField> fields,
                const RecordTable &record, Desktop &desktop, const QString &failureTitle = applicationTitle());
 
     void addButtons(std::initializer_list<QStringView> captions);
@@ -91,8 +79,8 @@ protected:
     CheckBox &addTick(const QString &name, int index, const QString &caption);
     /// One of the form's group of option buttons.
     OptionButton &addOption(const QString &name, int index, const QString &caption);
-    [[nodiscard]] qzTxt_S &field(int number) const { return *m_fields.at(static_cast<size_t>(number)); }
-    [[nodiscard]] const std::vector<qzTxt_S *> &fields() const { return m_fields; }
+    [[nodiscard]] qzTxt_S &field(int number) const { return m_fields.at(number); }
+    [[nodiscard]] const std::vector<qzTxt_S *> &fields() const { return m_fields.all(); }
     [[nodiscard]] TextBox &memo(int number) const { return *m_memos.at(static_cast<size_t>(number)); }
     [[nodiscard]] CheckBox &tick(int number) const { return *m_ticks.at(static_cast<size_t>(number)); }
     [[nodiscard]] OptionButton &option(int number) const
@@ -100,10 +88,10 @@ protected:
         return *m_options.at(static_cast<size_t>(number));
     }
 
-    bool check(int number, const Check &check) override { return m_lookUps.lookUp(number, check); }
+    bool check(int number, const Check &check) override { return m_fields.lookUps().lookUp(number, check); }
     [[nodiscard]] std::shared_ptr<const PickedRow> rowOf(int number, const HostPicker &picker) const
     {
-        return m_lookUps.rowOf(number, picker);
+        return m_fields.lookUps().rowOf(number, picker);
     }
     /// True when the form may close.
     virtual bool DoSave() = 0;
@@ -159,11 +147,6 @@ protected:
     [[nodiscard]] static QString messageTitle();
 
 private:
-    // Making
-    void addField(const EditorField &description);
-    void connectField(qzTxt_S &field);
-    void InitFields();
-
     // The row
     void put(const RecordColumn &column, const QString &text);
     void putFirstTick(int number);
@@ -174,8 +157,6 @@ private:
     [[nodiscard]] int chosenOption() const;
     [[nodiscard]] HeldText heldTexts() const;
     [[nodiscard]] QString titleOf(const RecordColumn &column) const;
-    [[nodiscard]] bool isNumber(const qzTxt_S &field) const;
-    [[nodiscard]] bool takeNumber(qzTxt_S &field) const;
 
     // Saving
     /// The document number to be saved, from field 0, for a new row from the host, which may give another one
@@ -206,11 +187,8 @@ private:
     /// A stored text as a person reads it on the form.
     [[nodiscard]] QString shown(const RecordColumn &column, const QString &text) const;
 
-    QString m_arrayName;
-    std::span<const EditorField> m_descriptions;
     const RecordTable &m_record;
-    FieldLookUps m_lookUps;
-    std::vector<qzTxt_S *> m_fields;
+    EditorFields m_fields;
     std::vector<Button *> m_buttons;
     std::vector<TextBox *> m_memos;
     std::vector<CheckBox *> m_ticks;

@@ -75,25 +75,13 @@ bool EditorForm::DoCheckRequired(std::span<const RequiredField> required)
 
 bool EditorForm::DoCheckTyped()
 {
-    for (qzTxt_S *field : m_fields) {
-        if ((!field->isTyped() || field->check()) && takeNumber(*field))
-            continue;
-        desktop().messageBox(field->error_message(), messageTitle(), Desktop::Icon::Information,
-                             Desktop::Buttons::Ok);
-        field->SetFocus();
-        return false;
-    }
-    return true;
-}
-
-/// A field whose text is looked up may hold a name, of which `Val` takes what it can.
-bool EditorForm::takeNumber(qzTxt_S &field) const
-{
-    if (!isNumber(field))
+    qzTxt_S *refused = m_fields.firstRefused();
+    if (!refused)
         return true;
-    const auto number = TypedNumber(field.Text());
-    field.setText(number.value_or(field.Text()));
-    return number || fieldOf(field.Index()).lookUp.kind != LookUp::None;
+    desktop().messageBox(refused->error_message(), messageTitle(), Desktop::Icon::Information,
+                         Desktop::Buttons::Ok);
+    refused->SetFocus();
+    return false;
 }
 
 std::optional<QString> EditorForm::documentNumber(bool isNew, const NumberRule &rule)

@@ -27,12 +27,18 @@ SqlText literal(const RecordColumn &column, const QString &text)
     return isDate(column.saved) ? SqlText(mark) + typed(value) + mark : quoted(value);
 }
 
+SqlText keyLiteral(const RecordTable &record, const QString &key)
+{
+    return record.keyKind == KeyKind::Text ? quoted(key) : SqlText(PlainDecimal(Val(key)));
+}
+
 } // namespace
 
 SqlText insertStatement(const RecordTable &record, const QString &key, const HeldText &held)
 {
-    QString columns = u"insert into %1(%2"_s.arg(record.table, record.key);
-    SqlText values = SqlText(u")values("_s) + quoted(key);
+    QString columns = record.words.insert.toString();
+    columns.append(record.table).append(u'(').append(record.key);
+    SqlText values = SqlText(record.words.values.toString()) + keyLiteral(record, key);
     for (const RecordColumn &column : record.insert) {
         if (column.saved == Saved::Not)
             continue;
@@ -46,7 +52,7 @@ SqlText insertStatement(const RecordTable &record, const QString &key, const Hel
 
 SqlText updateStatement(const RecordTable &record, const QString &key, const HeldText &held)
 {
-    SqlText sql(u"update %1 set "_s.arg(record.table));
+    SqlText sql = SqlText(record.words.update.toString()) + record.table + record.words.set;
     QStringView comma;
     for (const RecordColumn &column : record.update) {
         if (column.saved == Saved::Not)
@@ -62,7 +68,7 @@ SqlText updateStatement(const RecordTable &record, const QString &key, const Hel
 
 SqlText whereKey(const RecordTable &record, const QString &key)
 {
-    return SqlText(u" where %1="_s.arg(record.key)) + quoted(key);
+    return SqlText(record.words.where.toString()) + record.key + QStringView(u"=") + keyLiteral(record, key);
 }
 
 QString loadedText(const RecordColumn &column, const Recordset &row)

@@ -23,6 +23,7 @@ enum class Holder {
     TickSum, ///< the tick boxes as one number: 1 for the first, 2 for the second, 4 for the third, added up;
              ///< none is ticked for any other number
     Option,  ///< the chosen option button, counted from 0; the last for any other number and for no choice
+    Cell,    ///< a cell of the row of a grid that is being written; its number is the column's
     Given,   ///< no control: what the form answers for the column
 };
 
@@ -48,11 +49,24 @@ enum class Loaded {
 struct RecordColumn
 {
     Holder holder;
-    int number;         ///< of the control; -1 for Given
+    int number;         ///< of the control or the grid's column; -1 for Given
     QStringView column; ///< of the table, or of what the load adds to it
     Saved saved = Saved::Text;
     Loaded loaded = Loaded::Trimmed;
 };
+
+/// How the statements on a row spell their words. The database does not care; whoever reads a trace does.
+struct StatementWords
+{
+    QStringView insert = u"insert into ";
+    QStringView values = u")values(";
+    QStringView update = u"update ";
+    QStringView set = u" set ";
+    QStringView where = u" where ";
+};
+
+/// How a key stands in a statement.
+enum class KeyKind { Text, Number };
 
 /// The row that a form edits. The three lists are the orders in which a load fills the form and the
 /// statements are written; entries that are not loaded or not saved are left out there.
@@ -63,6 +77,8 @@ struct RecordTable
     std::span<const RecordColumn> load;
     std::span<const RecordColumn> insert;
     std::span<const RecordColumn> update;
+    KeyKind keyKind = KeyKind::Text;
+    StatementWords words = {};
 };
 
 /// The present text of a value on the form.
@@ -70,7 +86,7 @@ using HeldText = std::function<QString(const RecordColumn &)>;
 
 [[nodiscard]] SqlText insertStatement(const RecordTable &record, const QString &key, const HeldText &held);
 [[nodiscard]] SqlText updateStatement(const RecordTable &record, const QString &key, const HeldText &held);
-/// " where KEYCOLUMN='key'".
+/// " where KEYCOLUMN='key'", or with the bare number.
 [[nodiscard]] SqlText whereKey(const RecordTable &record, const QString &key);
 /// The text that a column gives to its control, Null as an empty one.
 [[nodiscard]] QString loadedText(const RecordColumn &column, const Recordset &row);

@@ -78,10 +78,11 @@ FieldView::~FieldView()
 
 void FieldView::follow()
 {
-    m_help->setVisible(m_field.help_flag() && m_field.Enabled());
+    m_help->setVisible(m_field.help_flag() && m_field.Enabled() && !m_field.Locked());
     m_help->setIcon(m_field.help_type() == qzTxt_S::Calendar
                         ? look::icon(u"view-calendar-day"_s, &look::Tokens::muted)
                         : QIcon(u":/ebtq/images/chevron-down.svg"_s)); // the combo boxes' arrow
+    setReadOnly(m_field.Locked());
     setAlignment(alignmentOf(m_field.Alignment()));
 }
 

@@ -1,6 +1,6 @@
 #include "screens/controls/flex_grid_model.h"
 
-#include "library/controls/flex_grid.h"
+#include "library/controls/qz_grid.h"
 #include "screens/controls/color_number.h"
 #include "screens/look/look.h"
 
@@ -36,6 +36,7 @@ QFont boldFont()
 FlexGridModel::FlexGridModel(VSFlexGrid &grid, QObject *parent)
     : QAbstractTableModel(parent)
     , m_grid(grid)
+    , m_edited(qobject_cast<qzGrid *>(&grid))
     , m_rows(grid.visibleCount())
     , m_columns(grid.Cols())
 {
@@ -127,6 +128,8 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return m_grid.displayText(row, index.column());
+    case Qt::EditRole:
+        return m_grid.TextMatrix(row, index.column());
     case Qt::TextAlignmentRole:
         return alignment(index.column());
     case Qt::DecorationRole:
@@ -138,6 +141,22 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const
     default:
         return look(row, index.column(), role);
     }
+}
+
+Qt::ItemFlags FlexGridModel::flags(const QModelIndex &index) const
+{
+    const bool isEditable = m_edited && index.isValid() &&
+                            m_edited->isCellEditable(m_grid.rowInSight(index.row()), index.column());
+    const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+    return isEditable ? usual | Qt::ItemIsEditable : usual;
+}
+
+bool FlexGridModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (!m_edited || !index.isValid() || role != Qt::EditRole)
+        return false;
+    m_edited->edit(m_grid.rowInSight(index.row()), index.column(), value.toString());
+    return true;
 }
 
 /// Nothing for what looks as usual.

@@ -5,6 +5,7 @@
 namespace ebtq {
 
 class VSFlexGrid;
+class qzGrid;
 
 /// The visible rows of a grid as a table model; the first fixed row is its header. Every cell is read from
 /// the grid on request. The number of rows changes only along with the model's own signals, so a view stays
@@ -23,6 +24,9 @@ public:
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /// What a person has typed into a cell.
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role = Qt::DisplayRole) const override;
 
@@ -41,6 +45,7 @@ private:
     [[nodiscard]] QVariant picture(int row, int column) const;
 
     VSFlexGrid &m_grid;
+    qzGrid *m_edited; ///< the grid, if its cells can be edited
     int m_rows;
     int m_columns;
     bool m_changing = false;

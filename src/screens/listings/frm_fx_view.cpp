@@ -79,7 +79,7 @@ FieldView *FrmFxView::makeField(const EditorCell &cell, QWidget *parent)
     auto *view = ofGridsWidth(new FieldView(m_form.qzFcTxt(cell.number), parent));
     view->setAccessibleName(m_form.fieldOf(cell.number).title.toString());
     if (cell.kind == EditorCell::Computed) {
-        view->setReadOnly(true);
+        m_form.qzFcTxt(cell.number).setLocked(true);
         view->setFocusPolicy(Qt::ClickFocus); // to copy from; Tab passes by
     }
     return view;
@@ -87,19 +87,10 @@ FieldView *FrmFxView::makeField(const EditorCell &cell, QWidget *parent)
 
 QWidget *FrmFxView::makeRooms(QWidget *parent)
 {
-    auto *row = ofGridsWidth(new QWidget(parent));
-    auto *layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    for (const RoomCount &room : roomCounts()) {
-        auto *view = ofGridsWidth(new FieldView(m_form.qzFcTxt(room.number), row));
-        const qzTxt_S &unit = m_form.qzFcTxt(room.unit);
-        view->setAccessibleName(unit.Caption());
-        layout->addWidget(view, view->actions().constFirst()->isVisible() ? 2 : 1);
-        layout->addWidget(makeCaption(unit, *view, row));
-        if (!row->focusProxy())
-            row->setFocusProxy(view);
-    }
-    return row;
+    std::vector<Count> counts;
+    for (const RoomCount &room : roomCounts())
+        counts.push_back({m_form.qzFcTxt(room.number), m_form.qzFcTxt(room.unit)});
+    return makeCounts(counts, parent);
 }
 
 /// A box of many lines, below its caption the button that picks a text for it.

@@ -1,0 +1,26 @@
+#include "screens/dictionaries/pdm_fx_view.h"
+
+#include <QGroupBox>
+
+namespace ebtq {
+
+PdmFxView::PdmFxView(PDMFx &module, QWidget *parent)
+    : DictionaryView(module, parent)
+{
+    constexpr FieldPlace places[] = {
+        {.number = 0, .row = 0, .entry = Entry::Required},
+        {.number = 1, .row = 1, .entry = Entry::Required},
+    };
+    constexpr int firstCount = 2;
+    constexpr int lastCount = 5;
+    QGroupBox *card = addCard(QStringLiteral("房型"));
+    addFields(*card, places);
+    std::vector<Count> counts;
+    for (int number = firstCount; number <= lastCount; ++number)
+        counts.push_back({module.qzTxt(number), module.qzTxt(number + 1)});
+    put(*card, {2, 0}, captionFor(QStringLiteral("房型"), Entry::Free, card), makeCounts(counts, card));
+    lineUp(1, 20);
+    fillUp();
+}
+
+} // namespace ebtq
