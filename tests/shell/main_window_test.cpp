@@ -9,10 +9,12 @@
 #include "test_module.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -242,6 +244,20 @@ TEST_F(MainWindowTest, OneTabAModule)
     EXPECT_TRUE(child<QToolButton>("Navigation_102")->isChecked()) << "a moved tab keeps its module";
     QTest::mouseClick(child<QToolButton>("CloseTab_101"), Qt::LeftButton);
     EXPECT_EQ(tabTexts(), QStringList(u"客源信息"_qs));
+}
+
+TEST_F(MainWindowTest, AViewWithoutAMenuOfItsOwnHasThatOfTheCommands)
+{
+    window().openModule(ListingModule);
+    QWidget *view = child<QLineEdit>("first")->parentWidget();
+    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(1, 1), view->mapToGlobal(QPoint(1, 1)));
+    QApplication::sendEvent(view, &byMouse);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions().size(), 10);
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().last()).center());
+    QApplication::processEvents();
+    EXPECT_EQ(tabs().count(), 0) << "the last one closes the module";
 }
 
 TEST_F(MainWindowTest, TheKeyboardGoesBetweenNavigationAndModule)

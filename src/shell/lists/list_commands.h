@@ -9,7 +9,8 @@ namespace ebtq::shell {
 
 class FindBar;
 
-/// The commands of a list module that has no tool bar of its own, and a find bar below its view.
+/// The commands of a list module that has no tool bar of its own, and a find bar below its view. Where the
+/// view leaves a request for a menu to its parents, they are its menu.
 class ListCommands : public CommandBar
 {
     Q_OBJECT
@@ -35,6 +36,7 @@ private:
     void addFind();
     void addPrint();
     void refresh();
+    void popUp(const QPoint &place);
     void openFindBar(bool filters);
     void find(int direction);
     void findAgain(int direction);
