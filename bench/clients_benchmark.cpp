@@ -16,9 +16,9 @@ namespace ebtq::bench {
 
 namespace {
 
-/// A new listing's number is given out by a transaction of its own, before that of its row: who asks at the
-/// same time waits for the number only.
-constexpr int transactionsOfNewListing = 2;
+/// The number of a new listing or customer is given out by a transaction of its own, before that of its row:
+/// who asks at the same time waits for the number only.
+constexpr int transactionsOfNumbered = 2;
 
 struct Operation
 {
@@ -51,7 +51,7 @@ double transactions(const Report &report)
 {
     double count = 0;
     for (const Save &save : report.ledger)
-        count += save.kind == Save::NewListing ? transactionsOfNewListing : 1;
+        count += save.kind == Save::NewListing || save.kind == Save::NewCustomer ? transactionsOfNumbered : 1;
     return count;
 }
 
@@ -60,7 +60,8 @@ void addFigures(QJsonObject &result, const QString &prefix, const Report &report
     const Operation operations[] = {{QStringLiteral("open"), report.openings},
                                     {QStringLiteral("new"), timesOf(report, Save::NewListing)},
                                     {QStringLiteral("change"), timesOf(report, Save::ChangedListing)},
-                                    {QStringLiteral("follow_up"), timesOf(report, Save::FollowUp)}};
+                                    {QStringLiteral("follow_up"), timesOf(report, Save::FollowUp)},
+                                    {QStringLiteral("customer"), timesOf(report, Save::NewCustomer)}};
     for (const Operation &operation : operations) {
         const QString name = prefix + operation.name;
         const double rate = static_cast<double>(operation.times.size()) / report.seconds;

@@ -3,6 +3,10 @@
 #include "agents/workplace.h"
 #include "host/demo/demo.h"
 #include "host/module_ids.h"
+#include "library/customers/frm_kh.h"
+#include "library/customers/frm_kh_fields.h"
+#include "library/customers/khxx.h"
+#include "library/customers/khxx_tables.h"
 #include "library/followups/frm_gj.h"
 #include "library/followups/yj_tx.h"
 #include "library/listings/fcxx.h"
@@ -32,6 +36,11 @@ struct Agent::Private
     {
         QObject::connect(&list, &Fcxx::ErrMessage, [this](const QString &text) { failures.append(text); });
         list.IReportUI_Init(place.app(), place.moduleId());
+        QObject::connect(&customers, &khxx::ErrMessage,
+                         [this](const QString &text) { failures.append(text); });
+        customers.IReportUI_Init(place.app(), host::CustomerModule);
+        QObject::connect(customers.mFrmKh(), &frmKh::ReturnData,
+                         [this](const QString &id) { confirmed = id; });
         QObject::connect(&reminders, &YjTx::ErrMessage,
                          [this](const QString &text) { failures.append(text); });
         reminders.IReportUI_Init(place.app(), host::ReminderModule);
@@ -42,7 +51,11 @@ struct Agent::Private
     void setFilter();
     void fillNewListing(const FrmFx &form) const;
     [[nodiscard]] bool goToListing();
-    [[nodiscard]] QString cell(int column) { return list.VS().TextMatrix(list.VS().Row(), column); }
+    [[nodiscard]] QString cell(int column) { return cellOf(list, column); }
+    [[nodiscard]] static QString cellOf(RecordList &list, int column)
+    {
+        return list.VS().TextMatrix(list.VS().Row(), column);
+    }
     template<class Fill> void save(Save::Kind kind, const QString &command, EditorForm &form, Fill fill);
     void note(Save save);
 
@@ -51,6 +64,7 @@ struct Agent::Private
     std::minstd_rand random;
     int filter;
     Fcxx list{place};
+    khxx customers{place};
     YjTx reminders{place};
     QString confirmed; ///< key of the row that was saved last
     QList<Save> ledger;
@@ -128,7 +142,8 @@ void Agent::Private::save(Save::Kind kind, const QString &command, EditorForm &f
         save.end = Save::Clock::now();
         note(save);
     });
-    list.NavToolbar1().press(command);
+    RecordList &opened = kind == Save::NewCustomer ? static_cast<RecordList &>(customers) : list;
+    opened.NavToolbar1().press(command);
 }
 
 void Agent::Private::note(Save save)
@@ -139,6 +154,8 @@ void Agent::Private::note(Save save)
         save.key = confirmed;
         if (save.kind == Save::NewListing)
             save.number = cell(ListingNumber);
+        else if (save.kind == Save::NewCustomer)
+            save.number = cellOf(customers, CustomerCode);
     } else if (save.told.contains(unknownOutcome)) {
         save.outcome = Outcome::Unknown;
     }
@@ -152,6 +169,17 @@ void Agent::saveListing()
         d->fillNewListing(form);
         form.qzFcTxt(51).setText(text);
         form.Txt(1).setText(text);
+    });
+}
+
+void Agent::saveCustomer()
+{
+    const frmKh &form = *d->customers.mFrmKh();
+    d->save(Save::NewCustomer, QStringLiteral("new"), *d->customers.mFrmKh(), [&](const QString &text) {
+        form.qzTxt(CustomerNumber::Name).setText(text);
+        form.qzTxt(CustomerNumber::Telephone).setText(QStringLiteral("138****2046"));
+        form.qzTxt(CustomerNumber::PriceTo).setText(QStringLiteral("120"));
+        form.Txt().setText(text);
     });
 }
 

@@ -26,6 +26,8 @@ public:
     bool openList();
     /// Writes a new listing.
     void saveListing();
+    /// Writes a new customer.
+    void saveCustomer();
     /// Changes one of the newest listings of the list, and the next writes a follow-up on one; nothing when
     /// the list is empty. Several agents meet at the same listings.
     void changeListing();

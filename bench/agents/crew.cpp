@@ -37,6 +37,7 @@ void work(Agent &agent, const Shift &shift, Report &report)
         agent.saveListing();
         agent.changeListing();
         agent.writeFollowUp();
+        agent.saveCustomer();
     }
     report.ledger = agent.ledger();
     report.failures = agent.failures();

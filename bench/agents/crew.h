@@ -19,7 +19,7 @@ struct Report
 
 /// What agents do over and over.
 enum class Work {
-    Day,      ///< opens the list, saves a listing, changes one, writes a follow-up
+    Day,      ///< opens the list, saves a listing, changes one, writes a follow-up and a customer
     Saves,    ///< the same, but stays in the list that he has opened first
     Reminders ///< looks for the reminders that are due, as the desktop does by itself
 };

@@ -4,6 +4,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <map>
 
 namespace ebtq::bench {
 
@@ -18,8 +19,8 @@ struct Table
     QSet<QString> texts;
 };
 
-/// Columns: the key, the number or the owner, and the text, of a listing twice, since a row is to come from
-/// one save.
+/// Columns: the key, the number or the owner, and the text, of a listing and a customer twice, since a row is
+/// to come from one save.
 Table read(db::Connection &connection, const QString &statement)
 {
     const RowBlock block = connection.query(statement);
@@ -34,20 +35,18 @@ Table read(db::Connection &connection, const QString &statement)
     return table;
 }
 
-QStringList duplicatesIn(const Table &listings)
+void findDuplicates(const Table &numbered, QStringList &numbers)
 {
     QHash<QString, int> uses;
-    for (const Row &row : listings.rows)
+    for (const Row &row : numbered.rows)
         ++uses[row.first()];
-    QStringList numbers;
     for (auto use = uses.cbegin(); use != uses.cend(); ++use) {
         if (use.value() > 1 && !use.key().isEmpty())
             numbers.append(use.key());
     }
-    return numbers;
 }
 
-/// True when a row may hold this save although all of `saves` were made, which are those of the same listing.
+/// True when a row may hold this save although all of `saves` were made, which are those of the same row.
 bool mayStand(const Save &save, const QList<const Save *> &saves)
 {
     if (save.outcome != Outcome::Confirmed)
@@ -64,12 +63,21 @@ bool isHeld(const Row &row, const QList<const Save *> &saves)
            });
 }
 
-/// Each listing that was saved, with its saves.
-QHash<QString, QList<const Save *>> byListing(const QList<Save> &saves)
+enum class Holder { Listings, FollowUps, Customers };
+
+Holder holderOf(const Save &save)
+{
+    if (save.kind == Save::FollowUp)
+        return Holder::FollowUps;
+    return save.kind == Save::NewCustomer ? Holder::Customers : Holder::Listings;
+}
+
+/// Each row that was saved, with its saves.
+QHash<QString, QList<const Save *>> byRow(Holder holder, const QList<Save> &saves)
 {
     QHash<QString, QList<const Save *>> result;
     for (const Save &save : saves) {
-        if (save.kind != Save::FollowUp && !save.key.isEmpty())
+        if (holderOf(save) == holder && !save.key.isEmpty())
             result[save.key].append(&save);
     }
     return result;
@@ -80,11 +88,11 @@ bool isConfirmed(const Save *save)
     return save->outcome == Outcome::Confirmed;
 }
 
-void compareListings(const Table &listings, const QList<Save> &saves, QStringList &missing)
+void compareNumbered(Holder holder, const Table &table, const QList<Save> &saves, QStringList &missing)
 {
-    const auto groups = byListing(saves);
+    const auto groups = byRow(holder, saves);
     for (auto group = groups.cbegin(); group != groups.cend(); ++group) {
-        const Row row = listings.rows.value(group.key());
+        const Row row = table.rows.value(group.key());
         if (std::ranges::any_of(group.value(), isConfirmed) && !isHeld(row, group.value()))
             missing.append(group.key() + QStringLiteral(": ") + row.join(u'|'));
         for (const Save *save : group.value()) {
@@ -107,15 +115,20 @@ void compareFollowUps(const Table &followUps, const QList<Save> &saves, QStringL
 
 Findings compare(db::Connection &connection, const QList<Save> &saves)
 {
-    const Table listings = read(connection, QStringLiteral("select 房源ID,房源编号,联系人,备注 from fyxx"));
-    const Table followUps = read(connection, QStringLiteral("select 跟进ID,房源ID,跟进内容 from fygj"));
+    std::map<Holder, Table> tables;
+    for (const auto &[holder, statement] :
+         {std::pair(Holder::Listings, u"select 房源ID,房源编号,联系人,备注 from fyxx"),
+          std::pair(Holder::FollowUps, u"select 跟进ID,房源ID,跟进内容 from fygj"),
+          std::pair(Holder::Customers, u"select 客源ID,客源编号,客户名称,备注 from fykh")})
+        tables[holder] = read(connection, QString::fromUtf16(statement));
     Findings findings;
-    findings.duplicates = duplicatesIn(listings);
-    compareListings(listings, saves, findings.missing);
-    compareFollowUps(followUps, saves, findings.missing);
+    for (const Holder holder : {Holder::Listings, Holder::Customers}) {
+        findDuplicates(tables[holder], findings.duplicates);
+        compareNumbered(holder, tables[holder], saves, findings.missing);
+    }
+    compareFollowUps(tables[Holder::FollowUps], saves, findings.missing);
     for (const Save &save : saves) {
-        const Table &table = save.kind == Save::FollowUp ? followUps : listings;
-        if (save.outcome == Outcome::Refused && table.texts.contains(save.text))
+        if (save.outcome == Outcome::Refused && tables[holderOf(save)].texts.contains(save.text))
             findings.unasked.append(save.text + QStringLiteral(": ") + save.told);
     }
     return findings;

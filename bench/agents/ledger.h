@@ -21,14 +21,14 @@ enum class Outcome {
 struct Save
 {
     using Clock = std::chrono::steady_clock;
-    enum Kind { NewListing, ChangedListing, FollowUp };
+    enum Kind { NewListing, ChangedListing, FollowUp, NewCustomer };
 
     Kind kind = NewListing;
     Outcome outcome = Outcome::Refused;
     QString text = {};    ///< what was written, unlike that of any other save
-    QString key = {};     ///< 房源ID, of a follow-up 跟进ID; of a new row only when it was confirmed
+    QString key = {};     ///< 房源ID, 跟进ID or 客源ID; of a new row only when it was confirmed
     QString listing = {}; ///< the 房源ID that a follow-up belongs to
-    QString number = {};  ///< 房源编号 of a confirmed new listing
+    QString number = {};  ///< 房源编号 or 客源编号 of a confirmed new row
     QString told = {};    ///< why it was not confirmed
     Clock::time_point begin = {};
     Clock::time_point end = {};
@@ -39,7 +39,7 @@ struct Findings
 {
     QStringList missing;    ///< confirmed, but not there as it was written
     QStringList unasked;    ///< refused, but there
-    QStringList duplicates; ///< document numbers of more than one listing
+    QStringList duplicates; ///< document numbers of more than one listing or customer
 
     [[nodiscard]] bool isEmpty() const
     {

@@ -42,7 +42,7 @@ TEST_P(AgentsTest, NothingOfWhatManySaveAtOnceIsRefusedOrLost)
     constexpr int rounds = 6;
     const bench::Report report = bench::letWork(location(), agents, [](int round) { return round < rounds; });
     EXPECT_EQ(report.failures.join(u'\n').toStdString(), "");
-    for (const Save::Kind kind : {Save::NewListing, Save::ChangedListing, Save::FollowUp})
+    for (const Save::Kind kind : {Save::NewListing, Save::ChangedListing, Save::FollowUp, Save::NewCustomer})
         EXPECT_EQ(count(report.ledger, kind, Outcome::Confirmed), agents * rounds) << kind;
     EXPECT_EQ(text(bench::compare(*connect(), report.ledger)), nothing);
 }
@@ -60,6 +60,7 @@ protected:
         agent.openList();
         agent.saveListing();
         agent.writeFollowUp();
+        agent.saveCustomer();
         saves = agent.ledger();
     }
     [[nodiscard]] std::string found() const { return text(bench::compare(*connection, saves)); }
@@ -79,15 +80,18 @@ TEST_F(LedgerTest, FindsWhatIsNotAsItWasTold)
         {"the follow-up", u"delete from fygj where 跟进ID='%2'", "missing:"},
         {"its owner", u"update fygj set 房源ID='x' where 跟进ID='%2'", "missing:"},
         {"a second number", u"update fyxx set 房源编号='%3' where 房源ID<>'%1'", "duplicates:"},
+        {"half of a customer", u"update fykh set 备注='x' where 客源ID='%4'", "missing:"},
+        {"a customer's number", u"update fykh set 客源编号='%3'", "duplicates:"},
     };
-    ASSERT_EQ(saves.size(), 2);
+    ASSERT_EQ(saves.size(), 3);
     EXPECT_EQ(found(), nothing);
     for (const auto &[what, damage, list] : cases) {
         connection->begin();
         connection->execute(QString::fromUtf16(damage)
                                 .replace(u"%1"_s, saves[0].key)
                                 .replace(u"%2"_s, saves[1].key)
-                                .replace(u"%3"_s, saves[0].number));
+                                .replace(u"%3"_s, saves[0].number)
+                                .replace(u"%4"_s, saves[2].key));
         EXPECT_THAT(found(), ::testing::ContainsRegex(std::string(list) + "[^ ]")) << what;
         connection->rollback();
     }
