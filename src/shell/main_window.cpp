@@ -57,6 +57,11 @@ void giveFocus(QWidget &page)
     (lastUsed ? lastUsed : &page)->setFocus(Qt::OtherFocusReason);
 }
 
+QString reminderNotice()
+{
+    return QStringLiteral("ReminderNotice");
+}
+
 QString sessionText(const SessionFacts &facts)
 {
     const QString who = facts.department.isEmpty()
@@ -84,7 +89,9 @@ MainWindow::MainWindow(ComponentLibrary &library, HostApp &app, const SessionFac
     setWindowTitle(QStringLiteral("房源管理 - %1").arg(facts.userName));
     setUpLayout(facts);
     setUpShortcuts();
-    connect(m_navigation, &Navigation::opened, this, &MainWindow::openModule);
+    connect(m_navigation, &Navigation::opened, this, [this](host::ModuleId module) {
+        module == host::ReminderModule ? openReminders() : openModule(module);
+    });
     connect(m_tabs, &QTabBar::currentChanged, this, &MainWindow::changePage);
     connect(m_tabs, &QTabBar::tabMoved, this, [this](int from, int to) {
         QWidget *moved = m_pages->widget(from);
@@ -290,16 +297,15 @@ void MainWindow::follow(ReminderWatch &watch)
 /// New ones are told of once, where that takes nothing from what the person is doing.
 void MainWindow::showReminders(int due, int added)
 {
-    const QString name = QStringLiteral("ReminderNotice");
     m_navigation->setCount(host::ReminderModule, due);
     if (due == 0)
-        m_notices->remove(name);
+        m_notices->remove(reminderNotice());
     const QString text = QStringLiteral("有%1条跟进提醒到期").arg(due);
-    m_notices->setText(name, text);
+    m_notices->setText(reminderNotice(), text);
     if (added == 0)
         return;
     const auto open = [this] { openReminders(); };
-    m_notices->add(name, text, QStringLiteral("查看提醒"), open);
+    m_notices->add(reminderNotice(), text, QStringLiteral("查看提醒"), open);
     if (isActiveWindow() || !QSystemTrayIcon::isSystemTrayAvailable())
         return;
     if (!m_tray) {
@@ -316,6 +322,7 @@ void MainWindow::showReminders(int due, int added)
 /// A list that is open already may be older than the notice.
 void MainWindow::openReminders()
 {
+    m_notices->remove(reminderNotice());
     ModulePage *open = pageOf(host::ReminderModule);
     openModule(host::ReminderModule);
     if (open)

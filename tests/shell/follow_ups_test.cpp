@@ -144,7 +144,8 @@ TEST_F(FollowUpsTest, RemindersAreCountedAndToldOf)
     execute(u"update fygj set 提醒日期=#2026-11-22# where 跟进ID='G4'"_qs);
     watch.look();
     QTest::qWait(1);
-    click(u"ReminderNotice_act"_qs);
+    click(u"Navigation_104"_qs);
+    EXPECT_EQ(window.findChild<QWidget *>(u"ReminderNotice"_qs), nullptr);
     EXPECT_EQ(list().model()->rowCount(), 3) << "an open list is loaded again";
     window.resize(1024, 700);
     QApplication::processEvents();
