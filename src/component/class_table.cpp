@@ -12,6 +12,7 @@
 #include "library/listings/fcxx.h"
 #include "library/listings/frm_fx.h"
 #include "library/matching/match_reasons.h"
+#include "library/pickers/picked_rows.h"
 #include "library/pickers/sel_pdm.h"
 #include "library/pickers/sel_pdm_dz.h"
 #include "library/pickers/sel_pdm_lpzd.h"
@@ -48,6 +49,13 @@ template<class Control, class View> constexpr ComponentClass controlClass(QLatin
             [](ViewRegistry &views) { views.add<Control, View>(); }};
 }
 
+/// A record, which nobody sees.
+template<class Record> constexpr ComponentClass recordClass(QLatin1String name)
+{
+    return {name, [](Desktop &) -> std::unique_ptr<QObject> { return std::make_unique<Record>(); },
+            [](ViewRegistry &) {}};
+}
+
 const ComponentClass classes[] = {
     componentClass<Fcxx, FcxxView>(QLatin1String("EBTQ_S.Fcxx")),
     componentClass<khxx, KhxxView>(QLatin1String("EBTQ_S.khxx")),
@@ -59,6 +67,9 @@ const ComponentClass classes[] = {
     componentClass<selPdm, PickerView>(QLatin1String("EBTQ_S.selPdm")),
     componentClass<selPdmLpzd, PickerView>(QLatin1String("EBTQ_S.selPdmLpzd")),
     componentClass<selPdmDz, PickerView>(QLatin1String("EBTQ_S.selPdmDz")),
+    recordClass<clsPdm>(QLatin1String("EBTQ_S.clsPdm")),
+    recordClass<clsLpzd>(QLatin1String("EBTQ_S.clsLpzd")),
+    recordClass<clsDz>(QLatin1String("EBTQ_S.clsDz")),
     controlClass<Splitter, SplitterView>(QLatin1String("EBTQ_S.Splitter")),
 };
 

@@ -148,12 +148,10 @@ public:
     [[nodiscard]] virtual QString PrintFolder() const = 0;
 };
 
-/// The row that a picker gives back; each picker has its own kind.
-class PickedRow
-{
-public:
-    virtual ~PickedRow() = default;
-};
+/// The row that a picker gives back; each picker has its own kind. A host that does not know the kind reads
+/// its fields as properties, by their names.
+class PickedRow : public QObject
+{};
 
 class HostPicker
 {

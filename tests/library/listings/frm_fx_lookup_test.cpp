@@ -125,7 +125,7 @@ TEST_F(FrmFxLookupTest, ABuildingAndABlockBringTheirDetailsAlong)
     building->s物业类型 = u"高层"_qs;
     building->s建房年代 = u"2012"_qs;
     building->d管理费 = 3.25;
-    auto namesake = std::make_shared<clsLpzd>(*building);
+    auto namesake = std::make_shared<clsLpzd>();
     namesake->s物业用途 = u"商铺"_qs;
     auto block = std::make_shared<clsDz>();
     block->l总楼层 = 33;
