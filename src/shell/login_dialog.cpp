@@ -89,7 +89,12 @@ QLayout *LoginDialog::buttons()
     auto *leave = new QPushButton(QStringLiteral("退出(&X)"));
     connect(m_enter, &QPushButton::clicked, this, &LoginDialog::accept);
     connect(leave, &QPushButton::clicked, this, &LoginDialog::reject);
+    auto *other = new QPushButton(QStringLiteral("其他数据库(&D)…"));
+    other->setProperty("kind", QStringLiteral("flat"));
+    other->setAutoDefault(false);
+    connect(other, &QPushButton::clicked, this, [this] { done(OtherDatabase); });
     auto *row = new QHBoxLayout;
+    row->addWidget(other);
     row->addStretch();
     row->addWidget(m_enter);
     row->addWidget(leave);

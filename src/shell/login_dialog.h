@@ -19,6 +19,8 @@ class LoginDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// A result beside accepted and rejected.
+    static constexpr int OtherDatabase = 2;
     /// Throws an exception with a text for the user when the sign-in fails, a host::WrongPassword for what
     /// causes a pause.
     using SignIn = std::function<void(const QString &name, const QString &password)>;

@@ -11,6 +11,8 @@
 #include "shell/print/qt_print_desk.h"
 #include "shell/reminders/reminder_watch.h"
 #include "shell/sign_in.h"
+#include "shell/start/choose_database.h"
+#include "shell/start/recent_databases.h"
 #include "shell/tour/tour.h"
 #include "shell/tour/tour_database.h"
 
@@ -117,14 +119,23 @@ int runProgram(GuardedApplication &application, const Options &options, const Dr
     look::apply(application, options.dark ? look::Scheme::Dark : look::Scheme::Light);
     QApplication::setWindowIcon(look::icon(QStringLiteral("go-home"), &look::Tokens::brand));
     try {
-        std::unique_ptr<db::Connection> connection = openDatabase(options.database);
+        std::unique_ptr<db::Connection> connection = chooseDatabase(options);
+        if (!connection)
+            return 0;
         const QTemporaryDir tourFolder;
         if (!options.tour.isEmpty())
             connection = openTourDatabase(*connection, tourFolder.path());
         int result = signInAnew;
         while (result == signInAnew) {
-            const std::optional<host::User> user = signInUser(*connection, options);
-            result = user ? runSession(application, options, *connection, *user, drive) : 0;
+            const SignInAnswer answer = signInUser(*connection, options);
+            if (answer.wantsOtherDatabase) {
+                if (auto other = askForDatabase())
+                    connection = std::move(other);
+                continue;
+            }
+            if (answer.user && options.tour.isEmpty())
+                rememberDatabase(connection->location());
+            result = answer.user ? runSession(application, options, *connection, *answer.user, drive) : 0;
         }
         return result;
     } catch (const std::exception &failure) {

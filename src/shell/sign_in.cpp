@@ -8,7 +8,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScopeGuard>
-#include <QSettings>
 #include <QStandardPaths>
 
 namespace ebtq::shell {
@@ -18,29 +17,25 @@ namespace {
 constexpr char passwordVariable[] = "EBTQ_PASSWORD";
 const QString lastNameKey = QStringLiteral("login/name");
 
-QSettings settings()
-{
-    return {dataFolder() + QStringLiteral("/ebtq.ini"), QSettings::IniFormat};
-}
-
 bool isUrl(const QString &location)
 {
     return location.contains(QStringLiteral("://"));
 }
 
-std::optional<host::User> askForUser(db::Connection &connection, const QString &name)
+SignInAnswer askForUser(db::Connection &connection, const QString &name)
 {
     std::optional<host::User> user;
-    const QString preset = name.isEmpty() ? settings().value(lastNameKey).toString() : name;
+    const QString preset = name.isEmpty() ? userSettings().value(lastNameKey).toString() : name;
     LoginDialog dialog(preset, databasePlace(connection), [&](const QString &typed, const QString &password) {
         QGuiApplication::setOverrideCursor(Qt::WaitCursor); // a password is checked slowly, on purpose
         const auto waited = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
         user = host::signIn(connection, typed, password);
     });
-    if (dialog.exec() != QDialog::Accepted)
-        return std::nullopt;
-    settings().setValue(lastNameKey, dialog.name());
-    return user;
+    const int answer = dialog.exec();
+    if (answer != QDialog::Accepted)
+        return {std::nullopt, answer == LoginDialog::OtherDatabase};
+    rememberUser(dialog.name());
+    return {user};
 }
 
 } // namespace
@@ -50,10 +45,30 @@ QString dataFolder()
     return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
 }
 
+QSettings userSettings()
+{
+    return {dataFolder() + QStringLiteral("/ebtq.ini"), QSettings::IniFormat};
+}
+
+QString defaultDatabase()
+{
+    return dataFolder() + QStringLiteral("/ebtq.db");
+}
+
+bool isThere(const QString &location)
+{
+    return isUrl(location) || QFileInfo::exists(location);
+}
+
+void rememberUser(const QString &name)
+{
+    userSettings().setValue(lastNameKey, name);
+}
+
 std::unique_ptr<db::Connection> openDatabase(const QString &named)
 {
-    const QString location = named.isEmpty() ? dataFolder() + QStringLiteral("/ebtq.db") : named;
-    if (!isUrl(location) && !QFileInfo::exists(location))
+    const QString location = named.isEmpty() ? defaultDatabase() : named;
+    if (!isThere(location))
         throw Failure(QStringLiteral("还没有数据库：%1\n\n请先用 ebtq-admin init --db 文件 建立数据库，"
                                      "或用 --db 指定已有的数据库。")
                           .arg(location));
@@ -76,10 +91,15 @@ QString databasePlace(const db::Connection &connection)
     return QStringLiteral("%1 · %2").arg(kind, location);
 }
 
-std::optional<host::User> signInUser(db::Connection &connection, const Options &options)
+bool hasPassword()
+{
+    return qEnvironmentVariableIsSet(passwordVariable);
+}
+
+SignInAnswer signInUser(db::Connection &connection, const Options &options)
 {
     if (const auto password = db::takeFromEnvironment(passwordVariable))
-        return host::signIn(connection, options.user, QString::fromLocal8Bit(*password));
+        return {host::signIn(connection, options.user, QString::fromLocal8Bit(*password))};
     if (!options.tour.isEmpty())
         throw Failure(QStringLiteral("自动演示需要用户名（--user）和环境变量 EBTQ_PASSWORD 中的密码。"));
     return askForUser(connection, options.user);

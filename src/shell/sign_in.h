@@ -4,6 +4,7 @@
 #include "host/users.h"
 #include "shell/options.h"
 
+#include <QSettings>
 #include <QString>
 
 #include <memory>
@@ -13,6 +14,15 @@ namespace ebtq::shell {
 
 /// The folder of the user's own data, with the database that is used when none is named.
 [[nodiscard]] QString dataFolder();
+/// What the program remembers for the user, in that folder.
+[[nodiscard]] QSettings userSettings();
+
+/// The file that is used when none is named.
+[[nodiscard]] QString defaultDatabase();
+/// True for a URL too: whether a server is there shows when it is connected to.
+[[nodiscard]] bool isThere(const QString &location);
+/// The name that the next sign-in proposes.
+void rememberUser(const QString &name);
 
 /// Opens the database `named` by the user, or the one in the data folder. Throws an exception with a text for
 /// the user that says what to do when there is none yet.
@@ -20,9 +30,17 @@ namespace ebtq::shell {
 /// The database's kind and location, as the window shows them.
 [[nodiscard]] QString databasePlace(const db::Connection &connection);
 
+/// A script gives the password: nobody can be asked.
+[[nodiscard]] bool hasPassword();
+struct SignInAnswer
+{
+    std::optional<host::User> user; ///< nobody when it was cancelled
+    bool wantsOtherDatabase = false;
+};
+
 /// Signs in without asking when the environment has a password, as scripts do, and removes it there; else
-/// with the dialog; std::nullopt when that is cancelled. Throws an exception with a text for the user when
-/// the password of the environment is wrong or missing for a tour, where nobody can be asked.
-[[nodiscard]] std::optional<host::User> signInUser(db::Connection &connection, const Options &options);
+/// with the dialog. Throws an exception with a text for the user when the password of the environment is
+/// wrong or missing for a tour, where nobody can be asked.
+[[nodiscard]] SignInAnswer signInUser(db::Connection &connection, const Options &options);
 
 } // namespace ebtq::shell

@@ -49,7 +49,7 @@ TEST_F(SignInTest, APasswordInTheEnvironmentAsksNobody)
     options.user = u"张敏"_qs;
     qputenv("EBTQ_PASSWORD", "demo-demo");
     const char *place = std::getenv("EBTQ_PASSWORD");
-    EXPECT_EQ(signInUser(*connection, options)->name, u"张敏");
+    EXPECT_EQ(signInUser(*connection, options).user->name, u"张敏");
     EXPECT_FALSE(qEnvironmentVariableIsSet("EBTQ_PASSWORD"));
     options.tour = folder.path();
     EXPECT_THAT(messageOf([&] { (void)signInUser(*connection, options); }), HasSubstr("EBTQ_PASSWORD"));

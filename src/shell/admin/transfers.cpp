@@ -3,10 +3,10 @@
 #include "database/connection.h"
 #include "database/transfer/backup.h"
 #include "database/transfer/database_copy.h"
+#include "database/transfer/fresh_file.h"
 #include "shell/admin/output.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 
 #include <cstdio>
 
@@ -50,26 +50,6 @@ QString requiredFile(const CommandLine &line, const QString &option)
     return location;
 }
 
-/// Removes the file that a failed copy has created.
-class FreshFile
-{
-public:
-    explicit FreshFile(const QString &location)
-        : m_path(isOnServer(location) || QFile::exists(location) ? QString() : location)
-    {}
-    FreshFile(const FreshFile &) = delete;
-    FreshFile &operator=(const FreshFile &) = delete;
-    ~FreshFile()
-    {
-        if (!m_path.isEmpty())
-            QFile::remove(m_path);
-    }
-    void keep() { m_path.clear(); }
-
-private:
-    QString m_path;
-};
-
 db::PageProgress pageProgress(ProgressLines &lines, const QString &what)
 {
     return [&lines, what](int done, int total) { lines.show(what, done, total); };
@@ -82,7 +62,7 @@ int copy(const CommandLine &line)
     const QString from = line.requiredText(QStringLiteral("from"));
     const QString to = line.requiredText(QStringLiteral("to"));
     const auto source = Connection::open(from);
-    FreshFile fresh(to);
+    db::FreshFile fresh(to);
     const auto target = Connection::open(to, Connection::Missing::IsCreated);
     ProgressLines lines;
     const db::CopyReport report =

@@ -10,6 +10,7 @@
 #include "shell/tour/layout_steps.h"
 #include "shell/tour/picker_steps.h"
 #include "shell/tour/print_steps.h"
+#include "shell/tour/start_steps.h"
 #include "shell/tour/tour.h"
 
 #include <QAbstractItemModel>
@@ -343,7 +344,7 @@ std::vector<TourStep> tourSteps()
     auto next = result.begin() + 1;
     for (const std::span<const TourStep> part : {detailSteps(), pickerSteps(), actionSteps()})
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
-    for (const std::span<const TourStep> part : {editorSteps(), customerSteps(), followUpSteps()})
+    for (const std::span<const TourStep> part : {editorSteps(), customerSteps(), followUpSteps(), startSteps()})
         result.insert(result.end(), part.begin(), part.end());
     return result;
 }
