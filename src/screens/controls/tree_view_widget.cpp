@@ -240,13 +240,14 @@ bool TreeViewWidget::isFarFromPress(QPointF place) const
     return (place - m_pressed).manhattanLength() >= QApplication::startDragDistance();
 }
 
+/// The base class would select the row where a drag ends.
 void TreeViewWidget::mouseReleaseEvent(QMouseEvent *event)
 {
     const QPointF place = event->position();
     if (event->button() == Qt::LeftButton && m_tree.isDragging())
         m_tree.Drag(TreeView::EndDrag, across(place), down(place));
     Q_EMIT m_tree.MouseUp(event->button(), across(place), down(place));
-    if (event->button() == Qt::LeftButton && settle())
+    if (event->button() == Qt::LeftButton && settle() && indexAt(place.toPoint()) == currentIndex())
         QTreeView::mouseReleaseEvent(event);
 }
 

@@ -87,6 +87,7 @@ TEST_F(TreeScreenTest, ABuildingIsDraggedByTheMouse)
     dragTo(u"l2"_s, at(u"l5"_s));
     QTest::keyClick(&widget, Qt::Key_Escape);
     release(at(u"l5"_s));
+    EXPECT_TRUE(widget.selectionModel()->isSelected(widget.currentIndex())) << "not where the drag ended";
     dragTo(u"l2"_s, QPoint(900, 50));
     release(QPoint(900, 50));
     dragTo(u"l2"_s, at(u"l5"_s));
