@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -26,9 +27,12 @@ CommandBar::CommandBar(QWidget &view, QVBoxLayout &column)
 {
     setProperty("kind", QStringLiteral("bar"));
     setAttribute(Qt::WA_StyledBackground);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_row->setContentsMargins(12, 6, 12, 6);
     m_row->setSpacing(6);
     column.insertWidget(column.indexOf(&view), this);
+    view.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&view, &QWidget::customContextMenuRequested, this, &CommandBar::popUp);
 }
 
 void CommandBar::run(const std::function<void()> &command)
@@ -103,6 +107,14 @@ void CommandBar::setNarrow(bool narrow)
         Q_EMIT fitted();
 }
 
+void CommandBar::popUp(const QPoint &place)
+{
+    auto *menu = new QMenu(&m_view);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(m_view.actions());
+    menu->popup(m_view.mapToGlobal(place));
+}
+
 void CommandBar::addSeparator()
 {
     auto *line = new QFrame(this);
@@ -118,7 +130,7 @@ void CommandBar::addSeparator()
 void CommandBar::addAtEnd(QWidget &widget)
 {
     m_row->addStretch();
-    m_row->addWidget(&widget);
+    m_row->addWidget(&widget, 0, Qt::AlignVCenter);
 }
 
 bool CommandBar::isEmpty() const

@@ -11,9 +11,9 @@ class QVBoxLayout;
 namespace ebtq::shell {
 
 /// The program's commands for a module that has no tool bar of its own: a bar of buttons above its view. They
-/// are actions of the view, too, whose menu shows them, and of the bar, so that their keys work in both.
-/// Where the texts need more room than there is, all commands but those of high priority show their icons
-/// alone.
+/// are actions of the view, too, and of the bar, so that their keys work in both; where the view leaves a
+/// request for a menu to its parents, they are its menu. Where the texts need more room than there is, all
+/// commands but those of high priority show their icons alone.
 class CommandBar : public QWidget
 {
     Q_OBJECT
@@ -48,6 +48,7 @@ private:
     void addButton(QAction &action);
     [[nodiscard]] bool isIconAlone(const QAction &action) const;
     void setNarrow(bool narrow);
+    void popUp(const QPoint &place);
 
     QWidget &m_view;
     QHBoxLayout *m_row;

@@ -95,8 +95,6 @@ FormDriver::FormDriver(IFormUI &form, const DrivenModule &driven)
         addCommand(command);
     addState();
     watchModule();
-    if (driven.view.contextMenuPolicy() == Qt::DefaultContextMenu)
-        driven.view.setContextMenuPolicy(Qt::ActionsContextMenu);
     driven.view.parentWidget()->installEventFilter(this);
     follow();
 }

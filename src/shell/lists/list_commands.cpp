@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -20,8 +19,6 @@ ListCommands::ListCommands(IReportUI &module, QWidget &view, QVBoxLayout &column
 {
     setObjectName(QStringLiteral("ListCommands"));
     column.addWidget(m_findBar);
-    view.setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(&view, &QWidget::customContextMenuRequested, this, &ListCommands::popUp);
     connect(m_findBar, &FindBar::wanted, this, &ListCommands::find);
     connect(m_findBar, &FindBar::filterChanged, this,
             [this](const QString &text) { run([&] { m_module.IReportUI_Filter(text); }); });
@@ -74,14 +71,6 @@ void ListCommands::addPrint()
     }).setShortcut(QKeySequence::Print);
     add(QStringLiteral("setup"), QStringLiteral("configure"), QStringLiteral("页面设置"),
         [this] { m_module.IReportUI_PrintSetup(); });
-}
-
-void ListCommands::popUp(const QPoint &place)
-{
-    auto *menu = new QMenu(&view());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addActions(view().actions());
-    menu->popup(view().mapToGlobal(place));
 }
 
 /// As by the key: a view that takes it checks the field that is being filled in first.

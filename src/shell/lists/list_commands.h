@@ -9,8 +9,7 @@ namespace ebtq::shell {
 
 class FindBar;
 
-/// The commands of a list module that has no tool bar of its own, and a find bar below its view. Where the
-/// view leaves a request for a menu to its parents, they are its menu.
+/// The commands of a list module that has no tool bar of its own, and a find bar below its view.
 class ListCommands : public CommandBar
 {
     Q_OBJECT
@@ -36,7 +35,6 @@ private:
     void addFind();
     void addPrint();
     void refresh();
-    void popUp(const QPoint &place);
     void openFindBar(bool filters);
     void find(int direction);
     void findAgain(int direction);
