@@ -81,6 +81,7 @@ void Person::deliver(QWidget &receiver, QEvent *event)
 {
     QCoreApplication::postEvent(&receiver, event);
     QCoreApplication::processEvents();
+    QCoreApplication::processEvents(); // what it has put off, such as the end of a cell's editor by Enter
     if (const QString text = std::exchange(m_unforeseen, {}); !text.isEmpty())
         throw Failure(QStringLiteral("没有料到的提示：") + text);
 }

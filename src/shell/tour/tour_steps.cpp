@@ -5,6 +5,7 @@
 #include "shell/tour/action_steps.h"
 #include "shell/tour/customer_steps.h"
 #include "shell/tour/detail_steps.h"
+#include "shell/tour/dictionary_steps.h"
 #include "shell/tour/editor_steps.h"
 #include "shell/tour/follow_up_steps.h"
 #include "shell/tour/layout_steps.h"
@@ -344,7 +345,8 @@ std::vector<TourStep> tourSteps()
     auto next = result.begin() + 1;
     for (const std::span<const TourStep> part : {detailSteps(), pickerSteps(), actionSteps()})
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
-    for (const std::span<const TourStep> part : {editorSteps(), customerSteps(), followUpSteps(), startSteps()})
+    for (const std::span<const TourStep> part :
+         {editorSteps(), customerSteps(), followUpSteps(), dictionarySteps(), startSteps()})
         result.insert(result.end(), part.begin(), part.end());
     return result;
 }
