@@ -16,6 +16,7 @@ namespace {
 
 constexpr int fullWidth = 168;
 constexpr int collapsedWidth = 54;
+constexpr int margin = 8;
 
 void name(QToolButton &button, const QString &text)
 {
@@ -35,7 +36,7 @@ Navigation::Navigation(const QStringList &classNames, QWidget *parent)
     setAttribute(Qt::WA_StyledBackground);
     m_title->setProperty("kind", QStringLiteral("navTitle"));
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 8, 8, 8);
+    column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(2);
     column->addWidget(m_title);
     QStringView group;
@@ -78,7 +79,10 @@ void Navigation::addEntry(const host::ModuleEntry &module, const QString &icon)
     button->setFocusPolicy(Qt::StrongFocus);
     button->installEventFilter(this);
     layout()->addWidget(button);
-    m_entries.push_back({module.id, button});
+    auto *count = new QLabel(button);
+    count->setProperty("kind", QStringLiteral("badge"));
+    count->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_entries.push_back({module.id, button, count});
     connect(button, &QToolButton::clicked, this, [this, id = module.id, button] {
         button->setChecked(!button->isChecked()); // the tabs decide which entry is marked
         Q_EMIT opened(id);
@@ -95,6 +99,16 @@ void Navigation::setCollapsed(bool collapsed)
         group->setVisible(!collapsed);
     for (const Entry &entry : m_entries)
         entry.button->setToolButtonStyle(collapsed ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    showCounts();
+}
+
+void Navigation::showCounts()
+{
+    for (const Entry &entry : m_entries) {
+        entry.count->setVisible(m_collapsed && !entry.count->text().isEmpty());
+        entry.count->adjustSize();
+        entry.count->move(collapsedWidth - 2 * margin - entry.count->width(), 0);
+    }
 }
 
 QSize Navigation::sizeHint() const
@@ -120,9 +134,12 @@ void Navigation::setCount(host::ModuleId module, int count)
     if (count > 0)
         text += QStringLiteral(" (%1)").arg(count);
     for (const Entry &entry : m_entries) {
-        if (entry.module == module)
-            name(*entry.button, text);
+        if (entry.module != module)
+            continue;
+        name(*entry.button, text);
+        entry.count->setText(count > 0 ? QString::number(count) : QString());
     }
+    showCounts();
 }
 
 void Navigation::focusEntry()

@@ -30,7 +30,7 @@ public:
     /// Marks the module that is shown.
     void setCurrent(host::ModuleId module);
     void clearCurrent();
-    /// A number behind the module's name; 0 for none.
+    /// A number behind the module's name, or at its icon; 0 for none.
     void setCount(host::ModuleId module, int count);
     /// Gives the keyboard to the current entry, else to the first.
     void focusEntry();
@@ -47,9 +47,11 @@ private:
     {
         host::ModuleId module;
         QToolButton *button;
+        QLabel *count; ///< at the icon
     };
     void addGroup(const QString &caption);
     void addEntry(const host::ModuleEntry &module, const QString &icon);
+    void showCounts();
     void moveFocus(QObject *from, int step);
 
     bool m_collapsed = false;

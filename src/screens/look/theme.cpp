@@ -192,6 +192,8 @@ QLabel[kind="navGroup"] { color: @navigationMuted; font-size: 12px; padding: 10p
 QToolButton[kind="nav"] { color: @navigationInk; text-align: left; padding: 6px 12px; border-radius: 5px; }
 QToolButton[kind="nav"]:hover { background: rgba(255, 255, 255, 24); }
 QToolButton[kind="nav"]:focus { border-color: @navigationMuted; }
+QLabel[kind="badge"] { background: @refusal; color: @refusalInk; border-radius: 7px; padding: 0 4px;
+    font-size: 11px; }
 QToolButton[kind="nav"]:checked { background: @navigationCurrent; color: #ffffff; font-weight: normal; }
 )");
 
