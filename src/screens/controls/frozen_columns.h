@@ -25,6 +25,9 @@ public:
     [[nodiscard]] int frozenWidth() const;
 
 protected:
+    // The delegate is the list's, and so are its editors.
+    void commitData(QWidget *) override {}
+    void closeEditor(QWidget *, QAbstractItemDelegate::EndEditHint) override {}
     bool viewportEvent(QEvent *event) override;
 
 private:

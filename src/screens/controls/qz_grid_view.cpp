@@ -1,11 +1,15 @@
 #include "screens/controls/qz_grid_view.h"
 
 #include "library/controls/qz_grid.h"
+#include "screens/look/look.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace ebtq {
 
@@ -18,27 +22,47 @@ QzGridView::QzGridView(qzGrid &grid, QWidget *parent)
     connect(&grid, &Control::stateChanged, this, &QzGridView::follow);
 }
 
+/// One that is closed is hidden until it is deleted.
+QWidget *QzGridView::openEditor() const
+{
+    const auto editors = viewport()->findChildren<QLineEdit *>(Qt::FindDirectChildrenOnly);
+    const auto open = std::ranges::find_if_not(editors, &QWidget::isHidden);
+    return open == editors.end() ? nullptr : *open;
+}
+
 /// What was being typed when the record was given up goes with it.
 void QzGridView::follow()
 {
-    auto *editor = indexWidget(currentIndex());
+    QWidget *editor = openEditor();
     if (!m_grid.Editable() && editor)
         closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
 }
 
 void QzGridView::finishEdit()
 {
-    auto *editor = indexWidget(currentIndex());
+    QWidget *editor = openEditor();
     if (!editor)
         return;
     commitData(editor);
     FlexGridView::closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
+/// The Enter that ends an editor comes here as well.
 void QzGridView::editCurrent()
 {
-    if (m_grid.isCellEditable(m_grid.Row(), currentIndex().column()))
+    if (!openEditor() && m_grid.isCellEditable(m_grid.Row(), currentIndex().column()))
         edit(currentIndex());
+}
+
+/// What is typed goes into the current cell, so it is framed within its row.
+void QzGridView::paintEvent(QPaintEvent *event)
+{
+    FlexGridView::paintEvent(event);
+    if (!m_grid.Editable() || !hasFocus() || !m_grid.isCellEditable(m_grid.Row(), m_grid.Col()))
+        return;
+    QPainter painter(viewport());
+    painter.setPen(look::tokens().brand);
+    painter.drawRect(visualRect(currentIndex()).adjusted(0, 0, -1, -2));
 }
 
 // Going through the cells
