@@ -224,13 +224,17 @@ TEST_F(AdminTest, DemoFillsANewFileOnceAndCheckIsContent)
     EXPECT_FALSE(check.output.contains(u"提示")) << check.output.toStdString();
 }
 
-TEST_F(AdminTest, CheckCountsOrphansAndRefusesWhatIsNoDatabase)
+TEST_F(AdminTest, CheckNamesWhatIsNotFoundAndRefusesWhatIsNoDatabase)
 {
     initialise();
     sql(u"insert into fygj(跟进ID,房源ID) values('1','nobody')"_qs);
+    for (const int id : {1, 2})
+        sql(u"insert into pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID) values(%1,'L1','孤楼%1',77)"_qs.arg(id));
     const Outcome orphans = run(u"check --db @"_qs);
     EXPECT_EQ(orphans.status, 0);
-    EXPECT_TRUE(orphans.output.contains(u"fygj.房源ID 有 1 行")) << orphans.output.toStdString();
+    for (const QString &hint :
+         {u"fygj.房源ID 有 1 行"_qs, u"楼盘“L1 孤楼2”的地区不存在"_qs, u"楼盘编号“L1”重复 2 次"_qs})
+        EXPECT_TRUE(orphans.output.contains(hint)) << orphans.output.toStdString();
     expectRefusal(run(u"check --db @.none"_qs), 1, u"no file"_qs);
 }
 

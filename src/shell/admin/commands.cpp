@@ -14,6 +14,7 @@
 #include "shell/admin/password.h"
 #include "shell/admin/statements.h"
 #include "shell/admin/transfers.h"
+#include "shell/admin/unseen_rows.h"
 #include "shell/admin/utf8.h"
 
 #include <QFile>
@@ -131,8 +132,8 @@ int check(const CommandLine &line)
         return 1;
     for (const QString &routine : db::foreignRoutines(*connection))
         printLine(stdout, QStringLiteral("提示：%1 不是本系统的").arg(routine));
-    for (const QString &orphans : countOrphans(*connection))
-        printLine(stdout, QStringLiteral("提示：%1").arg(orphans));
+    for (const QString &hint : countOrphans(*connection) + namesOfUnseenRows(*connection))
+        printLine(stdout, QStringLiteral("提示：%1").arg(hint));
     printLine(stdout, QStringLiteral("数据库完好：%1").arg(connection->location()));
     return 0;
 }
