@@ -30,6 +30,7 @@ constexpr Command commands[] = {
     {"layout", "restore a layout with sums by two groups", ebtq::bench::layoutBenchmark},
     {"export", "export the loaded list", ebtq::bench::exportBenchmark},
     {"tree", "fill a tree of buildings, open, search and clear it", ebtq::bench::treeBenchmark},
+    {"dictionary", "load the buildings, and save one with 2,000 blocks", ebtq::bench::dictionaryBenchmark},
     {"clients", "agents at one server, in bases of their own", ebtq::bench::clientsBenchmark},
 };
 
