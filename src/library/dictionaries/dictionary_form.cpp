@@ -148,6 +148,7 @@ bool DictionaryForm::isShown(const Node &node)
 void DictionaryForm::clearRecord()
 {
     m_currentId = 0;
+    m_triedId = 0;
     emptyFilledIn(controls());
 }
 

@@ -137,8 +137,11 @@ protected:
     /// Where the node of a new record goes, read before the commit, and its key.
     [[nodiscard]] virtual QString parentKey() = 0;
     [[nodiscard]] virtual QString recordKey(const QString &number) const = 0;
-    /// The save is done, or given up.
     virtual void saved() {}
+    /// The answer to the commit was lost, or it failed: nobody knows whether the save was done.
+    virtual void unsettled() {}
+    /// The row is there, though nobody heard so.
+    [[nodiscard]] bool isWritten(const RecordTable &table, int id);
     /// Sets parameters of the pickers: by default there are none.
     void setParameters(int, ParameterList &) override {}
     bool check(int number, const Check &check) override { return m_fields.lookUps().lookUp(number, check); }
@@ -176,6 +179,7 @@ private:
     bool save();
     bool written(int &id, QString &parent);
     int writeRow();
+    void commit(int id);
     void showSaved(int id, const QString &parent);
     void giveUp(const QString &text, const QString &title);
     [[nodiscard]] QString held(const RecordColumn &column) const;
@@ -188,6 +192,7 @@ private:
     EditorFields m_fields;
     IdGenerator m_ids;
     int m_currentId = 0;
+    int m_triedId = 0; ///< of a new record whose commit failed; the next attempt must not write it twice
     QString m_findText;
     bool m_isDirty = false;
     bool m_isEditing = false;

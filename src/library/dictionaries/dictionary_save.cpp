@@ -31,7 +31,7 @@ bool DictionaryForm::isUnique(int number)
     const QStringView column = record().load[static_cast<size_t>(number)].column;
     const SqlText sql = SqlText(u" Select %1 From %2 Where %1="_s.arg(column, record().table)) +
                         quoted(Trim(qzTxt(number).Text())) +
-                        u" And %1<>%2"_s.arg(record().key).arg(m_currentId);
+                        u" And %1<>%2"_s.arg(record().key).arg(std::max(m_currentId, m_triedId));
     if (NullConv::ToText(singleValue(db(), sql)).isEmpty())
         return true;
     refuse(Trim(qzTxt(number).Caption()) + u"重复,请检查!"_s);
@@ -74,10 +74,28 @@ bool DictionaryForm::save()
     QString parent;
     if (!written(id, parent))
         return false;
-    db().CommitTrans();
+    commit(id);
     saved();
     showSaved(id, parent);
     return true;
+}
+
+void DictionaryForm::commit(int id)
+{
+    try {
+        db().CommitTrans();
+    } catch (...) {
+        m_triedId = m_currentId > 0 ? 0 : id;
+        unsettled();
+        throw;
+    }
+    m_triedId = 0;
+}
+
+bool DictionaryForm::isWritten(const RecordTable &table, int id)
+{
+    return id > 0 && singleValue(db(), u"select %1 from %2 where %1=%3"_s.arg(table.key, table.table).arg(id))
+                         .isValid();
 }
 
 /// False when a statement or a key failed; the transaction is rolled back and the person has been told.
@@ -108,11 +126,11 @@ void DictionaryForm::giveUp(const QString &text, const QString &title)
 int DictionaryForm::writeRow()
 {
     const auto texts = [this](const RecordColumn &column) { return held(column); };
-    if (m_currentId > 0) {
-        executeOnRow(updateStatement(record(), QString::number(m_currentId), texts));
-        return m_currentId;
+    if (const int id = isWritten(record(), m_triedId) ? m_triedId : m_currentId; id > 0) {
+        executeOnRow(updateStatement(record(), QString::number(id), texts));
+        return id;
     }
-    const int id = nextId(record());
+    const int id = m_triedId > 0 ? m_triedId : nextId(record());
     executeStatement(db(), insertStatement(record(), QString::number(id), texts));
     return id;
 }

@@ -40,6 +40,7 @@ protected:
     void writeBefore() override;
     void writeParts(int id) override;
     void saved() override;
+    void unsettled() override;
     QString parentKey() override;
     [[nodiscard]] QString recordKey(const QString &number) const override { return u'l' + number; }
     void setParameters(int number, ParameterList &parameters) override;
@@ -57,6 +58,7 @@ private:
     void dropped(const Node *district, Node *building);
     void removing(int row, bool &isAllowed);
     void writeBlock(int row, int building);
+    void keepKeys(int sign);
 
     qzGrid &m_grid;
     QString m_scheme; ///< how the codes of districts divide into levels

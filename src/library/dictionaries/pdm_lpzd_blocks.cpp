@@ -4,6 +4,8 @@
 #include "library/dictionaries/pdm_lpzd.h"
 #include "library/frame/statements.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace ebtq {
@@ -67,7 +69,7 @@ void PdmLpzd::removing(int row, bool &isAllowed)
     isAllowed = true;
     setDirty();
     trappedWithoutDatabase(u"qzGrid_DeleteVsRow::", [&] {
-        const double id = Val(m_grid.TextMatrix(row, BlockId));
+        const double id = std::abs(Val(m_grid.TextMatrix(row, BlockId)));
         if (id > 0)
             m_deletedBlocks += PlainDecimal(id) + u',';
         return true;
@@ -96,19 +98,33 @@ void PdmLpzd::writeBlock(int row, int building)
         return column.holder == Holder::Cell ? m_grid.TextMatrix(row, column.number)
                                              : QString::number(building);
     };
-    if (const QString id = m_grid.TextMatrix(row, BlockId); Val(id) > 0)
-        return executeOnRow(updateStatement(blockRecord, id, texts));
-    const int id = nextId(blockRecord);
+    const int known = WholePart(Val(m_grid.TextMatrix(row, BlockId)));
+    if (known > 0)
+        return executeOnRow(updateStatement(blockRecord, QString::number(known), texts));
+    const int id = known < 0 ? -known : nextId(blockRecord);
     m_newBlocks.push_back({row, id});
-    executeStatement(db(), insertStatement(blockRecord, QString::number(id), texts));
+    executeStatement(db(), isWritten(blockRecord, -known)
+                               ? updateStatement(blockRecord, QString::number(id), texts)
+                               : insertStatement(blockRecord, QString::number(id), texts));
 }
 
-/// Only now: a save that failed must find the new blocks new and the removed ones to be removed.
+/// Only after the commit: a save that failed must find the new blocks new and the removed ones to be removed.
 void PdmLpzd::saved()
 {
-    for (const NewBlock &block : std::exchange(m_newBlocks, {}))
-        m_grid.setTextMatrix(block.row, BlockId, QString::number(block.id));
+    keepKeys(1);
     m_deletedBlocks.clear();
+}
+
+/// A new block that may have been written has its key with a minus: it is looked for before the next attempt.
+void PdmLpzd::unsettled()
+{
+    keepKeys(-1);
+}
+
+void PdmLpzd::keepKeys(int sign)
+{
+    for (const NewBlock &block : std::exchange(m_newBlocks, {}))
+        m_grid.setTextMatrix(block.row, BlockId, QString::number(sign * block.id));
 }
 
 } // namespace ebtq

@@ -88,12 +88,10 @@ TEST(LevelCode, DividesCodesByTheirScheme)
     {
         QString scheme, code, lengths, parent;
     };
-    const Case cases[] = {{u"222"_qs, u"010203"_qs, u"2460"_qs, u"0102"_qs},
-                          {u"222"_qs, u"01"_qs, u"2460"_qs, {}},
-                          {u"2-3"_qs, u"01002"_qs, u"2500"_qs, u"01"_qs},
-                          {u"222"_qs, u"01020"_qs, u"2460"_qs, u"0102"_qs},
-                          {u"22"_qs, u"01020304"_qs, u"2400"_qs, u"0102"_qs},
-                          {{}, u"01"_qs, u"0000"_qs, {}}};
+    const Case cases[] = {
+        {u"222"_qs, u"010203"_qs, u"2460"_qs, u"0102"_qs},  {u"222"_qs, u"01"_qs, u"2460"_qs, {}},
+        {u"2-3"_qs, u"01002"_qs, u"2500"_qs, u"01"_qs},     {u"222"_qs, u"01020"_qs, u"2460"_qs, u"0102"_qs},
+        {u"22"_qs, u"01020304"_qs, u"2400"_qs, u"0102"_qs}, {{}, u"01"_qs, u"0000"_qs, {}}};
     for (const Case &each : cases) {
         QString lengths;
         for (int level = 1; level <= 4; ++level)
@@ -105,8 +103,9 @@ TEST(LevelCode, DividesCodesByTheirScheme)
 
 TEST_F(PdmLpzdTest, TheTreeHoldsDistrictsAndTheirBuildingsAndLeadsToThem)
 {
-    EXPECT_EQ(nodes(), QStringList({u"ROOT:全部楼盘:"_qs, u"k01:01  广州:1"_qs, u"k0101:0101  天河:2"_qs,
-                                    u"k0102:0102  越秀:3"_qs, u"lL1:L1 天河花园:11"_qs, u"lL2:L2 骏景:12"_qs}));
+    EXPECT_EQ(nodes(),
+              QStringList({u"ROOT:全部楼盘:"_qs, u"k01:01  广州:1"_qs, u"k0101:0101  天河:2"_qs,
+                           u"k0102:0102  越秀:3"_qs, u"lL1:L1 天河花园:11"_qs, u"lL2:L2 骏景:12"_qs}));
     EXPECT_EQ(form.TV().SelectedText(), u"全部楼盘"_qs);
     select(u"lL1"_qs);
     EXPECT_EQ(text(0) + text(1) + text(2) + form.qzTxt(2).Tag() + text(7), u"L1天河花园天河22.5"_qs);
@@ -122,7 +121,8 @@ TEST_F(PdmLpzdTest, WhatIsNotABuildingIsNeitherEditedNorDeleted)
     for (int each = 0; each < 2; ++each)
         desktop.willAnswer(Desktop::Answer::Ok);
     EXPECT_FALSE(form.IFormUI_FileEdit() || form.IFormUI_FileDelete());
-    EXPECT_EQ(asked(), QStringList({u"提示：|没有选择需要修改的对象!"_qs, u"提示：|没有选择需要删除的对象!"_qs}));
+    EXPECT_EQ(asked(),
+              QStringList({u"提示：|没有选择需要修改的对象!"_qs, u"提示：|没有选择需要删除的对象!"_qs}));
 }
 
 TEST_F(PdmLpzdTest, ABuildingIsEditedWithItsBlocks)
@@ -140,9 +140,10 @@ TEST_F(PdmLpzdTest, ABuildingIsEditedWithItsBlocks)
     app.statements.clear();
     EXPECT_TRUE(form.IFormUI_FileSave());
     EXPECT_EQ(app.statements.value(2), u"Delete from pdmdz Where 栋座ID in(21)"_qs);
-    EXPECT_EQ(app.statements.value(3),
-              u"UpDate pdmlpzd Set 楼盘编号='L1',楼盘名称='天河新园',拼音缩写='',地区ID=2,物业用途='',物业类型='',"
-              u"建房年代='',售均价=2.5,管理费=0,详细地址='',备注='' Where 楼盘ID=11"_qs);
+    EXPECT_EQ(
+        app.statements.value(3),
+        u"UpDate pdmlpzd Set 楼盘编号='L1',楼盘名称='天河新园',拼音缩写='',地区ID=2,物业用途='',物业类型='',"
+        u"建房年代='',售均价=2.5,管理费=0,详细地址='',备注='' Where 楼盘ID=11"_qs);
     EXPECT_EQ(allBlocks(), u"22 B1 一栋 10 11 / 23 B1 骏景一 30 12 / 24 B3  0 11"_qs);
     EXPECT_EQ(node(u"lL1"_qs)->Text(), u"L1 天河新园"_qs);
     EXPECT_FALSE(form.Editing() || form.IFormUI_IsDirty());
@@ -227,6 +228,27 @@ TEST_F(PdmLpzdTest, ASaveThatFailsAtAnyOfItsStatementsWritesNothingAndKeepsEvery
     EXPECT_EQ(allBlocks(), u"22 B1 一栋 9 11 / 23 B1 骏景一 30 12 / 24 B8  0 11"_qs);
 }
 
+/// The commit is done, and its answer is lost.
+TEST_F(PdmLpzdTest, ASaveWhoseAnswerIsLostIsNotWrittenTwice)
+{
+    form.IFormUI_FileNew();
+    script = {{}, u"越秀"_qs, 3, nullptr};
+    form.qzTxt(2).requestHelp(5, 6);
+    type(0, u"L3"_qs);
+    type(1, u"东山口"_qs);
+    form.blocks().addRow();
+    edit(1, PdmLpzd::BlockNumber, u"B7"_qs);
+    app.losesAnswer = true;
+    EXPECT_FALSE(form.IFormUI_FileSave());
+    EXPECT_EQ(raised(), QStringList(u"楼盘字典|8|保存数据时出错：连接已断开！"_qs));
+    EXPECT_TRUE(form.Editing());
+    app.losesAnswer = false;
+    EXPECT_TRUE(form.IFormUI_FileSave());
+    EXPECT_TRUE(allBuildings().endsWith(u"77 1 / 14 L3 东山口 3 0"_qs));
+    EXPECT_TRUE(allBlocks().endsWith(u" / 24 B7  0 14"_qs));
+    EXPECT_EQ(raised(), QStringList());
+}
+
 TEST_F(PdmLpzdTest, AFailedSaveFindsItsDeletionsAgain)
 {
     select(u"lL1"_qs);
@@ -290,8 +312,9 @@ TEST_F(PdmLpzdTest, ABuildingDroppedOnADistrictIsEditedThereAndNotSavedYet)
         Q_EMIT tree.MouseMove(Qt::LeftButton, 5, y(source) + 4);
         tree.Drag(TreeView::EndDrag, 5, y(target));
     };
-    for (const auto &[target, source] : {std::pair(u"lL2"_qs, u"lL1"_qs), std::pair(u"ROOT"_qs, u"lL1"_qs),
-                                         std::pair(u"k0102"_qs, u"k0101"_qs), std::pair(u"lL1"_qs, u"lL1"_qs)}) {
+    for (const auto &[target, source] :
+         {std::pair(u"lL2"_qs, u"lL1"_qs), std::pair(u"ROOT"_qs, u"lL1"_qs),
+          std::pair(u"k0102"_qs, u"k0101"_qs), std::pair(u"lL1"_qs, u"lL1"_qs)}) {
         drop(target, source);
         EXPECT_FALSE(form.Editing());
     }

@@ -20,6 +20,7 @@ public:
     QStringList statements;
     SqlText lastStatement;
     int releases = 0;
+    bool losesAnswer = false; ///< of the next commits, which are done
     /// What is run for a statement.
     std::function<SqlText(const SqlText &)> asRun = [](const SqlText &sql) { return sql; };
 
@@ -39,15 +40,30 @@ private:
         bool Release() override
         {
             ++watched.releases;
+            depth = 0;
             return real.Release();
         }
-        void BeginTrans() override { real.BeginTrans(); }
-        void CommitTrans() override { real.CommitTrans(); }
-        void RollbackTrans() override { real.RollbackTrans(); }
+        void BeginTrans() override
+        {
+            real.BeginTrans();
+            ++depth;
+        }
+        void CommitTrans() override
+        {
+            real.CommitTrans();
+            if (--depth == 0 && watched.losesAnswer)
+                throw Failure(u"连接已断开！"_qs);
+        }
+        void RollbackTrans() override
+        {
+            depth = 0;
+            real.RollbackTrans();
+        }
         [[nodiscard]] HostDbError LastError() const override { return real.LastError(); }
         [[nodiscard]] int ConnectionNumber() const override { return real.ConnectionNumber(); }
         HostDb &real;
         WatchedHost &watched;
+        int depth = 0;
     };
     WatchedDb m_db{Application::Db(), *this};
 };
