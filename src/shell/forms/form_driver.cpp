@@ -109,8 +109,9 @@ void FormDriver::addCommand(const Command &command)
                                 [this, &command] { run(command); });
     if (command.keys.key() != Qt::Key_unknown)
         action.setShortcut(command.keys);
-    // The four moves are told by their arrows.
-    if (command.icon.startsWith(u"go-") && command.name != u"findNext")
+    if (command.right != 0 || command.when == Command::Editing)
+        action.setPriority(QAction::HighPriority);
+    else if (command.icon.startsWith(u"go-") && command.name != u"findNext") // an arrow says it all
         action.setPriority(QAction::LowPriority);
 }
 

@@ -16,6 +16,20 @@ constexpr int mostRowsTried = 60;
 
 } // namespace
 
+void seeWhole(Tour &tour, const QSize &size, std::initializer_list<const char *> names)
+{
+    const QWidget &window = tour.person().window();
+    const QSize seen = window.size();
+    tour.note(QStringLiteral("  窗口：%1×%2").arg(seen.width()).arg(seen.height()));
+    Tour::expect(seen == size, QStringLiteral("窗口应为 %1×%2").arg(size.width()).arg(size.height()));
+    for (const char *name : names) {
+        const auto &widget = tour.person().see(QLatin1String(name));
+        const QRect place(widget.mapTo(&window, QPoint()), widget.size());
+        Tour::expect(window.rect().contains(place),
+                     QStringLiteral("控件“%1”被窗口边缘截断").arg(QLatin1String(name)));
+    }
+}
+
 void waitForList(Tour &tour, const QString &what)
 {
     const auto isInSight = [&] {

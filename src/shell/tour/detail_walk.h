@@ -1,13 +1,18 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
+
+#include <initializer_list>
 
 namespace ebtq::shell {
 
 class Tour;
 
-/// What the steps of all lists with tabs do and see alike.
+/// What steps of several areas do and see alike.
 
+/// The window has that size, and none of these widgets is cut by its edge.
+void seeWhole(Tour &tour, const QSize &size, std::initializer_list<const char *> names);
 /// Until a page with a list is in front.
 void waitForList(Tour &tour, const QString &what);
 [[nodiscard]] int rowsShown(Tour &tour, const QString &grid);

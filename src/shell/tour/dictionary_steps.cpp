@@ -2,6 +2,7 @@
 
 #include "shell/message_bar.h"
 #include "shell/navigation.h"
+#include "shell/tour/detail_walk.h"
 #include "shell/tour/tour.h"
 
 #include <QAbstractItemModel>
@@ -252,6 +253,17 @@ void leave(Tour &tour)
     answer(tour, QStringLiteral("cancel"), QStringLiteral("building-cancel-question"), Qt::Key_N);
 }
 
+void makeSmall(Tour &tour)
+{
+    tour.person().window().resize(1280, 720);
+}
+
+void seeSmall(Tour &tour)
+{
+    seeBuilding(tour);
+    seeWhole(tour, {1280, 720}, {"FormState", "addBlock", "qzTxt_10"});
+}
+
 // Those without levels
 
 /// A number that is taken.
@@ -315,6 +327,7 @@ constexpr TourStep steps[] = {
     {u"不能删除已启用的楼盘", u"building-refused", deleteUsed, seeRefusal},
     {u"把楼盘拖到别的地区", u"building-dropped", dragBuilding, seeDropped},
     {u"离开前询问", u"building-kept", leave, seeBuilding},
+    {u"楼盘字典 1280×720", u"buildings-small", makeSmall, seeSmall},
     {u"产权字典", u"rights", open<host::PropertyRightModule>, seeBrowsing},
     {u"编号重复的产权", u"right-refused", writeTwice, seeRefusedNew},
     {u"保存产权", u"right-saved", writeAgain, seeNew},

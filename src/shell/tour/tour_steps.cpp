@@ -5,6 +5,7 @@
 #include "shell/tour/action_steps.h"
 #include "shell/tour/customer_steps.h"
 #include "shell/tour/detail_steps.h"
+#include "shell/tour/detail_walk.h"
 #include "shell/tour/dictionary_steps.h"
 #include "shell/tour/editor_steps.h"
 #include "shell/tour/follow_up_steps.h"
@@ -129,15 +130,7 @@ void expectKind(Tour &tour, const QString &kind, const QString &box)
 
 void expectSize(Tour &tour, const QSize &size)
 {
-    const QSize seen = tour.person().window().size();
-    tour.note(QStringLiteral("  窗口：%1×%2").arg(seen.width()).arg(seen.height()));
-    Tour::expect(seen == size, QStringLiteral("窗口应为 %1×%2").arg(size.width()).arg(size.height()));
-    for (const char *name : {"qzTxt_0", "SearchBox1", "ChkFind", "NavToolbar1_close", "Session"}) {
-        const auto &widget = tour.person().see(QLatin1String(name));
-        const QRect place(widget.mapTo(&tour.person().window(), QPoint()), widget.size());
-        Tour::expect(tour.person().window().rect().contains(place),
-                     QStringLiteral("控件“%1”被窗口边缘截断").arg(QLatin1String(name)));
-    }
+    seeWhole(tour, size, {"qzTxt_0", "SearchBox1", "ChkFind", "NavToolbar1_close", "Session"});
 }
 
 // The steps
