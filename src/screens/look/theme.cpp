@@ -55,8 +55,8 @@ QLabel[kind="title"] { color: @brand; font-weight: bold; }
 QLabel[kind="heading"] { color: @ink; font-size: 20px; font-weight: bold; }
 QLabel[kind="error"] { color: @failureInk; background: @failure; border: 1px solid @danger; border-radius: 4px;
     padding: 6px 10px; }
-QLabel[kind="badge"] { background: @window; color: @muted; border-radius: 4px; padding: 3px 10px; }
-QLabel[kind="badge"][active="true"] { background: @brandSoft; color: @brand; font-weight: bold; }
+QLabel[kind="state"] { background: @window; color: @muted; border-radius: 4px; padding: 3px 10px; }
+QLabel[kind="state"][active="true"] { background: @brandSoft; color: @brand; font-weight: bold; }
 
 QPushButton { background: @card; color: @ink; border: 1px solid @line; border-radius: 4px; padding: 5px 16px;
     min-height: 20px; }

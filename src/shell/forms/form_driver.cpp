@@ -118,7 +118,7 @@ void FormDriver::addCommand(const Command &command)
 void FormDriver::addState()
 {
     m_stateLabel->setObjectName(QStringLiteral("FormState"));
-    m_stateLabel->setProperty("kind", QStringLiteral("badge"));
+    m_stateLabel->setProperty("kind", QStringLiteral("state"));
     m_bar.addAtEnd(*m_stateLabel);
 }
 
