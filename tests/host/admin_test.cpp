@@ -110,6 +110,31 @@ TEST_F(AdminTest, InitMakesAnAgencyWithoutAScreen)
     EXPECT_TRUE(again.output.contains(u"已写入 1 个字典")) << again.output.toStdString();
 }
 
+TEST_F(AdminTest, UsersPasswordsAndRightsAreKeptWithoutAScreen)
+{
+    initialise();
+    EXPECT_EQ(run(u"user --db @ --add 乙 --department 二部"_qs, {}, "secret-2\n").output,
+              u"乙\t二部\t在用\n甲\t营业部\t管理员\n"_qs);
+    EXPECT_EQ(sql(u"select 姓名 from pdmgy where 雇员ID=2"_qs).output, u"乙\n"_qs);
+    EXPECT_EQ(run(u"password --db @ --user 乙"_qs, {}, "secret-3\n").status, 0);
+    const QString rights = u"right --db @ --user 乙"_qs;
+    EXPECT_TRUE(run(rights + u" --module 房源信息 --grant 新建,修改"_qs)
+                    .output.startsWith(u"房源信息\t新建,修改\n客源信息\t\n"));
+    EXPECT_TRUE(
+        run(rights + u" --like 甲"_qs).output.startsWith(u"房源信息\t新建,删除,修改\n客源信息\t新建"));
+    EXPECT_TRUE(
+        run(rights + u" --revoke 删除"_qs).output.startsWith(u"房源信息\t新建,修改\n客源信息\t新建,修改"));
+    const std::pair<QString, int> refused[] = {
+        {u"user --db @ --deactivate 甲"_qs, 1},      {u"right --db @ --user 甲 --revoke 修改"_qs, 1},
+        {u"right --db @ --user 甲 --like 乙"_qs, 1}, {u"user --db @ --add 甲"_qs, 1},
+        {u"user --db @ --add O'Neil"_qs, 1},         {u"password --db @ --user 丙"_qs, 1},
+        {rights + u" --grant 全部"_qs, 2},           {rights + u" --module 无 --grant 新建"_qs, 2},
+        {rights + u" --like 甲 --grant 新建"_qs, 2}};
+    for (const auto &[call, status] : refused)
+        expectRefusal(run(call, {}, "secret-4\n"), status, call);
+    EXPECT_EQ(run(u"user --db @ --deactivate 乙"_qs).output, u"乙\t二部\t停用\n甲\t营业部\t管理员\n"_qs);
+}
+
 TEST_F(AdminTest, SomebodyElsesFileIsTakenOverWhenAsked)
 {
     db::Connection::open(m_file, db::Connection::Missing::IsCreated)

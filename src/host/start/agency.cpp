@@ -5,6 +5,7 @@
 #include "host/host_parameters.h"
 #include "host/rights.h"
 #include "host/setup.h"
+#include "host/staff.h"
 
 #include <QSet>
 
@@ -16,25 +17,6 @@ namespace {
 
 constexpr int agencyGroup = 12;
 const QString nameKey = u"agency"_s;
-
-/// A database that was taken over or copied may hold rows already.
-int nextKey(db::Connection &connection, QStringView table, QStringView column)
-{
-    return connection.query(u"select max(%1) from %2"_s.arg(column, table)).value(0, 0).toInt() + 1;
-}
-
-void writeStaff(db::Connection &connection, const NewAgency &agency, PasswordCost cost)
-{
-    const int department = nextKey(connection, u"su_usertype", u"mtID");
-    connection.execute(
-        SqlText(u"insert into su_usertype(mtID,mtcode,mtname) values(%1,'%2','"_s.arg(department)
-                    .arg(department, 2, 10, QLatin1Char('0'))) +
-        typed(agency.department.trimmed()) + u"')"_s);
-    connection.execute(SqlText(u"insert into pdmgy(雇员ID,姓名) values(%1,'"_s.arg(
-                           nextKey(connection, u"pdmgy", u"雇员ID"))) +
-                       typed(agency.administrator.trimmed()) + u"')"_s);
-    grantAll(connection, createUser(connection, {agency.administrator, agency.password, department}, cost));
-}
 
 /// Capitals, small letters, digits, other marks, Chinese.
 int kindsOfCharacters(const QString &password)
@@ -65,9 +47,9 @@ void createAgency(db::Connection &connection, const NewAgency &agency, db::Forei
     (void)prepareDatabase(connection, foreign);
     if (hasUsers(connection))
         throw Failure(u"数据库中已有用户，不能再建立新机构！"_s);
-    if (!agency.districts.empty() && nextKey(connection, u"pdmdq", u"地区ID") > 1)
+    if (!agency.districts.empty() && connection.query(u"select top 1 地区ID from pdmdq"_s).rowCount() != 0)
         throw Failure(u"数据库中已有地区，请不要再给出地区！"_s);
-    writeStaff(connection, agency, cost);
+    grantAll(connection, hire(connection, agency.administrator, agency.password, agency.department, cost));
     writeDistricts(connection, agency.districts);
     (void)writeStandardLists(connection, agency.lists);
     setParameter(connection, {}, agencyGroup, nameKey, agency.name.trimmed());

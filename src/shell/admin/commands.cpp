@@ -12,6 +12,7 @@
 #include "shell/admin/orphans.h"
 #include "shell/admin/output.h"
 #include "shell/admin/password.h"
+#include "shell/admin/staff_commands.h"
 #include "shell/admin/statements.h"
 #include "shell/admin/transfers.h"
 #include "shell/admin/unseen_rows.h"
@@ -192,6 +193,13 @@ constexpr Command commands[] = {
       u"db=文件 to=备份文件 replace", u""},
      backUp},
     {{u"restore", u"从备份恢复，原数据库改名保留", u"from=备份文件 db=文件", u""}, restore},
+    {{u"user", u"列出用户；增加（同时成为员工，密码同 init）、停用或恢复一位",
+      u"db=文件或地址 add=用户名 department=部门 deactivate=用户名 activate=用户名", u""},
+     manageUsers},
+    {{u"password", u"更改用户的密码（密码同 init）", u"db=文件或地址 user=用户名", u""}, changePassword},
+    {{u"right", u"列出或更改用户的权限（新建,删除,修改；不给出模块时为全部模块；--like：与另一用户相同）",
+      u"db=文件或地址 user=用户名 module=模块 grant=权限 revoke=权限 like=用户名", u""},
+     manageRights},
 };
 
 void printHelp(std::FILE *stream)
