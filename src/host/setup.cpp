@@ -49,8 +49,8 @@ void writeMissingParameters(db::Connection &connection)
 
 db::InstallReport prepareDatabase(db::Connection &connection, db::Foreign foreign)
 {
-    db::InstallReport report = db::install(connection, foreign);
     db::Transaction transaction(connection);
+    db::InstallReport report = db::install(connection, foreign);
     writeModules(connection);
     writeMissingParameters(connection);
     transaction.commit();

@@ -2,6 +2,7 @@
 #include "support/postgres_base.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -108,6 +109,38 @@ TEST_F(AdminTest, InitMakesAnAgencyWithoutAScreen)
     sql(u"delete from pdmfx"_qs);
     const Outcome again = run(u"init --db @ --standard-dictionaries"_qs);
     EXPECT_TRUE(again.output.contains(u"已写入 1 个字典")) << again.output.toStdString();
+}
+
+TEST_F(AdminTest, AKilledUpgradeLeavesTheOldStateOrTheNewOne)
+{
+    constexpr int moments = 30;
+    initialise();
+    db::Connection::open(m_file)->executeNative("update host_schema set version=1; drop table host_numbers; "
+                                                "drop index ix_fyxx_number; delete from host_modules");
+    const QString old = m_folder.filePath(u"old.db"_qs);
+    ASSERT_TRUE(QFile::rename(m_file, old));
+    qint64 wholeTime = 0;
+    for (int moment = moments; moment >= 0; --moment) { // the first one is let run, to be timed
+        ASSERT_TRUE(QFile::copy(old, m_file));
+        QElapsedTimer timer;
+        timer.start();
+        QProcess process;
+        process.start(u"" EBTQ_ADMIN_PROGRAM ""_qs, {u"init"_qs, u"--db"_qs, m_file});
+        if (process.waitForFinished(moment == moments ? 60000
+                                                      : static_cast<int>(wholeTime * moment / moments)))
+            wholeTime = qMax(wholeTime, timer.elapsed());
+        process.kill();
+        process.waitForFinished();
+        const auto connection = db::Connection::open(m_file);
+        const int version = db::Identity::of(*connection).version;
+        const auto modules = connection->query(u"select moduleID from host_modules"_qs).rowCount();
+        if (version == 1)
+            EXPECT_TRUE(modules == 0 && !connection->catalog().table(u"host_numbers")) << moment;
+        else
+            EXPECT_TRUE(modules == 7 && db::checkSchema(*connection).isEmpty()) << moment;
+        for (const QString &name : QDir(m_folder.path()).entryList({u"agency.db*"_qs}))
+            QFile::remove(m_folder.filePath(name));
+    }
 }
 
 TEST_F(AdminTest, UsersPasswordsAndRightsAreKeptWithoutAScreen)

@@ -5,6 +5,7 @@
 #include "host/module_ids.h"
 #include "library/customers/frm_kh.h"
 #include "library/customers/frm_kh_fields.h"
+#include "library/dictionaries/pdm_lpzd.h"
 #include "library/listings/frm_fx.h"
 #include "library/listings/frm_fx_fields.h"
 #include "support/engine_database.h"
@@ -62,16 +63,22 @@ TEST_P(AgencyStartTest, ANewAgencySavesItsFirstListingAndItsFirstCustomer)
 {
     create(smallAgency());
     const auto connection = connect();
-    connection->execute(
-        u"insert into pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID) values(1,'LP1','碧棠花园',3)"_qs);
-    connection->execute(
-        u"insert into pdmdz(栋座ID,栋座编号,栋座名称,总楼层,楼盘ID) values(1,'1','A',9,1)"_qs);
     const host::User user = host::signIn(*connection, u"梁佳宁"_qs, u"secret-1"_qs);
     EXPECT_EQ(user.department, u"营业一部");
     QTemporaryDir folder;
     ScriptedPanels panels;
     ScriptedDesktop desktop;
     host::Application app(*connection, user, {folder.path(), loginDate}, panels);
+
+    PdmLpzd buildings(desktop);
+    buildings.IFormUI_Init(app, 0, 0);
+    EXPECT_TRUE(buildings.IFormUI_Refresh() && buildings.IFormUI_FileNew());
+    fill([&](int number) -> qzTxt_S & { return buildings.qzTxt(number); },
+         u"0 LP1,1 碧棠花园,2 柳岸,3 01,4 03"_qs);
+    buildings.blocks().addRow();
+    buildings.blocks().edit(1, PdmLpzd::BlockNumber, u"A"_qs);
+    EXPECT_TRUE(buildings.IFormUI_FileSave());
+    EXPECT_EQ(value(u"select 栋座ID & 楼盘ID from pdmdz"_qs), u"11");
 
     FrmFx listing(desktop);
     desktop.willShow([&](QObject &) {
