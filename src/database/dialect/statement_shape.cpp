@@ -61,15 +61,61 @@ bool isDecimal(QStringView text)
            std::all_of(decimals.begin(), decimals.end(), isDigit);
 }
 
-/// Nothing unless the value is a whole literal and, if a number, the whole side of a comparison.
-std::optional<StatementShape::Kind> kindOf(QStringView text, const SqlText::Span &span, const Token &token)
+using TokenAt = std::vector<Token>::const_iterator;
+
+/// Not within brackets, and before the condition.
+bool isAmongAssignments(const std::vector<Token> &tokens, TokenAt token)
+{
+    int depth = 0;
+    for (auto at = tokens.begin(); at != token; ++at) {
+        if (at->keyword == Keyword::Where)
+            return false;
+        depth += (at->symbol == Symbol::Open ? 1 : 0) - (at->symbol == Symbol::Close ? 1 : 0);
+    }
+    return depth == 0 && tokens.front().keyword == Keyword::Update;
+}
+
+/// "set a='text'," or ",a='text' where": the whole value of a column.
+bool isAssigned(const std::vector<Token> &tokens, TokenAt token)
+{
+    constexpr int wordsBefore = 3;
+    if (!isAmongAssignments(tokens, token) || token - tokens.begin() < wordsBefore)
+        return false;
+    const Token &before = *std::prev(token, wordsBefore);
+    const Token &after = *std::next(token);
+    return std::prev(token)->symbol == Symbol::Equal &&
+           (before.keyword == Keyword::Set || before.symbol == Symbol::Comma) &&
+           (after.keyword == Keyword::Where || after.symbol == Symbol::Comma);
+}
+
+bool isPlain(QStringView text)
+{
+    return std::none_of(text.begin(), text.end(), [](QChar c) { return c < u' '; });
+}
+
+std::optional<StatementShape::Kind> kindOfText(const SqlText &statement, QStringView value,
+                                               const std::vector<Token> &tokens, TokenAt token)
 {
     using enum StatementShape::Kind;
+    if (statement.text()[token->begin] != u'\'')
+        return std::nullopt;
+    if (isKey(value))
+        return Key;
+    return isAssigned(tokens, token) && isPlain(value) ? std::optional(Assigned) : std::nullopt;
+}
+
+/// Nothing unless the value is a whole literal and, if a number, the whole side of a comparison.
+std::optional<StatementShape::Kind> kindOf(const SqlText &statement, const SqlText::Span &span,
+                                           const std::vector<Token> &tokens, TokenAt at)
+{
+    using enum StatementShape::Kind;
+    const Token &token = *at;
+    const QStringView text = statement.text();
     if (span.begin != token.contentBegin() || span.end() != token.contentEnd())
         return std::nullopt;
     const QStringView value = text.sliced(span.begin, span.length);
     if (token.kind == TokenKind::Text)
-        return text[token.begin] == u'\'' && isKey(value) ? std::optional(Key) : std::nullopt;
+        return kindOfText(statement, value, tokens, at);
     const QChar before = span.begin > 0 ? text[span.begin - 1] : QChar();
     const QChar after = span.end() < text.size() ? text[span.end()] : QChar(u' ');
     const bool isCompared = before == u'=' || before == u'<' || before == u'>';
@@ -114,7 +160,7 @@ std::optional<StatementShape> StatementShape::of(const SqlText &statement)
     qsizetype copied = 0;
     for (const SqlText::Span &span : statement.typedSpans()) {
         token = std::find_if(token, tokens.end(), [&](const Token &each) { return each.end > span.begin; });
-        const auto kind = token == tokens.end() ? std::nullopt : kindOf(text, span, *token);
+        const auto kind = token == tokens.end() ? std::nullopt : kindOf(statement, span, tokens, token);
         if (!kind)
             return std::nullopt;
         shape.m_text += QStringView(text).sliced(copied, span.begin - copied);
@@ -144,6 +190,8 @@ QString StatementShape::sampleValue(size_t number) const
         return u"ABCDEF00-0000-4000-8000-0000FEDCBA0"_s + digit;
     case Kind::Whole:
         return u"91827364"_s + digit;
+    case Kind::Assigned:
+        return u"ebtq assigned "_s + digit;
     default:
         return u"91827364"_s + digit + u".5"_s;
     }
@@ -173,7 +221,7 @@ std::optional<QByteArray> StatementShape::withParameters(QByteArray sql, Extent 
         // Also when it occurs elsewhere in the statement: then there is no shape.
         if (m_text.contains(QLatin1String(literal)))
             return std::nullopt;
-        if (m_values[number].kind == Kind::Key)
+        if (m_values[number].kind == Kind::Key || m_values[number].kind == Kind::Assigned)
             literal = '\'' + literal + '\'';
         const QByteArray parameter = '?' + QByteArray::number(static_cast<int>(number) + 1);
         qsizetype at = sql.indexOf(literal);

@@ -15,14 +15,15 @@ namespace ebtq::db {
 /// that the user passes.
 ///
 /// Only values whose kind is all that the translation depends on have a place in a shape: record keys,
-/// which are GUIDs with a letter in them, and plain positive numbers beside a comparison. The content of any
-/// other text - a date, a number, a pattern, no letters - may change the translated statement. A value that
-/// comes again is the same value also in the shape: what is compared with one number twice is translated with
-/// a view to that.
+/// which are GUIDs with a letter in them, plain positive numbers beside a comparison, and texts that an
+/// update assigns as they are. The content of any other text - a date, a number, a pattern, no letters - may
+/// change the translated statement; so would that of a text assigned to a column of numbers, whose sample
+/// therefore is none. A value that comes again is the same value also in the shape: what is compared with one
+/// number twice is translated with a view to that.
 class StatementShape
 {
 public:
-    enum class Kind : quint8 { Key, Whole, Decimal };
+    enum class Kind : quint8 { Key, Whole, Decimal, Assigned };
     struct Value
     {
         Kind kind;

@@ -195,9 +195,10 @@ void bindValues(sqlite3_stmt *statement, const std::vector<StatementShape::Value
     int parameter = 0;
     for (const StatementShape::Value &value : values) {
         ++parameter;
-        const QByteArray text = value.text.toLatin1();
+        const QByteArray text = value.text.toUtf8();
         switch (value.kind) {
         case StatementShape::Kind::Key:
+        case StatementShape::Kind::Assigned:
             sqlite3_bind_text(statement, parameter, text.constData(), static_cast<int>(text.size()),
                               SQLITE_TRANSIENT);
             break;

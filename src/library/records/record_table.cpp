@@ -29,7 +29,7 @@ SqlText literal(const RecordColumn &column, const QString &text)
 
 SqlText keyLiteral(const RecordTable &record, const QString &key)
 {
-    return record.keyKind == KeyKind::Text ? quoted(key) : SqlText(PlainDecimal(Val(key)));
+    return record.keyKind == KeyKind::Text ? quoted(key) : SqlText() + typed(PlainDecimal(Val(key)));
 }
 
 } // namespace

@@ -39,6 +39,15 @@ TEST(StatementShapeTest, OnlyKeysAndPlainNumbersHaveAPlace)
         {u"select a from t where d>#@#", {}, {u"2026-11-22"_qs}},
         {u"select a from t where n=@+1", {}, {u"12"_qs}},
         {u"select @ from t", {}, {u"12"_qs}},
+        {u"update t set a=1,b='@',c='@' where n=1",
+         {u"天河'"_qs.chopped(1), u"12"_qs, keyA},
+         {u"a\nb"_qs, u"a'b"_qs}},
+        {u"update t set a=b='@',c=1 where n=1", {}, {u"x"_qs}},
+        {u"update t set a='x' & '@' where n=1", {}, {u"x"_qs}},
+        {u"update t set a=iif(b='@',1,2) where n=1", {}, {u"x"_qs}},
+        {u"update t set a=1 where b='@' and c='@'", {}, {u"x"_qs}},
+        {u"update t set a=iif(1=1,b='@',2),c=1 where n=1", {}, {u"x"_qs}},
+        {u"select iif(1=2,a='@',b) from t", {}, {u"x"_qs}},
         {u"select '\xE000' from t where n=@", {}, {u"12"_qs}},
         {u"=@ =@ =@ =@ =@ =@ =@ =@ =@ =@ ", {}, {u"12"_qs}},
     };
@@ -109,6 +118,21 @@ TEST_F(ParametersTest, NoValueComesOutOtherwiseThanInTheText)
             EXPECT_EQ(outcome(statement), outcome(statement.text())) << statement.text().toStdString();
         }
     }
+    for (const QString &value : {u"天河"_qs, u"12"_qs, u"2026-11-22"_qs, u"?1"_qs, u"ebtq assigned 0"_qs}) {
+        const auto updated = [&](const char16_t *text) {
+            QStringList outcomes;
+            for (const SqlText &statement :
+                 {withTyped(text, value), SqlText(withTyped(text, value).text())}) {
+                const std::string refusal = messageOf([&] { connection.execute(statement); });
+                outcomes += QString::fromStdString(refusal) + rows(u"select x,n,d from t where k='c'"_qs);
+            }
+            EXPECT_EQ(outcomes[0], outcomes[1]) << value.toStdString();
+        };
+        updated(u"update t set x='@' where k='c'");
+        updated(u"update t set n='@',x='@' where k='c'");
+        updated(u"update t set d='@',x='-' where k='c'");
+    }
+    connection.execute(u"update t set x='918273640',n=918273640,d=#2026-11-22# where k='c'"_qs);
     EXPECT_EQ(rows(withTyped(u"select x from t where k='@'", keyB)), u"12.5;"_qs);
     EXPECT_EQ(connection.execute(withTyped(u"update t set n=@ where x='12'", u"77"_qs)), 1);
     EXPECT_EQ(connection.execute(withTyped(u"delete from t where k='@'", keyB)), 1);
