@@ -1,6 +1,7 @@
 #include "robot.h"
 #include "watcher.h"
 
+#include "host/module_ids.h"
 #include "shell/guarded_application.h"
 #include "shell/main_window.h"
 #include "shell/program.h"
@@ -72,7 +73,9 @@ int runChild(int argc, char **argv)
                                  .library = QStringLiteral(EBTQ_COMPONENT_LIBRARY),
                                  .dark = false};
     return shell::runProgram(application, options, [&](shell::MainWindow &window) {
-        return robot::Robot(arguments[2].toUInt(), arguments[3].toInt(), window, arguments[5]).work();
+        const quint32 seed = arguments[2].toUInt();
+        window.openModule(host::modules.at(seed % host::modules.size()).id); // chance seldom leads to all
+        return robot::Robot(seed, arguments[3].toInt(), window, arguments[5]).work();
     });
 }
 
