@@ -383,9 +383,10 @@ void MainWindow::leaveFor(const QPointer<ModulePage> &wanted)
         turnTo(*wanted);
 }
 
+/// A notice of the desktop can lead elsewhere while a message box is open: it must not ask in front of it.
 bool MainWindow::mayLeaveShown()
 {
-    return !m_shown || m_shown->mayLeave();
+    return !m_shown || !m_shown->isEditing() || (!QApplication::activeModalWidget() && m_shown->mayLeave());
 }
 
 /// Without asking.

@@ -284,6 +284,8 @@ void FormDriver::remove()
 void FormDriver::find()
 {
     m_isFound = m_form.IFormUI_Find({});
+    if (!m_isFound)
+        say(QStringLiteral("没有找到。"));
 }
 
 void FormDriver::findNext()
