@@ -36,6 +36,7 @@ void PdmLpzd::makeGrid()
     m_grid.setFormatString(u"行号|栋座编号  |栋座/位置         |总楼层|栋座ID"_s);
     m_grid.setColHidden(BlockId, true);
     m_grid.setColAlignment(Floors, VSFlexGrid::AlignRight);
+    m_grid.setFixedAlignment(Floors, VSFlexGrid::AlignRight);
     m_grid.Clear();
     connect(&m_grid, &qzGrid::CellChanged, this, &PdmLpzd::setDirty);
     connect(&m_grid, &qzGrid::AddVsRow, this, &PdmLpzd::setDirty);

@@ -151,6 +151,7 @@ void FlexGridView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
     m_columns->layOut();
+    updateGeometries(); // the columns fit again: a scroll bar for the former ones must not be seen
 }
 
 /// A mouse press does not scroll the row: both presses of a double click must hit the same one.

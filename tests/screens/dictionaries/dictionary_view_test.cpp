@@ -10,6 +10,7 @@
 
 #include <QClipboard>
 #include <QPushButton>
+#include <QScrollBar>
 
 using namespace ebtq;
 using namespace ebtq::test;
@@ -115,6 +116,11 @@ TEST_F(LpzdScreen, BlocksAreTypedCellByCell)
 {
     showFirst();
     EXPECT_GE(expectNothingIsCut(view), 25);
+    for (const QSize size : {QSize(1270, 815), QSize(1112, 540)}) {
+        view.resize(size);
+        QApplication::processEvents();
+    }
+    EXPECT_FALSE(grid().horizontalScrollBar()->isVisible()); // also in the first picture of a smaller window
     form.IFormUI_FileNew();
     child<QPushButton>(view, u"addBlock"_qs).click();
     typed(u"A1"_qs);
