@@ -114,6 +114,7 @@ void ListView::addKinds(FlowLayout &row, QWidget *parent)
     row.addLayout(pair);
 }
 
+/// The tick folds with its box.
 void ListView::addSearch(FlowLayout &row, QWidget *parent)
 {
     auto *view = new SearchBoxView(m_module.SearchBox1(), parent);
@@ -123,8 +124,9 @@ void ListView::addSearch(FlowLayout &row, QWidget *parent)
     view->setMinimumWidth(widthOf(*view, searchCharacters));
     view->setMaximumWidth(widthOf(*view, searchCharactersAtMost));
     view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    row.addLayout(captioned(makeCaption(m_module.lblSearch(), *view, parent), view));
-    row.addWidget(new CheckBoxView(m_module.ChkFind(), parent, u'I'));
+    QHBoxLayout *search = captioned(makeCaption(m_module.lblSearch(), *view, parent), view);
+    search->addWidget(new CheckBoxView(m_module.ChkFind(), parent, u'I'));
+    row.addLayout(search);
 }
 
 FlexGridView *ListView::makeGrid()
