@@ -1,5 +1,6 @@
 #include "library/customers/customer_detail.h"
 
+#include "library/controls/drawn_later.h"
 #include "library/customers/customer_matching.h"
 #include "library/customers/khxx_tables.h"
 #include "library/followups/follow_up_rows.h"
@@ -138,14 +139,15 @@ bool CustomerDetail::LoadDataGj(const QString &id)
 
 void CustomerDetail::mFrmGj_ReturnData(const QString &psID, bool pbNew)
 {
-    trapped(u"-->mFrmGj_ReturnData::", [&] {
+    const auto show = [&] {
         if (pbNew) {
             m_followUps.setRows(m_followUps.Rows() + 1);
             m_followUps.setRow(m_followUps.Rows() - 1);
         }
         showFollowUp(app().Db(), m_followUps, m_followUps.Row(), psID);
         return true;
-    });
+    };
+    trapped(u"-->mFrmGj_ReturnData::", [&] { return drawnLater(m_followUps, show); });
 }
 
 } // namespace ebtq

@@ -1,6 +1,7 @@
 #include "library/listings/listing_detail.h"
 
 #include "contracts/conversions.h"
+#include "library/controls/drawn_later.h"
 #include "library/followups/follow_up_rows.h"
 #include "library/frame/statements.h"
 #include "library/listings/fcxx_tables.h"
@@ -136,12 +137,13 @@ QString ListingDetail::picturesText() const
 
 void ListingDetail::mFrmGj_ReturnData(const QString &psID, bool pbNew)
 {
-    trapped(u"-->mFrmGj_ReturnData::", [&] {
+    const auto show = [&] {
         if (pbNew)
             m_followUps.setRows(m_followUps.Rows() + 1);
         showFollowUp(app().Db(), m_followUps, pbNew ? m_followUps.Rows() - 1 : m_followUps.Row(), psID);
         return true;
-    });
+    };
+    trapped(u"-->mFrmGj_ReturnData::", [&] { return drawnLater(m_followUps, show); });
 }
 
 } // namespace ebtq

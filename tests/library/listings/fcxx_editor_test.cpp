@@ -209,6 +209,9 @@ TEST_F(FcxxEditorTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
     };
     VSFlexGrid &grid = list.detail().VsGj();
     const int before = grid.Rows();
+    const auto shown = QObject::connect(&grid, &VSFlexGrid::rowsReset, &grid, [&] {
+        EXPECT_FALSE(grid.TextMatrix(grid.Rows() - 1, 1).isEmpty()) << "a view measures rows as they come";
+    });
     for (const auto &[act, expected] : cases) {
         writeFollowUp(act);
         EXPECT_EQ(u'|' + rowText(grid, grid.Rows() - 1), expected + grid.TextMatrix(grid.Rows() - 1, 11));
@@ -223,6 +226,7 @@ TEST_F(FcxxEditorTest, ASavedFollowUpStandsAtTheBottomOfItsTab)
     EXPECT_EQ(grid.TextMatrix(before, 2), u"改过") << "the current row, and no new one";
     EXPECT_EQ(grid.Rows(), before + 3);
 
+    QObject::disconnect(shown);
     connection->executeNative("alter table pdmgy rename to x");
     writeFollowUp();
     ASSERT_EQ(events.size(), 1);
