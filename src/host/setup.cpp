@@ -20,9 +20,15 @@ struct DefaultParameter
 constexpr DefaultParameter defaultParameters[] = {
     {u"dzbm", u"222"},    // length of each level of a district's code, a digit a level
     {u"savecheck", u"1"}, // before a save, look whether somebody else has changed the row since it was opened
-    {u"7", u"2"},         // decimals of the kinds of numbers that a list's layout may name
-    {u"8", u"2"},         {u"9", u"2"},  {u"10", u"2"}, {u"11", u"2"},
-    {u"12", u"2"},        {u"13", u"2"}, {u"14", u"2"},
+    {u"lockminutes", u"30"}, // without keyboard or mouse until the desktop locks; 0 for never
+    {u"7", u"2"},            // decimals of the kinds of numbers that a list's layout may name
+    {u"8", u"2"},
+    {u"9", u"2"},
+    {u"10", u"2"},
+    {u"11", u"2"},
+    {u"12", u"2"},
+    {u"13", u"2"},
+    {u"14", u"2"},
 };
 
 void writeModules(db::Connection &connection)

@@ -45,8 +45,9 @@ int pauseAfter(int wrong)
 
 } // namespace
 
-LoginDialog::LoginDialog(const QString &presetName, const QString &database, SignIn signIn)
+LoginDialog::LoginDialog(const QString &presetName, const QString &database, SignIn signIn, Purpose purpose)
     : m_signIn(std::move(signIn))
+    , m_purpose(purpose)
     , m_name(inputField(QStringLiteral("name")))
     , m_password(inputField(QStringLiteral("password")))
     , m_error(labelOfKind({}, QStringLiteral("error")))
@@ -54,8 +55,9 @@ LoginDialog::LoginDialog(const QString &presetName, const QString &database, Sig
 {
     m_second.setInterval(std::chrono::seconds(1));
     connect(&m_second, &QTimer::timeout, this, &LoginDialog::countDown);
-    setWindowTitle(QStringLiteral("登录"));
+    setWindowTitle(purpose == Purpose::Unlock ? QStringLiteral("已锁定") : QStringLiteral("登录"));
     m_name->setText(presetName);
+    m_name->setReadOnly(purpose == Purpose::Unlock);
     m_password->setEchoMode(QLineEdit::Password);
     m_error->setObjectName(QStringLiteral("error"));
     m_error->hide();
@@ -86,19 +88,33 @@ QLayout *LoginDialog::buttons()
 {
     m_enter->setProperty("kind", QStringLiteral("primary"));
     m_enter->setDefault(true);
-    auto *leave = new QPushButton(QStringLiteral("退出(&X)"));
     connect(m_enter, &QPushButton::clicked, this, &LoginDialog::accept);
-    connect(leave, &QPushButton::clicked, this, &LoginDialog::reject);
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(m_enter);
+    if (m_purpose == Purpose::SignIn)
+        addWaysOut(*row);
+    else
+        m_enter->setText(QStringLiteral("解锁(&L)"));
+    return row;
+}
+
+void LoginDialog::addWaysOut(QHBoxLayout &row)
+{
     auto *other = new QPushButton(QStringLiteral("其他数据库(&D)…"));
     other->setProperty("kind", QStringLiteral("flat"));
     other->setAutoDefault(false);
     connect(other, &QPushButton::clicked, this, [this] { done(OtherDatabase); });
-    auto *row = new QHBoxLayout;
-    row->addWidget(other);
-    row->addStretch();
-    row->addWidget(m_enter);
-    row->addWidget(leave);
-    return row;
+    auto *leave = new QPushButton(QStringLiteral("退出(&X)"));
+    connect(leave, &QPushButton::clicked, this, &LoginDialog::reject);
+    row.insertWidget(0, other);
+    row.addWidget(leave);
+}
+
+void LoginDialog::reject()
+{
+    if (m_purpose == Purpose::SignIn)
+        QDialog::reject();
 }
 
 QString LoginDialog::name() const

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -25,21 +26,28 @@ public:
     /// causes a pause.
     using SignIn = std::function<void(const QString &name, const QString &password)>;
 
+    /// Unlock is for who is signed in already: the name stays and there is no way out but the password.
+    enum class Purpose { SignIn, Unlock };
+
     /// `database` is shown: where the sign-in goes.
-    LoginDialog(const QString &presetName, const QString &database, SignIn signIn);
+    LoginDialog(const QString &presetName, const QString &database, SignIn signIn,
+                Purpose purpose = Purpose::SignIn);
 
     [[nodiscard]] QString name() const;
     void accept() override;
+    void reject() override;
 
 private:
     [[nodiscard]] QLayout *fields();
     [[nodiscard]] QLayout *buttons();
+    void addWaysOut(QHBoxLayout &row);
     void showError(const QString &text);
     void tryAgain(const QString &reason);
     void refuse(const QString &reason);
     void countDown();
 
     SignIn m_signIn;
+    Purpose m_purpose;
     QLineEdit *m_name;
     QLineEdit *m_password;
     QLabel *m_error;

@@ -81,6 +81,7 @@ MainWindow::MainWindow(ComponentLibrary &library, HostApp &app, const SessionFac
     , m_messages(new MessageBar)
     , m_pages(new QStackedWidget)
     , m_status(plainLabel({}, QStringLiteral("StatusMessage")))
+    , m_session(new QToolButton)
     , m_businessDate(facts.date)
 {
     setObjectName(QStringLiteral("MainWindow"));
@@ -138,14 +139,15 @@ QWidget *MainWindow::topBar(const SessionFacts &facts)
     scheme->setAccessibleName(QStringLiteral("切换浅色或深色"));
     connect(scheme, &QToolButton::clicked, this, &MainWindow::toggleScheme);
 
-    QLabel *session = plainLabel(sessionText(facts), QStringLiteral("Session"));
-    session->setProperty("kind", QStringLiteral("caption"));
+    m_session->setObjectName(QStringLiteral("Session"));
+    m_session->setText(sessionText(facts));
+    m_session->setPopupMode(QToolButton::InstantPopup);
     QWidget *bar = barOfKind(QStringLiteral("bar"));
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(8, 0, 8, 1); // keeps the bar's border visible below the tabs
     row->addWidget(m_tabs, 0, Qt::AlignBottom);
     row->addStretch();
-    row->addWidget(session);
+    row->addWidget(m_session);
     row->addWidget(scheme);
     return bar;
 }
@@ -348,6 +350,11 @@ void MainWindow::noticeDate(const QDate &today)
                    QStringLiteral("今天是 %1，业务日期仍是 %2，单据和提醒按业务日期处理。")
                        .arg(today.toString(Qt::ISODate), m_businessDate.toString(Qt::ISODate)),
                    QStringLiteral("重新登录"), [this] { signInAnew(); });
+}
+
+void MainWindow::setSessionMenu(QMenu &menu)
+{
+    m_session->setMenu(&menu);
 }
 
 void MainWindow::signInAnew()

@@ -11,9 +11,11 @@
 #include <functional>
 
 class QLabel;
+class QMenu;
 class QStackedWidget;
 class QSystemTrayIcon;
 class QTabBar;
+class QToolButton;
 
 namespace ebtq::shell {
 
@@ -50,6 +52,10 @@ public:
     void follow(ReminderWatch &watch);
     /// Says once a day that the business date is not today's, and offers to sign in anew.
     void noticeDate(const QDate &today);
+    /// Opens at the name of who is signed in.
+    void setSessionMenu(QMenu &menu);
+    /// Closes the window for another session, unless a module may not be left.
+    void signInAnew();
     /// The window was closed for another session.
     [[nodiscard]] bool isForSignIn() const { return m_isForSignIn; }
     /// A failure that no module reported.
@@ -75,7 +81,6 @@ private:
     void showReminders(int due, int added);
     void openReminders();
     void openSource(const host::FollowUpSource &source);
-    void signInAnew();
     void changePage();
     void leaveFor(const QPointer<ModulePage> &wanted);
     [[nodiscard]] bool mayLeaveShown();
@@ -101,6 +106,7 @@ private:
     QStackedWidget *m_pages; ///< a page has the position of its tab
     QPointer<ModulePage> m_shown;
     QLabel *m_status;
+    QToolButton *m_session;
     QSystemTrayIcon *m_tray = nullptr; ///< where there is a tray, from the first notice on
     QDate m_businessDate;
     QDate m_toldDate; ///< of the last notice of another date

@@ -10,6 +10,9 @@
 #include "shell/print/print_engine.h"
 #include "shell/print/qt_print_desk.h"
 #include "shell/reminders/reminder_watch.h"
+#include "shell/session/password_dialog.h"
+#include "shell/session/screen_lock.h"
+#include "shell/session/session_menu.h"
 #include "shell/sign_in.h"
 #include "shell/start/choose_database.h"
 #include "shell/start/recent_databases.h"
@@ -74,6 +77,31 @@ void styleForm(QObject &form)
     design->IDesignUI_Parameters(&parameters);
 }
 
+int minutesUntilLock(host::Application &app)
+{
+    constexpr int parameterGroup = 12;
+    return qMax(0, app.UserParameter(parameterGroup, QStringLiteral("lockminutes")).Text.toInt());
+}
+
+/// The commands of the session; the menu belongs to the window.
+SessionMenu *makeSessionMenu(MainWindow &window, db::Connection &connection, const host::User &user,
+                             ScreenLock &lock)
+{
+    const auto changePassword = [&] {
+        PasswordDialog dialog(
+            [&](const QString &present, const QString &wanted) {
+                (void)host::signIn(connection, user.name, present);
+                host::setPassword(connection, user.name, wanted);
+            },
+            &window);
+        dialog.exec();
+    };
+    return new SessionMenu(window, {.changePassword = changePassword,
+                                    .lock = [&lock] { lock.lock(); },
+                                    .switchUser = [&window] { window.signInAnew(); },
+                                    .about = [&window] { showAbout(window); }});
+}
+
 int runSession(GuardedApplication &application, const Options &options, db::Connection &connection,
                const host::User &user, const Drive &drive)
 {
@@ -102,6 +130,11 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
             reminders.look();
     });
     const auto endOfChanges = qScopeGuard([&app] { app.setChangeReport({}); });
+    ScreenLock lock(user.name, place, std::chrono::minutes(minutesUntilLock(app)),
+                    [&](const QString &name, const QString &password) {
+                        (void)host::signIn(connection, name, password);
+                    });
+    window.setSessionMenu(*makeSessionMenu(window, connection, user, lock));
     showWindow(window);
     window.follow(reminders);
     if (!options.tour.isEmpty())

@@ -94,7 +94,7 @@ void Robot::step()
         watchDeletion(*box);
     if (auto *files = qobject_cast<QFileDialog *>(top))
         leaveFileDialog(*files);
-    else if (qobject_cast<QPrintDialog *>(top))
+    else if (qobject_cast<QPrintDialog *>(top) || top->objectName() == u"SessionMenu") // it ends the session
         top->close();
     else
         act(*top);

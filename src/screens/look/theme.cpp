@@ -82,6 +82,9 @@ QToolButton:pressed { background: @line; }
 QToolButton:focus { border-color: @brand; }
 QToolButton:checked { background: @brandSoft; color: @brand; font-weight: bold; }
 QToolButton:disabled { color: @muted; }
+QToolButton#Session { color: @muted; padding-right: 22px; }
+QToolButton#Session::menu-indicator { image: url(:/ebtq/images/chevron-down.svg); width: 14px; height: 14px;
+    subcontrol-origin: padding; subcontrol-position: center right; right: 4px; }
 QToolButton[kind="close"] { padding: 0; margin-left: 4px; border-radius: 3px; min-width: 16px; min-height: 16px; }
 
 QLineEdit, QPlainTextEdit, QTextEdit, QComboBox { background: @card; color: @ink; border: 1px solid @line;
@@ -192,6 +195,7 @@ QLabel[kind="navGroup"] { color: @navigationMuted; font-size: 12px; padding: 10p
 QToolButton[kind="nav"] { color: @navigationInk; text-align: left; padding: 6px 12px; border-radius: 5px; }
 QToolButton[kind="nav"]:hover { background: rgba(255, 255, 255, 24); }
 QToolButton[kind="nav"]:focus { border-color: @navigationMuted; }
+QLabel[kind="curtain"] { color: @muted; background: @window; font-size: 20px; }
 QLabel[kind="badge"] { background: @refusal; color: @refusalInk; border-radius: 7px; padding: 0 4px;
     font-size: 11px; }
 QToolButton[kind="nav"]:checked { background: @navigationCurrent; color: #ffffff; font-weight: normal; }

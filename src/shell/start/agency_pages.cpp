@@ -15,21 +15,6 @@ namespace ebtq::shell {
 
 namespace {
 
-QString strengthText(host::Strength strength)
-{
-    switch (strength) {
-    case host::Strength::TooShort:
-        return QStringLiteral("密码至少要有 %1 个字符").arg(host::shortestPassword);
-    case host::Strength::Weak:
-        return QStringLiteral("强度：弱，容易被猜到");
-    case host::Strength::Fair:
-        return QStringLiteral("强度：中");
-    case host::Strength::Strong:
-        break;
-    }
-    return QStringLiteral("强度：强");
-}
-
 QString sampleOf(const host::StandardList &list)
 {
     QStringList names;

@@ -24,10 +24,8 @@ QLabel *plainLabel(const QString &kind, const QString &text = {})
 StartPage::StartPage(StartDraft &draft, const QString &title, const QString &purpose)
     : m_draft(draft)
     , m_column(new QVBoxLayout)
-    , m_error(plainLabel(QStringLiteral("error")))
+    , m_error(errorLabel())
 {
-    m_error->setObjectName(QStringLiteral("error"));
-    m_error->hide();
     m_column->setSpacing(12);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(28, 24, 28, 16);
@@ -79,6 +77,29 @@ QLabel *hintLabel(const QString &objectName, const QString &text)
     QLabel *label = plainLabel(QStringLiteral("hint"), text);
     label->setObjectName(objectName);
     return label;
+}
+
+QLabel *errorLabel()
+{
+    QLabel *label = plainLabel(QStringLiteral("error"));
+    label->setObjectName(QStringLiteral("error"));
+    label->hide();
+    return label;
+}
+
+QString strengthText(host::Strength strength)
+{
+    switch (strength) {
+    case host::Strength::TooShort:
+        return QStringLiteral("密码至少要有 %1 个字符").arg(host::shortestPassword);
+    case host::Strength::Weak:
+        return QStringLiteral("强度：弱，容易被猜到");
+    case host::Strength::Fair:
+        return QStringLiteral("强度：中");
+    case host::Strength::Strong:
+        break;
+    }
+    return QStringLiteral("强度：强");
 }
 
 QLineEdit *startField(const QString &objectName, const QString &text)

@@ -55,6 +55,9 @@ private:
 
 /// A line of explanation.
 [[nodiscard]] QLabel *hintLabel(const QString &objectName, const QString &text = {});
+/// What a refusal is shown in; hidden until there is one.
+[[nodiscard]] QLabel *errorLabel();
+[[nodiscard]] QString strengthText(host::Strength strength);
 [[nodiscard]] QLineEdit *startField(const QString &objectName, const QString &text = {});
 
 } // namespace ebtq::shell

@@ -12,6 +12,7 @@
 #include "shell/tour/layout_steps.h"
 #include "shell/tour/picker_steps.h"
 #include "shell/tour/print_steps.h"
+#include "shell/tour/session_steps.h"
 #include "shell/tour/start_steps.h"
 #include "shell/tour/tour.h"
 
@@ -339,7 +340,7 @@ std::vector<TourStep> tourSteps()
     for (const std::span<const TourStep> part : {detailSteps(), pickerSteps(), actionSteps()})
         next = result.insert(next, part.begin(), part.end()) + std::ssize(part);
     for (const std::span<const TourStep> part :
-         {editorSteps(), customerSteps(), followUpSteps(), dictionarySteps(), startSteps()})
+         {editorSteps(), customerSteps(), followUpSteps(), dictionarySteps(), startSteps(), sessionSteps()})
         result.insert(result.end(), part.begin(), part.end());
     return result;
 }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QMenu>
+
+#include <functional>
+
+namespace ebtq::shell {
+
+/// What can be done about the session, at the name of who is signed in.
+class SessionMenu : public QMenu
+{
+    Q_OBJECT
+
+public:
+    struct Commands
+    {
+        std::function<void()> changePassword;
+        std::function<void()> lock;
+        std::function<void()> switchUser;
+        std::function<void()> about;
+    };
+    /// The shortcuts work in `window`.
+    SessionMenu(QWidget &window, const Commands &commands);
+};
+
+/// The program's version and what it is made of, with the licences.
+void showAbout(QWidget &window);
+
+} // namespace ebtq::shell
