@@ -18,6 +18,8 @@
 /// References and pointers that the host gives out stay good until the next call of the same operation; a
 /// module fetches them afresh for each use and keeps only the HostApp. All calls are made on the
 /// user-interface thread.
+class QIODevice;
+
 namespace ebtq {
 
 class ControlCollection;
@@ -64,7 +66,8 @@ struct Field
     QVariant Value; ///< invalid for Null
 };
 
-/// Forward-only rows of one statement; lives for one operation.
+/// Forward-only rows of one statement; lives for one operation. What is below AddNew throws Failure when it
+/// cannot be done, with nothing written; a host that keeps no files need not have it.
 class Recordset
 {
 public:
@@ -80,6 +83,18 @@ public:
     /// Hands all rows out, as they are; the recordset is at its end afterwards.
     [[nodiscard]] virtual RowBlock GetRows() = 0;
     virtual void Close() = 0;
+
+    /// Begins a new row of the table that the statement reads. It is written by Update, and is then the
+    /// current row, with the key that the database has given it.
+    virtual void AddNew() { throw Failure(QStringLiteral("此数据不能新增！")); }
+    /// Of the new row; an invalid value is Null.
+    virtual void SetField(const QString & /*name*/, const QVariant & /*value*/) { AddNew(); }
+    /// The same for a binary field, with what the file holds when Update is called.
+    virtual void SetFieldFromFile(const QString & /*name*/, const QString & /*path*/) { AddNew(); }
+    virtual void Update() { AddNew(); }
+    /// Writes the bytes of a binary field of the current row to an open device, nothing for Null. What
+    /// was written before a failure is of no use.
+    virtual void WriteField(const QString & /*name*/, QIODevice & /*to*/) { AddNew(); }
 };
 
 /// One prepared statement. None of the three throws for a failed statement: look at HostDb::LastError.

@@ -4,12 +4,15 @@
 #include "database/values/row_block.h"
 #include "database/values/sql_text.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
 #include <stdexcept>
+
+class QIODevice;
 
 namespace ebtq::db {
 
@@ -63,6 +66,20 @@ public:
     /// exactly when the cells come from readTable. A table with automatic keys continues after the largest
     /// key inserted.
     virtual void insertRows(const QString &table, const RowBlock &rows) = 0;
+
+    /// Inserts one row, whose key the database gives, and gives the key back. The bytes of a binary column
+    /// come from `blob.device`, which is open and has a size; an embedded database takes them in pieces.
+    struct NewBlob
+    {
+        QString column; ///< empty: none
+        QIODevice *device = nullptr;
+    };
+    [[nodiscard]] virtual qint64 insertRow(const QString &table, const RowBlock &row,
+                                           const NewBlob &blob) = 0;
+    /// Reads the bytes of one cell, which is not Null, in pieces of at most a few megabytes. Throws for a row
+    /// that is gone; what was taken until then is of no use.
+    using PieceTaker = std::function<void(QByteArrayView piece)>;
+    virtual void readBlob(const BlobColumn &column, qint64 key, const PieceTaker &take) = 0;
 
     /// Receives the blocks of a long read in order; an exception from it ends the read.
     using BlockTaker = std::function<void(const RowBlock &block)>;

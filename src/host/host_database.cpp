@@ -1,6 +1,6 @@
 #include "host/host_database.h"
 
-#include "host/recordset.h"
+#include "host/table_recordset.h"
 
 #include <QRegularExpression>
 
@@ -47,7 +47,12 @@ public:
     }
     std::unique_ptr<Recordset> Open(const QVariant & /*unused*/) override
     {
-        return std::make_unique<BlockRecordset>(select());
+        static const QRegularExpression source(
+            u"^\\s*select\\b.*?\\bfrom\\s+(\\w+)\\s*(?:$|where\\b|order\\b)"_s,
+            QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption |
+                QRegularExpression::UseUnicodePropertiesOption);
+        return std::make_unique<TableRecordset>(select(), source.match(m_sql.text()).captured(1),
+                                                m_database.m_connection);
     }
 
     std::optional<qint64> RowsChanged() const override { return m_rowsChanged; }

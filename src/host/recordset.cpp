@@ -11,6 +11,13 @@ BlockRecordset::BlockRecordset(RowBlock rows)
     , m_count(static_cast<int>(m_rows.rowCount()))
 {}
 
+void BlockRecordset::replaceRows(RowBlock rows)
+{
+    m_rows = std::move(rows);
+    m_count = static_cast<int>(m_rows.rowCount());
+    m_row = 0;
+}
+
 void BlockRecordset::MoveNext()
 {
     if (!Eof())

@@ -18,6 +18,10 @@ public:
     [[nodiscard]] RowBlock GetRows() override;
     void Close() override;
 
+protected:
+    [[nodiscard]] const RowBlock &rows() const { return m_rows; }
+    void replaceRows(RowBlock rows);
+
 private:
     RowBlock m_rows;
     int m_count;

@@ -18,6 +18,8 @@ public:
     {
         QString name;
         std::vector<Column> columns;
+        /// Of the column by which the database numbers the rows; empty when there is none.
+        QString rowKey = {};
         /// For each column whether it is known to begin no index; empty when the engine does not tell.
         std::vector<bool> unindexed = {};
         /// nullptr when there is none.

@@ -195,8 +195,11 @@ void Renderer::items(const Select &select, bool isDerived, bool isCompared)
         const Expression &item = *select.items[at].expression;
         const auto count =
             &select == m_list ? keyedCount(item, select, m_dialect.isFilteredListLong) : std::nullopt;
+        const auto blob = &select == m_list ? blobPlace(item, select) : std::nullopt;
         if (count)
             countApart(at, *count);
+        else if (blob)
+            keyOf(*blob);
         else if (areCompared)
             caseless(item);
         else
@@ -206,6 +209,19 @@ void Renderer::items(const Select &select, bool isDerived, bool isCompared)
             m_out.append(QByteArray::number(static_cast<qulonglong>(at)));
         }
     }
+}
+
+void Renderer::keyOf(const BlobPlace &place)
+{
+    write("CASE WHEN ");
+    sourceName(place.source->number);
+    write('.');
+    identifier(place.column->column->name);
+    write(" IS NOT NULL THEN ");
+    sourceName(place.source->number);
+    write('.');
+    identifier(place.source->resolved->rowKey);
+    write(" END");
 }
 
 void Renderer::countApart(size_t column, const KeyedCount &count)

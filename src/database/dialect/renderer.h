@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/dialect/blob_places.h"
 #include "database/dialect/caselessness.h"
 #include "database/dialect/dialect.h"
 #include "database/dialect/keyed_count.h"
@@ -46,6 +47,7 @@ private:
     void select(const Select &select, bool isDerived = false, bool isSingle = false, bool isCompared = false);
     void items(const Select &select, bool isDerived, bool isCompared);
     void countApart(size_t column, const KeyedCount &count);
+    void keyOf(const BlobPlace &place);
     [[nodiscard]] QByteArray countStatement(const KeyedCount &count);
     void from(const Select &select);
     void fromItem(const FromItem &item, const Select &select);

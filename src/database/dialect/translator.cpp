@@ -1,5 +1,6 @@
 #include "database/dialect/translator.h"
 
+#include "database/dialect/blob_places.h"
 #include "database/dialect/guard.h"
 #include "database/dialect/lone_bounds.h"
 #include "database/dialect/parser.h"
@@ -17,6 +18,19 @@ StatementKind kindOf(const Statement &statement)
     constexpr StatementKind kinds[] = {StatementKind::Select, StatementKind::Insert, StatementKind::Update,
                                        StatementKind::Delete};
     return kinds[statement.index()];
+}
+
+std::vector<Column> columnsOf(Select &select)
+{
+    std::vector<Column> columns = std::move(select.columns);
+    for (size_t at = 0; at < columns.size(); ++at) {
+        const auto place = blobPlace(*select.items[at].expression, select);
+        if (!place)
+            continue;
+        columns[at].type = ColumnType::Integer;
+        columns[at].blob = BlobColumn{place->source->resolved->name, place->column->column->name};
+    }
+    return columns;
 }
 
 std::vector<PlanByBound> plansByBound(const Statement &tree, const Dialect &dialect, qsizetype sizeHint)
@@ -63,7 +77,7 @@ Translation translate(const SqlText &statement, const Dialect &dialect, const Ca
                        renderer.counts(),
                        plansByBound(tree, dialect, text.size())};
     if (const auto *select = std::get_if<SelectPtr>(&tree))
-        result.columns = std::move((*select)->columns);
+        result.columns = columnsOf(**select);
     return result;
 }
 

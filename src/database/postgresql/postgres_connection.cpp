@@ -5,7 +5,10 @@
 #include "database/postgresql/foundation.h"
 #include "database/postgresql/postgres_error.h"
 #include "database/postgresql/postgres_rows.h"
+#include "database/postgresql/postgres_values.h"
 #include "database/schema/ddl.h"
+
+#include <QScopeGuard>
 
 #include <libpq-fe.h>
 
@@ -36,8 +39,10 @@ ColumnType typeNamed(const QString &name)
 
 constexpr char catalogStatement[] =
     "select relname,attname,typname,case when relkind in('r','p') and not exists(select from pg_index"
-    " where indrelid=pg_class.oid and indkey[0]=attnum) then 1 else 0 end from pg_class join pg_namespace on "
-    "pg_namespace.oid=relnamespace"
+    " where indrelid=pg_class.oid and indkey[0]=attnum) then 1 else 0 end,"
+    "case when typname in('int4','int8') and exists(select from pg_index where indrelid=pg_class.oid"
+    " and indisprimary and indnkeyatts=1 and indkey[0]=attnum) then 1 else 0 end"
+    " from pg_class join pg_namespace on pg_namespace.oid=relnamespace"
     " join pg_attribute on attrelid=pg_class.oid join pg_type on pg_type.oid=atttypid"
     " where nspname='ebtq' and relkind in('r','p','v','m','f') and attnum>0 and not attisdropped"
     " order by pg_class.oid,attnum";
@@ -53,6 +58,8 @@ Catalog catalogOf(const RowBlock &rows)
         table.name = name;
         table.columns.push_back({rows.value(row, 1).toString(), typeNamed(rows.value(row, 2).toString())});
         table.unindexed.push_back(rows.cell(row, 3) == "1");
+        if (rows.cell(row, 4) == "1")
+            table.rowKey = table.columns.back().name;
     }
     if (!table.columns.empty())
         catalog.add(std::move(table));
@@ -134,6 +141,65 @@ void PostgresConnection::insertRows(const QString &table, const RowBlock &rows)
     for (const Column &column : rows.columns())
         names += (names.isEmpty() ? "" : ",") + quoted(column.name);
     m_session.copyIn("copy " + quoted(table) + '(' + names + ") from stdin", copyText(rows));
+}
+
+qint64 PostgresConnection::insertRow(const QString &table, const RowBlock &row, const NewBlob &blob)
+{
+    const Catalog::Table *known = catalog().table(table);
+    if (!known || known->rowKey.isEmpty())
+        throw DatabaseError(u"表 %1 没有自动编号，无法写入！"_s.arg(table));
+    QByteArray names;
+    QByteArray places;
+    PostgresValues values;
+    const auto add = [&](const QString &name) {
+        const QByteArray number = QByteArray::number(values.count() + 1);
+        names += (names.isEmpty() ? "" : ",") + quoted(name);
+        places += (places.isEmpty() ? "$" : ",$") + number;
+    };
+    for (int column = 0; column < row.columnCount(); ++column) {
+        add(row.columns()[static_cast<size_t>(column)].name);
+        if (row.isNull(0, column))
+            values.addNull();
+        else
+            values.addText(row.cell(0, column));
+    }
+    if (blob.device) {
+        add(blob.column);
+        values.addBytes(*blob.device);
+    }
+    qint64 key = 0;
+    m_session.run("insert into " + quoted(known->name) + '(' + names + ") values(" + places + ") returning " +
+                      quoted(known->rowKey),
+                  values, [&](const pg_result *rows) {
+                      if (PQntuples(rows) > 0)
+                          key = QByteArray(PQgetvalue(rows, 0, 0)).toLongLong();
+                  });
+    return key;
+}
+
+/// One state of the row, though it is read in pieces: a transaction of its own, unless there is one.
+void PostgresConnection::readBlob(const BlobColumn &column, qint64 key, const PieceTaker &take)
+{
+    constexpr qint64 pieceSize = 4 << 20;
+    const bool isOwn = !inTransaction();
+    if (isOwn)
+        beginReading();
+    const auto end = qScopeGuard([&] {
+        if (isOwn)
+            rollback();
+    });
+    const Catalog::Table *known = catalog().table(column.table);
+    const QByteArray name = quoted(column.column);
+    const QByteArray rest = " from " + quoted(column.table) + " where " + quoted(known->rowKey) + '=' +
+                            QByteArray::number(key) + " and " + name + " is not null";
+    for (qint64 at = 1;; at += pieceSize) {
+        const QByteArray piece =
+            m_session.bytes("select substring(" + name + " from " + QByteArray::number(at) + " for " +
+                            QByteArray::number(pieceSize) + ')' + rest);
+        take(piece);
+        if (piece.size() < pieceSize)
+            return;
+    }
 }
 
 void PostgresConnection::readTable(const QString &table, const QStringList &columns, const BlockTaker &take)

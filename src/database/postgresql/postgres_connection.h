@@ -19,6 +19,8 @@ public:
     [[nodiscard]] RowBlock query(const SqlText &statement) override;
     qint64 execute(const SqlText &statement) override;
     void insertRows(const QString &table, const RowBlock &rows) override;
+    [[nodiscard]] qint64 insertRow(const QString &table, const RowBlock &row, const NewBlob &blob) override;
+    void readBlob(const BlobColumn &column, qint64 key, const PieceTaker &take) override;
     void readTable(const QString &table, const QStringList &columns, const BlockTaker &take) override;
     void beginReading() override { m_session.beginReading(); }
     void executeNative(const QByteArray &script) override;

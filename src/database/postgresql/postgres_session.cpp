@@ -1,6 +1,7 @@
 #include "database/postgresql/postgres_session.h"
 
 #include "database/postgresql/postgres_error.h"
+#include "database/postgresql/postgres_values.h"
 
 #include <QTimeZone>
 
@@ -186,32 +187,61 @@ void PostgresSession::require(int isSent)
     throw DatabaseError(u"数据库错误：%1"_s.arg(QString::fromUtf8(PQerrorMessage(handle())).trimmed()));
 }
 
-void PostgresSession::sendAlone(const QByteArray &statement)
+void PostgresSession::sendAlone(const QByteArray &statement, const PostgresValues &values, Format format)
 {
-    require(PQsendQueryParams(handle(), statement.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0));
+    require(PQsendQueryParams(handle(), statement.constData(), values.count(), nullptr, values.values(),
+                              values.lengths(), values.formats(), static_cast<int>(format)));
     PQsetSingleRowMode(handle());
 }
 
 /// All three are sent in one round trip.
-void PostgresSession::sendWithSavepoint(const QByteArray &statement)
+void PostgresSession::sendWithSavepoint(const QByteArray &statement, const PostgresValues &values,
+                                        Format format)
 {
     require(PQenterPipelineMode(handle()));
-    const QByteArray pieces[] = {"savepoint ebtq_statement", statement, "release savepoint ebtq_statement"};
-    for (const QByteArray &piece : pieces)
-        PQsendQueryParams(handle(), piece.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0);
+    const auto send = [this](const char *piece) {
+        PQsendQueryParams(handle(), piece, 0, nullptr, nullptr, nullptr, nullptr, 0);
+    };
+    send("savepoint ebtq_statement");
+    PQsendQueryParams(handle(), statement.constData(), values.count(), nullptr, values.values(),
+                      values.lengths(), values.formats(), static_cast<int>(format));
+    send("release savepoint ebtq_statement");
     PQpipelineSync(handle());
 }
 
 qint64 PostgresSession::run(const QByteArray &statement, const RowTaker &take)
+{
+    return run(statement, {}, Format::Text, take);
+}
+
+qint64 PostgresSession::run(const QByteArray &statement, const PostgresValues &values, const RowTaker &take)
+{
+    return run(statement, values, Format::Text, take);
+}
+
+QByteArray PostgresSession::bytes(const QByteArray &statement)
+{
+    std::optional<QByteArray> cell;
+    run(statement, {}, Format::Binary, [&](const pg_result *rows) {
+        if (PQntuples(rows) > 0)
+            cell = QByteArray(PQgetvalue(rows, 0, 0), PQgetlength(rows, 0, 0));
+    });
+    if (!cell)
+        throw DatabaseError(u"内容已被他人删除，无法读取！"_s);
+    return *cell;
+}
+
+qint64 PostgresSession::run(const QByteArray &statement, const PostgresValues &values, Format format,
+                            const RowTaker &take)
 {
     if (statement.contains('\0'))
         throw DatabaseError(u"内容中有不能保存的字符（NUL），操作未完成！"_s);
     requireConnection(static_cast<bool>(take));
     const bool isPipeline = inTransaction();
     if (isPipeline)
-        sendWithSavepoint(statement);
+        sendWithSavepoint(statement, values, format);
     else
-        sendAlone(statement);
+        sendAlone(statement, values, format);
     return collect(take, isPipeline);
 }
 

@@ -11,6 +11,8 @@ struct pg_result;
 
 namespace ebtq::db {
 
+class PostgresValues;
+
 /// One session with a server: sends statements in the server's own language and implements the rules of
 /// Connection.
 ///
@@ -31,6 +33,9 @@ public:
 
     /// Runs one statement and passes its rows to `take` as they arrive; returns the number of rows changed.
     qint64 run(const QByteArray &statement, const RowTaker &take = {});
+    /// The same with values for its parameters; and the only cell of its only row as bytes, which is there.
+    qint64 run(const QByteArray &statement, const PostgresValues &values, const RowTaker &take);
+    [[nodiscard]] QByteArray bytes(const QByteArray &statement);
     /// Runs semicolon-separated statements in one transaction.
     void runScript(const QByteArray &script);
     /// Runs "copy … from stdin" with its data.
@@ -73,8 +78,11 @@ private:
     void requireConnection(bool isReading = false);
     void beginWith(const QByteArray &statement);
     void simple(const QByteArray &statement);
-    void sendAlone(const QByteArray &statement);
-    void sendWithSavepoint(const QByteArray &statement);
+    enum class Format { Text, Binary };
+    qint64 run(const QByteArray &statement, const PostgresValues &values, Format format,
+               const RowTaker &take);
+    void sendAlone(const QByteArray &statement, const PostgresValues &values, Format format);
+    void sendWithSavepoint(const QByteArray &statement, const PostgresValues &values, Format format);
     void require(int isSent);
     qint64 collect(const RowTaker &take, bool isPipeline);
     void cancel() noexcept;

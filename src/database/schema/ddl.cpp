@@ -47,6 +47,13 @@ QByteArray check(const ColumnDefinition &column)
     }
 }
 
+QByteArray filled(const char *text, const TableDefinition &table, const ColumnDefinition &column)
+{
+    return QByteArray(text)
+        .replace("%1", quoted(table.name))
+        .replace("%2", QString::fromUtf16(column.name).toUtf8());
+}
+
 QByteArray columnText(const ColumnDefinition &column, const DdlWords &words)
 {
     if (column.rule == ColumnDefinition::AutoKey)
@@ -97,6 +104,7 @@ const DdlWords &sqliteWords()
         .ascending = "",
         .descending = " desc",
         .hashed = "",
+        .binaryStorage = "",
         .autoKeyGuard = "",
         .findIndex = "select 1 from sqlite_master where type='index' and name='%1'",
         .findDamage = "pragma integrity_check(20)",
@@ -125,6 +133,7 @@ const DdlWords &postgresWords()
         .ascending = " nulls first",
         .descending = " desc nulls last",
         .hashed = " using hash",
+        .binaryStorage = "alter table %1 alter column \"%2\" set storage external;\n",
         .autoKeyGuard = "create trigger keep_key after insert on %1 for each statement"
                         " execute function ebtq.keep_key('%2');\n",
         .findIndex = "select 1 from pg_indexes where schemaname='ebtq' and indexname='%1'",
@@ -151,9 +160,9 @@ QByteArray createTable(const TableDefinition &table, const DdlWords &words)
     for (const ColumnDefinition &column : table.columns) {
         lines += (lines.isEmpty() ? "\n  " : ",\n  ") + columnText(column, words);
         if (column.rule == ColumnDefinition::AutoKey)
-            guards += QByteArray(words.autoKeyGuard)
-                          .replace("%1", quoted(table.name))
-                          .replace("%2", QString::fromUtf16(column.name).toUtf8());
+            guards += filled(words.autoKeyGuard, table, column);
+        if (column.type == ColumnType::Binary)
+            guards += filled(words.binaryStorage, table, column);
         if (column.rule == ColumnDefinition::Key)
             keys += (keys.isEmpty() ? "" : ",") + quoted(column.name);
     }

@@ -25,6 +25,10 @@ struct DdlWords
     /// Before the columns of a hashed index; empty where there are none.
     const char *hashed;
 
+    /// Behind a table with a binary column, %1 and %2 as below: contents are compressed before they come, and
+    /// a server reads a piece of what it has not compressed without the rest. Empty: nothing.
+    const char *binaryStorage;
+
     /// What guards a column that numbers itself; %1 is the table, %2 the column. Empty: nothing.
     const char *autoKeyGuard;
 

@@ -3,6 +3,7 @@
 #include "database/dialect/dialect.h"
 #include "database/schema/ddl.h"
 #include "database/sqlite/functions.h"
+#include "database/sqlite/sqlite_blob.h"
 #include "database/sqlite/sqlite_error.h"
 #include "database/sqlite/sqlite_rows.h"
 
@@ -39,27 +40,35 @@ ColumnType typeOfDeclaration(const QString &declared)
     return ColumnType::Text;
 }
 
+/// Of a table of the engine's own making: one whose rows have numbers, which a key of the type "integer" is.
+Catalog::Table readTable(SqliteConnection &connection, const QString &name, bool isWithoutNumbers)
+{
+    const QByteArray literal = '\'' + QString(name).replace(u'\'', u"''"_s).toUtf8() + '\'';
+    const RowBlock columns = connection.queryNative(
+        "select name, type, name in (select i.name from pragma_index_list(" + literal +
+        ") l, pragma_index_info(l.name) i where i.seqno=0), pk=1 and upper(type)='INTEGER' and"
+        " (select count(*) from pragma_table_info(" +
+        literal + ") where pk>0)=1 from pragma_table_info(" + literal + ')');
+    Catalog::Table table{name, {}};
+    for (qsizetype at = 0; at < columns.rowCount(); ++at) {
+        table.columns.push_back(
+            {columns.value(at, 0).toString(), typeOfDeclaration(columns.value(at, 1).toString())});
+        // Rows without numbers cannot be counted roughly, so their indexes are not chosen from.
+        table.unindexed.push_back(columns.cell(at, 2) == "0" || isWithoutNumbers);
+        if (columns.cell(at, 3) == "1" && !isWithoutNumbers)
+            table.rowKey = table.columns.back().name;
+    }
+    return table;
+}
+
 Catalog readCatalog(SqliteConnection &connection)
 {
     Catalog catalog;
     const RowBlock tables =
         connection.queryNative("select name, wr from pragma_table_list where schema='main'"
                                " and type in ('table','view') and name not like 'sqlite!_%' escape '!'");
-    for (qsizetype row = 0; row < tables.rowCount(); ++row) {
-        Catalog::Table table{tables.value(row, 0).toString(), {}};
-        const QByteArray name = '\'' + QString(table.name).replace(u'\'', u"''"_s).toUtf8() + '\'';
-        const QByteArray indexed = "select i.name from pragma_index_list(" + name +
-                                   ") l, pragma_index_info(l.name) i where i.seqno=0";
-        const RowBlock columns = connection.queryNative("select name, type, name in (" + indexed +
-                                                        ") from pragma_table_info(" + name + ')');
-        for (qsizetype at = 0; at < columns.rowCount(); ++at) {
-            table.columns.push_back(
-                {columns.value(at, 0).toString(), typeOfDeclaration(columns.value(at, 1).toString())});
-            // Tables without row numbers cannot be counted roughly, so their indexes are not chosen from.
-            table.unindexed.push_back(columns.cell(at, 2) == "0" || tables.cell(row, 1) == "1");
-        }
-        catalog.add(std::move(table));
-    }
+    for (qsizetype row = 0; row < tables.rowCount(); ++row)
+        catalog.add(readTable(connection, tables.value(row, 0).toString(), tables.cell(row, 1) == "1"));
     return catalog;
 }
 
@@ -273,6 +282,39 @@ void SqliteConnection::insertRows(const QString &table, const RowBlock &rows)
         sqlite3_reset(prepared.get());
     }
     transaction.commit();
+}
+
+qint64 SqliteConnection::insertRow(const QString &table, const RowBlock &row, const NewBlob &blob)
+{
+    QByteArray names;
+    QByteArray marks;
+    const auto add = [&](const QString &name) {
+        names += (names.isEmpty() ? "\"" : ",\"") + name.toUtf8() + '"';
+        marks += marks.isEmpty() ? "?" : ",?";
+    };
+    for (const Column &column : row.columns())
+        add(column.name);
+    if (blob.device)
+        add(blob.column);
+    Transaction transaction(*this);
+    const CachedStatement prepared =
+        m_statements->prepare("insert into \"" + table.toUtf8() + "\"(" + names + ") values(" + marks + ')');
+    bindRow(prepared.get(), row, 0);
+    if (blob.device && sqlite3_bind_zeroblob64(prepared.get(), row.columnCount() + 1,
+                                               static_cast<sqlite3_uint64>(blob.device->size())) != SQLITE_OK)
+        fail();
+    if (sqlite3_step(prepared.get()) != SQLITE_DONE)
+        fail();
+    const qint64 key = sqlite3_last_insert_rowid(m_handle.get());
+    if (blob.device)
+        SqliteBlob(m_handle.get(), {table, blob.column}, key, SqliteBlob::Access::Write).fill(*blob.device);
+    transaction.commit();
+    return key;
+}
+
+void SqliteConnection::readBlob(const BlobColumn &column, qint64 key, const PieceTaker &take)
+{
+    SqliteBlob(m_handle.get(), column, key, SqliteBlob::Access::Read).read(take);
 }
 
 void SqliteConnection::readTable(const QString &table, const QStringList &columns, const BlockTaker &take)

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -17,10 +18,20 @@ enum class ColumnType : quint8 { Text, Integer, Number, Date, Binary };
 /// what was read.
 [[nodiscard]] QString cellText(std::string_view utf8);
 
+/// A binary column of a table.
+struct BlobColumn
+{
+    QString table;
+    QString column;
+};
+
 struct Column
 {
     QString name; ///< as written in the select list or behind "as"; may be empty
     ColumnType type = ColumnType::Text;
+    /// Of a column that a select takes from a table as it is: the cells, then of the type Integer, hold the
+    /// keys of the rows in which the bytes lie, since nobody reads the contents of files along with a list.
+    std::optional<BlobColumn> blob = {};
 };
 
 /// The rows of one result: all cells' UTF-8 text in one arena, row by row, with the end of each cell and a
