@@ -131,11 +131,11 @@ bool qzGrid::goOn(bool forward)
 
 bool qzGrid::paste(const QString &block)
 {
-    const std::vector<int> all = editableColumns();
-    const auto first = std::ranges::find(all, Col());
-    if (!m_isEditable || first == all.end())
+    std::vector<int> columns = editableColumns();
+    if (!m_isEditable || columns.empty())
         return false;
-    const std::vector<int> columns(first, all.end());
+    if (const auto current = std::ranges::find(columns, Col()); current != columns.end())
+        columns.erase(columns.begin(), current);
     return drawnLater(*this, [&] {
         int row = std::max(Row(), FixedRows());
         return std::ranges::all_of(pastedCells(block),

@@ -31,8 +31,9 @@ public:
     bool addRow();
     /// Removes a data row; false when it was refused.
     bool deleteRow(int row);
-    /// Writes a block of cells from the current cell on, into the columns in sight from there; rows are added
-    /// as they are needed. Columns beyond the last one are dropped. False when a row was refused.
+    /// Writes a block of cells from the current cell on, from a fixed column the row's first cell, into the
+    /// columns in sight; rows are added as they are needed. Columns beyond the last one are dropped. False
+    /// when a row was refused.
     bool paste(const QString &block);
     /// Goes to the next cell that can be edited, or the one before. Behind the last one a row is added,
     /// unless the last row is still empty. False where there is no other.

@@ -164,24 +164,32 @@ bool PdmLpzd::fillTree()
     return fillDistricts() && fillBuildings();
 }
 
-/// Parents come before their children. A district whose parent is missing gets no node, and so do its
-/// buildings: the database's check names them.
+/// The districts' failure is reported in the database's own words.
 bool PdmLpzd::fillDistricts()
 {
-    const auto rows = openRows(db(), u"select 编码,地区,地区ID from pdmdq order by 级次, 编码"_s);
-    const int firstLevel = LevelCode::LevelLength(1, m_scheme);
-    if (firstLevel == 0)
+    if (LevelCode::LevelLength(1, m_scheme) == 0)
         refuse(u"系统参数“dzbm”没有给出地区编码各级的长度，地区无法显示！"_s);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const QString code = Trim(NullConv::ToText(rows->Fields(u"编码"_s).Value));
-        const bool isFirst = code.size() == firstLevel;
-        tv().NodeAdd(
-            {.relative = isFirst ? rootKey() : districtNodeKey(LevelCode::ParentCode(code, m_scheme)),
-             .key = districtNodeKey(code),
-             .text = code + betweenCodeAndName + NullConv::ToText(rows->Fields(u"地区"_s).Value),
-             .tag = rows->Fields(u"地区ID"_s).Value});
+    try {
+        const auto rows = openRows(db(), u"select 编码,地区,地区ID from pdmdq order by 级次, 编码"_s);
+        for (; !rows->Eof(); rows->MoveNext())
+            addDistrict(*rows);
+        return true;
+    } catch (const StatementFailure &failure) {
+        raiseError(QString::fromUtf8(failure.what()), FailureLevel, caption());
+        return false;
     }
-    return true;
+}
+
+/// Parents come before their children. A district whose parent is missing gets no node, and so do its
+/// buildings: the database's check names them.
+void PdmLpzd::addDistrict(const Recordset &row)
+{
+    const QString code = Trim(NullConv::ToText(row.Fields(u"编码"_s).Value));
+    const bool isFirst = code.size() == LevelCode::LevelLength(1, m_scheme);
+    tv().NodeAdd({.relative = isFirst ? rootKey() : districtNodeKey(LevelCode::ParentCode(code, m_scheme)),
+                  .key = districtNodeKey(code),
+                  .text = code + betweenCodeAndName + NullConv::ToText(row.Fields(u"地区"_s).Value),
+                  .tag = row.Fields(u"地区ID"_s).Value});
 }
 
 bool PdmLpzd::fillBuildings()

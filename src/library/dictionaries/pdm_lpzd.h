@@ -53,9 +53,11 @@ private:
     };
     void makeGrid();
     bool fillDistricts();
+    void addDistrict(const Recordset &row);
     bool fillBuildings();
     [[nodiscard]] bool isRecordSelected(const QString &verb);
     void dropped(const Node *district, Node *building);
+    void cellChanged(int row, int col);
     void removing(int row, bool &isAllowed);
     void writeBlock(int row, int building);
     void keepKeys(int sign);

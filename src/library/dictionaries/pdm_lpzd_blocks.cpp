@@ -38,7 +38,7 @@ void PdmLpzd::makeGrid()
     m_grid.setColAlignment(Floors, VSFlexGrid::AlignRight);
     m_grid.setFixedAlignment(Floors, VSFlexGrid::AlignRight);
     m_grid.Clear();
-    connect(&m_grid, &qzGrid::CellChanged, this, &PdmLpzd::setDirty);
+    connect(&m_grid, &qzGrid::CellChanged, this, &PdmLpzd::cellChanged);
     connect(&m_grid, &qzGrid::AddVsRow, this, &PdmLpzd::setDirty);
     connect(&m_grid, &qzGrid::DeleteVsRow, this, &PdmLpzd::removing);
 }
@@ -63,6 +63,15 @@ void PdmLpzd::clearRecord()
 {
     DictionaryForm::clearRecord();
     m_deletedBlocks.clear();
+}
+
+/// A number as people type it becomes the one that is saved.
+void PdmLpzd::cellChanged(int row, int col)
+{
+    setDirty();
+    const QString text = m_grid.TextMatrix(row, col);
+    if (col == Floors)
+        m_grid.setTextMatrix(row, col, TypedNumber(text).value_or(text));
 }
 
 void PdmLpzd::removing(int row, bool &isAllowed)

@@ -120,6 +120,16 @@ TEST_F(FieldTest, TakingBackGivesTextAndValueOfBeforeTheFirstLetter)
     EXPECT_EQ(state(), u"营业一部|1"_qs);
 }
 
+TEST_F(FieldTest, ALockedFieldTakesNothingFromAPerson)
+{
+    load(u"有效"_qs, u"01"_qs);
+    field.setLocked(true);
+    QObject::connect(&field, &qzTxt_S::FieldGenericHelp, [] { FAIL(); });
+    field.requestHelp(1, 2);
+    field.type(u"无"_qs);
+    EXPECT_EQ(state(), u"有效|01"_qs);
+}
+
 TEST_F(FieldTest, ChecksByTable)
 {
     using F = qzTxt_S;

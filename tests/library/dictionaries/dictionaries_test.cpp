@@ -131,7 +131,7 @@ TEST_F(PdmLpzdTest, ABuildingIsEditedWithItsBlocks)
     EXPECT_TRUE(form.IFormUI_FileEdit());
     EXPECT_TRUE(form.Editing() && !form.TV().Enabled() && form.qzTxt(1).Enabled() && !form.IFormUI_IsDirty());
     type(1, u" 天河新园 "_qs);
-    edit(1, PdmLpzd::Floors, u"10层"_qs);
+    edit(1, PdmLpzd::Floors, u" １０ "_qs);
     form.blocks().deleteRow(2); // B2
     form.blocks().addRow();
     edit(2, PdmLpzd::BlockNumber, u"B3"_qs);
@@ -350,6 +350,19 @@ TEST_F(PdmLpzdTest, ALayoutBringsTheSelectedRecordBackAndNoTextOfOne)
     form.IFormUI_DoGetFormStatus();
     EXPECT_EQ(text(1), u"骏景"_qs);
     EXPECT_EQ(form.Sp().Left() + form.blocks().ColWidth(2), 5321);
+}
+
+TEST_F(PdmLpzdTest, ALoadThatFailsLeavesNoRecordToBeSaved)
+{
+    select(u"lL1"_qs);
+    for (const auto &[table, isNamed] : {std::pair(u"from pdmdq "_qs, false), {u"from pdmlpzd "_qs, true}}) {
+        app.asRun = [&, name = table](const SqlText &sql) {
+            return sql.text().contains(name) ? SqlText(u"坏语句"_qs) : sql;
+        };
+        EXPECT_FALSE(form.IFormUI_Refresh());
+        EXPECT_EQ(text(0), QString());
+        EXPECT_EQ(raised().value(0).startsWith(u"楼盘字典|8|刷新数据时出错："_qs), isNamed);
+    }
 }
 
 TEST_F(PdmLpzdTest, WithoutASchemeTheTreeSaysWhyItIsEmpty)
