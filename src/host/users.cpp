@@ -1,5 +1,7 @@
 #include "host/users.h"
 
+#include "host/host_parameters.h"
+
 #include <QUuid>
 
 #include <algorithm>
@@ -13,6 +15,8 @@ namespace ebtq::host {
 
 namespace {
 
+constexpr int passwordGroup = 12;
+const QString temporaryKey = u"temporarypassword"_s;
 constexpr auto cannotHash = u"系统内存不足，无法处理密码！";
 
 void startSodium()
@@ -122,7 +126,8 @@ User signIn(db::Connection &connection, const QString &name, const QString &pass
         throw WrongPassword(u"用户名或密码不正确，请重新输入！"_s);
     }
     const QString id = rows.value(0, 0).toString();
-    return {id, rows.value(0, 1).toString(), departmentOf(connection, id)};
+    return {id, rows.value(0, 1).toString(), departmentOf(connection, id),
+            parameterText(connection, id, passwordGroup, temporaryKey) == u"1"};
 }
 
 QString createUser(db::Connection &connection, const NewUser &user, PasswordCost cost)
@@ -146,15 +151,30 @@ QString createUser(db::Connection &connection, const NewUser &user, PasswordCost
     return id;
 }
 
-void setPassword(db::Connection &connection, const QString &name, const QString &password, PasswordCost cost)
+void setPassword(db::Connection &connection, const QString &name, const QString &password, PasswordCost cost,
+                 PasswordUse use)
 {
     requirePassword(password);
     const QByteArray hash = hashPassword(password, cost);
-    const qint64 changed =
-        connection.execute(SqlText(u"update host_users set password='"_s) + typed(QString::fromLatin1(hash)) +
-                           u"' where username='"_s + typed(name) + u"'"_s);
-    if (changed == 0)
+    db::Transaction transaction(connection);
+    const RowBlock rows = connection.query(userNamed(u"userID", name));
+    if (rows.rowCount() == 0)
         throw Failure(u"没有名为“%1”的用户！"_s.arg(name));
+    const QString id = rows.value(0, 0).toString();
+    connection.execute(SqlText(u"update host_users set password='"_s) + typed(QString::fromLatin1(hash)) +
+                       u"' where userID='"_s + typed(id) + u"'"_s);
+    setParameter(connection, id, passwordGroup, temporaryKey,
+                 use == PasswordUse::UntilSignIn ? u"1"_s : u"0"_s);
+    transaction.commit();
+}
+
+void changeOwnPassword(db::Connection &connection, const QString &name, const QString &present,
+                       const QString &wanted)
+{
+    (void)signIn(connection, name, present);
+    if (wanted == present)
+        throw Failure(u"新密码与现在的密码相同，请换一个！"_s);
+    setPassword(connection, name, wanted);
 }
 
 } // namespace ebtq::host

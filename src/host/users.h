@@ -16,6 +16,7 @@ struct User
     QString id; ///< GUID text without braces
     QString name;
     QString department; ///< empty when in none
+    bool mustChangePassword = false;
 };
 
 /// What computing a password's hash costs.
@@ -72,8 +73,12 @@ struct NewUser
 QString createUser(db::Connection &connection, const NewUser &user,
                    PasswordCost cost = PasswordCost::interactive());
 
+enum class PasswordUse : quint8 { Lasting, UntilSignIn }; ///< the latter is to be changed at the next sign-in
 /// Throws Failure for an unknown name and as requirePassword.
 void setPassword(db::Connection &connection, const QString &name, const QString &password,
-                 PasswordCost cost = PasswordCost::interactive());
+                 PasswordCost cost = PasswordCost::interactive(), PasswordUse use = PasswordUse::Lasting);
+/// Sets the password of who knows the present one; the new one is another. Throws WrongPassword too.
+void changeOwnPassword(db::Connection &connection, const QString &name, const QString &present,
+                       const QString &wanted);
 
 } // namespace ebtq::host

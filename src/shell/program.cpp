@@ -87,15 +87,7 @@ int minutesUntilLock(host::Application &app)
 SessionMenu *makeSessionMenu(MainWindow &window, db::Connection &connection, const host::User &user,
                              ScreenLock &lock)
 {
-    const auto changePassword = [&] {
-        PasswordDialog dialog(
-            [&](const QString &present, const QString &wanted) {
-                (void)host::signIn(connection, user.name, present);
-                host::setPassword(connection, user.name, wanted);
-            },
-            &window);
-        dialog.exec();
-    };
+    const auto changePassword = [&] { (void)changeOwnPassword(connection, user, {}, &window); };
     return new SessionMenu(window, {.changePassword = changePassword,
                                     .lock = [&lock] { lock.lock(); },
                                     .switchUser = [&window] { window.signInAnew(); },

@@ -4,6 +4,7 @@
 #include "database/private_arguments.h"
 #include "database/schema/identity.h"
 #include "shell/login_dialog.h"
+#include "shell/session/password_dialog.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -35,6 +36,9 @@ SignInAnswer askForUser(db::Connection &connection, const QString &name)
     if (answer != QDialog::Accepted)
         return {std::nullopt, answer == LoginDialog::OtherDatabase};
     rememberUser(dialog.name());
+    const QString reason = QStringLiteral("这是管理员设置的临时密码，请先换成自己的密码。");
+    if (user->mustChangePassword && !changeOwnPassword(connection, *user, reason))
+        return {};
     return {user};
 }
 

@@ -40,6 +40,23 @@ TEST_F(UsersTest, SignsInWithNameAndPasswordAlone)
     EXPECT_THROW(host::setPassword(*m_connection, u"无此人"_qs, m_password, PasswordCost::lowest()), Failure);
 }
 
+TEST_F(UsersTest, ATemporaryPasswordIsToBeChangedForAnotherOne)
+{
+    createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());
+    EXPECT_FALSE(signIn(*m_connection, m_name, m_password).mustChangePassword);
+    host::setPassword(*m_connection, m_name, m_password, PasswordCost::lowest(),
+                      host::PasswordUse::UntilSignIn);
+    EXPECT_TRUE(signIn(*m_connection, m_name, m_password).mustChangePassword);
+    const auto change = [this](const QString &present, const QString &wanted) {
+        return messageOf([&] { host::changeOwnPassword(*m_connection, m_name, present, wanted); });
+    };
+    EXPECT_NE(change(m_password, m_password), "");
+    EXPECT_NE(change(u"wrong"_qs, u"new password"_qs), "");
+    EXPECT_NE(change(m_password, u"short"_qs), "");
+    EXPECT_EQ(change(m_password, u"new password"_qs), "");
+    EXPECT_FALSE(signIn(*m_connection, m_name, u"new password"_qs).mustChangePassword);
+}
+
 TEST_F(UsersTest, RefusalsDoNotTellWhatWasWrongAndTheLogNotWhatWasTyped)
 {
     createUser(*m_connection, {m_name, m_password}, PasswordCost::lowest());

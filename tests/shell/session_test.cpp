@@ -80,10 +80,12 @@ TEST(ScreenLockTest, LocksByItselfOnceNobodyUsesTheProgram)
 TEST(PasswordDialogTest, AsksUntilThePasswordIsChangedOnce)
 {
     QStringList changes;
-    PasswordDialog dialog([&](const QString &present, const QString &wanted) {
-        checkPassword(u"张敏"_qs, present);
-        changes << wanted;
-    });
+    PasswordDialog dialog(
+        [&](const QString &present, const QString &wanted) {
+            checkPassword(u"张敏"_qs, present);
+            changes << wanted;
+        },
+        {});
     dialog.show();
     const auto accept = [&](const QString &present, const QString &wanted, const QString &again) {
         field(dialog, "present").setText(present);

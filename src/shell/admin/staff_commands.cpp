@@ -109,7 +109,9 @@ int changePassword(const CommandLine &line)
     const QString name = line.requiredText(QStringLiteral("user"));
     const auto connection = openCurrent(line);
     const host::Account account = host::accountNamed(*connection, name);
-    host::setPassword(*connection, account.name, readPassword());
+    const auto use =
+        line.isSet(QStringLiteral("temporary")) ? host::PasswordUse::UntilSignIn : host::PasswordUse::Lasting;
+    host::setPassword(*connection, account.name, readPassword(), host::PasswordCost::interactive(), use);
     printLine(stdout, QStringLiteral("已更改用户“%1”的密码").arg(account.name));
     return 0;
 }

@@ -27,7 +27,7 @@ QLineEdit *passwordField(const QString &objectName)
 
 } // namespace
 
-PasswordDialog::PasswordDialog(Change change, QWidget *parent)
+PasswordDialog::PasswordDialog(Change change, const QString &reason, QWidget *parent)
     : QDialog(parent)
     , m_change(std::move(change))
     , m_present(passwordField(QStringLiteral("present")))
@@ -52,6 +52,8 @@ PasswordDialog::PasswordDialog(Change change, QWidget *parent)
     connect(m_wanted, &QLineEdit::textChanged, this,
             [this](const QString &text) { m_strength->setText(strengthText(host::strengthOf(text))); });
     auto *column = new QVBoxLayout(this);
+    if (!reason.isEmpty())
+        column->addWidget(hintLabel(QStringLiteral("reason"), reason));
     column->addLayout(form);
     column->addWidget(m_error);
     column->addWidget(buttons);
@@ -71,6 +73,17 @@ void PasswordDialog::accept()
         return;
     }
     QDialog::accept();
+}
+
+bool changeOwnPassword(db::Connection &connection, const host::User &user, const QString &reason,
+                       QWidget *parent)
+{
+    PasswordDialog dialog(
+        [&](const QString &present, const QString &wanted) {
+            host::changeOwnPassword(connection, user.name, present, wanted);
+        },
+        reason, parent);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 } // namespace ebtq::shell

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "database/connection.h"
+#include "host/users.h"
+
 #include <QDialog>
 
 #include <functional>
@@ -18,7 +21,8 @@ public:
     /// Throws an exception with a text for the user when the password cannot be changed.
     using Change = std::function<void(const QString &present, const QString &wanted)>;
 
-    explicit PasswordDialog(Change change, QWidget *parent = nullptr);
+    /// `reason` says why it is asked for; empty where the person has wished it.
+    PasswordDialog(Change change, const QString &reason, QWidget *parent = nullptr);
     void accept() override;
 
 private:
@@ -29,5 +33,9 @@ private:
     QLabel *m_strength;
     QLabel *m_error;
 };
+
+/// Lets the person who is signed in change the password; false when that was cancelled.
+bool changeOwnPassword(db::Connection &connection, const host::User &user, const QString &reason,
+                       QWidget *parent = nullptr);
 
 } // namespace ebtq::shell

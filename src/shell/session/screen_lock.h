@@ -20,7 +20,8 @@ public:
     using Check = std::function<void(const QString &name, const QString &password)>;
 
     /// `patience` of 0 never locks by itself.
-    ScreenLock(const QString &userName, const QString &place, std::chrono::milliseconds patience, Check check);
+    ScreenLock(const QString &userName, const QString &place, std::chrono::milliseconds patience,
+               Check check);
     ~ScreenLock() override;
     /// Returns when the right password was given. Does nothing while locked.
     void lock();
