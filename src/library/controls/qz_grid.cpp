@@ -121,12 +121,15 @@ bool qzGrid::goOn(bool forward)
         return true;
     }
     const int row = Row() + (forward ? 1 : -1);
-    if (row == Rows() && forward)
-        return !isRowEmpty(Row()) && addRow();
-    if (row < FixedRows())
+    if (row < FixedRows() || row == Rows())
         return false;
     setCurrent(row, forward ? columns.front() : columns.back());
     return true;
+}
+
+bool qzGrid::goOnTyping()
+{
+    return goOn(true) || (!isRowEmpty(Row()) && addRow());
 }
 
 bool qzGrid::paste(const QString &block)

@@ -35,9 +35,10 @@ public:
     /// columns in sight; rows are added as they are needed. Columns beyond the last one are dropped. False
     /// when a row was refused.
     bool paste(const QString &block);
-    /// Goes to the next cell that can be edited, or the one before. Behind the last one a row is added,
-    /// unless the last row is still empty. False where there is no other.
+    /// Goes to the next cell that can be edited, or the one before. False where there is none.
     bool goOn(bool forward);
+    /// The next cell for who is typing: behind the last one a row is added, unless the last is still empty.
+    bool goOnTyping();
     /// To be called before the cells are read: an editor that is open in a view writes its text.
     void finishEdit() { Q_EMIT finishRequested(); }
 

@@ -75,19 +75,14 @@ void QzGridView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint
     if (!isBack && hint != QAbstractItemDelegate::EditNextItem &&
         hint != QAbstractItemDelegate::SubmitModelCache)
         return;
-    if (goOn(!isBack))
+    if (isBack ? m_grid.goOn(false) : m_grid.goOnTyping())
         editCurrent();
-}
-
-bool QzGridView::goOn(bool forward)
-{
-    return m_grid.goOn(forward);
 }
 
 /// Tab leaves the grid behind its last cell.
 bool QzGridView::focusNextPrevChild(bool next)
 {
-    return goOn(next) || FlexGridView::focusNextPrevChild(next);
+    return m_grid.goOn(next) || FlexGridView::focusNextPrevChild(next);
 }
 
 void QzGridView::mouseDoubleClickEvent(QMouseEvent *event)

@@ -34,7 +34,6 @@ private:
     void finishEdit();
     /// Opens the editor in the current cell.
     void editCurrent();
-    bool goOn(bool forward);
     [[nodiscard]] bool runCommand(const QKeyEvent &key);
     void copy() const;
     void paste();

@@ -140,6 +140,10 @@ TEST_F(LpzdScreen, BlocksAreTypedCellByCell)
     EXPECT_EQ(blocks(), "1,A1,一栋,18/2,A4,,");
     EXPECT_TRUE(form.Editing());
     grid().setFocus();
+    form.blocks().setCurrent(2, PdmLpzd::Floors);
+    key(Qt::Key_Tab); // passing through adds nothing
+    EXPECT_FALSE(grid().hasFocus());
+    grid().setFocus();
     form.blocks().setCurrent(1, 1);
     key(Qt::Key_Delete);
     key(Qt::Key_Delete, Qt::ControlModifier);
