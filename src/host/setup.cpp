@@ -2,6 +2,8 @@
 
 #include "host/host_parameters.h"
 #include "host/module_ids.h"
+#include "host/rights.h"
+#include "host/staff.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,14 +33,20 @@ constexpr DefaultParameter defaultParameters[] = {
     {u"14", u"2"},
 };
 
+/// Who has every right has those on the modules that a new program brings, too: nobody else could give them.
 void writeModules(db::Connection &connection)
 {
+    const std::vector<Account> before = accounts(connection);
     connection.execute(u"delete from host_modules"_s);
     for (const ModuleEntry &module : modules) {
         connection.execute(
             u"insert into host_modules(moduleID,caption,className,prefix) values(%1,'%2','%3','%4')"_s
                 .arg(module.id)
                 .arg(module.caption, module.className, module.prefix));
+    }
+    for (const Account &account : before) {
+        if (account.isAdministrator)
+            grantAll(connection, account.id);
     }
 }
 

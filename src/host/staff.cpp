@@ -12,7 +12,7 @@ namespace ebtq::host {
 
 namespace {
 
-constexpr qsizetype rightsOfAdministrator = 3 * std::ssize(modules);
+constexpr int rightsOfModule = 3;
 
 int nextKey(db::Connection &connection, QStringView table, QStringView column)
 {
@@ -69,6 +69,8 @@ QString hire(db::Connection &connection, const QString &name, const QString &pas
 
 std::vector<Account> accounts(db::Connection &connection)
 {
+    const int moduleCount =
+        connection.query(u"select count(moduleID) from host_modules"_s).value(0, 0).toInt();
     const RowBlock rows = connection.query(
         u"select A.userID,A.username,A.isActive,C.mtname,"
         "(select count(rightID) from host_rights where allowed=1 and userID=A.userID) as 权限数 "
@@ -79,8 +81,9 @@ std::vector<Account> accounts(db::Connection &connection)
         const QString id = rows.value(row, 0).toString();
         const bool isActive = rows.value(row, 2).toInt() == 1;
         if (found.empty() || found.back().id != id) // the first of several departments
-            found.push_back({id, rows.value(row, 1).toString(), rows.value(row, 3).toString(), isActive,
-                             isActive && rows.value(row, 4).toInt() >= rightsOfAdministrator});
+            found.push_back(
+                {id, rows.value(row, 1).toString(), rows.value(row, 3).toString(), isActive,
+                 isActive && moduleCount > 0 && rows.value(row, 4).toInt() >= rightsOfModule * moduleCount});
     }
     return found;
 }

@@ -1,6 +1,7 @@
 #include "shell/program.h"
 
 #include "host/application.h"
+#include "host/start/agency.h"
 #include "screens/look/look.h"
 #include "shell/component_loader.h"
 #include "shell/guarded_application.h"
@@ -112,6 +113,8 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
     app.setPickerFactory(componentPickers(library, app));
     const QString place = options.tour.isEmpty() ? databasePlace(connection) : QStringLiteral("演示副本");
     MainWindow window(library, app, {user.name, user.department, today, place});
+    if (const QString agency = host::agencyName(connection); !agency.isEmpty())
+        window.setWindowTitle(QStringLiteral("%1 - %2").arg(agency, window.windowTitle()));
     const auto report = [&window](const QString &text) { window.showFailure(text); };
     app.setFailureReport(report);
     application.setFailureReport(report);

@@ -73,8 +73,8 @@ std::unique_ptr<db::Connection> openDatabase(const QString &named)
 {
     const QString location = named.isEmpty() ? defaultDatabase() : named;
     if (!isThere(location))
-        throw Failure(QStringLiteral("还没有数据库：%1\n\n请先用 ebtq-admin init --db 文件 建立数据库，"
-                                     "或用 --db 指定已有的数据库。")
+        throw Failure(QStringLiteral("还没有数据库：%1\n\n请不带 --db 启动以建立新机构，"
+                                     "或先用 ebtq-admin init --db 文件 建立数据库。")
                           .arg(location));
     try {
         auto connection = db::Connection::open(location);

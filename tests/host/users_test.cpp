@@ -2,6 +2,7 @@
 
 #include "host/host_fixture.h"
 #include "host/rights.h"
+#include "host/setup.h"
 #include "host/start/agency.h"
 #include "support/messages.h"
 
@@ -113,6 +114,19 @@ TEST_F(UsersTest, FirstUserHasEveryRightAndIsTheOnlyFirst)
         EXPECT_TRUE(host::ModuleRights(*m_connection, id, 203).Allowed(right));
     }
     EXPECT_THROW(host::createAgency(*m_connection, agency), Failure);
+}
+
+TEST_F(UsersTest, AnAdministratorHasTheModulesOfANewProgram)
+{
+    host::createAgency(*m_connection, {{}, u"总部"_qs, m_name, m_password, {}, {}});
+    const QString other = createUser(*m_connection, {u"乙"_qs, m_password}, PasswordCost::lowest());
+    host::setRight(*m_connection, other, 101, RightEdit, true);
+    execute(u"delete from host_modules where moduleID=203");
+    execute(u"delete from host_rights where moduleID=203");
+    host::prepareDatabase(*m_connection);
+    const QString id = signIn(*m_connection, m_name, m_password).id;
+    EXPECT_TRUE(host::ModuleRights(*m_connection, id, 203).Allowed(RightDelete));
+    EXPECT_FALSE(host::ModuleRights(*m_connection, other, 203).Allowed(RightEdit));
 }
 
 } // namespace ebtq::test

@@ -6,6 +6,7 @@
 #include "support/engine_database.h"
 #include "support/full_disk.h"
 #include "support/messages.h"
+#include "support/postgres_server.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -185,6 +186,22 @@ TEST_F(StartDraftTest, NothingRemainsOfWhatCouldNotBeWritten)
     forbidden.chooseNewFile(u"/root/none/agency.db"_qs);
     const test::AsNobody nobody;
     EXPECT_THAT(carryOut(forbidden), HasSubstr("无法建立文件夹"));
+}
+
+TEST_F(StartDraftTest, AServerLostOnTheWayIsSaidAndTheDraftStays)
+{
+    const test::PostgresServer server;
+    StartDraft draft;
+    draft.agency = agency;
+    draft.chooseExisting(server.url());
+    EXPECT_TRUE(draft.makesAgency());
+    const auto carryOut = [&] { return messageOf([&] { draft.carryOut([](int, int) {}); }); };
+    server.kill();
+    EXPECT_THAT(carryOut(), HasSubstr("服务器没有运行"));
+    server.start();
+    EXPECT_EQ(carryOut(), "");
+    EXPECT_EQ(host::signIn(*db::Connection::open(server.url()), u"甲"_qs, u"secret-12"_qs).department,
+              u"一部");
 }
 
 TEST_F(StartDraftTest, AnAddressInFieldsBecomesAUrlAndComesBack)
