@@ -53,6 +53,10 @@ int treeBenchmark(const Options &options);
 /// building with 2,000 changed blocks, against the save's bare statements in one transaction. The ratios are to
 /// stay below 2 and 1.3.
 int dictionaryBenchmark(const Options &options);
+/// A file of 50 MB into a row and out of it, against a plain file written to the disk and copied, on a server
+/// against a bare parameter and a bare cell; with the memory that it takes, as a share of the file. `ratio` is
+/// the worst measure divided by its limit.
+int attachmentsBenchmark(const Options &options);
 /// Agents who open lists and save at once on a server, against its simple-update rate. Fails when anything of
 /// what they were told to be saved is not there.
 int clientsBenchmark(const Options &options);

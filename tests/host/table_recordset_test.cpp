@@ -81,7 +81,7 @@ QByteArray written(Recordset &rows)
 
 TEST_P(TableRecordsetTest, AFileComesBackAsItWent)
 {
-    constexpr qsizetype pieceOfServer = 4 << 20;
+    constexpr qsizetype pieceOfServer = 8 << 20;
     int key = 0;
     for (const qsizetype size :
          {qsizetype(0), qsizetype(1), qsizetype(20481), pieceOfServer, pieceOfServer + 1}) {

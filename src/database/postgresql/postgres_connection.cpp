@@ -180,7 +180,7 @@ qint64 PostgresConnection::insertRow(const QString &table, const RowBlock &row, 
 /// One state of the row, though it is read in pieces: a transaction of its own, unless there is one.
 void PostgresConnection::readBlob(const BlobColumn &column, qint64 key, const PieceTaker &take)
 {
-    constexpr qint64 pieceSize = 4 << 20;
+    constexpr qint64 pieceSize = 8 << 20;
     const bool isOwn = !inTransaction();
     if (isOwn)
         beginReading();
@@ -192,14 +192,11 @@ void PostgresConnection::readBlob(const BlobColumn &column, qint64 key, const Pi
     const QByteArray name = quoted(column.column);
     const QByteArray rest = " from " + quoted(column.table) + " where " + quoted(known->rowKey) + '=' +
                             QByteArray::number(key) + " and " + name + " is not null";
-    for (qint64 at = 1;; at += pieceSize) {
-        const QByteArray piece =
-            m_session.bytes("select substring(" + name + " from " + QByteArray::number(at) + " for " +
-                            QByteArray::number(pieceSize) + ')' + rest);
-        take(piece);
-        if (piece.size() < pieceSize)
-            return;
-    }
+    qint64 at = 1;
+    for (qint64 size = pieceSize; size == pieceSize; at += pieceSize)
+        size = m_session.readBytes("select substring(" + name + " from " + QByteArray::number(at) + " for " +
+                                       QByteArray::number(pieceSize) + ')' + rest,
+                                   take);
 }
 
 void PostgresConnection::readTable(const QString &table, const QStringList &columns, const BlockTaker &take)

@@ -219,16 +219,18 @@ qint64 PostgresSession::run(const QByteArray &statement, const PostgresValues &v
     return run(statement, values, Format::Text, take);
 }
 
-QByteArray PostgresSession::bytes(const QByteArray &statement)
+qint64 PostgresSession::readBytes(const QByteArray &statement, const Connection::PieceTaker &take)
 {
-    std::optional<QByteArray> cell;
+    std::optional<qint64> size;
     run(statement, {}, Format::Binary, [&](const pg_result *rows) {
-        if (PQntuples(rows) > 0)
-            cell = QByteArray(PQgetvalue(rows, 0, 0), PQgetlength(rows, 0, 0));
+        if (PQntuples(rows) == 0)
+            return;
+        size = PQgetlength(rows, 0, 0);
+        take(QByteArrayView(PQgetvalue(rows, 0, 0), *size));
     });
-    if (!cell)
+    if (!size)
         throw DatabaseError(u"内容已被他人删除，无法读取！"_s);
-    return *cell;
+    return *size;
 }
 
 qint64 PostgresSession::run(const QByteArray &statement, const PostgresValues &values, Format format,

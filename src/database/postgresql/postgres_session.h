@@ -33,9 +33,10 @@ public:
 
     /// Runs one statement and passes its rows to `take` as they arrive; returns the number of rows changed.
     qint64 run(const QByteArray &statement, const RowTaker &take = {});
-    /// The same with values for its parameters; and the only cell of its only row as bytes, which is there.
+    /// The same with values for its parameters; and one that gives bytes, of which the number is returned:
+    /// the only cell of its only row, which is there.
     qint64 run(const QByteArray &statement, const PostgresValues &values, const RowTaker &take);
-    [[nodiscard]] QByteArray bytes(const QByteArray &statement);
+    qint64 readBytes(const QByteArray &statement, const Connection::PieceTaker &take);
     /// Runs semicolon-separated statements in one transaction.
     void runScript(const QByteArray &script);
     /// Runs "copy … from stdin" with its data.
