@@ -288,10 +288,11 @@ TEST_F(AdminTest, CheckNamesWhatIsNotFoundAndRefusesWhatIsNoDatabase)
     sql(u"insert into fygj(跟进ID,房源ID) values('1','nobody')"_qs);
     for (const int id : {1, 2})
         sql(u"insert into pdmlpzd(楼盘ID,楼盘编号,楼盘名称,地区ID) values(%1,'L1','孤楼%1',77)"_qs.arg(id));
+    sql(u"insert into pdmdq(地区ID,编码,地区,级次) values(1,'0901','孤区',2)"_qs);
     const Outcome orphans = run(u"check --db @"_qs);
     EXPECT_EQ(orphans.status, 0);
-    for (const QString &hint :
-         {u"fygj.房源ID 有 1 行"_qs, u"楼盘“L1 孤楼2”的地区不存在"_qs, u"楼盘编号“L1”重复 2 次"_qs})
+    for (const QString &hint : {u"地区“0901 孤区”的上级编码“09”不存在"_qs, u"fygj.房源ID 有 1 行"_qs,
+                                u"楼盘“L1 孤楼2”的地区不存在"_qs, u"楼盘编号“L1”重复 2 次"_qs})
         EXPECT_TRUE(orphans.output.contains(hint)) << orphans.output.toStdString();
     expectRefusal(run(u"check --db @.none"_qs), 1, u"no file"_qs);
 }

@@ -101,7 +101,6 @@ protected:
     [[nodiscard]] static QString rootKey();
     [[nodiscard]] const RecordTable &record() const { return m_dictionary.record; }
     [[nodiscard]] HostDb &db() const { return app().Db(); }
-    [[nodiscard]] int currentId() const { return m_currentId; }
     [[nodiscard]] QString caption() const { return m_dictionary.caption.toString(); }
     void setDirty() { m_isDirty = true; }
     void SetEditMode(bool on);
@@ -112,8 +111,6 @@ protected:
     /// Gives up a save whose row somebody else has deleted.
     void executeOnRow(const SqlText &sql);
     [[nodiscard]] int nextId(const RecordTable &table);
-    /// The text of a record's node.
-    [[nodiscard]] QString nodeText() const;
 
     // What differs between the dictionaries
 
@@ -180,6 +177,7 @@ private:
     bool written(int &id, QString &parent);
     int writeRow();
     void commit(int id);
+    [[nodiscard]] QString nodeText() const;
     void showSaved(int id, const QString &parent);
     void giveUp(const QString &text, const QString &title);
     [[nodiscard]] QString held(const RecordColumn &column) const;

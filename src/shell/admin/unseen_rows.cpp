@@ -1,5 +1,11 @@
 #include "shell/admin/unseen_rows.h"
 
+#include "contracts/conversions.h"
+#include "host/host_parameters.h"
+#include "library/dictionaries/level_code.h"
+
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace ebtq::admin {
@@ -7,6 +13,7 @@ namespace ebtq::admin {
 namespace {
 
 constexpr qsizetype mostLines = 20;
+constexpr int parameterGroup = 12;
 
 struct TreeKey
 {
@@ -29,11 +36,31 @@ QStringList lines(db::Connection &connection, const QString &statement, const QS
     return result;
 }
 
+/// Districts whose code continues no other one: neither they nor their buildings are seen.
+QStringList districtsWithoutParent(db::Connection &connection)
+{
+    const QString scheme = host::parameterText(connection, {}, parameterGroup, u"dzbm"_s);
+    const RowBlock rows = connection.query(u"select 编码,地区 from pdmdq order by 级次, 编码"_s);
+    QSet<QString> seen;
+    QStringList result;
+    for (qsizetype row = 0; row < rows.rowCount(); ++row) {
+        const QString code = Trim(rows.value(row, 0).toString());
+        const QString parent = LevelCode::ParentCode(code, scheme);
+        if (code.size() == LevelCode::LevelLength(1, scheme) || seen.contains(parent))
+            seen.insert(code);
+        else if (result.size() < mostLines)
+            result += u"地区“%1 %2”的上级编码“%3”不存在，楼盘字典中看不到它和它的楼盘"_s.arg(
+                code, rows.value(row, 1).toString(), parent);
+    }
+    return result;
+}
+
 } // namespace
 
 QStringList namesOfUnseenRows(db::Connection &connection)
 {
-    QStringList found =
+    QStringList found = districtsWithoutParent(connection);
+    found +=
         lines(connection,
               u"select 楼盘编号,楼盘名称 from pdmlpzd where 地区ID is null or 地区ID not in(select 地区ID "
               u"from pdmdq) order by 楼盘编号"_s,
