@@ -1,6 +1,7 @@
 #include "database/schema/installer.h"
 #include "host/setup.h"
 #include "shell/start/recent_databases.h"
+#include "shell/start/start_page.h"
 #include "shell/start/start_wizard.h"
 #include "support/as_nobody.h"
 #include "support/engine_database.h"
@@ -145,6 +146,25 @@ TEST_F(StartDraftTest, AnOlderDatabaseIsBackedUpAndUpgraded)
     EXPECT_TRUE(wizard.draft().summary().contains(backups.front()));
     EXPECT_EQ(db::Identity::of(*db::Connection::open(folder.filePath(backups.front()))).version, 1);
     EXPECT_FALSE(wizard.beginWithUpgrade(file)) << "it is current now";
+}
+
+TEST_F(StartDraftTest, ADatabaseUsedLatelyIsChosenFromTheListAndNotByPassingThroughIt)
+{
+    StartWizard wizard(folder.path(), {u"/a.db"_qs, u"postgresql://u@h:7/b"_qs});
+    wizard.show();
+    auto &list = *wizard.currentPage()->findChild<QListWidget *>(u"recent"_qs);
+    auto &first = *wizard.currentPage()->findChild<QAbstractButton *>(u"newAgency"_qs);
+    list.setFocus();
+    EXPECT_EQ(wizard.nextId(), AgencyPageId);
+    list.setCurrentRow(0);
+    EXPECT_EQ(wizard.nextId(), FilePageId);
+    EXPECT_FALSE(first.isChecked());
+    first.click();
+    EXPECT_EQ(wizard.nextId(), AgencyPageId);
+    list.setCurrentRow(1);
+    wizard.next();
+    EXPECT_EQ(wizard.currentPage()->findChild<QLineEdit *>(u"host"_qs)->text(), u"h");
+    EXPECT_EQ(wizard.currentPage()->findChild<QSpinBox *>(u"port"_qs)->value(), 7);
 }
 
 TEST_F(StartDraftTest, WhatCannotBeUsedIsRefusedWithWhatToDo)

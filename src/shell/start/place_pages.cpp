@@ -87,10 +87,21 @@ ChoicePage::ChoicePage(StartDraft &draft, const QStringList &recent, const QStri
     if (!recent.isEmpty())
         addRecent(recent);
     column().addStretch();
-    connect(m_ways, &QButtonGroup::idToggled, this, [this](int, bool isOn) {
-        if (isOn && m_recent)
-            m_recent->setCurrentRow(-1);
+    connect(m_ways, &QButtonGroup::idClicked, this, [this] {
+        if (m_recent)
+            m_recent->clearSelection();
     });
+}
+
+/// Either a way or a database is marked, never both.
+void ChoicePage::unmarkWays()
+{
+    QAbstractButton *marked = m_ways->checkedButton();
+    if (!marked || m_recent->selectedItems().isEmpty())
+        return;
+    m_ways->setExclusive(false);
+    marked->setChecked(false);
+    m_ways->setExclusive(true);
 }
 
 void ChoicePage::addRecent(const QStringList &recent)
@@ -102,13 +113,16 @@ void ChoicePage::addRecent(const QStringList &recent)
     m_recent->addItems(recent);
     m_recent->setMaximumHeight(tallest);
     column().addWidget(m_recent);
+    connect(m_recent, &QListWidget::itemSelectionChanged, this, &ChoicePage::unmarkWays);
     connect(m_recent, &QListWidget::itemActivated, this, [this] { wizard()->next(); });
 }
 
 QString ChoicePage::chosenRecent() const
 {
-    const QListWidgetItem *item = m_recent ? m_recent->currentItem() : nullptr;
-    return item ? item->text() : QString();
+    // Not the current item: the list makes one current when it merely gets the keyboard.
+    const QList<QListWidgetItem *> selected =
+        m_recent ? m_recent->selectedItems() : QList<QListWidgetItem *>();
+    return selected.isEmpty() ? QString() : selected.constFirst()->text();
 }
 
 StartDraft::Way ChoicePage::chosenWay() const

@@ -23,6 +23,7 @@ protected:
 
 private:
     void addRecent(const QStringList &recent);
+    void unmarkWays();
     [[nodiscard]] QString chosenRecent() const;
     [[nodiscard]] StartDraft::Way chosenWay() const;
 
