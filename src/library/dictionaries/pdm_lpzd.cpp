@@ -1,8 +1,8 @@
 #include "library/dictionaries/pdm_lpzd.h"
 
 #include "contracts/conversions.h"
+#include "contracts/level_code.h"
 #include "contracts/null_conv.h"
-#include "library/dictionaries/level_code.h"
 #include "library/frame/statements.h"
 
 using namespace Qt::StringLiterals;

@@ -1,8 +1,8 @@
 #include "shell/admin/unseen_rows.h"
 
 #include "contracts/conversions.h"
+#include "contracts/level_code.h"
 #include "host/host_parameters.h"
-#include "library/dictionaries/level_code.h"
 
 #include <QSet>
 

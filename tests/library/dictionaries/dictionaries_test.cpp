@@ -1,4 +1,4 @@
-#include "library/dictionaries/level_code.h"
+#include "contracts/level_code.h"
 #include "library/dictionaries/pdm_cq.h"
 #include "library/dictionaries/pdm_fx.h"
 #include "library/dictionaries/pdm_lpzd.h"

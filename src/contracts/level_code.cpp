@@ -1,4 +1,4 @@
-#include "library/dictionaries/level_code.h"
+#include "contracts/level_code.h"
 
 namespace ebtq {
 
