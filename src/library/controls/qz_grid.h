@@ -21,7 +21,7 @@ public:
     void Clear();
     /// So many empty data rows, numbered, in place of the present ones.
     void makeRows(int count);
-    /// A cell of a data row in a column in sight, behind the fixed ones.
+    /// A cell of a data row in a visible column after the fixed ones.
     [[nodiscard]] bool isCellEditable(int row, int col) const;
 
     // What a view passes on
@@ -37,7 +37,7 @@ public:
     bool paste(const QString &block);
     /// Goes to the next cell that can be edited, or the one before. False where there is none.
     bool goOn(bool forward);
-    /// The next cell for who is typing: behind the last one a row is added, unless the last is still empty.
+    /// The next cell for who is typing: after the last one a row is added, unless the last is still empty.
     bool goOnTyping();
     /// To be called before the cells are read: an editor that is open in a view writes its text.
     void finishEdit() { Q_EMIT finishRequested(); }

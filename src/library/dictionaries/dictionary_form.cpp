@@ -249,12 +249,14 @@ bool DictionaryForm::isCanDelete()
 bool DictionaryForm::isCulterUse()
 {
     const QString key = record().key.toString();
-    const QVariant used =
-        db().CreateQuery(u" Select Top 1 %1 From fyxx Where %1=%2"_s.arg(key).arg(m_currentId))->Scalar();
-    const QString failure = db().LastError().Description;
-    if (!failure.isEmpty() && hasListingColumn(key))
-        throw Failure(u"IsCulterUse::"_s + failure);
-    return Val(used) != 0;
+    try {
+        return Val(singleValue(db(),
+                               u" Select Top 1 %1 From fyxx Where %1=%2"_s.arg(key).arg(m_currentId))) != 0;
+    } catch (const StatementFailure &failure) {
+        if (hasListingColumn(key))
+            throw Failure(u"IsCulterUse::"_s + QString::fromUtf8(failure.what()));
+        return false;
+    }
 }
 
 bool DictionaryForm::hasListingColumn(const QString &name)

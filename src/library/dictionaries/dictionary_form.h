@@ -114,7 +114,7 @@ protected:
 
     // What differs between the dictionaries
 
-    /// Adds what stands below the root. False when it was given up, the person having been told.
+    /// Adds what stands below the root. False when it was given up; the failure has been raised.
     virtual bool fillTree() = 0;
     /// Whether the node stands for a record.
     [[nodiscard]] virtual bool isRecord(const Node &node) const = 0;
@@ -125,10 +125,10 @@ protected:
     [[nodiscard]] virtual bool mayEdit() = 0;
     [[nodiscard]] virtual bool mayDelete() = 0;
     [[nodiscard]] virtual std::vector<SqlText> deleteStatements(int id) const = 0;
-    /// Required fields that come behind those of all dictionaries.
+    /// Required fields after those of all dictionaries.
     [[nodiscard]] virtual std::span<const int> furtherRequired() const { return {}; }
     [[nodiscard]] virtual SaveReport saveReport() const = 0;
-    /// Statements of a save before and behind that of the row itself.
+    /// Statements of a save before and after that of the row itself.
     virtual void writeBefore() {}
     virtual void writeParts(int /*id*/) {}
     /// Where the node of a new record goes, read before the commit, and its key.
@@ -144,7 +144,7 @@ protected:
     bool check(int number, const Check &check) override { return m_fields.lookUps().lookUp(number, check); }
 
     void raiseError(const QString &message, int level, const QString &title) override;
-    /// Runs the body; what it throws is raised behind `prefix`. Without a Release, which some operations have
+    /// Runs the body; what it throws is raised after `prefix`. Without a Release, which some operations have
     /// not.
     template<class Body> bool reporting(const QString &prefix, int level, Body body)
     {
@@ -162,7 +162,7 @@ private:
     void makeFields();
     void loadRecord(int id);
     [[nodiscard]] bool isShown(const Node &node);
-    /// False when listings use the record, and when that cannot be determined; the person has been told.
+    /// False when listings use the record, and when that cannot be determined; the refusal has been raised.
     bool isCanDelete();
     [[nodiscard]] bool isCulterUse();
     [[nodiscard]] bool hasListingColumn(const QString &name);

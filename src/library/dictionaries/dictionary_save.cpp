@@ -98,7 +98,7 @@ bool DictionaryForm::isWritten(const RecordTable &table, int id)
                          .isValid();
 }
 
-/// False when a statement or a key failed; the transaction is rolled back and the person has been told.
+/// False when a statement or a key failed; the transaction is rolled back and the failure has been raised.
 bool DictionaryForm::written(int &id, QString &parent)
 {
     try {

@@ -79,7 +79,7 @@ void QzGridView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint
         editCurrent();
 }
 
-/// Tab leaves the grid behind its last cell.
+/// Tab leaves the grid after its last cell.
 bool QzGridView::focusNextPrevChild(bool next)
 {
     return m_grid.goOn(next) || FlexGridView::focusNextPrevChild(next);

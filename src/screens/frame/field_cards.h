@@ -24,7 +24,7 @@ protected:
         int rows = 1;
     };
     enum class Entry { Free, Required };
-    /// A short field with what it counts behind it: the caption of another field.
+    /// A short field with what it counts after it: the caption of another field.
     struct Count
     {
         qzTxt_S &field;

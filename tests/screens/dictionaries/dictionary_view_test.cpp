@@ -128,7 +128,7 @@ TEST_F(LpzdScreen, BlocksAreTypedCellByCell)
     typed(u"一栋"_qs);
     key(Qt::Key_Return);
     typed(u"18"_qs);
-    key(Qt::Key_Return); // behind the last cell: another row
+    key(Qt::Key_Return); // after the last cell: another row
     typed(u"A2"_qs);
     key(Qt::Key_Tab);
     key(Qt::Key_Backtab);
