@@ -2,6 +2,8 @@
 
 #include "library/controls/m_tree_view.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -48,7 +50,7 @@ void cTreeView::HookCtrl(TreeView *tree, const ImageList *images)
     if (!tree)
         return;
     tree->setImages(images);
-    tree->setDragIcon(images ? images->Picture(QStringLiteral("DRAGICON")) : QString());
+    tree->setDragIcon(images ? images->Picture(u"DRAGICON"_s) : QString());
     connect(tree, &TreeView::NodeClick, this, &cTreeView::clicked);
     connect(tree, &TreeView::MouseDown, this, &cTreeView::pressed);
     connect(tree, &TreeView::MouseMove, this, &cTreeView::moved);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 // Copying and moving
@@ -83,8 +85,7 @@ bool cTreeView::NodeMove(Node *source, Node *target, bool isSelected)
 bool cTreeView::NodeFind(Node *&found, QString &text, const QString &startText, bool isSelected)
 {
     if (text.isEmpty())
-        text = m_ask(QStringLiteral("输入要查找的节点名称:"), QStringLiteral("查找记录"), startText)
-                   .value_or(QString());
+        text = m_ask(u"输入要查找的节点名称:"_s, u"查找记录"_s, startText).value_or(QString());
     return find(found, text, 0, isSelected);
 }
 

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -14,7 +16,7 @@ constexpr int numberColumn = 0;
 } // namespace
 
 qzGrid::qzGrid(const QString &name, int index)
-    : VSFlexGrid(QStringLiteral("qzGrid"), name, index)
+    : VSFlexGrid(u"qzGrid"_s, name, index)
 {}
 
 void qzGrid::setEditable(bool editable)

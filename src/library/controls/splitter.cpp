@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -20,7 +22,7 @@ constexpr const char *savedProperties[] = {"ControlName1", "ControlName2", "Spli
 } // namespace
 
 Splitter::Splitter(const QString &name, int index)
-    : Control(QStringLiteral("Splitter"), name, index)
+    : Control(u"Splitter"_s, name, index)
 {}
 
 void Splitter::setControlName(Pane pane, const QString &name)

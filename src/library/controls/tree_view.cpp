@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -16,7 +18,7 @@ std::weak_ptr<Node> weak(Node *node)
 } // namespace
 
 TreeView::TreeView(const QString &name, int index)
-    : Control(QStringLiteral("TreeView"), name, index)
+    : Control(u"TreeView"_s, name, index)
     , m_nodes(*this)
     , m_sight(m_nodes)
 {}

@@ -5,6 +5,8 @@
 #include "library/followups/follow_up_rows.h"
 #include "library/frame/statements.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -32,9 +34,9 @@ constexpr ListTables list{.grid = grid,
 } // namespace
 
 YjTx::YjTx(Desktop &desktop)
-    : FollowUpList(QStringLiteral("YjTx"), desktop, {QStringLiteral("YjTx"), caption.toString()}, list)
-    , m_panel(controls().add<qzPanel>(QStringLiteral("Panel1")))
-    , m_caption(controls().add<Label>(QStringLiteral("lblCaption")))
+    : FollowUpList(u"YjTx"_s, desktop, {u"YjTx"_s, caption.toString()}, list)
+    , m_panel(controls().add<qzPanel>(u"Panel1"_s))
+    , m_caption(controls().add<Label>(u"lblCaption"_s))
 {
     m_caption.setCaption(caption.toString());
 }
@@ -44,10 +46,10 @@ YjTx::YjTx(Desktop &desktop)
 SqlText YjTx::statement()
 {
     const HostSession &session = app().Session();
-    SqlText sql(QStringLiteral("select"));
+    SqlText sql(u"select"_s);
     sql += followUpSource();
-    sql += QStringLiteral(" where 下次提醒=1 and 提醒日期%1#%2# and 处理结果=''")
-               .arg(m_includesOverdue ? u"<=" : u"=", regionalDate(session.LoginDate()));
+    sql += u" where 下次提醒=1 and 提醒日期%1#%2# and 处理结果=''"_s.arg(m_includesOverdue ? u"<=" : u"=",
+                                                                         regionalDate(session.LoginDate()));
     sql += QStringView(u" and 用户ID in(iif(提醒范围=0 or 提醒范围 is null,");
     sql += quoted(bareUserId(session));
     sql += QStringView(u",用户ID)) order by 操作日期 desc");
@@ -63,7 +65,7 @@ void YjTx::rowsLoaded()
 /// In the working folder: where the component is installed nothing can be written.
 QString YjTx::printSettings()
 {
-    return app().Session().AppPath() + QStringLiteral("/YjTx.Prn");
+    return app().Session().AppPath() + u"/YjTx.Prn"_s;
 }
 
 } // namespace ebtq

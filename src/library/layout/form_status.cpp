@@ -10,13 +10,15 @@
 #include <QMetaMethod>
 #include <QMetaProperty>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
 
 QString formSection()
 {
-    return QStringLiteral("Form");
+    return u"Form"_s;
 }
 
 /// A property of a control that is kept as text under its key with a suffix.
@@ -42,13 +44,13 @@ constexpr KeptProperty keptProperties[] = {
 QString keyOf(const Control &control)
 {
     const int index = ControlIndex(control);
-    const QString number = index == -1 ? QString() : QStringLiteral("_%1").arg(index);
+    const QString number = index == -1 ? QString() : u"_%1"_s.arg(index);
     return control.TypeName().toUpper() + u'_' + control.Name() + number;
 }
 
 QString widthKey(const Control &grid, int column)
 {
-    return keyOf(grid) + QStringLiteral("_Col%1").arg(column);
+    return keyOf(grid) + u"_Col%1"_s.arg(column);
 }
 
 void restoreProperties(const IniStore &store, Control &control)

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -20,7 +22,7 @@ RecordList::RecordList(const QString &name, Desktop &desktop, FailureNames failu
                        const RecordListTables &records)
     : ListModule(name, desktop, std::move(failures), list)
     , m_records(records)
-    , m_toolbar(controls().add<NavToolbar>(QStringLiteral("NavToolbar1")))
+    , m_toolbar(controls().add<NavToolbar>(u"NavToolbar1"_s))
 {
     makeToolbar();
     connect(&VS(), &VSFlexGrid::MouseDown, this, &RecordList::VsMouseDown);
@@ -39,10 +41,10 @@ void RecordList::makeToolbar()
 void RecordList::applyRights()
 {
     const auto rights = app().Rights(moduleId());
-    m_toolbar.setEnabled(QStringLiteral("new"), rights->Allowed(RightNew));
-    m_toolbar.setEnabled(QStringLiteral("edit"), rights->Allowed(RightEdit));
-    m_toolbar.setEnabled(QStringLiteral("delete"), rights->Allowed(RightDelete));
-    m_toolbar.setEnabled(QStringLiteral("gj"), !app().Db().ReadOnly());
+    m_toolbar.setEnabled(u"new"_s, rights->Allowed(RightNew));
+    m_toolbar.setEnabled(u"edit"_s, rights->Allowed(RightEdit));
+    m_toolbar.setEnabled(u"delete"_s, rights->Allowed(RightDelete));
+    m_toolbar.setEnabled(u"gj"_s, !app().Db().ReadOnly());
 }
 
 bool RecordList::IReportUI_Clear()
@@ -53,7 +55,7 @@ bool RecordList::IReportUI_Clear()
 
 QVariant RecordList::IReportUI_Attributes(const QVariant &key)
 {
-    return Val(key) == noMenuAttribute ? QStringLiteral("nomenu") : QString();
+    return Val(key) == noMenuAttribute ? u"nomenu"_s : QString();
 }
 
 QString RecordList::named(QStringView text) const
@@ -245,8 +247,8 @@ void RecordList::deleteCurrent()
 bool RecordList::isDeletionAgreed()
 {
     const int asked = VS().Row();
-    const auto answer = desktop().messageBox(QStringLiteral("是否删除当前所选记录:"), QStringLiteral("提示:"),
-                                             Desktop::Icon::Question, Desktop::Buttons::YesNo);
+    const auto answer = desktop().messageBox(u"是否删除当前所选记录:"_s, u"提示:"_s, Desktop::Icon::Question,
+                                             Desktop::Buttons::YesNo);
     if (answer != Desktop::Answer::Yes)
         return false;
     if (VS().Row() == asked && !VS().RowHidden(asked))

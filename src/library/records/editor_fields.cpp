@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 EditorFields::EditorFields(Module &module, const QString &arrayName,
@@ -36,7 +38,7 @@ void EditorFields::add(const EditorField &description, const QString &arrayName)
 const EditorField &EditorFields::describedAt(int number) const
 {
     if (number < 0 || static_cast<size_t>(number) >= m_descriptions.size())
-        throw Failure(QStringLiteral("没有编号为 %1 的输入框！").arg(number));
+        throw Failure(u"没有编号为 %1 的输入框！"_s.arg(number));
     return m_descriptions[static_cast<size_t>(number)];
 }
 

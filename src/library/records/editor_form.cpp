@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 EditorForm::EditorForm(const QString &name, const QString &arrayName, std::span<const EditorField> fields,
@@ -27,7 +29,7 @@ EditorForm::EditorForm(const QString &name, const QString &arrayName, std::span<
 
 QString EditorForm::messageTitle()
 {
-    return QStringLiteral("提示:");
+    return u"提示:"_s;
 }
 
 TextBox &EditorForm::addMemo(const QString &name, int index, const QString &caption)
@@ -62,8 +64,7 @@ OptionButton &EditorForm::addOption(const QString &name, int index, const QStrin
 void EditorForm::addButtons(std::initializer_list<QStringView> captions)
 {
     for (const QStringView caption : captions) {
-        m_buttons.push_back(
-            &controls().add<Button>(QStringLiteral("Cmd"), static_cast<int>(m_buttons.size())));
+        m_buttons.push_back(&controls().add<Button>(u"Cmd"_s, static_cast<int>(m_buttons.size())));
         m_buttons.back()->setCaption(caption.toString());
     }
     connect(&Cmd(0), &Button::Click, this, &EditorForm::savePressed);
@@ -131,10 +132,9 @@ void EditorForm::showAuthor(qzTxt_S &author)
 
 void EditorForm::showDepartment(qzTxt_S &department, const qzTxt_S &author)
 {
-    const SqlText sql =
-        SqlText(QStringLiteral("select mtname from su_usertype where mtID in(select usertypeID from "
-                               "su_membership where userID=")) +
-        quoted(author.Tag()) + QStringView(u")");
+    const SqlText sql = SqlText(u"select mtname from su_usertype where mtID in(select usertypeID from "
+                                "su_membership where userID="_s) +
+                        quoted(author.Tag()) + QStringView(u")");
     department.setText(NullConv::ToText(singleValue(app().Db(), sql)));
 }
 

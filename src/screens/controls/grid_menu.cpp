@@ -25,6 +25,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 /// A kind of file that a list can be exported to.
@@ -60,7 +62,7 @@ GridMenu::GridMenu(FlexGridView &view, VSFlexGrid &grid, QWidget &page, Desktop 
     , m_grid(grid)
     , m_page(page)
     , m_desktop(desktop)
-    , m_listName(QStringLiteral("列表"))
+    , m_listName(u"列表"_s)
     , m_folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
 {
     m_view.setSelectionMode(QAbstractItemView::ContiguousSelection);
@@ -114,7 +116,7 @@ QPoint GridMenu::placeOfCurrentRow() const
 void GridMenu::popUp(const QPoint &place)
 {
     auto *menu = new PassingMenu(&m_view);
-    menu->setObjectName(QStringLiteral("GridMenu"));
+    menu->setObjectName(u"GridMenu"_s);
     if (m_commands)
         addCommands(*menu);
     addPageActions(*menu);
@@ -169,7 +171,7 @@ void GridMenu::addExport(PassingMenu &menu)
         {u"导出 CSV(&S)…", u"csv", u"CSV 文件 (*.csv)", &writeCsv},
     };
     menu.addSeparator();
-    QAction *copying = menu.offer(QStringLiteral("复制(&C)\tCtrl+C"), this, &GridMenu::copy);
+    QAction *copying = menu.offer(u"复制(&C)\tCtrl+C"_s, this, &GridMenu::copy);
     copying->setEnabled(m_view.currentIndex().isValid());
     for (const Format &format : formats)
         menu.offer(format.caption.toString(), this, [this, &format] { exportAs(format); });
@@ -178,10 +180,10 @@ void GridMenu::addExport(PassingMenu &menu)
 void GridMenu::addPrint(PassingMenu &menu)
 {
     menu.addSeparator();
-    menu.offer(QStringLiteral("打印预览(&V)"), this, [this] { m_print(false, false); });
-    menu.offer(look::icon(QStringLiteral("document-print")), QStringLiteral("打印(&P)…\tCtrl+P"), this,
+    menu.offer(u"打印预览(&V)"_s, this, [this] { m_print(false, false); });
+    menu.offer(look::icon(u"document-print"_s), u"打印(&P)…\tCtrl+P"_s, this,
                [this] { m_print(true, false); });
-    menu.offer(QStringLiteral("页面设置(&U)…"), this, [this] { m_print(false, true); });
+    menu.offer(u"页面设置(&U)…"_s, this, [this] { m_print(false, true); });
 }
 
 void GridMenu::copy()
@@ -199,15 +201,15 @@ void GridMenu::copy()
     if (isAlsoTable)
         contents->setHtml(htmlTable(table));
     QApplication::clipboard()->setMimeData(contents);
-    Q_EMIT message(QStringLiteral("已复制%1行").arg(table.rowCount()));
+    Q_EMIT message(u"已复制%1行"_s.arg(table.rowCount()));
 }
 
 void GridMenu::exportAs(const Format &format)
 {
-    const QString name = QStringLiteral("%1 %2.%3")
-                             .arg(m_listName, m_desktop.now().date().toString(Qt::ISODate), format.ending);
-    const QString path = m_desktop.saveDialog(QStringLiteral("导出列表"), QDir(m_folder).filePath(name),
-                                              format.filter.toString());
+    const QString name =
+        u"%1 %2.%3"_s.arg(m_listName, m_desktop.now().date().toString(Qt::ISODate), format.ending);
+    const QString path =
+        m_desktop.saveDialog(u"导出列表"_s, QDir(m_folder).filePath(name), format.filter.toString());
     if (path.isEmpty())
         return;
     m_folder = QFileInfo(path).absolutePath();
@@ -215,7 +217,7 @@ void GridMenu::exportAs(const Format &format)
         ShownGrid table(m_grid);
         table.keepCaptioned();
         if (write(format, table, path))
-            Q_EMIT message(QStringLiteral("已导出%1行到 %2").arg(QString::number(table.rowCount()), path));
+            Q_EMIT message(u"已导出%1行到 %2"_s.arg(QString::number(table.rowCount()), path));
     } catch (const std::exception &failure) {
         Q_EMIT failed(QString::fromUtf8(failure.what()));
     }
@@ -223,9 +225,8 @@ void GridMenu::exportAs(const Format &format)
 
 bool GridMenu::write(const Format &format, const ShownGrid &table, const QString &path) const
 {
-    QProgressDialog progress(QStringLiteral("正在导出…"), QStringLiteral("取消(&C)"), 0, table.rowCount(),
-                             &m_view);
-    progress.setWindowTitle(QStringLiteral("导出列表"));
+    QProgressDialog progress(u"正在导出…"_s, u"取消(&C)"_s, 0, table.rowCount(), &m_view);
+    progress.setWindowTitle(u"导出列表"_s);
     progress.setWindowModality(Qt::ApplicationModal);
     progress.setMinimumDuration(patience);
     return format.write(table, path, [&progress](int rows) {

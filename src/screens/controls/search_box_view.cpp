@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 SearchBoxView::SearchBoxView(SearchBox &box, QWidget *parent)
@@ -15,7 +17,7 @@ SearchBoxView::SearchBoxView(SearchBox &box, QWidget *parent)
 {
     bindControl(box, *this);
     setClearButtonEnabled(true);
-    addAction(look::icon(QStringLiteral("edit-find"), &look::Tokens::muted), QLineEdit::LeadingPosition);
+    addAction(look::icon(u"edit-find"_s, &look::Tokens::muted), QLineEdit::LeadingPosition);
     connect(this, &QLineEdit::textChanged, this, [this](const QString &text) { m_box.setText(text); });
     connect(&box, &SearchBox::textChanged, this, [this] {
         if (text() != m_box.Text())

@@ -9,13 +9,15 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 TreePanel::TreePanel(TreeView &tree, SearchBox &box, QWidget *parent)
     : QWidget(parent)
 {
     auto *field = new SearchBoxView(box, this);
-    field->setPlaceholderText(QStringLiteral("筛选"));
+    field->setPlaceholderText(u"筛选"_s);
     auto *widget = new TreeViewWidget(tree, this);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

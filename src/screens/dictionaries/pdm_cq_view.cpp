@@ -2,6 +2,8 @@
 
 #include <QGroupBox>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 PdmCqView::PdmCqView(PDMCq &module, QWidget *parent)
@@ -14,7 +16,7 @@ PdmCqView::PdmCqView(PDMCq &module, QWidget *parent)
         {.number = 3, .row = 3},
         {.number = 4, .row = 4},
     };
-    addFields(*addCard(QStringLiteral("产权")), places);
+    addFields(*addCard(u"产权"_s), places);
     lineUp(1, 12);
     fillUp();
 }

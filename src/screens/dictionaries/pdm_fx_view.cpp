@@ -2,6 +2,8 @@
 
 #include <QGroupBox>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 PdmFxView::PdmFxView(PDMFx &module, QWidget *parent)
@@ -13,12 +15,12 @@ PdmFxView::PdmFxView(PDMFx &module, QWidget *parent)
     };
     constexpr int firstCount = 2;
     constexpr int lastCount = 5;
-    QGroupBox *card = addCard(QStringLiteral("房型"));
+    QGroupBox *card = addCard(u"房型"_s);
     addFields(*card, places);
     std::vector<Count> counts;
     for (int number = firstCount; number <= lastCount; ++number)
         counts.push_back({module.qzTxt(number), module.qzTxt(number + 1)});
-    put(*card, {2, 0}, captionFor(QStringLiteral("房型"), Entry::Free, card), makeCounts(counts, card));
+    put(*card, {2, 0}, captionFor(u"房型"_s, Entry::Free, card), makeCounts(counts, card));
     lineUp(1, 20);
     fillUp();
 }

@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq {
 
 namespace {
@@ -66,7 +68,7 @@ QVBoxLayout *ListView::column() const
 void ListView::addFilterRow()
 {
     auto *bar = new QWidget(this);
-    bar->setProperty("kind", QStringLiteral("bar"));
+    bar->setProperty("kind", u"bar"_s);
     bar->setAttribute(Qt::WA_StyledBackground);
     auto *row = new FlowLayout(bar);
     row->setContentsMargins(12, 6, 12, 6);

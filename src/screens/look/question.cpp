@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::look {
 
 void showIcon(QMessageBox &box, const QIcon &icon)
@@ -18,12 +20,12 @@ void showIcon(QMessageBox &box, const QIcon &icon)
 std::optional<int> choose(const QString &text, const QString &title, const QStringList &answers)
 {
     QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::NoButton, windowBelow());
-    showIcon(box, icon(QStringLiteral("dialog-question"), &Tokens::brand));
+    showIcon(box, icon(u"dialog-question"_s, &Tokens::brand));
     box.setTextFormat(Qt::PlainText);
     QList<QAbstractButton *> buttons;
     for (const QString &answer : answers)
         buttons.append(box.addButton(answer, QMessageBox::ActionRole));
-    QPushButton *cancel = box.addButton(QStringLiteral("取消(&C)"), QMessageBox::RejectRole);
+    QPushButton *cancel = box.addButton(u"取消(&C)"_s, QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
     box.setEscapeButton(cancel);
     runModal(box);

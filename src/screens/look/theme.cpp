@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace ebtq::look {
 
 namespace {
@@ -38,7 +40,7 @@ constexpr NamedColour namedColours[] = {
     {u"failureInk", &Tokens::failureInk},
 };
 
-const QString sheet = QStringLiteral(R"(
+const QString sheet = uR"(
 QMainWindow, QDialog, QWidget[kind="page"] { background: @window; color: @ink; }
 QWidget[kind="status"] { background: @card; border: none; border-top: 1px solid @line; }
 QWidget[kind="bar"] { background: @card; border: none; border-bottom: 1px solid @line; }
@@ -199,7 +201,7 @@ QLabel[kind="curtain"] { color: @muted; background: @window; font-size: 20px; }
 QLabel[kind="badge"] { background: @refusal; color: @refusalInk; border-radius: 7px; padding: 0 4px;
     font-size: 11px; }
 QToolButton[kind="nav"]:checked { background: @navigationCurrent; color: #ffffff; font-weight: normal; }
-)");
+)"_s;
 
 } // namespace
 
@@ -239,7 +241,7 @@ QString styleSheet(const Tokens &colours)
 {
     QString result = sheet;
     for (const NamedColour &named : namedColours) {
-        const QRegularExpression call(u'@' + named.name.toString() + QStringLiteral("\\b"));
+        const QRegularExpression call(u'@' + named.name.toString() + u"\\b"_s);
         result.replace(call, (colours.*named.colour).name());
     }
     return result;
