@@ -251,8 +251,8 @@ void FormDriver::run(const Command &command)
             return;
         if (const auto *own = std::get_if<void (FormDriver::*)()>(&command.operation))
             (this->**own)();
-        else
-            (m_form.*std::get<bool (IFormUI::*)()>(command.operation))();
+        else if (const auto *operation = std::get_if<bool (IFormUI::*)()>(&command.operation))
+            (m_form.**operation)();
     });
     follow();
 }
