@@ -9,8 +9,6 @@
 #include <QPointer>
 #include <QStyle>
 
-#include <variant>
-
 namespace ebtq::shell {
 
 namespace {
@@ -51,7 +49,7 @@ struct FormDriver::Command
     QKeyCombination keys;
     When when = Always;
     int right = 0; ///< that it needs
-    std::variant<void (FormDriver::*)(), bool (IFormUI::*)()> operation;
+    void (FormDriver::*operation)();
 };
 
 std::span<const FormDriver::Command> FormDriver::commands()
@@ -67,17 +65,20 @@ std::span<const FormDriver::Command> FormDriver::commands()
         {u"cancel", u"edit-undo", u"取消(&C)", none, Editing, 0, &Form::cancel},
         {u"delete", u"edit-delete", u"删除(&D)", none, Browsing, RightDelete, &Form::remove},
         separator,
-        {u"first", u"go-first", u"首条", Qt::CTRL | Qt::Key_Home, Browsing, 0, &IFormUI::IFormUI_RecordTop},
+        {u"first", u"go-first", u"首条", Qt::CTRL | Qt::Key_Home, Browsing, 0,
+         &FormDriver::operate<&IFormUI::IFormUI_RecordTop>},
         {u"previous", u"go-previous", u"上一条", Qt::CTRL | Qt::Key_PageUp, Browsing, 0,
-         &IFormUI::IFormUI_RecordPrevious},
+         &FormDriver::operate<&IFormUI::IFormUI_RecordPrevious>},
         {u"next", u"go-next", u"下一条", Qt::CTRL | Qt::Key_PageDown, Browsing, 0,
-         &IFormUI::IFormUI_RecordNext},
-        {u"last", u"go-last", u"末条", Qt::CTRL | Qt::Key_End, Browsing, 0, &IFormUI::IFormUI_RecordBottom},
+         &FormDriver::operate<&IFormUI::IFormUI_RecordNext>},
+        {u"last", u"go-last", u"末条", Qt::CTRL | Qt::Key_End, Browsing, 0,
+         &FormDriver::operate<&IFormUI::IFormUI_RecordBottom>},
         separator,
         {u"find", u"edit-find", u"查找", Qt::CTRL | Qt::Key_F, Browsing, 0, &Form::find},
         {u"findNext", u"go-down", u"查找下一个", Qt::Key_F3, Browsing, 0, &Form::findNext},
         separator,
-        {u"print", u"document-print", u"打印", Qt::CTRL | Qt::Key_P, Printing, 0, &IFormUI::IFormUI_DoPrint},
+        {u"print", u"document-print", u"打印", Qt::CTRL | Qt::Key_P, Printing, 0,
+         &FormDriver::operate<&IFormUI::IFormUI_DoPrint>},
         {u"refresh", u"view-refresh", u"刷新", none, Browsing, 0, &Form::refresh},
         {u"close", u"dialog-close", u"关闭(&X)", none, Always, 0, &Form::close},
     };
@@ -249,10 +250,7 @@ void FormDriver::run(const Command &command)
     guarded([&] {
         if (command.right != 0 && !isAllowed(command.right))
             return;
-        if (const auto *own = std::get_if<void (FormDriver::*)()>(&command.operation))
-            (this->**own)();
-        else if (const auto *operation = std::get_if<bool (IFormUI::*)()>(&command.operation))
-            (m_form.**operation)();
+        (this->*command.operation)();
     });
     follow();
 }

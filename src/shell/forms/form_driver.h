@@ -51,6 +51,7 @@ private:
     void readRights();
     [[nodiscard]] bool isAllowed(int right);
     void run(const Command &command);
+    template<bool (IFormUI::*operation)()> void operate() { (m_form.*operation)(); }
     void say(const QString &done);
 
     void startNew();
