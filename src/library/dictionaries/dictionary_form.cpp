@@ -238,30 +238,36 @@ bool DictionaryForm::IFormUI_FileDelete()
 bool DictionaryForm::isCanDelete()
 {
     return reporting(u"IsCanDelete::"_s, Refusal, [this] {
-        if (!isCulterUse())
-            return true;
-        refuse(u"该[%1]已启用,不能删除!"_s.arg(caption()));
-        return false;
+        const std::optional<bool> isUsed = isCulterUse();
+        if (isUsed == true)
+            refuse(u"该[%1]已启用,不能删除!"_s.arg(caption()));
+        return isUsed == false;
     });
 }
 
 /// Listings keep the name of some dictionaries' rows and no key: nothing can use those by key.
-bool DictionaryForm::isCulterUse()
+std::optional<bool> DictionaryForm::isCulterUse()
 {
     const QString key = record().key.toString();
     try {
         return Val(singleValue(db(),
                                u" Select Top 1 %1 From fyxx Where %1=%2"_s.arg(key).arg(m_currentId))) != 0;
     } catch (const StatementFailure &failure) {
-        if (hasListingColumn(key))
-            throw Failure(u"IsCulterUse::"_s + QString::fromUtf8(failure.what()));
-        return false;
+        if (!hasListingColumn(key))
+            return false;
+        raiseError(u"IsCulterUse::"_s + QString::fromUtf8(failure.what()), Refusal, caption());
+        return std::nullopt;
     }
 }
 
+/// True when that cannot be determined.
 bool DictionaryForm::hasListingColumn(const QString &name)
 {
-    return openRows(db(), u"select top 1 * from fyxx"_s)->GetRows().columnNamed(name) >= 0;
+    try {
+        return openRows(db(), u"select top 1 * from fyxx"_s)->GetRows().columnNamed(name) >= 0;
+    } catch (const StatementFailure &) {
+        return true;
+    }
 }
 
 bool DictionaryForm::remove()

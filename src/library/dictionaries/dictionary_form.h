@@ -164,7 +164,8 @@ private:
     [[nodiscard]] bool isShown(const Node &node);
     /// False when listings use the record, and when that cannot be determined; the refusal has been raised.
     bool isCanDelete();
-    [[nodiscard]] bool isCulterUse();
+    /// Nothing when that cannot be determined; the failure has been raised.
+    [[nodiscard]] std::optional<bool> isCulterUse();
     [[nodiscard]] bool hasListingColumn(const QString &name);
     bool remove();
 

@@ -396,7 +396,7 @@ TEST_F(PDMCqTest, ARightIsDeletedUnlessTheLookForItsUseFails)
         return sql.text().contains(u"from fyxx"_qs, Qt::CaseInsensitive) ? SqlText(u"坏语句"_qs) : sql;
     };
     EXPECT_FALSE(form.IFormUI_FileDelete());
-    EXPECT_TRUE(raised().value(0).startsWith(u"产权|2|IsCanDelete::"_qs));
+    EXPECT_TRUE(raised().value(0).startsWith(u"产权|2|IsCulterUse::"_qs));
     app.asRun = [](const SqlText &sql) { return sql; };
     desktop.willAnswer(Desktop::Answer::Yes);
     EXPECT_TRUE(form.IFormUI_FileDelete());
