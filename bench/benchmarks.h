@@ -53,6 +53,10 @@ int treeBenchmark(const Options &options);
 /// building with 2,000 changed blocks, against the save's bare statements in one transaction. The ratios are to
 /// stay below 2 and 1.3.
 int dictionaryBenchmark(const Options &options);
+/// The program's start as a process until the list of `rows` listings is painted, against that of a program
+/// whose window is empty; the check of the password, which is slow by intention, is part of it and told beside
+/// it. Needs both programs beside this one.
+int startBenchmark(const Options &options);
 /// A file of 50 MB into a row and out of it, against a plain file written to the disk and copied, on a server
 /// against a bare parameter and a bare cell; with the memory that it takes, as a share of the file. `ratio` is
 /// the worst measure divided by its limit.

@@ -31,6 +31,7 @@ constexpr Command commands[] = {
     {"export", "export the loaded list", ebtq::bench::exportBenchmark},
     {"tree", "fill a tree of buildings, open, search and clear it", ebtq::bench::treeBenchmark},
     {"dictionary", "load the buildings, and save one with 2,000 blocks", ebtq::bench::dictionaryBenchmark},
+    {"start", "start the program until its first list is painted", ebtq::bench::startBenchmark},
     {"attachments", "a large file into a row and out of it", ebtq::bench::attachmentsBenchmark},
     {"clients", "agents at one server, in bases of their own", ebtq::bench::clientsBenchmark},
 };

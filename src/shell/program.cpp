@@ -4,6 +4,7 @@
 #include "host/start/agency.h"
 #include "screens/look/look.h"
 #include "shell/component_loader.h"
+#include "shell/first_paint.h"
 #include "shell/guarded_application.h"
 #include "shell/main_window.h"
 #include "shell/panels/component_picker.h"
@@ -63,6 +64,7 @@ void showWindow(MainWindow &window)
     window.resize(preferredSize.boundedTo(screen));
     window.show();
     window.openFirstModule();
+    logFirstPaint();
 }
 
 /// Forms stand on the ground of the scheme in force.
