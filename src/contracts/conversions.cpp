@@ -2,6 +2,7 @@
 
 #include "contracts/host_contracts.h"
 #include "contracts/null_conv.h"
+#include "database/values/date_text.h"
 #include "database/values/number_text.h"
 
 #include <QLocale>
@@ -137,6 +138,33 @@ QChar plainCharacter(QChar character)
     return character.isSpace() ? QChar(u' ') : character;
 }
 
+QString plainText(QString text)
+{
+    std::transform(text.begin(), text.end(), text.begin(), plainCharacter);
+    return Trim(text);
+}
+
+/// A day that is told by its distance from today.
+std::optional<qint64> daysFromToday(const QString &text)
+{
+    static constexpr QStringView names[] = {u"前天", u"昨天", u"今天", u"明天", u"后天"};
+    if (const auto *name = std::ranges::find(names, text); name != std::end(names))
+        return name - std::begin(names) - 2;
+    static const QRegularExpression count(uR"(\A[+-]\d{1,4}\z)"_s);
+    return count.match(text).hasMatch() ? std::optional(text.toLongLong()) : std::nullopt;
+}
+
+/// The usual spellings of a day brought into the one that the database reads; others stay as they are.
+QString withPlainDay(QString text, const QDate &today)
+{
+    static const QRegularExpression digits(uR"(\A(\d{4})(\d{2})(\d{2})(?=\z| ))"_s);
+    static const QRegularExpression parts(uR"(\A(\d{4})[.年](\d{1,2})[.月](\d{1,2})[日号]?(?=\z| ))"_s);
+    static const QRegularExpression noYear(uR"(\A(\d{1,2})[-/.月](\d{1,2})[日号]?(?=\z| ))"_s);
+    const QString whole = uR"(\1-\2-\3)"_s;
+    text.replace(digits, whole).replace(parts, whole);
+    return text.replace(noYear, u"%1-\\1-\\2"_s.arg(today.year()));
+}
+
 } // namespace
 
 double Val(const QString &text)
@@ -153,15 +181,21 @@ std::optional<QString> TypedNumber(const QString &text)
 {
     static const QRegularExpression number(
         uR"(\A[+-]?(?:(?:\d+|\d{1,3}(?:[, ]\d{3})+)(?:\.\d*)?|\.\d+)(?:[Ee][+-]?\d{1,3})?\z)"_s);
-    QString plain = text;
-    std::transform(plain.begin(), plain.end(), plain.begin(), plainCharacter);
-    plain = Trim(plain);
+    QString plain = plainText(text);
     if (plain.isEmpty())
         return plain;
     if (!number.match(plain).hasMatch())
         return std::nullopt;
     plain.removeIf([](QChar character) { return character == u',' || character == u' '; });
     return wholeNumberOf(plain) ? std::optional(plain) : std::nullopt;
+}
+
+std::optional<QDateTime> TypedDate(const QString &text, const QDate &today)
+{
+    const QString plain = plainText(text);
+    if (const auto days = daysFromToday(plain))
+        return parseDate(regionalDate(today.addDays(*days)));
+    return parseDate(withPlainDay(plain, today));
 }
 
 QString NumberText(double number)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <QVariant>
 
@@ -17,6 +18,11 @@ namespace ebtq {
 /// commas or blanks between thousands go. Empty for blanks alone, nothing for a text that is no number from
 /// end to end.
 [[nodiscard]] std::optional<QString> TypedNumber(const QString &text);
+
+/// A date that a person typed: in a form that the database reads, with points or 年, 月 and 日 between its
+/// parts, as eight digits, without the year, which is then that of `today`, as 前天 to 后天, or as days from
+/// `today` on ("+7"); full-width digits are plain ones. Nothing for any other text.
+[[nodiscard]] std::optional<QDateTime> TypedDate(const QString &text, const QDate &today);
 
 /// A number in the shortest form, without a trailing ".0"; with an exponent from 1E+15 on.
 [[nodiscard]] QString NumberText(double number);

@@ -1,6 +1,7 @@
 #include "contracts/conversions.h"
 #include "contracts/host_contracts.h"
 #include "contracts/null_conv.h"
+#include "database/values/date_text.h"
 
 #include <gtest/gtest.h>
 
@@ -29,6 +30,22 @@ TEST(Conversions, FormatWritesNumbersByTheirPattern)
     EXPECT_EQ(Format(u"12.5万"_qs, twoDigits), u"12.5万");
     EXPECT_EQ(Format(QString(), twoDigits) + Format({}, twoDigits), QString());
     EXPECT_EQ(Format(QDateTime(QDate(2026, 9, 8), QTime(0, 0)), twoDigits), u"2026-9-8");
+}
+
+TEST(Conversions, DatesAreReadAsPeopleTypeThem)
+{
+    const QString cases =
+        u"2026.12.3 2026-12-3|２０２６．１２．３ 2026-12-3|2026年12月3日 2026-12-3|20261203 2026-12-3|"
+        u"12-3 2026-12-3|1/5 2026-1-5|12月3号 2026-12-3|12.31 2026-12-31|前天 2026-12-28|"
+        u"　今天  2026-12-30|后天 2027-1-1|+7 2027-1-6|-30 2026-11-30|2026/9/8 2026-9-8|"
+        u"9/8/2026 2026-9-8|2026.12.3_14:05 2026-12-3_14:05:00|2-30 !|20261303 !|26.12.3 !|"
+        u"2026.12 !|12-3x !|7 !|+ !|+12345 !|大后天 !|1月32日 !| !"_qs;
+    for (const QString &each : cases.split(u'|')) {
+        const QString typed = each.section(u' ', 0, -2).replace(u'_', u' ');
+        const auto date = TypedDate(typed, QDate(2026, 12, 30));
+        EXPECT_EQ(date ? regionalDate(*date).replace(u' ', u'_') : u"!"_qs, each.section(u' ', -1))
+            << each.toStdString();
+    }
 }
 
 TEST(Conversions, ValuesBecomeTextAndNumbers)

@@ -181,7 +181,7 @@ bool qzTxt_S::judge(QVariant &value, QString &text)
     if (m_judge_time == JudgeByScreen)
         return judgeByScreen(value, text);
     if (m_judge_type == JudgeDate) {
-        const auto date = parseDate(text);
+        const auto date = TypedDate(text, m_today);
         text = date ? regionalDate(*date) : text;
         value = text;
         return date.has_value();

@@ -2,6 +2,7 @@
 
 #include "library/controls/control.h"
 
+#include <QDate>
 #include <QVariant>
 
 #include <optional>
@@ -76,6 +77,8 @@ public:
     void set_judge_base(const QString &base) { m_judge_base = base; }
     [[nodiscard]] int judge_type() const { return m_judge_type; }
     void set_judge_type(int type) { m_judge_type = type; }
+    /// The day from which a typed date counts that does not say its year, or only how far away it is.
+    void setToday(const QDate &today) { m_today = today; }
     [[nodiscard]] int judge_time() const { return m_judge_time; }
     void set_judge_time(int time) { m_judge_time = time; }
     [[nodiscard]] const QString &text_field_code() const { return m_text_field_code; }
@@ -148,6 +151,7 @@ private:
     QString m_judge_base;
     int m_judge_type = JudgeNothing;
     int m_judge_time = JudgeNever;
+    QDate m_today;
     QString m_text_field_code;
     QString m_text_field_name;
     QString m_error_message;

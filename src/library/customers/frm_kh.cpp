@@ -65,18 +65,15 @@ void frmKh::py_Init(HostApp &host, int moduleId, const QString &id, bool bReadOn
     });
 }
 
-/// Help fields share one message for a text that is not found, without the field's name. The date is checked
-/// when its field is left.
+/// Help fields share one message for a text that is not found, without the field's name.
 void frmKh::load()
 {
     reset();
     for (qzTxt_S *each : fields()) {
-        if (fieldOf(each->Index()).lookUp.kind != LookUp::None)
+        const LookUp::Kind kind = fieldOf(each->Index()).lookUp.kind;
+        if (kind != LookUp::None && kind != LookUp::Calendar)
             each->set_error_message(FieldLookUps::refusal());
     }
-    qzTxt_S &date = qzTxt(Number::EntrustedOn);
-    date.set_judge_time(qzTxt_S::JudgeOnLeaving);
-    date.set_error_message(fieldOf(date.Index()).title.toString() + FieldLookUps::refusal());
     app().FormStyler().Apply(*this);
 }
 

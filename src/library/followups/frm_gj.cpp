@@ -116,6 +116,8 @@ void FrmGj::py_Init(HostApp &host, const QString &ownerID, const QString &follow
         m_ownerId = ownerID;
         m_id = followUpID;
         reset();
+        for (const int number : {Date, ReminderTime})
+            qzTxt(number).setToday(desktop().now().date());
         m_id.isEmpty() ? NewRecord() : LoadData();
         SetFieldsEnabled(!disable && isWritable());
         clearDirty();

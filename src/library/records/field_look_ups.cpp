@@ -13,16 +13,15 @@ void setUpHelp(qzTxt_S &field, const LookUp &lookUp)
 {
     field.set_help_flag(true);
     field.set_help_menuflag(true);
+    field.set_judge_time(qzTxt_S::JudgeOnLeaving);
+    field.set_error_message(Trim(field.Caption()) + FieldLookUps::refusal());
     if (lookUp.kind == LookUp::Calendar) {
-        // A date is not checked in its field: the database refuses an invalid one.
         field.set_help_type(qzTxt_S::Calendar);
         field.set_judge_type(qzTxt_S::JudgeDate);
         return;
     }
     const bool isInline = lookUp.kind == LookUp::InlineList;
     field.set_judge_type(isInline ? qzTxt_S::JudgeInlineList : qzTxt_S::JudgeStatement);
-    field.set_judge_time(qzTxt_S::JudgeOnLeaving);
-    field.set_error_message(Trim(field.Caption()) + FieldLookUps::refusal());
     if (lookUp.kind == LookUp::Picker) {
         field.set_help_type(qzTxt_S::Custom);
         return;
@@ -75,8 +74,10 @@ void FieldLookUps::add(qzTxt_S &field, const LookUp &lookUp)
 void FieldLookUps::setUp()
 {
     for (const auto &[number, field] : m_fields) {
-        if (field.lookUp->kind != LookUp::None)
-            setUpHelp(*field.control, *field.lookUp);
+        if (field.lookUp->kind == LookUp::None)
+            continue;
+        setUpHelp(*field.control, *field.lookUp);
+        field.control->setToday(app().Session().LoginDate());
     }
 }
 

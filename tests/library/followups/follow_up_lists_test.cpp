@@ -121,7 +121,7 @@ TEST_F(FollowUpListTest, TheLimitCutsAndBadInputIsToldWithoutALoss)
     }
     list.qzTxt(Cx_Gj::Limit).type(u"0.5"_qs);
     EXPECT_FALSE(list.qzTxt(Cx_Gj::Limit).check());
-    list.qzTxt(Cx_Gj::From).type(u"昨天"_qs);
+    list.qzTxt(Cx_Gj::From).type(u"上周"_qs);
     EXPECT_FALSE(list.qzTxt(Cx_Gj::From).check());
 }
 

@@ -36,7 +36,7 @@ TEST_F(FrmGjTest, ANewFollowUpIsInsertedAsItStands)
     const std::pair<std::function<void()>, QString> cases[] = {
         {[] {}, u"#2026-12-25 9:30:00#,0,'U1','','L1',0,#2026-12-25 9:30:00#,0,'','')"_qs},
         {[&] {
-             form.qzTxt(Date).type(u" 2026-3-1 "_qs);
+             form.qzTxt(Date).setText(u" 2026-3-1 "_qs);
              script = {{}, u"李强"_qs, 5, nullptr};
              form.qzTxt(Agent).requestHelp(3, 4);
              form.Txt().setText(u"  客户出价300万\n愿谈 "_qs);

@@ -55,7 +55,7 @@ TEST_F(FrmFxLookupTest, EachFieldIsCalledHelpedJudgedAndAlignedAsItsKind)
                      : field.Alignment() == qzTxt_S::AlignCentre ? u"^"_qs
                                                                  : QString();
             EXPECT_EQ(field.judge_time() == qzTxt_S::JudgeOnLeaving,
-                      marks.contains(u'#') || marks.contains(u'l') || marks.contains(u'p'))
+                      marks.contains(u'#') || marks.contains(u'l') || marks.contains(u'p') || isDate)
                 << number;
             if (!marks.isEmpty())
                 found.last() += u'/' + marks;
