@@ -57,6 +57,7 @@ void khxx::openEditor(HostApp &host, const QString &key, bool isRestricted)
 
 void khxx::openFollowUpEditor(HostApp &host, const QString &owner)
 {
+    m_followUpEditor->setOwnerNumber(currentNumber());
     m_followUpEditor->py_Init(host, owner, {}, false);
 }
 

@@ -180,6 +180,7 @@ private:
     void commit(int id);
     [[nodiscard]] QString nodeText() const;
     void showSaved(int id, const QString &parent);
+    [[nodiscard]] QString apostropheNote() const;
     void giveUp(const QString &text, const QString &title);
     [[nodiscard]] QString held(const RecordColumn &column) const;
 

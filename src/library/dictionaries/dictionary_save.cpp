@@ -61,8 +61,13 @@ bool DictionaryForm::isCanSave()
 
 bool DictionaryForm::IFormUI_FileSave()
 {
-    const bool isSaved =
-        reporting(u"保存数据时出错："_s, FailureLevel, [this] { return isCanSave() && save(); });
+    const bool isSaved = reporting(u"保存数据时出错："_s, FailureLevel, [this] {
+        try {
+            return isCanSave() && save();
+        } catch (const StatementFailure &failure) {
+            throw Failure(QString::fromUtf8(failure.what()) + apostropheNote());
+        }
+    });
     releaseDatabase();
     return isSaved;
 }
@@ -110,11 +115,19 @@ bool DictionaryForm::written(int &id, QString &parent)
         return true;
     } catch (const StatementFailure &failure) {
         const SaveReport report = saveReport();
-        giveUp(report.prefix + QString::fromUtf8(failure.what()), report.title);
+        giveUp(report.prefix + QString::fromUtf8(failure.what()) + apostropheNote(), report.title);
     } catch (const KeyFailure &failure) {
         giveUp(QString::fromUtf8(failure.what()), caption());
     }
     return false;
+}
+
+/// Which text the database has refused; empty when it had another reason.
+QString DictionaryForm::apostropheNote() const
+{
+    const auto texts = [this](const RecordColumn &column) { return held(column); };
+    const RecordColumn *column = columnWithApostrophe(record().update, texts);
+    return column ? u"（%1）"_s.arg(fieldOf(column->number).title) : QString();
 }
 
 void DictionaryForm::giveUp(const QString &text, const QString &title)

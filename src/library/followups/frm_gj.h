@@ -28,6 +28,9 @@ public:
     /// due.
     [[nodiscard]] Label &lblHint() const { return m_hint; }
 
+    /// The document number of what the next follow-up belongs to; empty where there is none.
+    void setOwnerNumber(const QString &number) { m_ownerNumber = number; }
+    [[nodiscard]] QString recordNumber() const override { return m_ownerNumber; }
     /// Opens the form and returns when it was closed. `ownerID` is the key of the listing or customer,
     /// `followUpID` the 跟进ID of the row, empty for a new one; `disable` opens it for reading only. A row
     /// that cannot be read opens nothing.
@@ -61,6 +64,7 @@ private:
     TextBox &m_contents;
     CheckBox &m_reminds;
     Label &m_hint;
+    QString m_ownerNumber;
     QString m_ownerId; ///< 房源ID or 客源ID
     QString m_id;      ///< 跟进ID of the row that is edited; empty for a new one
 };

@@ -85,6 +85,7 @@ void Fcxx::openEditor(HostApp &host, const QString &key, bool isRestricted)
 
 void Fcxx::openFollowUpEditor(HostApp &host, const QString &owner)
 {
+    m_followUpEditor->setOwnerNumber(currentNumber());
     m_followUpEditor->py_Init(host, owner, {}, false);
 }
 

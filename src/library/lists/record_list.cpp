@@ -63,6 +63,12 @@ QString RecordList::named(QStringView text) const
     return text.toString().arg(m_records.noun);
 }
 
+QString RecordList::currentNumber()
+{
+    const int row = VS().Row();
+    return isRowValid() && !VS().isSubtotal(row) ? VS().TextMatrix(row, m_records.numberColumn) : QString();
+}
+
 // Commands
 
 void RecordList::pressed(const QString &key)

@@ -93,6 +93,8 @@ protected:
         Q_EMIT ErrMessage(message, level, title);
     }
 
+    /// The document number in the current row; empty for none.
+    [[nodiscard]] QString currentNumber();
     /// Writes a record's row as it was saved; a new one stands on top until the next refresh. Throws.
     void showSaved(const QString &key, bool isNew);
 

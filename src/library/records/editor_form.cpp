@@ -24,7 +24,7 @@ EditorForm::EditorForm(const QString &name, const QString &arrayName, std::span<
     , m_fields(*this, arrayName, fields, record, *this)
 {
     setObjectName(name);
-    connect(&m_fields, &EditorFields::changed, this, [this] { m_isDirty = true; });
+    connect(&m_fields, &EditorFields::changed, this, [this] { setDirty(true); });
 }
 
 QString EditorForm::messageTitle()
@@ -36,7 +36,7 @@ TextBox &EditorForm::addMemo(const QString &name, int index, const QString &capt
 {
     auto &result = controls().add<TextBox>(name, index, TextBox::Lines::Many);
     result.setCaption(caption);
-    connect(&result, &TextBox::Change, this, [this] { m_isDirty = true; });
+    connect(&result, &TextBox::Change, this, [this] { setDirty(true); });
     m_memos.push_back(&result);
     return result;
 }
@@ -45,7 +45,7 @@ CheckBox &EditorForm::addTick(const QString &name, int index, const QString &cap
 {
     auto &result = controls().add<CheckBox>(name, index);
     result.setCaption(caption);
-    connect(&result, &CheckBox::Click, this, [this] { m_isDirty = true; });
+    connect(&result, &CheckBox::Click, this, [this] { setDirty(true); });
     m_ticks.push_back(&result);
     return result;
 }
@@ -56,7 +56,7 @@ OptionButton &EditorForm::addOption(const QString &name, int index, const QStrin
     result.setCaption(caption);
     for (OptionButton *other : m_options)
         result.exclude(*other);
-    connect(&result, &OptionButton::Click, this, [this] { m_isDirty = true; });
+    connect(&result, &OptionButton::Click, this, [this] { setDirty(true); });
     m_options.push_back(&result);
     return result;
 }
@@ -106,9 +106,15 @@ void EditorForm::emptyFields()
     emptyFilledIn(controls());
 }
 
-void EditorForm::clearDirty()
+void EditorForm::setDirty(bool dirty)
 {
-    m_isDirty = false;
+    m_isDirty = dirty;
+    Q_EMIT titleChanged();
+}
+
+QString EditorForm::recordNumber() const
+{
+    return Trim(field(0).Text());
 }
 
 bool EditorForm::isWritable()

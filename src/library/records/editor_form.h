@@ -35,6 +35,8 @@ public:
 
     /// Something on the form was changed since it was loaded or emptied; never on one for reading only.
     [[nodiscard]] bool isDirty() const { return m_isDirty && Cmd(0).Enabled(); }
+    /// What the record is called in the window's title; empty for one without a number.
+    [[nodiscard]] virtual QString recordNumber() const;
     /// What a view asks before Esc, the close box or the window manager closes the form: a changed one asks
     /// whether to save. False when it stays open.
     bool mayClose();
@@ -42,6 +44,8 @@ public:
 Q_SIGNALS:
     /// For the view: the form is to be closed.
     void unloaded();
+    /// recordNumber() or isDirty() may have changed.
+    void titleChanged();
 
 protected:
     /// The number of a field and the message when it is empty.
@@ -109,7 +113,7 @@ protected:
     void reset();
     void emptyFields();
     /// What is on the form now is what it was opened with.
-    void clearDirty();
+    void clearDirty() { setDirty(false); }
     /// False where the whole database is read-only: forms then open disabled for everybody.
     [[nodiscard]] bool isWritable();
     /// Enables or disables everything that can be filled in but the `fixed` fields, which are never typed.
@@ -147,6 +151,8 @@ protected:
     [[nodiscard]] static QString messageTitle();
 
 private:
+    void setDirty(bool dirty);
+
     // The row
     void put(const RecordColumn &column, const QString &text);
     void putFirstTick(int number);
@@ -169,6 +175,9 @@ private:
     [[nodiscard]] std::optional<QString> numberOfNewRow(const NumberRule &rule);
     [[nodiscard]] bool isStillFree(const NumberRule &rule);
     template<class Body> bool succeeds(Body body);
+    /// Refuses a save in the database's words. Where a text has an apostrophe, it is named and gets the
+    /// keyboard.
+    void refuseWrite(const QString &failure);
     [[nodiscard]] QString newKey();
     bool insert(const QString &key);
     bool update(const QString &key);

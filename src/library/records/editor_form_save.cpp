@@ -1,6 +1,7 @@
 #include "contracts/conversions.h"
 #include "library/controls/check_box.h"
 #include "library/controls/option_button.h"
+#include "library/controls/text_box.h"
 #include "library/frame/desktop.h"
 #include "library/frame/guid_text.h"
 #include "library/frame/statements.h"
@@ -152,9 +153,21 @@ template<class Body> bool EditorForm::succeeds(Body body)
         body();
         return true;
     } catch (const StatementFailure &failure) {
-        refuse(QString::fromUtf8(failure.what()));
+        refuseWrite(QString::fromUtf8(failure.what()));
         return false;
     }
+}
+
+void EditorForm::refuseWrite(const QString &failure)
+{
+    const RecordColumn *column = columnWithApostrophe(m_record.update, heldTexts());
+    if (!column)
+        return refuse(failure);
+    refuse(u"%1\n单引号在“%2”中。"_s.arg(failure, titleOf(*column)));
+    if (column->holder == Holder::FieldText)
+        field(column->number).SetFocus();
+    else if (column->holder == Holder::Memo)
+        memo(column->number).SetFocus();
 }
 
 /// A save that failed may have come through all the same, when the connection broke before the answer was
@@ -203,7 +216,7 @@ bool EditorForm::update(const QString &key)
         std::vector<ForeignChange> changes;
         const QString failure = tryUpdate(key, changes);
         if (!failure.isEmpty())
-            refuse(failure);
+            refuseWrite(failure);
         if (!failure.isEmpty() || changes.empty())
             return failure.isEmpty();
         if (!settle(changes))

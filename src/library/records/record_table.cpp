@@ -6,6 +6,8 @@
 #include "database/values/date_text.h"
 #include "library/frame/statements.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace ebtq {
@@ -82,6 +84,14 @@ QString loadedText(const RecordColumn &column, const Recordset &row)
     default:
         return text;
     }
+}
+
+const RecordColumn *columnWithApostrophe(std::span<const RecordColumn> columns, const HeldText &held)
+{
+    const auto found = std::ranges::find_if(columns, [&](const RecordColumn &column) {
+        return column.saved != Saved::Not && column.saved != Saved::Number && held(column).contains(u'\'');
+    });
+    return found == columns.end() ? nullptr : &*found;
 }
 
 bool isSameValue(const RecordColumn &column, const QString &one, const QString &other)

@@ -90,6 +90,9 @@ using HeldText = std::function<QString(const RecordColumn &)>;
 [[nodiscard]] SqlText whereKey(const RecordTable &record, const QString &key);
 /// The text that a column gives to its control, Null as an empty one.
 [[nodiscard]] QString loadedText(const RecordColumn &column, const Recordset &row);
+/// The first column whose text has an apostrophe, which no statement can carry; nullptr when there is none.
+[[nodiscard]] const RecordColumn *columnWithApostrophe(std::span<const RecordColumn> columns,
+                                                       const HeldText &held);
 /// Both texts are saved as the same value.
 [[nodiscard]] bool isSameValue(const RecordColumn &column, const QString &one, const QString &other);
 

@@ -26,9 +26,11 @@ constexpr int textMargin = 6; ///< as the fields of one line have it
 EditorFormView::EditorFormView(EditorForm &form, const QString &title, QWidget *parent)
     : QWidget(parent)
     , m_form(form)
+    , m_title(title)
 {
     setObjectName(form.name());
-    setWindowTitle(title);
+    followTitle();
+    connect(&form, &EditorForm::titleChanged, this, &EditorFormView::followTitle);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(16, 10, 16, 12);
     column->setSpacing(4);
@@ -36,6 +38,13 @@ EditorFormView::EditorFormView(EditorForm &form, const QString &title, QWidget *
         m_isUnloaded = true;
         close();
     });
+}
+
+void EditorFormView::followTitle()
+{
+    const QString number = m_form.recordNumber();
+    setWindowTitle((number.isEmpty() ? m_title : m_title + u' ' + number) + u"[*]"_s); // * when modified
+    setWindowModified(m_form.isDirty());
 }
 
 void EditorFormView::closeEvent(QCloseEvent *event)

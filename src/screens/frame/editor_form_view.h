@@ -34,7 +34,10 @@ protected:
     void beginWith(const Control &first);
 
 private:
+    void followTitle();
+
     EditorForm &m_form;
+    QString m_title;
     bool m_isUnloaded = false;
 };
 

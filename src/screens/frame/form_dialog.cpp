@@ -17,6 +17,7 @@ void FormDialog::setView(QWidget *view)
     m_view = view;
     layout()->addWidget(view);
     setWindowTitle(view->windowTitle());
+    setWindowModified(view->isWindowModified());
     connect(view, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     view->installEventFilter(this);
 }
@@ -34,8 +35,12 @@ void FormDialog::closeEvent(QCloseEvent *event)
 
 bool FormDialog::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_view && event->type() == QEvent::HideToParent)
+    if (watched != m_view)
+        return QDialog::eventFilter(watched, event);
+    if (event->type() == QEvent::HideToParent)
         done(QDialog::Accepted);
+    else if (event->type() == QEvent::ModifiedChange)
+        setWindowModified(m_view->isWindowModified());
     return QDialog::eventFilter(watched, event);
 }
 

@@ -50,8 +50,9 @@ void drawWindow(QPainter &painter, QPoint at, QWidget &window)
         painter.setBrush(look::tokens().card);
         painter.drawRect(frame);
         painter.setPen(look::tokens().ink);
+        const QString mark = window.isWindowModified() ? QStringLiteral("*") : QString();
         painter.drawText(frame.adjusted(titleMargin, 0, 0, -window.height()), Qt::AlignVCenter,
-                         window.windowTitle());
+                         window.windowTitle().replace(QStringLiteral("[*]"), mark));
     }
     painter.drawPixmap(at, window.grab());
 }

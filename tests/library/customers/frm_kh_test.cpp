@@ -208,7 +208,8 @@ TEST_F(FrmKhTest, WhatIsMissingOrWrongIsRefusedAndStays)
         {Number::Name, {}, u"|客户名称不能为空，请输入"_qs},
         {Number::Telephone, u" "_qs, u"|联系电话不能为空，请输入"_qs},
         {Number::Grade, u"甲级"_qs, u"|输入有误，请重新输入！"_qs},
-        {Number::Location, u"x',电话='y"_qs, u"x|输入的内容中含有单引号（'），无法执行，请去掉后重试！"_qs},
+        {Number::Location, u"x',电话='y"_qs,
+         u"x|输入的内容中含有单引号（'），无法执行，请去掉后重试！\n单引号在“地段要求”中。"_qs},
     };
     for (const auto &[number, typed, told] : cases) {
         open(u"C1"_qs, [&, field = number, wrong = typed, expected = told] {

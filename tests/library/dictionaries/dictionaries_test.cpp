@@ -196,7 +196,8 @@ TEST_F(PdmLpzdTest, WhatCannotBeSavedIsRefusedInTheSpecifiedOrder)
     EXPECT_EQ(refusal(), "楼盘字典|2|输入有误，请重新输入！物业用途");
     type(3, {});
     type(1, u"O'Neil"_qs);
-    EXPECT_NE(refusal().find("楼盘字典|8|保存数据时出错："), std::string::npos);
+    const QString refused = QString::fromStdString(refusal());
+    EXPECT_TRUE(refused.contains(u"楼盘字典|8|保存数据时出错："_qs) && refused.endsWith(u"（楼盘名称）"_qs));
     EXPECT_EQ(text(1), u"O'Neil"_qs);
 }
 

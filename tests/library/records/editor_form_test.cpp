@@ -231,7 +231,11 @@ TEST_F(EditorFormTest, ANumberTakenByARefusedSaveIsUsedByTheNext)
     open({}, [&] {
         fill(form, required);
         form.qzFcTxt(Number::Owner).setText(u"O'Neil"_qs);
+        int focused = 0;
+        QObject::connect(&form.qzFcTxt(Number::Owner), &Control::focusRequested, [&] { ++focused; });
         save({Ok});
+        EXPECT_TRUE(asked().value(0).endsWith(u"\n单引号在“业主”中。"_qs));
+        EXPECT_EQ(focused, 1);
         form.qzFcTxt(Number::Area).setText(u"x"_qs);
         save({Ok});
     });

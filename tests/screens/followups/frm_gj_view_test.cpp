@@ -49,7 +49,7 @@ TEST_F(FrmGjViewTest, TabReachesEveryFieldAndALetterSaves)
 {
     script = {{}, u"李强"_qs, 5, nullptr};
     openOnScreen([&](QWidget &view) {
-        EXPECT_EQ(view.windowTitle(), u"房源跟进记录");
+        EXPECT_EQ(view.windowTitle(), u"房源跟进记录[*]");
         EXPECT_EQ(focusName(), u"Txt");
         EXPECT_FALSE(child(view, u"qzTxt_3"_qs).isEnabled());
         EXPECT_EQ(

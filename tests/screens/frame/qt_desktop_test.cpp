@@ -38,7 +38,7 @@ public:
     FormView(Form &, QWidget *parent)
         : QWidget(parent)
     {
-        setWindowTitle(u"登记"_qs);
+        setWindowTitle(u"登记[*]"_qs);
         setMinimumSize(200, 100);
     }
     int refusals = 0;
@@ -204,7 +204,9 @@ TEST_F(QtDesktopTest, AModalFormEndsWhenItsScreenAgreesToClose)
         EXPECT_EQ(dialog.parentWidget(), &program) << "its dialogs stay above it while another has the focus";
         auto *view = dialog.findChild<FormView *>();
         ASSERT_TRUE(view);
-        EXPECT_EQ(dialog.windowTitle(), u"登记"_qs);
+        EXPECT_EQ(dialog.windowTitle(), u"登记[*]"_qs);
+        view->setWindowModified(true);
+        EXPECT_TRUE(dialog.isWindowModified());
         dialog.close();
         EXPECT_TRUE(dialog.isVisible()) << "the screen refused";
         EXPECT_EQ(view->refusals, 1);

@@ -55,7 +55,10 @@ TEST_F(FrmFxViewTest, EachFieldInTheOrderOfTabIsItsControls)
                 const bool isNumber =
                     name.startsWith(u"qz") && form.qzFcTxt(number).judge_type() == qzTxt_S::JudgeNumber;
                 // A deal must be a known one, and the key number can be typed where there is a key.
+                const bool isDate =
+                    name.startsWith(u"qz") && form.qzFcTxt(number).judge_type() == qzTxt_S::JudgeDate;
                 const QString text = isNumber                ? QString::number(number)
+                                     : isDate                ? u"2026-1-2"_qs
                                      : name == u"qzFcTxt_23" ? u"出售"_qs
                                      : name == u"qzFcTxt_48" ? u"有匙"_qs
                                                              : u"文"_qs + name;
@@ -70,6 +73,10 @@ TEST_F(FrmFxViewTest, EachFieldInTheOrderOfTabIsItsControls)
         }
     });
     openOnScreen(saved, [&](QWidget &view) {
+        EXPECT_EQ(view.windowTitle(), u"房源信息 FY2026110001[*]"_qs);
+        EXPECT_FALSE(view.isWindowModified());
+        form.Txt(1).setText(u"注"_qs);
+        EXPECT_TRUE(view.isWindowModified());
         QTest::keyClick(&view, Qt::Key_S, Qt::AltModifier);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !view.isVisible(); })) << "closed by the save";
     });
