@@ -1,6 +1,7 @@
 #include "shell/program.h"
 
 #include "host/application.h"
+#include "host/host_parameters.h"
 #include "host/start/agency.h"
 #include "screens/look/look.h"
 #include "shell/component_loader.h"
@@ -80,21 +81,34 @@ void styleForm(QObject &form)
     design->IDesignUI_Parameters(&parameters);
 }
 
+constexpr int parameterGroup = 12;
+const QString ownAgentParameter = QStringLiteral("ownagent");
+
 int minutesUntilLock(host::Application &app)
 {
-    constexpr int parameterGroup = 12;
     return qMax(0, app.UserParameter(parameterGroup, QStringLiteral("lockminutes")).Text.toInt());
 }
 
 /// The commands of the session; the menu belongs to the window.
 SessionMenu *makeSessionMenu(MainWindow &window, db::Connection &connection, const host::User &user,
-                             ScreenLock &lock)
+                             host::Application &app, ScreenLock &lock)
 {
+    const auto fillAgentIn = [&](bool on) {
+        try {
+            host::setParameter(connection, user.id, parameterGroup, ownAgentParameter,
+                               QString::number(on ? 1 : 0));
+        } catch (const std::exception &failure) {
+            window.showFailure(QString::fromUtf8(failure.what()));
+        }
+    };
+    const bool fillsAgentIn = app.UserParameter(parameterGroup, ownAgentParameter).Text == u"1";
     const auto changePassword = [&] { (void)changeOwnPassword(connection, user, {}, &window); };
     return new SessionMenu(window, {.changePassword = changePassword,
                                     .lock = [&lock] { lock.lock(); },
                                     .switchUser = [&window] { window.signInAnew(); },
-                                    .about = [&window] { showAbout(window); }});
+                                    .about = [&window] { showAbout(window); },
+                                    .fillAgentIn = fillAgentIn,
+                                    .fillsAgentIn = fillsAgentIn});
 }
 
 int runSession(GuardedApplication &application, const Options &options, db::Connection &connection,
@@ -131,7 +145,7 @@ int runSession(GuardedApplication &application, const Options &options, db::Conn
                     [&](const QString &name, const QString &password) {
                         (void)host::signIn(connection, name, password);
                     });
-    window.setSessionMenu(*makeSessionMenu(window, connection, user, lock));
+    window.setSessionMenu(*makeSessionMenu(window, connection, user, app, lock));
     showWindow(window);
     window.follow(reminders);
     if (!options.tour.isEmpty())

@@ -138,6 +138,7 @@ void FrmGj::NewRecord()
     qzTxt(Date).setText(regionalDate(desktop().now()));
     showAuthor(qzTxt(Author));
     showDepartment(qzTxt(Department), qzTxt(Author));
+    beginWithOwnAgent(qzTxt(Agent));
 }
 
 /// Deliberately as it is: one bracket for three joins, which the database refuses, and a field 提醒时间 where

@@ -39,6 +39,8 @@ void Fcxx::makeEditors()
     connect(m_editor.get(), &FrmFx::Message, this, &Fcxx::Message);
     connect(m_editor.get(), &FrmFx::ErrMessage, this, &Fcxx::ErrMessage);
     connect(m_editor.get(), &FrmFx::ReturnData, this, &Fcxx::mFrmFx_ReturnData);
+    connect(m_editor.get(), &FrmFx::neighbourWanted, this,
+            [this](int step, QString &key) { key = goToNeighbour(step); });
     m_followUpEditor = std::make_unique<FrmGj>(desktop());
     connect(m_followUpEditor.get(), &FrmGj::ReturnData, &m_detail, &ListingDetail::mFrmGj_ReturnData);
 }
@@ -81,6 +83,16 @@ void Fcxx::openEditor(HostApp &host, const QString &key, bool isRestricted)
 {
     // Who may not edit does not see the owner.
     m_editor->py_Init(host, moduleId(), key, isRestricted);
+}
+
+QString Fcxx::copyCaption() const
+{
+    return u"复制为新房源(&W)…"_s;
+}
+
+void Fcxx::openCopy(HostApp &host, const QString &key)
+{
+    m_editor->openCopy(host, moduleId(), key);
 }
 
 void Fcxx::openFollowUpEditor(HostApp &host, const QString &owner)

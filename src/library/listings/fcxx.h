@@ -25,6 +25,7 @@ public:
     [[nodiscard]] FrmGj *mFrmGj() const { return m_followUpEditor.get(); }
 
     bool IReportUI_Clear() override;
+    [[nodiscard]] QString copyCaption() const override;
 
 protected:
     SqlText statement() override;
@@ -34,6 +35,7 @@ protected:
     QString printSubtitle() override;
     RecordDetail &recordDetail() override { return m_detail; }
     void openEditor(HostApp &host, const QString &key, bool isRestricted) override;
+    void openCopy(HostApp &host, const QString &key) override;
     void openFollowUpEditor(HostApp &host, const QString &owner) override;
     SqlText rowStatement(const QString &key) const override;
     Deletion deletion(const QString &key) const override;

@@ -22,6 +22,11 @@ constexpr int contactLabel = 7;
 constexpr int remarkLabel = 8;
 constexpr QStringView ticks[] = {u"加密房", u"特别房", u"推介房"};
 
+enum ButtonNumber : int { Previous = 4, Next = 5 };
+constexpr int neighbourButtons[] = {Previous, Next};
+
+/// What another listing cannot have, too.
+constexpr int ownTexts[] = {Room, KeyNumber, EntrustNumber};
 constexpr int ownerFields[] = {Owner, Contact, Nationality, Mobile};
 
 } // namespace
@@ -45,7 +50,11 @@ void FrmFx::makeControls()
     int tickNumber = 0;
     for (const QStringView caption : ticks)
         addTick(u"Chk"_s, tickNumber++, caption.toString());
-    addButtons({u"保存(&S)", u"关闭(&X)", u"选择(&R)", u"选择(&L)"});
+    addButtons({u"保存(&S)", u"关闭(&X)", u"选择(&R)", u"选择(&L)", u"上一条(&P)", u"下一条(&N)"});
+    for (const int button : neighbourButtons)
+        Cmd(button).setKept(false);
+    connect(&Cmd(Previous), &Button::Click, this, [this] { go(-1); });
+    connect(&Cmd(Next), &Button::Click, this, [this] { go(1); });
     for (const QStringView caption : labels) {
         m_labels.push_back(&controls().add<Label>(u"lbl"_s, static_cast<int>(m_labels.size())));
         m_labels.back()->setCaption(caption.toString());
@@ -59,6 +68,7 @@ void FrmFx::py_Init(HostApp &host, int moduleID, const QString &listingID, bool 
     open(host, u"-->Py_Init::", [&] {
         m_moduleID = moduleID;
         m_id = listingID;
+        m_hidesOwner = hideOwner;
         load();
         if (!(m_id.isEmpty() ? NewRecord() : LoadData()))
             return false; // a form without its listing would be saved over it
@@ -70,6 +80,51 @@ void FrmFx::py_Init(HostApp &host, int moduleID, const QString &listingID, bool 
     });
 }
 
+void FrmFx::openCopy(HostApp &host, int moduleID, const QString &listingID)
+{
+    open(host, u"-->OpenCopy::", [&] {
+        m_moduleID = moduleID;
+        m_id = listingID;
+        m_hidesOwner = false;
+        load();
+        if (!LoadData())
+            return false;
+        keepForCopy();
+        SetFieldsEnabled(isWritable());
+        return true;
+    });
+}
+
+void FrmFx::keepForCopy()
+{
+    for (const int number : ownTexts)
+        qzFcTxt(number).setText({});
+    stampAsNew();
+    becomeNewRow();
+}
+
+/// Another listing of the list comes onto the form as if it had been opened. One that cannot be read closes
+/// the form: it would be saved over.
+void FrmFx::go(int step)
+{
+    if (m_id.isEmpty() || !mayClose())
+        return;
+    QString key;
+    Q_EMIT neighbourWanted(step, key);
+    if (!key.isEmpty())
+        showNeighbour(key);
+}
+
+void FrmFx::showNeighbour(const QString &key)
+{
+    m_id = key;
+    emptyFields();
+    if (!LoadData())
+        return Q_EMIT unloaded();
+    SetFieldsEnabled(!m_hidesOwner && isWritable());
+    clearDirty();
+}
+
 void FrmFx::load()
 {
     reset();
@@ -79,22 +134,29 @@ void FrmFx::load()
 bool FrmFx::NewRecord()
 {
     emptyFields();
+    stampAsNew();
+    qzFcTxt(HandedOverOn).setText(regionalDate(app().Session().LoginDate()));
+    qzFcTxt(Nationality).setText(u"中国"_s);
+    qzFcTxt(KeyNumber).setEnabled(false);
+    Chk(0).setValue(1);
+    beginWithOwnAgent(qzFcTxt(Agent));
+    clearDirty();
+    return true;
+}
+
+/// Number, dates and author of a new listing.
+void FrmFx::stampAsNew()
+{
     m_id.clear();
     HostSession &session = app().Session();
-    const QString today = regionalDate(session.LoginDate());
     QString number;
     // If no number is available now, the save asks again and reports the reason.
     app().NewBillCode(m_moduleID, session.LoginDate(), number, true);
     qzFcTxt(BillNumber).setText(number);
-    for (const int date : {RegisteredOn, HandedOverOn, AuthoredOn, EntrustedOn})
-        qzFcTxt(date).setText(today);
-    qzFcTxt(Nationality).setText(u"中国"_s);
+    for (const int date : {RegisteredOn, AuthoredOn, EntrustedOn})
+        qzFcTxt(date).setText(regionalDate(session.LoginDate()));
     showAuthor(qzFcTxt(Author));
     showDepartment(qzFcTxt(Department), qzFcTxt(Author));
-    qzFcTxt(KeyNumber).setEnabled(false);
-    Chk(0).setValue(1);
-    clearDirty();
-    return true;
 }
 
 bool FrmFx::LoadData()
@@ -122,6 +184,8 @@ void FrmFx::SetFieldsEnabled(bool enabled)
     setTypesEnabled(enabled, {Department, Author, AuthoredOn});
     for (const int number : {2, 3, 0})
         Cmd(number).setEnabled(enabled);
+    for (const int number : neighbourButtons)
+        Cmd(number).setEnabled(!m_id.isEmpty());
 }
 
 void FrmFx::hideOwnerBlock()

@@ -9,7 +9,7 @@ namespace ebtq {
 
 /// The editor of one listing: opened for a new one or for a row of fyxx, shown modally, written by one
 /// statement. It holds no record object: a load writes the fields, a save reads them. Buttons 2 and 3 pick a
-/// remark and a contact remark.
+/// remark and a contact remark, 4 and 5 go to the previous and the next listing of the list.
 class FrmFx : public EditorForm
 {
     Q_OBJECT
@@ -32,12 +32,17 @@ public:
     /// listing; `hideOwner` opens it without the owner and for reading only. A listing that cannot be read
     /// ends in ErrMessage and opens nothing.
     void py_Init(HostApp &host, int moduleID, const QString &listingID, bool hideOwner);
+    /// Opens the form for a new listing with what the one with this key holds, but for what is its own:
+    /// number, dates, author, room and key.
+    void openCopy(HostApp &host, int moduleID, const QString &listingID);
 
 Q_SIGNALS:
     void Message(const QString &psMsg);
     void ErrMessage(const QString &psMsg, int plLevel, const QString &psTitle);
     /// A listing was saved: its 房源ID, and whether it is new.
     void ReturnData(const QString &psID, bool pbNew);
+    /// The list is asked for the listing `step` rows further; `key` stays empty where there is none.
+    void neighbourWanted(int step, QString &key);
 
 protected:
     void raiseError(const QString &message, int level, const QString &title) override
@@ -58,6 +63,10 @@ private:
     // Opening
     void load();
     bool NewRecord();
+    void stampAsNew();
+    void keepForCopy();
+    void go(int step);
+    void showNeighbour(const QString &key);
     bool LoadData();
     void SetFieldsEnabled(bool enabled);
     void hideOwnerBlock();
@@ -76,6 +85,7 @@ private:
 
     std::vector<Label *> m_labels;
     int m_moduleID = 0;
+    bool m_hidesOwner = false;
     QString m_id; ///< 房源ID of the row that is edited; empty for a new listing
 };
 

@@ -170,6 +170,34 @@ void RecordList::openCurrent()
         open(key, false);
 }
 
+bool RecordList::mayCopy() const
+{
+    return m_toolbar.isEnabled(u"new"_s) && m_toolbar.isEnabled(u"edit"_s);
+}
+
+void RecordList::copyCurrent()
+{
+    trapped(m_records.openTag, [&] {
+        if (const QString key = mayCopy() ? keyInSight() : QString(); !key.isEmpty())
+            openCopy(app(), key);
+        return true;
+    });
+}
+
+QString RecordList::goToNeighbour(int step)
+{
+    int row = VS().Row() + step;
+    const auto isRow = [&] { return row >= VS().FixedRows() && row < VS().Rows(); };
+    while (isRow() && (VS().RowHidden(row) || VS().isSubtotal(row) || keyOf(row).isEmpty()))
+        row += step;
+    if (!isRow()) {
+        Q_EMIT Message(named(step < 0 ? u"已是列表中的第一条%1！" : u"已是列表中的最后一条%1！"));
+        return {};
+    }
+    VS().setRow(row);
+    return keyOf(row);
+}
+
 /// Everybody may look at a record.
 void RecordList::openOnDoubleClick()
 {
@@ -214,6 +242,8 @@ void RecordList::showSaved(const QString &key, bool isNew)
             VS().setTextMatrix(row, cell.column, NullConv::ToText(saved->Fields(cell.name.toString()).Value));
     }
     isNew ? rowsChanged() : layout().recount();
+    if (row >= 0 && !isEmpty(*saved))
+        Q_EMIT Message(u"已保存 "_s + VS().TextMatrix(row, m_records.numberColumn));
 }
 
 /// The current row. A search that was still to come when the editor was opened can have moved it since, and

@@ -54,6 +54,12 @@ public:
     /// Makes the record with this key current, for a host that comes from elsewhere; filters and a search
     /// that leave it out are cleared. False when there is none.
     Q_INVOKABLE bool ShowRecord(const QString &key);
+    /// What a command is called that opens the editor for a copy of the current record; empty where the list
+    /// has none.
+    [[nodiscard]] virtual QString copyCaption() const { return {}; }
+    /// Whoever may make new records and see all of an existing one may copy it.
+    [[nodiscard]] bool mayCopy() const;
+    void copyCurrent();
 
 Q_SIGNALS:
     void Message(const QString &psMsg);
@@ -78,6 +84,8 @@ protected:
     [[nodiscard]] virtual RecordDetail &recordDetail() = 0;
     /// Shows the editor of a record, empty for a new one; `isRestricted` for who may only look at it.
     virtual void openEditor(HostApp &host, const QString &key, bool isRestricted) = 0;
+    /// Shows the editor of a new record with what another one holds.
+    virtual void openCopy(HostApp & /*host*/, const QString & /*key*/) {}
     /// The row of one record; its columns have names.
     [[nodiscard]] virtual SqlText rowStatement(const QString &key) const = 0;
     [[nodiscard]] virtual Deletion deletion(const QString &key) const = 0;
@@ -95,6 +103,9 @@ protected:
 
     /// The document number in the current row; empty for none.
     [[nodiscard]] QString currentNumber();
+    /// Makes the record `step` rows further current, past hidden rows and sums, and gives its key; empty
+    /// where there is none, which is told.
+    [[nodiscard]] QString goToNeighbour(int step);
     /// Writes a record's row as it was saved; a new one stands on top until the next refresh. Throws.
     void showSaved(const QString &key, bool isNew);
 

@@ -144,7 +144,39 @@ void EditorForm::showDepartment(qzTxt_S &department, const qzTxt_S &author)
     department.setText(NullConv::ToText(singleValue(app().Db(), sql)));
 }
 
+/// Where that cannot be determined, the field is left to the person: it must not keep a new row from being
+/// written.
+bool EditorForm::wantsOwnAgent() const
+{
+    constexpr int parameterGroup = 12;
+    try {
+        return Val(app().UserParameter(parameterGroup, u"ownagent"_s).Text) != 0;
+    } catch (const std::exception &) {
+        return false;
+    }
+}
+
+void EditorForm::beginWithOwnAgent(qzTxt_S &agent)
+{
+    if (!wantsOwnAgent())
+        return;
+    agent.setText(app().Session().UserName());
+    QVariant value;
+    QString text;
+    const bool isLookedUp = m_fields.lookUps().lookUp(agent.Index(), {{}, {}, {}, value, text});
+    const bool isEmployee = isLookedUp && !NullConv::ToText(value).isEmpty();
+    if (isEmployee)
+        agent.setValue(value);
+    agent.setText(isEmployee ? text : QString());
+}
+
 // The row
+
+void EditorForm::becomeNewRow()
+{
+    m_loaded.clear();
+    setDirty(true);
+}
 
 void EditorForm::takeRow(const Recordset &row)
 {

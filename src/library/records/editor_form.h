@@ -123,11 +123,17 @@ protected:
     /// The author's department.
     void showDepartment(qzTxt_S &department, const qzTxt_S &author);
 
+    /// Fills in the signed-in user as the agent of a new row, where he wants it so (user parameter
+    /// "ownagent" of group 12) and is an employee.
+    void beginWithOwnAgent(qzTxt_S &agent);
+
     /// Fills the form by the record's table and keeps what the row holds, to find others' changes later.
     void takeRow(const Recordset &row);
     /// The text that is saved in a column. A form answers for the columns that no control holds
     /// (Holder::Given).
     [[nodiscard]] virtual QString held(const RecordColumn &column) const;
+    /// What is on the form is from now on a new row's, not that of the row that was loaded.
+    void becomeNewRow();
     /// Reads the row again after somebody else has changed it; false when it could not be read.
     virtual bool reload() = 0;
 
@@ -152,6 +158,7 @@ protected:
 
 private:
     void setDirty(bool dirty);
+    [[nodiscard]] bool wantsOwnAgent() const;
 
     // The row
     void put(const RecordColumn &column, const QString &text);

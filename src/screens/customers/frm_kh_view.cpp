@@ -14,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QShortcut>
 
 #include <algorithm>
 
@@ -34,7 +33,7 @@ constexpr QChar optionMnemonics[] = {u'V', u'I'};
 struct Move
 {
     int button;
-    int key; ///< with Ctrl
+    Qt::Key key; ///< with Ctrl
 };
 constexpr Move moves[] = {{Number::Top, Qt::Key_Home},
                           {Number::Previous, Qt::Key_PageUp},
@@ -156,28 +155,19 @@ QWidget *FrmKhView::makeRemark(QWidget *parent)
     return box;
 }
 
-/// A press leaves the keyboard where it is.
-void FrmKhView::addButton(QHBoxLayout &row, int number)
-{
-    auto *button = new ButtonView(m_form.Cmd(number), this);
-    button->setFocusPolicy(Qt::TabFocus);
-    row.addWidget(button);
-}
-
 void FrmKhView::addMoves(QHBoxLayout &row)
 {
-    for (const Move &move : moves) {
-        addButton(row, move.button);
-        auto *key = new QShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(move.key)), this);
-        connect(key, &QShortcut::activated, &m_form.Cmd(move.button), &Button::press);
-    }
+    for (const Move &move : moves)
+        addMove(row, move.button, move.key);
     auto *position = smallLabel(QString(), this);
     bindControl(m_form.positionLabel(), *position);
     const auto follow = [this, position] { position->setText(m_form.positionLabel().Caption()); };
     connect(&m_form.positionLabel(), &Control::stateChanged, position, follow);
     follow();
     row.addWidget(position);
-    addButton(row, Number::Delete);
+    auto *deletion = new ButtonView(m_form.Cmd(Number::Delete), this);
+    deletion->setFocusPolicy(Qt::TabFocus); // a press leaves the keyboard where it is
+    row.addWidget(deletion);
 }
 
 /// A field would keep Ctrl+Home and Ctrl+End for its own text.

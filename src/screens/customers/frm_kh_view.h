@@ -28,7 +28,6 @@ private:
     [[nodiscard]] QWidget *makeState(QWidget *parent);
     [[nodiscard]] QWidget *makeRemark(QWidget *parent);
     void addMoves(QHBoxLayout &row);
-    void addButton(QHBoxLayout &row, int number);
 
     frmKh &m_form;
 };

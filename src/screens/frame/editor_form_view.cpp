@@ -12,6 +12,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -74,6 +75,16 @@ QHBoxLayout *EditorFormView::addBottomRow()
     row->setSpacing(10);
     static_cast<QVBoxLayout *>(layout())->addLayout(row);
     return row;
+}
+
+void EditorFormView::addMove(QHBoxLayout &bottomRow, int button, Qt::Key key)
+{
+    auto *view = new ButtonView(m_form.Cmd(button), this);
+    view->setFocusPolicy(Qt::TabFocus);
+    bottomRow.addWidget(view);
+    auto *shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), this);
+    view->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
+    connect(shortcut, &QShortcut::activated, &m_form.Cmd(button), &Button::press);
 }
 
 /// A click leaves the keyboard where it is, so that the field that is being filled in can refuse first.

@@ -28,6 +28,8 @@ protected:
     [[nodiscard]] static TextAreaView *makeBox(TextBox &box, const QString &name, QWidget *parent);
     /// An empty row below the cards, for widgets before the buttons.
     QHBoxLayout *addBottomRow();
+    /// A button that leaves the keyboard where it is, in the bottom row, also pressed by Ctrl and this key.
+    void addMove(QHBoxLayout &bottomRow, int button, Qt::Key key);
     /// Ends the bottom row with the two buttons.
     void addButtons(QHBoxLayout &bottomRow);
     /// The keyboard begins there; in a form for reading only, at the button that closes it.

@@ -19,6 +19,7 @@ namespace ebtq {
 namespace {
 
 constexpr int fieldCharacters = 10; ///< the least width of a field, in Chinese characters
+constexpr int betweenTicksAndMoves = 24;
 constexpr QChar tickMnemonics[] = {u'J', u'T', u'U'};
 
 QString captionText(const EditorField &field)
@@ -43,6 +44,9 @@ FrmFxView::FrmFxView(FrmFx &form, QWidget *parent)
     lineUp(editorPairs, fieldCharacters);
     QHBoxLayout *bottom = addBottomRow();
     addTicks(*bottom);
+    bottom->addSpacing(betweenTicksAndMoves);
+    addMove(*bottom, 4, Qt::Key_PageUp);
+    addMove(*bottom, 5, Qt::Key_PageDown);
     addButtons(*bottom);
     beginWith(form.qzFcTxt(0));
 }

@@ -6,7 +6,9 @@
 #include "screens/controls/grid_menu.h"
 #include "screens/controls/tool_bar_view.h"
 #include "screens/lists/record_detail_view.h"
+#include "screens/look/look.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -43,6 +45,8 @@ RecordListView::RecordListView(RecordList &module, const ListLook &look, QWidget
     // Printing is the list's own operation.
     menu->setPrint([this](bool bPrint, bool bSetup) { m_module.SelfPrint(bPrint, bSetup); });
     follow(m_module, menu);
+    if (!m_module.copyCaption().isEmpty())
+        addCopying();
     for (const int kind : {0, 1})
         connect(&m_module.Chk(kind), &CheckBox::Click, this, &RecordListView::followKind);
     followKind();
@@ -58,6 +62,20 @@ void RecordListView::addToolBar()
     // The other commands empty the fields or do not read them; a wrong text must not block them.
     m_toolBar->setGuard([](const QString &key) { return key != refreshKey || FieldView::checkFocused(); });
     column()->addWidget(m_toolBar);
+}
+
+/// A command of the row's menu, by its key from everywhere in the list's page.
+void RecordListView::addCopying()
+{
+    auto *copying = new QAction(look::icon(u"edit-copy"_s), m_module.copyCaption(), this);
+    copying->setObjectName(u"copyRecord"_s);
+    copying->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_N);
+    copying->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    const auto follow = [this, copying] { copying->setEnabled(m_module.mayCopy()); };
+    connect(&m_module.NavToolbar1(), &Control::stateChanged, copying, follow);
+    follow();
+    connect(copying, &QAction::triggered, &m_module, &RecordList::copyCurrent);
+    addAction(copying);
 }
 
 void RecordListView::setDetail(RecordDetailView *detail)

@@ -24,6 +24,7 @@ protected:
 
 private:
     void addToolBar();
+    void addCopying();
     void followKind();
 
     RecordList &m_module;

@@ -34,6 +34,12 @@ SessionMenu::SessionMenu(QWidget &window, const Commands &commands)
     window.addAction(lock);
     addAction(QStringLiteral("切换用户(&U)…"), commands.switchUser);
     addSeparator();
+    QAction *agent = addAction(QStringLiteral("新房源和跟进填入本人为经纪人(&M)"));
+    agent->setObjectName(QStringLiteral("OwnAgent"));
+    agent->setCheckable(true);
+    agent->setChecked(commands.fillsAgentIn);
+    connect(agent, &QAction::toggled, this, commands.fillAgentIn);
+    addSeparator();
     addAction(QStringLiteral("关于(&A)…"), commands.about);
 }
 

@@ -18,6 +18,9 @@ public:
         std::function<void()> lock;
         std::function<void()> switchUser;
         std::function<void()> about;
+        /// Whether who is signed in is the agent of what he writes anew; `fillsAgentIn` is how it is now.
+        std::function<void(bool)> fillAgentIn;
+        bool fillsAgentIn = false;
     };
     /// The shortcuts work in `window`.
     SessionMenu(QWidget &window, const Commands &commands);

@@ -1,4 +1,5 @@
 #include "contracts/conversions.h"
+#include "host/host_parameters.h"
 #include "library/listings/fcxx_fixture.h"
 #include "library/listings/listing_detail_fields.h"
 
@@ -6,6 +7,14 @@ using namespace ebtq;
 using namespace ebtq::test;
 
 namespace {
+
+QString allText(const RowBlock &block)
+{
+    QStringList values;
+    for (qsizetype row = 0; row < block.rowCount(); ++row)
+        values += block.value(row, 0).toString();
+    return values.join(u' ');
+}
 
 TEST_F(FcxxEditorTest, ANewListingStandsOnTop)
 {
@@ -49,6 +58,74 @@ TEST_F(FcxxEditorTest, AnEditAsksTheOpenTabForTheNumberOfItsKey)
         EXPECT_TRUE(app.statements.last().contains(u"='12'")) << tab;
         EXPECT_FALSE(isOfTheListing) << "what is shown is not the listing's";
     }
+}
+
+TEST_F(FcxxEditorTest, TheEditorGoesToTheNeighboursThatTheListShows)
+{
+    connection->execute(u"update fyxx set 总面积=80,售房价格=160 where 房源编号='FY2026110003'"_qs);
+    put(u"VsIsTotalOn"_qs, u"VsCol11"_qs, u"1"_qs); // a row of sums at the end
+    list.IReportUI_DoGetFormStatus(layoutFile);
+    refresh();
+    list.VS().setRowHidden(2, true);
+    list.VS().setRow(1);
+    enum Button : int { Previous = 4, Next = 5 };
+    edit(u"edit"_qs, [&] {
+        const auto numberAfter = [&](int button) {
+            editor().Cmd(button).press();
+            return editor().recordNumber().toStdString();
+        };
+        EXPECT_EQ(numberAfter(Previous), "FY2026110003") << "there is none";
+        editor().qzFcTxt(EditorNumber::Owner).setText(u"甲"_qs);
+        desktop.willChoose(std::nullopt);
+        EXPECT_EQ(numberAfter(Next), "FY2026110003") << "changed, and the question was left";
+        desktop.willChoose(0);
+        EXPECT_EQ(numberAfter(Next), "FY2026110001");
+        EXPECT_EQ(list.VS().Row(), 3);
+        EXPECT_FALSE(editor().isDirty());
+        EXPECT_EQ(editor().qzFcTxt(EditorNumber::SaleUnitPrice).Text(), QString()) << "of the one before";
+        EXPECT_EQ(numberAfter(Next), "FY2026110001") << "sums are no listing";
+        editor().qzFcTxt(EditorNumber::Owner).setText(u"乙"_qs);
+        editor().Cmd(0).press();
+    });
+    EXPECT_EQ(allText(rows(u"select 房源编号 & 业主 from fyxx order by 房源编号"_qs)),
+              u"FY2026110001乙 FY2026110002 FY2026110003甲");
+    edit(u"new"_qs, [&] { EXPECT_FALSE(editor().Cmd(Next).Enabled()); });
+}
+
+TEST_F(FcxxEditorTest, ACopyIsANewListingWithNothingOfTheFirstsOwn)
+{
+    connection->execute(u"update fyxx set 业主='陈先生',房号='1802',钥匙号='7',业务员ID=5,制单人='别人'"_qs);
+    refresh();
+    list.VS().setRow(2);
+    desktop.willShow([&](QObject &) {
+        EXPECT_TRUE(editor().isDirty());
+        desktop.willAnswer(Desktop::Answer::No);
+        editor().Cmd(0).press();
+    });
+    list.copyCurrent();
+    EXPECT_EQ(cell(1, ListingNumber) + cell(1, ListingBuilding), u"FY2026110004东湖名苑");
+    EXPECT_EQ(allText(rows(u"select 业主 & 房号 & 钥匙号 & 业务员ID & 制单人 from fyxx where "
+                           u"房源编号='FY2026110004'"_qs)),
+              u"陈先生5张敏");
+    list.NavToolbar1().setEnabled(u"edit"_qs, false);
+    list.copyCurrent(); // shows nothing: the owner is not for this user
+}
+
+TEST_F(FcxxEditorTest, WhoWantsItIsTheAgentOfWhatHeWritesAnew)
+{
+    const auto agents = [&] {
+        QString both;
+        edit(u"new"_qs, [&] { both = editor().qzFcTxt(EditorNumber::Agent).Text(); });
+        edit(u"gj"_qs,
+             [&] { both += u'/' + list.mFrmGj()->qzTxt(2).Text() + list.mFrmGj()->qzTxt(2).Tag(); });
+        return both.toStdString();
+    };
+    EXPECT_EQ(agents(), "/0");
+    host::setParameter(*connection, {}, 12, u"ownagent"_qs, u"1"_qs);
+    script = {{}, u"张敏"_qs, 5, nullptr};
+    EXPECT_EQ(agents(), "张敏/张敏5");
+    script = {};
+    EXPECT_EQ(agents(), "/0") << "no employee";
 }
 
 TEST_F(FcxxEditorTest, SumsFollowWhatIsSavedAndDeleted)

@@ -41,9 +41,10 @@ protected:
 
 TEST_F(FrmFxViewTest, EachFieldInTheOrderOfTabIsItsControls)
 {
-    const QString tabOrder = u"0 1 6 3 8 14 10 4 19 18 16 7 5 17 20 21 22 23 24 25 27 28 29 31 "
-                             "32 33 34 35 36 37 38 39 40 41 42 43 44 45 46 47 48 49 54 2 13 "
-                             "50 51 52 53 Txt_0 Cmd_3 Txt_1 Cmd_2 Chk_0 Chk_1 Chk_2 Cmd_0 Cmd_1"_qs;
+    const QString tabOrder =
+        u"0 1 6 3 8 14 10 4 19 18 16 7 5 17 20 21 22 23 24 25 27 28 29 31 "
+        "32 33 34 35 36 37 38 39 40 41 42 43 44 45 46 47 48 49 54 2 13 "
+        "50 51 52 53 Txt_0 Cmd_3 Txt_1 Cmd_2 Chk_0 Chk_1 Chk_2 Cmd_4 Cmd_5 Cmd_0 Cmd_1"_qs;
     openOnScreen(makeListing(), [&](QWidget &) {
         for (const QString &expected : tabOrder.split(u' ')) {
             QWidget *focused = QApplication::focusWidget();
