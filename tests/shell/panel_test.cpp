@@ -91,6 +91,25 @@ Key typed(const char16_t *text)
 
 constexpr auto none = std::nullopt;
 
+TEST(PanelPopup, IsAsTallAsItsRowsWhileTheyFit)
+{
+    int before = 0;
+    for (const size_t rows : {4, 8, 100, 1000}) {
+        const host::Panel panel = panelOf(Rows(rows, {"01", "张敏"}), {{0, u"编号"_qs}, {1, u"姓名"_qs}});
+        PanelPopup popup(panel);
+        popup.resize(popup.sizeHint());
+        popup.show();
+        auto &view = *popup.findChild<QTreeView *>();
+        const QRect last = view.visualRect(view.model()->index(static_cast<int>(rows) - 1, 0));
+        if (rows <= 8) {
+            EXPECT_NEAR(view.viewport()->rect().bottom(), last.bottom(), last.height() / 2);
+        } else if (rows == 1000) {
+            EXPECT_EQ(popup.height(), before);
+        }
+        before = popup.height();
+    }
+}
+
 TEST(PanelPopup, KeyboardChoosesFromAList)
 {
     const std::tuple<const char *, qsizetype, Keys, std::optional<qsizetype>> cases[] = {

@@ -31,6 +31,7 @@ QString inkName(DetailPlace::Ink ink)
     case DetailPlace::Ink::Rent:
         return u"rent"_s;
     case DetailPlace::Ink::Plain:
+    case DetailPlace::Ink::Number:
         break;
     }
     return {};
@@ -107,7 +108,14 @@ void RecordDetailView::addField(QGridLayout &grid, QWidget &panel, const DetailP
     qzTxt_S &field = m_detail.field(each.number);
     auto *view = new DisplayFieldView(field, &panel);
     view->setProperty("ink", inkName(each.ink));
+    if (each.ink != DetailPlace::Ink::Plain)
+        view->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QLabel *caption = makeCaption(field, *view, &panel);
+    if (!each.meaning.isEmpty()) {
+        view->setAccessibleName(each.meaning.toString());
+        for (QWidget *told : {static_cast<QWidget *>(view), static_cast<QWidget *>(caption)})
+            told->setToolTip(each.meaning.toString());
+    }
     if (each.caption == DetailPlace::Caption::UnitOfTheFieldBefore)
         caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     place(grid, *caption, *view, each.row, each.pair, each.width);

@@ -20,7 +20,8 @@ class VSFlexGrid;
 /// they line up on all tabs.
 struct DetailPlace
 {
-    enum class Ink : quint8 { Plain, Sale, Rent };
+    /// All but the plain ones are numbers and stand at the right.
+    enum class Ink : quint8 { Plain, Number, Sale, Rent };
     /// The caption of some fields is the unit of the field to their left and is placed close to it.
     enum class Caption : quint8 { Own, UnitOfTheFieldBefore };
 
@@ -30,6 +31,7 @@ struct DetailPlace
     int width = 1; ///< in pairs
     Ink ink = Ink::Plain;
     Caption caption = Caption::Own;
+    QStringView meaning = {}; ///< for the tool tip, where the caption does not say it
 };
 
 /// The screen of the tabs below a list: the tab strip and, below it, the panel of the active tab. A detail's

@@ -27,7 +27,8 @@ namespace {
 
 constexpr int narrowest = 520;
 constexpr int widest = 900;
-constexpr int usualHeight = 420;
+constexpr int mostHeight = 420;
+constexpr int fewestRows = 5;
 constexpr int findCharacters = 9;
 constexpr int ownerCharacters = 11;
 
@@ -179,12 +180,19 @@ bool PickerView::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
+/// As tall as its rows while they fit.
 QSize PickerView::sizeHint() const
 {
     const QMargins margins = layout()->contentsMargins();
-    const int rows = m_grid->horizontalHeader()->length() + m_grid->verticalScrollBar()->sizeHint().width() +
-                     margins.left() + margins.right();
-    return QSize(std::clamp(rows, narrowest, widest), usualHeight).expandedTo(minimumSizeHint());
+    const int width = m_grid->horizontalHeader()->length() + m_grid->verticalScrollBar()->sizeHint().width() +
+                      margins.left() + margins.right();
+    const int aroundGrid = layout()->minimumSize().height() - m_grid->minimumSizeHint().height();
+    const int rows = std::clamp(m_grid->model()->rowCount(), fewestRows, mostHeight);
+    const int rowsHeight = m_grid->horizontalHeader()->sizeHint().height() +
+                           rows * m_grid->verticalHeader()->defaultSectionSize() + 2 * m_grid->frameWidth() +
+                           m_grid->horizontalScrollBar()->sizeHint().height();
+    return QSize(std::clamp(width, narrowest, widest), std::min(aroundGrid + rowsHeight, mostHeight))
+        .expandedTo(minimumSizeHint());
 }
 
 } // namespace ebtq

@@ -17,7 +17,8 @@ namespace {
 
 constexpr int narrowest = 240;
 constexpr int widest = 640;
-constexpr int rowsHeight = 320;
+constexpr int mostRowsHeight = 320;
+constexpr int fewestRows = 3;
 constexpr int widestColumn = 260;
 constexpr int columnGap = 12;
 
@@ -93,10 +94,21 @@ void PanelPopup::setUpLayout()
     layout->addWidget(m_nothing, 1);
 }
 
+/// Of all rows while they fit: a short list has no empty space below.
+int PanelPopup::rowsHeight() const
+{
+    const int rows = static_cast<int>(std::min<qsizetype>(m_panel.rows.rowCount(), mostRowsHeight));
+    const int header = m_view->isHeaderHidden() ? 0 : m_view->header()->sizeHint().height();
+    return std::min(header + std::max(rows, fewestRows) * m_view->sizeHintForRow(0), mostRowsHeight);
+}
+
 QSize PanelPopup::sizeHint() const
 {
     const int rows = m_view->header()->length() + m_view->verticalScrollBar()->sizeHint().width();
-    return {std::clamp(rows + 20, narrowest, widest), rowsHeight + m_find->sizeHint().height()};
+    const QMargins margins = layout()->contentsMargins();
+    const int aroundRows = margins.top() + margins.bottom() + layout()->spacing() + 2 * frameWidth();
+    return {std::clamp(rows + 20, narrowest, widest),
+            rowsHeight() + m_find->sizeHint().height() + aroundRows};
 }
 
 void PanelPopup::find(const QString &text)

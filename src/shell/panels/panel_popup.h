@@ -35,6 +35,7 @@ private:
     void choose(const QModelIndex &index);
     void setUpView();
     void sizeColumns();
+    [[nodiscard]] int rowsHeight() const;
     void setUpLayout();
 
     const host::Panel &m_panel;
