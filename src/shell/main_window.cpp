@@ -145,6 +145,7 @@ QWidget *MainWindow::topBar(const SessionFacts &facts)
     QWidget *bar = barOfKind(QStringLiteral("bar"));
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(8, 0, 8, 1); // keeps the bar's border visible below the tabs
+    row->addWidget(m_navigation->makeFoldButton());
     row->addWidget(m_tabs, 0, Qt::AlignBottom);
     row->addStretch();
     row->addWidget(m_session);
@@ -427,7 +428,7 @@ void MainWindow::stepTab(int step)
 void MainWindow::switchSide()
 {
     ModulePage *current = currentPage();
-    if (current && m_navigation->isAncestorOf(QApplication::focusWidget()))
+    if (current && (m_navigation->isHidden() || m_navigation->isAncestorOf(QApplication::focusWidget())))
         giveFocus(*current);
     else
         m_navigation->focusEntry();

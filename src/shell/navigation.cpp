@@ -89,6 +89,19 @@ void Navigation::addEntry(const host::ModuleEntry &module, const QString &icon)
     });
 }
 
+QToolButton *Navigation::makeFoldButton()
+{
+    auto *button = new QToolButton;
+    button->setObjectName(QStringLiteral("FoldNavigation"));
+    button->setIcon(look::icon(QStringLiteral("sidebar-collapse-left"), &look::Tokens::muted));
+    button->setToolTip(QStringLiteral("显示或隐藏导航 (Ctrl+B)"));
+    button->setAccessibleName(QStringLiteral("显示或隐藏导航"));
+    button->setShortcut(Qt::CTRL | Qt::Key_B);
+    button->setFocusPolicy(Qt::NoFocus);
+    connect(button, &QToolButton::clicked, this, [this] { setVisible(isHidden()); });
+    return button;
+}
+
 void Navigation::setCollapsed(bool collapsed)
 {
     m_collapsed = collapsed;

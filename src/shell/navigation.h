@@ -24,6 +24,8 @@ public:
     /// What the button of a module's entry is called.
     [[nodiscard]] static QString entryName(host::ModuleId module);
 
+    /// A button that hides and shows the whole column, also pressed by Ctrl+B.
+    [[nodiscard]] QToolButton *makeFoldButton();
     void setCollapsed(bool collapsed);
     [[nodiscard]] bool isCollapsed() const { return m_collapsed; }
     [[nodiscard]] QSize sizeHint() const override;

@@ -29,8 +29,10 @@ void NoticeBar::add(const QString &name, const QString &text, const QString &act
     notice->setProperty("kind", QStringLiteral("notice"));
     auto *row = new QHBoxLayout(notice);
     row->setContentsMargins(12, 4, 12, 4);
-    auto *icon = new QLabel;
-    icon->setPixmap(look::icon(QStringLiteral("notifications")).pixmap(16));
+    auto *icon = new QToolButton; // drawn anew in another scheme, as no picture in a label is
+    icon->setIcon(look::icon(QStringLiteral("notifications")));
+    icon->setAttribute(Qt::WA_TransparentForMouseEvents);
+    icon->setFocusPolicy(Qt::NoFocus);
     auto *label = new QLabel(text);
     label->setObjectName(name + QStringLiteral("_text"));
     label->setTextFormat(Qt::PlainText);

@@ -55,6 +55,7 @@ void RecordDetail::makeControls()
     for (const DetailField &field : m_tables.fields) {
         m_fields.push_back(&controls().add<qzTxt_S>(m_tables.fieldName.toString(), field.number));
         m_fields.back()->setCaption(field.caption.toString());
+        m_fields.back()->setToolTipText(field.meaning.toString());
         m_fields.back()->setKept(false);
     }
     for (const DetailBox &box : m_tables.boxes) {

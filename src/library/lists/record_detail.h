@@ -50,6 +50,7 @@ struct DetailField
     /// function it is the column's.
     std::optional<QString> (*text)(const DetailRecord &record, QStringView column) = nullptr;
     QStringView valueColumn = {}; ///< with the key that belongs to the text; empty for none
+    QStringView meaning = {};     ///< for the tool tip, where the caption does not say it
 };
 
 /// A box with a text of many lines.

@@ -84,10 +84,13 @@ QString withMnemonic(const QString &caption, QChar mnemonic)
 void bindControl(const Control &control, QWidget &widget)
 {
     widget.setObjectName(widgetName(control));
-    const auto follow = [&control, &widget] {
+    widget.setAccessibleName(spokenName(control));
+    // A view may have given a better name than the caption: it stays while the caption does.
+    auto follow = [&control, &widget, spoken = spokenName(control)]() mutable {
         widget.setEnabled(control.Enabled());
         widget.setToolTip(control.ToolTipText());
-        widget.setAccessibleName(spokenName(control));
+        if (const QString name = spokenName(control); spoken != name)
+            widget.setAccessibleName(spoken = name);
         setVisibleWithParent(widget, control.Visible());
     };
     QObject::connect(&control, &Control::stateChanged, &widget, follow);
@@ -105,6 +108,7 @@ QLabel *makeCaption(const Control &control, QWidget &field, QWidget *parent)
     label->setBuddy(&field);
     const auto follow = [&control, label] {
         label->setText(control.Caption());
+        label->setToolTip(control.ToolTipText());
         setVisibleWithParent(*label, control.Visible());
     };
     QObject::connect(&control, &Control::stateChanged, label, follow);

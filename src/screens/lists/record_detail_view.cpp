@@ -6,11 +6,13 @@
 #include "screens/controls/flex_grid_view.h"
 #include "screens/controls/tab_strip_view.h"
 #include "screens/controls/text_box_view.h"
+#include "screens/look/look.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -63,6 +65,8 @@ RecordDetailView::RecordDetailView(RecordDetail &detail, QWidget *keyScope, QWid
     : QWidget(parent)
     , m_detail(detail)
     , m_tabs(new TabStripView(detail.qzVSTabCtl1(), keyScope, this))
+    , m_folding(new QToolButton(this))
+    , m_panelArea(new QWidget(this))
 {
     setProperty("kind", u"page"_s);
     setAttribute(Qt::WA_StyledBackground);
@@ -70,15 +74,42 @@ RecordDetailView::RecordDetailView(RecordDetail &detail, QWidget *keyScope, QWid
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(m_tabs);
+    auto *strip = new QHBoxLayout;
+    strip->setContentsMargins(0, 0, 8, 0);
+    strip->addWidget(m_tabs, 1);
+    strip->addWidget(m_folding);
+    column->addLayout(strip);
+    auto *panels = new QVBoxLayout(m_panelArea);
+    panels->setContentsMargins({});
+    column->addWidget(m_panelArea, 1);
+    m_folding->setObjectName(u"FoldDetail"_s);
+    m_folding->setFocusPolicy(Qt::NoFocus);
+    connect(m_folding, &QToolButton::clicked, this, [this] { Q_EMIT foldingWanted(!isFolded()); });
+    connect(m_tabs, &QTabBar::tabBarClicked, this, [this] { Q_EMIT foldingWanted(false); });
+    setFolded(false);
+}
+
+bool RecordDetailView::isFolded() const
+{
+    return m_panelArea->isHidden();
+}
+
+void RecordDetailView::setFolded(bool folded)
+{
+    m_panelArea->setVisible(!folded);
+    m_folding->setIcon(look::icon(folded ? u"go-up"_s : u"go-down"_s, &look::Tokens::muted));
+    m_folding->setToolTip(folded ? u"展开 (Ctrl+D)"_s : u"折叠 (Ctrl+D)"_s);
+    m_folding->setAccessibleName(m_folding->toolTip());
+    setMaximumHeight(folded ? minimumSizeHint().height() : QWIDGETSIZE_MAX);
+    updateGeometry();
 }
 
 QWidget *RecordDetailView::addPanel(int tab)
 {
-    auto *panel = new QWidget(this);
+    auto *panel = new QWidget(m_panelArea);
     panel->setProperty("kind", u"tabPanel"_s);
     panel->setAttribute(Qt::WA_StyledBackground);
-    layout()->addWidget(panel);
+    m_panelArea->layout()->addWidget(panel);
     m_panels.append(panel);
     bindControl(m_detail.pnlTab(tab - 1), *panel);
     return panel;
@@ -87,7 +118,7 @@ QWidget *RecordDetailView::addPanel(int tab)
 QSize RecordDetailView::minimumSizeHint() const
 {
     QSize needed;
-    for (const QWidget *panel : m_panels)
+    for (const QWidget *panel : isFolded() ? QList<QWidget *>() : m_panels)
         needed = needed.expandedTo(panel->minimumSizeHint());
     return {needed.width(), needed.height() + m_tabs->sizeHint().height()};
 }
@@ -111,11 +142,6 @@ void RecordDetailView::addField(QGridLayout &grid, QWidget &panel, const DetailP
     if (each.ink != DetailPlace::Ink::Plain)
         view->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QLabel *caption = makeCaption(field, *view, &panel);
-    if (!each.meaning.isEmpty()) {
-        view->setAccessibleName(each.meaning.toString());
-        for (QWidget *told : {static_cast<QWidget *>(view), static_cast<QWidget *>(caption)})
-            told->setToolTip(each.meaning.toString());
-    }
     if (each.caption == DetailPlace::Caption::UnitOfTheFieldBefore)
         caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     place(grid, *caption, *view, each.row, each.pair, each.width);

@@ -8,6 +8,7 @@
 
 class QGridLayout;
 class QHBoxLayout;
+class QToolButton;
 
 namespace ebtq {
 
@@ -31,7 +32,6 @@ struct DetailPlace
     int width = 1; ///< in pairs
     Ink ink = Ink::Plain;
     Caption caption = Caption::Own;
-    QStringView meaning = {}; ///< for the tool tip, where the caption does not say it
 };
 
 /// The screen of the tabs below a list: the tab strip and, below it, the panel of the active tab. A detail's
@@ -44,6 +44,13 @@ public:
     /// What the tallest panel needs, whichever is shown: the list above does not move with the tabs.
     [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+    /// Folded, only the tab strip is left.
+    void setFolded(bool folded);
+    [[nodiscard]] bool isFolded() const;
+
+Q_SIGNALS:
+    /// The person wants it folded or not: by the button in the strip, or by choosing a tab.
+    void foldingWanted(bool folded);
 
 protected:
     /// The keys that choose a tab work from anywhere in `keyScope`.
@@ -66,6 +73,8 @@ private:
 
     RecordDetail &m_detail;
     TabStripView *m_tabs;
+    QToolButton *m_folding;
+    QWidget *m_panelArea;
     QList<QWidget *> m_panels;
 };
 

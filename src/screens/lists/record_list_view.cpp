@@ -10,6 +10,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -81,14 +82,37 @@ void RecordListView::addCopying()
 void RecordListView::setDetail(RecordDetailView *detail)
 {
     m_detail = detail;
-    auto *parts = new QSplitter(Qt::Vertical, this);
-    parts->setObjectName(u"parts"_s);
-    parts->setChildrenCollapsible(false);
-    parts->setHandleWidth(5);
-    parts->addWidget(m_grid);
-    parts->addWidget(m_detail);
-    parts->setStretchFactor(0, 1);
-    column()->addWidget(parts, 1);
+    m_parts = new QSplitter(Qt::Vertical, this);
+    m_parts->setObjectName(u"parts"_s);
+    m_parts->setChildrenCollapsible(false);
+    m_parts->setHandleWidth(5);
+    m_parts->addWidget(m_grid);
+    m_parts->addWidget(m_detail);
+    m_parts->setStretchFactor(0, 1);
+    column()->addWidget(m_parts, 1);
+    connect(m_detail, &RecordDetailView::foldingWanted, this, &RecordListView::setDetailFolded);
+    auto *key = new QShortcut(Qt::CTRL | Qt::Key_D, this);
+    key->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(key, &QShortcut::activated, this, [this] { setDetailFolded(!isDetailFolded()); });
+}
+
+bool RecordListView::isDetailFolded() const
+{
+    return m_detail->isFolded();
+}
+
+void RecordListView::setDetailFolded(bool folded)
+{
+    if (folded == isDetailFolded())
+        return;
+    if (folded) {
+        m_detailHeight = m_detail->height();
+        if (m_detail->isAncestorOf(QApplication::focusWidget()))
+            m_grid->setFocus(Qt::OtherFocusReason);
+    }
+    m_detail->setFolded(folded);
+    const int height = folded ? m_detail->maximumHeight() : m_detailHeight;
+    m_parts->setSizes({m_parts->height() - height - m_parts->handleWidth(), height});
 }
 
 /// The pressed button shows the ticked kind; with both ticked none of the three is pressed.

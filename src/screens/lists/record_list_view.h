@@ -2,6 +2,8 @@
 
 #include "screens/lists/list_view.h"
 
+class QSplitter;
+
 namespace ebtq {
 
 class RecordDetailView;
@@ -12,6 +14,12 @@ class RecordList;
 class RecordListView : public ListView
 {
     Q_OBJECT
+    /// The detail is folded to its tabs, and the list has its room.
+    Q_PROPERTY(bool DetailFolded READ isDetailFolded WRITE setDetailFolded)
+
+public:
+    [[nodiscard]] bool isDetailFolded() const;
+    void setDetailFolded(bool folded);
 
 protected:
     RecordListView(RecordList &module, const ListLook &look, QWidget *parent);
@@ -31,6 +39,8 @@ private:
     FlexGridView *m_grid = nullptr;
     ToolBarView *m_toolBar = nullptr;
     RecordDetailView *m_detail = nullptr;
+    QSplitter *m_parts = nullptr; ///< the list above the detail
+    int m_detailHeight = 0;       ///< before it was folded
 };
 
 } // namespace ebtq

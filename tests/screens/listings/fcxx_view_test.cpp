@@ -1,4 +1,5 @@
 #include "library/listings/fcxx_tables.h"
+#include "library/listings/listing_detail_fields.h"
 #include "screens/listings/fcxx_screen_fixture.h"
 
 #include <QClipboard>
@@ -9,6 +10,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QSplitter>
 #include <QToolButton>
 
 using namespace ebtq;
@@ -95,6 +97,28 @@ TEST_F(FcxxViewTest, EveryFilterLoadsOnceWhenItIsConfirmed)
                       module.Chk(kind).Value() == 1);
     }
     EXPECT_EQ(panels.place(), field(3).mapToGlobal(QPoint(0, field(3).height())));
+}
+
+TEST_F(FcxxViewTest, AFoldedDetailLeavesTheListItsRoomAndComesBackAsItWas)
+{
+    const auto detailHeight = [&] { return child<QSplitter>(u"parts"_qs).sizes().value(1); };
+    const auto foldByKey = [&] { QTest::keyClick(&view, Qt::Key_D, Qt::ControlModifier); };
+    QTest::qWait(0);
+    child<QSplitter>(u"parts"_qs).setSizes({300, 220});
+    const int before = detailHeight();
+    view.resize(1112, 624); // the page of a window of 1280 by 720
+    child<QWidget>(u"qzVSTabCtl1"_qs).setFocus();
+    foldByKey();
+    EXPECT_TRUE(table().hasFocus());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table().viewport()->height() >= 14 * table().rowHeight(0); }));
+    EXPECT_FALSE(child<QWidget>(u"qzFcTxt_0"_qs).isVisible());
+    foldByKey();
+    EXPECT_EQ(detailHeight(), before);
+    click(child<QWidget>(u"FoldDetail"_qs));
+    EXPECT_TRUE(view.isDetailFolded());
+    module.detail().qzVSTabCtl1().setActiveTab(ListingTab);
+    QTest::mouseClick(&child<QWidget>(u"qzVSTabCtl1"_qs), Qt::LeftButton, {}, {10, 10});
+    EXPECT_FALSE(view.isDetailFolded()) << "a tab was chosen";
 }
 
 TEST_F(FcxxViewTest, AWrongTextHoldsRefreshBackButNotTheWayOut)
