@@ -8,15 +8,13 @@ namespace ebtq {
 
 namespace {
 
-constexpr ListLook::Field fields[] = {{CustomerFilter::District, 4},   {CustomerFilter::Rooms, 5},
-                                      {CustomerFilter::State, 3},      {CustomerFilter::Grade, 3},
-                                      {CustomerFilter::Department, 4}, {CustomerFilter::Agent, 4}};
+constexpr ListLook::Field fields[] = {
+    {CustomerFilter::District, 3, u'C'},   {CustomerFilter::Rooms, 4, u'H'},
+    {CustomerFilter::State, 2, u'T'},      {CustomerFilter::Grade, 2, u'L'},
+    {CustomerFilter::Department, 4, u'M'}, {CustomerFilter::Agent, 3, u'J'}};
 constexpr ListLook::Column columns[] = {{CustomerPrice, &look::Tokens::salePrice},
                                         {CustomerRent, &look::Tokens::rent}};
-constexpr ListLook listLook{.fields = fields,
-                            .columns = columns,
-                            .searchHint = u"在已加载的客源中查找",
-                            .emptyHint = u"没有符合条件的客源"};
+constexpr ListLook listLook{.fields = fields, .columns = columns, .emptyHint = u"没有符合条件的客源"};
 
 } // namespace
 

@@ -9,13 +9,13 @@ namespace ebtq {
 
 namespace {
 
-constexpr ListLook::Field fields[] = {
-    {Cx_Gj::From, 6}, {Cx_Gj::To, 6}, {Cx_Gj::Department, 4}, {Cx_Gj::Agent, 4}, {Cx_Gj::Limit, 3}};
-constexpr ListLook listLook{.fields = fields,
-                            .kindKeys = u"YK",
-                            .searchHint = u"在已加载的跟进中查找",
-                            .isFoundByHost = true,
-                            .emptyHint = u"没有符合条件的跟进"};
+constexpr ListLook::Field fields[] = {{Cx_Gj::From, 6, u'C'},
+                                      {Cx_Gj::To, 6, u'L'},
+                                      {Cx_Gj::Department, 4, u'M'},
+                                      {Cx_Gj::Agent, 4, u'J'},
+                                      {Cx_Gj::Limit, 3, u'T'}};
+constexpr ListLook listLook{
+    .fields = fields, .kindKeys = u"YK", .isFoundByHost = true, .emptyHint = u"没有符合条件的跟进"};
 
 } // namespace
 

@@ -8,15 +8,13 @@ namespace ebtq {
 
 namespace {
 
-constexpr ListLook::Field fields[] = {{ListingFilter::District, 4},   {ListingFilter::Building, 5},
-                                      {ListingFilter::Rooms, 4},      {ListingFilter::State, 3},
-                                      {ListingFilter::Department, 4}, {ListingFilter::Agent, 4}};
+constexpr ListLook::Field fields[] = {
+    {ListingFilter::District, 3, u'C'},   {ListingFilter::Building, 4, u'L'},
+    {ListingFilter::Rooms, 3, u'H'},      {ListingFilter::State, 2, u'T'},
+    {ListingFilter::Department, 4, u'M'}, {ListingFilter::Agent, 3, u'J'}};
 constexpr ListLook::Column columns[] = {{ListingSalePrice, &look::Tokens::salePrice},
                                         {ListingRent, &look::Tokens::rent}};
-constexpr ListLook listLook{.fields = fields,
-                            .columns = columns,
-                            .searchHint = u"在已加载的房源中查找",
-                            .emptyHint = u"没有符合条件的房源"};
+constexpr ListLook listLook{.fields = fields, .columns = columns, .emptyHint = u"没有符合条件的房源"};
 
 } // namespace
 

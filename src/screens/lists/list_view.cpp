@@ -5,12 +5,13 @@
 #include "screens/controls/control_binding.h"
 #include "screens/controls/field_view.h"
 #include "screens/controls/flex_grid_view.h"
-#include "screens/controls/flow_layout.h"
 #include "screens/controls/search_box_view.h"
+#include "screens/lists/filter_bar.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -20,7 +21,7 @@ namespace ebtq {
 namespace {
 
 constexpr int periodCharacters = 5;
-constexpr int searchCharacters = 11;
+constexpr int searchCharacters = 5;
 constexpr int searchCharactersAtMost = 30;
 /// A field's frame, the space in it and its button, in characters.
 constexpr int aroundText = 3;
@@ -36,15 +37,19 @@ void fixWidth(QWidget &field, int characters)
     field.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-/// A caption and its field, which stay together where the row folds.
-QHBoxLayout *captioned(QLabel *caption, QWidget *field)
+/// What stays together where the row folds.
+QWidget *together(std::initializer_list<QWidget *> widgets, FilterBar &bar)
 {
-    auto *pair = new QHBoxLayout;
-    pair->setSpacing(6);
-    caption->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-    pair->addWidget(caption);
-    pair->addWidget(field);
-    return pair;
+    auto *group = new QWidget(&bar);
+    auto *row = new QHBoxLayout(group);
+    row->setContentsMargins({});
+    row->setSpacing(4);
+    for (QWidget *widget : widgets) {
+        if (auto *caption = qobject_cast<QLabel *>(widget))
+            caption->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+        row->addWidget(widget, qobject_cast<SearchBoxView *>(widget) ? 1 : 0);
+    }
+    return group;
 }
 
 } // namespace
@@ -67,68 +72,78 @@ QVBoxLayout *ListView::column() const
 
 void ListView::addFilterRow()
 {
-    auto *bar = new QWidget(this);
-    bar->setProperty("kind", u"bar"_s);
-    bar->setAttribute(Qt::WA_StyledBackground);
-    auto *row = new FlowLayout(bar);
-    row->setContentsMargins(12, 6, 12, 6);
-    row->setSpacing(8);
-    addFields(*row, bar);
+    auto *bar = new FilterBar(this);
+    bar->setObjectName(u"Filters"_s);
+    addFields(*bar);
     if (m_module.hasPeriods())
-        addPeriods(*row, bar);
-    addKinds(*row, bar);
-    addSearch(*row, bar);
+        addPeriods(*bar);
+    addKinds(*bar);
+    addSearch(*bar);
     column()->addWidget(bar);
 }
 
-void ListView::addFields(FlowLayout &row, QWidget *parent)
+void ListView::addFields(FilterBar &bar)
 {
     for (const ListLook::Field &filter : m_look.fields) {
         qzTxt_S &field = m_module.qzTxt(filter.number);
-        auto *view = new FieldView(field, parent);
+        auto *view = new FieldView(field, &bar);
         fixWidth(*view, filter.characters);
         view->setEnter(FieldView::Enter::Confirms);
         connect(view, &FieldView::confirmed, this, &ListView::refresh);
-        row.addLayout(captioned(makeCaption(field, *view, parent), view));
+        bar.addFilter(together({makeCaption(field, *view, &bar), view}, bar),
+                      [&field] { return !field.Text().isEmpty(); });
+        connect(&field, &qzTxt_S::FieldChange, &bar, &FilterBar::followUse);
+        connect(&field, &Control::focusRequested, &bar, [&bar, view] { bar.reveal(*view); });
+        addKey(bar, *view, filter.key);
     }
 }
 
-void ListView::addPeriods(FlowLayout &row, QWidget *parent)
+/// The captions stay as they are; the letter is told under the mouse.
+void ListView::addKey(FilterBar &bar, QWidget &field, char16_t letter)
 {
-    auto *view = new ComboView(m_module.XPCmb(), parent);
+    auto *key = new QShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(letter)), this);
+    key->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(key, &QShortcut::activated, &bar, [&bar, &field] { bar.reveal(field); });
+    field.setToolTip(key->key().toString());
+}
+
+void ListView::addPeriods(FilterBar &bar)
+{
+    XPCombo &combo = m_module.XPCmb();
+    auto *view = new ComboView(combo, &bar);
     fixWidth(*view, periodCharacters);
     connect(view, &ComboView::confirmed, this, &ListView::refresh);
-    row.addLayout(captioned(makeCaption(m_module.XPCmb(), *view, parent), view));
+    bar.addFilter(together({makeCaption(combo, *view, &bar), view}, bar),
+                  [&combo] { return !combo.Text().isEmpty(); });
+    connect(&combo, &XPCombo::Change, &bar, &FilterBar::followUse);
+    addKey(bar, *view, m_look.periodKey);
 }
 
 /// Both ticks in one item: where the row folds, they are read together.
-void ListView::addKinds(FlowLayout &row, QWidget *parent)
+void ListView::addKinds(FilterBar &bar)
 {
-    auto *pair = new QHBoxLayout;
-    pair->setSpacing(row.spacing());
-    for (const auto &[number, letter] :
-         {std::pair(0, m_look.kindKeys[0]), std::pair(1, m_look.kindKeys[1])}) {
+    QWidget *ticks[2];
+    for (const int number : {0, 1}) {
         CheckBox &box = m_module.Chk(number);
-        auto *view = new CheckBoxView(box, parent, letter);
+        auto *view = new CheckBoxView(box, &bar, m_look.kindKeys[static_cast<size_t>(number)]);
         connect(view, &QCheckBox::clicked, this, &ListView::refresh);
-        pair->addWidget(view);
+        ticks[number] = view;
     }
-    row.addLayout(pair);
+    bar.addPinned(together({ticks[0], ticks[1]}, bar));
 }
 
 /// The tick folds with its box.
-void ListView::addSearch(FlowLayout &row, QWidget *parent)
+void ListView::addSearch(FilterBar &bar)
 {
-    auto *view = new SearchBoxView(m_module.SearchBox1(), parent);
-    view->setPlaceholderText(m_look.searchHint.toString());
+    auto *view = new SearchBoxView(m_module.SearchBox1(), &bar);
+    view->setPlaceholderText(u"列表中查找"_s);
     if (!m_look.isFoundByHost)
         view->takeFindKey();
     view->setMinimumWidth(widthOf(*view, searchCharacters));
     view->setMaximumWidth(widthOf(*view, searchCharactersAtMost));
-    view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    QHBoxLayout *search = captioned(makeCaption(m_module.lblSearch(), *view, parent), view);
-    search->addWidget(new CheckBoxView(m_module.ChkFind(), parent, u'I'));
-    row.addLayout(search);
+    view->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as the line leaves it
+    QWidget *caption = makeCaption(m_module.lblSearch(), *view, &bar);
+    bar.addPinned(together({caption, view, new CheckBoxView(m_module.ChkFind(), &bar, u'I')}, bar));
 }
 
 FlexGridView *ListView::makeGrid()

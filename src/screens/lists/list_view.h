@@ -16,7 +16,7 @@ class QVBoxLayout;
 namespace ebtq {
 
 class FlexGridView;
-class FlowLayout;
+class FilterBar;
 class NavToolbar;
 class ToolBarView;
 
@@ -27,6 +27,7 @@ struct ListLook
     {
         int number;
         int characters; ///< width of its text in Chinese characters
+        char16_t key;   ///< its letter with Alt
     };
     struct Column
     {
@@ -36,10 +37,10 @@ struct ListLook
 
     std::span<const Field> fields = {};   ///< of the filter, in reading order
     std::u16string_view kindKeys = u"SZ"; ///< letters of the two boxes
+    char16_t periodKey = u'Q';
     std::span<const Column> columns = {}; ///< those with an ink of their own
-    QStringView searchHint = {};
-    bool isFoundByHost = false; ///< Ctrl+F is the host's, whose find bar also steps backwards
-    QStringView emptyHint; ///< of a load that found nothing
+    bool isFoundByHost = false;           ///< Ctrl+F is the host's, whose find bar also steps backwards
+    QStringView emptyHint;                ///< of a load that found nothing
 };
 
 /// The screen of a list module: its filter row and the list, one below the other in a column to which its
@@ -81,10 +82,11 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void addFields(FlowLayout &row, QWidget *parent);
-    void addPeriods(FlowLayout &row, QWidget *parent);
-    void addKinds(FlowLayout &row, QWidget *parent);
-    void addSearch(FlowLayout &row, QWidget *parent);
+    void addFields(FilterBar &bar);
+    void addKey(FilterBar &bar, QWidget &field, char16_t letter);
+    void addPeriods(FilterBar &bar);
+    void addKinds(FilterBar &bar);
+    void addSearch(FilterBar &bar);
     void showOutcome(bool done);
 
     ListModule &m_module;

@@ -43,6 +43,7 @@ constexpr NamedColour namedColours[] = {
 const QString sheet = uR"(
 QMainWindow, QDialog, QWidget[kind="page"] { background: @window; color: @ink; }
 QWidget[kind="status"] { background: @card; border: none; border-top: 1px solid @line; }
+QWidget[kind="strip"] { background: @card; border: none; }
 QWidget[kind="bar"] { background: @card; border: none; border-bottom: 1px solid @line; }
 QWidget[kind="tabPanel"] { background: @card; border: none; border-top: 1px solid @line; }
 QWidget[kind="card"], QFrame[kind="card"] { background: @card; border: 1px solid @line; border-radius: 4px; }
@@ -84,6 +85,8 @@ QToolButton:pressed { background: @line; }
 QToolButton:focus { border-color: @brand; }
 QToolButton:checked { background: @brandSoft; color: @brand; font-weight: bold; }
 QToolButton:disabled { color: @muted; }
+QToolButton#MoreFilters { padding: 2px 8px; }
+QToolButton[active="true"] { color: @brand; font-weight: bold; }
 QToolButton#Session { color: @muted; padding-right: 22px; }
 QToolButton#Session::menu-indicator { image: url(:/ebtq/images/chevron-down.svg); width: 14px; height: 14px;
     subcontrol-origin: padding; subcontrol-position: center right; right: 4px; }

@@ -99,6 +99,24 @@ TEST_F(FcxxViewTest, EveryFilterLoadsOnceWhenItIsConfirmed)
     EXPECT_EQ(panels.place(), field(3).mapToGlobal(QPoint(0, field(3).height())));
 }
 
+TEST_F(FcxxViewTest, FiltersThatDoNotFitFoldBelowAButtonThatCountsThoseInUse)
+{
+    auto &more = child<QToolButton>(u"MoreFilters"_qs);
+    const auto &period = child<QComboBox>(u"XPCmb"_qs);
+    const int oneLine = more.parentWidget()->height();
+    EXPECT_TRUE(more.isVisible() && !period.isVisible());
+    EXPECT_EQ(more.text(), u"更多"_qs);
+    module.XPCmb().setText(u"半年内"_qs);
+    EXPECT_EQ(more.text(), u"更多 (1)"_qs);
+    QTest::keyClick(&view, Qt::Key_Q, Qt::AltModifier);
+    EXPECT_TRUE(period.isVisible() && period.hasFocus());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return more.parentWidget()->height() > oneLine; }));
+    click(more);
+    view.resize(1272, 700); // the page of a window of 1440
+    EXPECT_TRUE(QTest::qWaitFor([&] { return period.isVisible() && !more.isVisible(); }));
+    EXPECT_NEAR(more.parentWidget()->height(), oneLine, 2);
+}
+
 TEST_F(FcxxViewTest, AFoldedDetailLeavesTheListItsRoomAndComesBackAsItWas)
 {
     const auto detailHeight = [&] { return child<QSplitter>(u"parts"_qs).sizes().value(1); };
@@ -177,6 +195,7 @@ TEST_F(FcxxViewTest, TellsAnEmptyListFromAFailedOne)
 
 TEST_F(FcxxViewTest, TabGoesFromTheDetailThroughToolBarAndFiltersToTheList)
 {
+    view.resize(1272, 700); // no filter is folded away
     QStringList order = {u"qzVSTabCtl1"_qs};
     QString letters;
     for (const QString &key : u"all buy rent new edit delete gj refresh close"_qs.split(u' ')) {
