@@ -15,6 +15,15 @@ void qzVSTabCtl::setTabs(std::vector<Tab> tabs, int activeTab)
     Q_EMIT stateChanged();
 }
 
+void qzVSTabCtl::setTabCaption(int tab, const QString &caption)
+{
+    QString &present = m_tabs.at(static_cast<size_t>(tab) - 1).caption;
+    if (present == caption)
+        return;
+    present = caption;
+    Q_EMIT stateChanged();
+}
+
 void qzVSTabCtl::setActiveTab(int tab)
 {
     if (tab == m_activeTab || !hasTab(tab))

@@ -23,6 +23,7 @@ public:
     /// The tabs and the initially active one, which raises no event.
     void setTabs(std::vector<Tab> tabs, int activeTab);
     [[nodiscard]] const std::vector<Tab> &tabs() const { return m_tabs; }
+    void setTabCaption(int tab, const QString &caption);
     /// 0 while there are no tabs.
     [[nodiscard]] int ActiveTab() const { return m_activeTab; }
     /// Nothing for the active tab and for a number without a tab.

@@ -50,13 +50,15 @@ constexpr DetailField fields[] = {
 };
 constexpr DetailBox boxes[] = {{-1, u"个人备注", u"备注"}};
 
+constexpr int countedTabs[] = {MatchingListingsTab, CustomerFollowUpsTab};
 constexpr DetailTables tables{.tabs = tabs,
                               .firstTab = RequestTab,
                               .fieldName = u"qzTxt",
                               .fields = fields,
                               .boxName = u"txt",
                               .boxes = boxes,
-                              .keyColumn = CustomerKey};
+                              .keyColumn = CustomerKey,
+                              .countedTabs = countedTabs};
 
 constexpr int hiddenListingColumns[] = {0};
 constexpr ListGrid listingGrid{.format = u" |房源编号  |交易  |城区                |楼盘字典        |栋座    "
@@ -101,6 +103,11 @@ bool CustomerDetail::load(int tab, const QString &id)
     default:
         return true;
     }
+}
+
+SqlText CustomerDetail::countStatement(const QString &id) const
+{
+    return customerCountStatement(id);
 }
 
 bool CustomerDetail::LoadDataMsg(const QString &id)
@@ -148,6 +155,7 @@ void CustomerDetail::mFrmGj_ReturnData(const QString &psID, bool pbNew)
         return true;
     };
     trapped(u"-->mFrmGj_ReturnData::", [&] { return drawnLater(m_followUps, show); });
+    countLater();
 }
 
 } // namespace ebtq

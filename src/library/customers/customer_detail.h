@@ -38,6 +38,7 @@ Q_SIGNALS:
 
 protected:
     bool load(int tab, const QString &id) override;
+    SqlText countStatement(const QString &id) const override;
 
 private:
     bool LoadDataFy(const QString &id);

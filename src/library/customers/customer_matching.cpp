@@ -40,4 +40,11 @@ SqlText matchingListingsStatement(const DetailRecord &customer)
     return sql;
 }
 
+SqlText customerCountStatement(const QString &customer)
+{
+    return SqlText(u"select "_s) + matchCount(u"fyxx", bounds) +
+           QStringView(u",(select count(*) from fygj where 房源ID=A.客源ID) from fykh A where 客源ID=") +
+           quoted(customer);
+}
+
 } // namespace ebtq

@@ -15,4 +15,7 @@ namespace ebtq {
 /// The statement that looks for them. A floor is a text and counts by its leading number.
 [[nodiscard]] SqlText matchingListingsStatement(const DetailRecord &customer);
 
+/// The number of matching listings and of follow-ups of a request, in one row.
+[[nodiscard]] SqlText customerCountStatement(const QString &customer);
+
 } // namespace ebtq

@@ -21,6 +21,8 @@ constexpr DetailTab tabs[] = {{u"详细信息", u"key1"},
                               {u"匹配客源", u"key4"},
                               {u"照片", u"key3"}};
 
+constexpr int countedTabs[] = {CustomersTab, FollowUpsTab};
+
 constexpr int hiddenCustomerColumns[] = {0};
 constexpr ListGrid customerGrid{
     .format =
@@ -37,7 +39,8 @@ DetailTables tables()
             .fields = detailFields(),
             .boxName = u"Txt",
             .boxes = detailBoxes(),
-            .keyColumn = ListingKey};
+            .keyColumn = ListingKey,
+            .countedTabs = countedTabs};
 }
 
 SqlText recordStatement(const QString &id)
@@ -101,6 +104,11 @@ bool ListingDetail::load(int tab, const QString &id)
     }
 }
 
+SqlText ListingDetail::countStatement(const QString &id) const
+{
+    return listingCountStatement(id);
+}
+
 bool ListingDetail::LoadData(const QString &id)
 {
     return trapped(u"-->LoadData::", [&] { return loadFields(recordStatement(id)); });
@@ -144,6 +152,7 @@ void ListingDetail::mFrmGj_ReturnData(const QString &psID, bool pbNew)
         return true;
     };
     trapped(u"-->mFrmGj_ReturnData::", [&] { return drawnLater(m_followUps, show); });
+    countLater();
 }
 
 } // namespace ebtq

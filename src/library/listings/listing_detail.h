@@ -34,6 +34,7 @@ public:
 
 protected:
     bool load(int tab, const QString &id) override;
+    SqlText countStatement(const QString &id) const override;
 
 private:
     bool LoadData(const QString &id);

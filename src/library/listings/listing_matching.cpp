@@ -46,4 +46,11 @@ SqlText matchingCustomersStatement(const DetailRecord &listing)
     return sql;
 }
 
+SqlText listingCountStatement(const QString &listing)
+{
+    return SqlText(u"select "_s) + matchCount(u"fykh", bounds) +
+           QStringView(u",(select count(*) from fygj where 房源ID=A.房源ID) from fyxx A where 房源ID=") +
+           quoted(listing);
+}
+
 } // namespace ebtq

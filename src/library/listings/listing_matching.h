@@ -17,4 +17,7 @@ namespace ebtq {
 /// everybody.
 [[nodiscard]] SqlText matchingCustomersStatement(const DetailRecord &measures);
 
+/// The number of matching customers and of follow-ups of a listing, in one row.
+[[nodiscard]] SqlText listingCountStatement(const QString &listing);
+
 } // namespace ebtq

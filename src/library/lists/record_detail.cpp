@@ -5,9 +5,18 @@
 #include "library/controls/drawn_later.h"
 #include "library/frame/statements.h"
 
+#include <QElapsedTimer>
+
 using namespace Qt::StringLiterals;
 
 namespace ebtq {
+
+namespace {
+
+constexpr int untilIdle = 500;       // milliseconds
+constexpr int longestCounting = 200; // the same
+
+} // namespace
 
 QString DetailRecord::text(QStringView column) const
 {
@@ -34,6 +43,9 @@ RecordDetail::RecordDetail(Module &module, const VSFlexGrid &list, const DetailT
     , m_tabs(controls().add<qzVSTabCtl>(u"qzVSTabCtl1"_s))
 {
     makeControls();
+    m_idle.setSingleShot(true);
+    m_idle.setInterval(untilIdle);
+    connect(&m_idle, &QTimer::timeout, this, &RecordDetail::count);
     connect(&m_tabs, &qzVSTabCtl::TabLeft, this, [this](int tab) { setPanelVisible(tab, false); });
     connect(&m_tabs, &qzVSTabCtl::TabEntered, this, [this](int tab) {
         setPanelVisible(tab, true);
@@ -106,6 +118,47 @@ void RecordDetail::ShowDetail(const QString &id)
     const int tab = m_tabs.ActiveTab();
     const bool done = load(tab, id);
     Q_EMIT TabShown(tab, done && id == currentRecord());
+    countLater();
+}
+
+// Counts
+
+/// Those of the record before are wrong at once.
+void RecordDetail::countLater()
+{
+    for (const int tab : m_tables.countedTabs)
+        showCount(tab, 0);
+    if (!m_tables.countedTabs.empty() && !m_isCountingSlow)
+        m_idle.start();
+}
+
+void RecordDetail::showCount(int tab, int count)
+{
+    const QString caption = m_tables.tabs[static_cast<size_t>(tab) - 1].caption.toString();
+    m_tabs.setTabCaption(tab, count > 0 ? u"%1 (%2)"_s.arg(caption).arg(count) : caption);
+}
+
+/// An offer, never in the way: what fails is told by the tab itself when it is entered, and where counting
+/// takes long it is given up. Without a Release, since it may come while something else is under way.
+void RecordDetail::count()
+{
+    const QString id = isInited() ? currentRecord() : QString();
+    if (id.isEmpty())
+        return;
+    QElapsedTimer elapsed;
+    elapsed.start();
+    try {
+        const auto rows = openRows(app().Db(), countStatement(id));
+        if (isEmpty(*rows))
+            return;
+        const RowBlock counts = rows->GetRows();
+        for (size_t at = 0; at < m_tables.countedTabs.size(); ++at)
+            showCount(m_tables.countedTabs[at],
+                      WholePart(leadingNumber(counts.cell(0, static_cast<int>(at)))));
+    } catch (const std::exception &) {
+        return;
+    }
+    m_isCountingSlow = elapsed.elapsed() > longestCounting;
 }
 
 void RecordDetail::showCurrent()

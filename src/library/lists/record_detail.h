@@ -9,6 +9,8 @@
 #include "library/frame/module_part.h"
 #include "library/layout/kept_layout.h"
 
+#include <QTimer>
+
 #include <optional>
 #include <span>
 #include <vector>
@@ -71,7 +73,8 @@ struct DetailTables
     std::span<const DetailField> fields;
     QStringView boxName;
     std::span<const DetailBox> boxes;
-    int keyColumn; ///< of the list, with the key of the record
+    int keyColumn;                         ///< of the list, with the key of the record
+    std::span<const int> countedTabs = {}; ///< whose captions say how much is on them
 };
 
 /// The tabs below a list, which show its current record. Only the active tab is loaded, when the list's
@@ -110,6 +113,10 @@ protected:
     /// A grid of this detail, which an empty list empties; to be called by the constructor.
     [[nodiscard]] VSFlexGrid &addGrid(const QString &name);
 
+    /// Counts what is on the tabs when the person is idle.
+    void countLater();
+    /// What counts for a record: one row with the numbers for the counted tabs.
+    [[nodiscard]] virtual SqlText countStatement(const QString &) const { return {}; }
     /// Loads a tab; false when it does not show what the database holds.
     virtual bool load(int tab, const QString &id) = 0;
     /// Fills the fields and boxes from the only row of a statement; false without a row.
@@ -124,6 +131,8 @@ private:
     void setPanelVisible(int tab, bool visible);
     void empty();
     void fill(const DetailRecord &record);
+    void count();
+    void showCount(int tab, int count);
 
     const VSFlexGrid &m_list;
     const DetailTables m_tables;
@@ -131,6 +140,8 @@ private:
     std::vector<VSFlexGrid *> m_grids;
     std::vector<qzTxt_S *> m_fields; ///< in the order of their table
     std::vector<TextBox *> m_boxes;
+    QTimer m_idle; ///< from the last change of the record to its counts
+    bool m_isCountingSlow = false;
 };
 
 } // namespace ebtq

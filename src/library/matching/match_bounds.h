@@ -17,4 +17,7 @@ struct MatchBound
 /// Adds a condition for each number that the record has: 0 and less limit nothing.
 void addBounds(SqlText &sql, const DetailRecord &record, std::span<const MatchBound> bounds);
 
+/// The number of `table`'s rows that match the row A of the statement around it, as a sub-select.
+[[nodiscard]] SqlText matchCount(QStringView table, std::span<const MatchBound> bounds);
+
 } // namespace ebtq

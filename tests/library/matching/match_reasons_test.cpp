@@ -1,8 +1,10 @@
 #include "library/matching/match_reasons.h"
 
 #include "host/module_ids.h"
+#include "library/customers/customer_matching.h"
 #include "library/customers/khxx.h"
 #include "library/listings/fcxx.h"
+#include "library/listings/listing_matching.h"
 #include "library/support/agency_test.h"
 #include "library/support/grids.h"
 
@@ -69,6 +71,28 @@ TEST_F(MatchReasonsTest, OfACustomer)
     EXPECT_EQ(asked(), QStringList({u"提示:|这条记录已被他人删除，请刷新列表！"_qs,
                                     u"提示:|请先在列表中选择一条记录！"_qs}));
     EXPECT_EQ(events, QStringList());
+}
+
+TEST_F(MatchReasonsTest, TheCountsOfTheTabsAreWhatTheTabsList)
+{
+    insert(u"fykh (客源ID,客源编号,楼层1,楼层2,面积1,面积2,求购价格1,求购价格2)"_qs,
+           {u"'C4','KY4',5,10,80,100,150,300", u"'C5','KY5',0,0,0,0,0,0", u"'C6','KY6',0,20,0,200,0,400"});
+    insert({u"fygj (跟进ID,房源ID) values ('G1','C4')"});
+    const auto rowCount = [&](const SqlText &sql) { return connection->query(sql).rowCount(); };
+    const auto counted = [&](const SqlText &sql) { return connection->query(sql).value(0, 0).toLongLong(); };
+    QString counts;
+    for (const QString &id : u"L1 L2 L3 L4"_qs.split(u' ')) {
+        const DetailRecord measures(connection->query(measuresStatement(id)));
+        EXPECT_EQ(counted(listingCountStatement(id)), rowCount(matchingCustomersStatement(measures)));
+        counts += QString::number(counted(listingCountStatement(id)));
+    }
+    for (const QString &id : u"C1 C2 C3 C4 C5 C6"_qs.split(u' ')) {
+        const DetailRecord request(connection->query(requestStatement(id)));
+        EXPECT_EQ(counted(customerCountStatement(id)), rowCount(matchingListingsStatement(request)));
+        counts += QString::number(counted(customerCountStatement(id)));
+    }
+    EXPECT_EQ(counts, u"2112104143");
+    EXPECT_EQ(connection->query(customerCountStatement(u"C4"_qs)).value(0, 1).toInt(), 1);
 }
 
 TEST_F(MatchReasonsTest, OfAListing)

@@ -1,5 +1,6 @@
 #include "screens/listings/listing_detail_view.h"
 
+#include "library/listings/fcxx_tables.h"
 #include "library/listings/listing_detail_fields.h"
 #include "screens/listings/fcxx_screen_fixture.h"
 #include "screens/look/look.h"
@@ -82,6 +83,19 @@ TEST_F(ListingDetailViewTest, AFieldThatIsTooShortShowsItsTextUnderTheMouse)
         EXPECT_EQ(field.cursorPosition(), 0) << "its beginning is seen";
     }
     QToolTip::hideText();
+}
+
+TEST_F(ListingDetailViewTest, TheTabsSayHowMuchIsOnThem)
+{
+    const auto &tabs = child<QTabBar>(u"qzVSTabCtl1"_qs);
+    const auto shownCount = [&] { return tabs.tabText(FollowUpsTab - 1); };
+    connection->execute(u"delete from fygj"_qs);
+    connection->execute(
+        u"insert into fygj(跟进ID,房源ID) values('G','%1')"_qs.arg(module.VS().TextMatrix(2, ListingKey)));
+    module.VS().setRow(2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shownCount() == u"跟进记录 (1)"; }));
+    module.VS().setRow(3);
+    EXPECT_EQ(shownCount(), u"跟进记录"_qs) << "that of the row before";
 }
 
 TEST_F(ListingDetailViewTest, KeysGoToTheTabs)
