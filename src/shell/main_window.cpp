@@ -8,11 +8,11 @@
 #include "shell/notice_bar.h"
 #include "shell/panels/popup.h"
 #include "shell/reminders/reminder_watch.h"
+#include "shell/status_line.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPointer>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -31,16 +31,6 @@ constexpr int untilReturned = 20;        // milliseconds
 constexpr int betweenDateLooks = 60'000; // the same
 /// Narrower than this, the navigation would take room that a list needs.
 constexpr int collapseBelow = 1180;
-/// Of the database's location, in pixels; its tool tip has the whole text.
-constexpr int widestPlace = 480;
-
-QLabel *plainLabel(const QString &text, const QString &objectName)
-{
-    auto *label = new QLabel(text);
-    label->setObjectName(objectName);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
 
 QWidget *barOfKind(const QString &kind)
 {
@@ -80,7 +70,7 @@ MainWindow::MainWindow(ComponentLibrary &library, HostApp &app, const SessionFac
     , m_notices(new NoticeBar)
     , m_messages(new MessageBar)
     , m_pages(new QStackedWidget)
-    , m_status(plainLabel({}, QStringLiteral("StatusMessage")))
+    , m_status(new StatusLine(facts.database, app.Db().ReadOnly()))
     , m_session(new QToolButton)
     , m_businessDate(facts.date)
 {
@@ -123,7 +113,7 @@ void MainWindow::setUpLayout(const SessionFacts &facts)
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
     whole->addLayout(sides, 1);
-    whole->addWidget(statusLine(facts));
+    whole->addWidget(m_status);
 }
 
 QWidget *MainWindow::topBar(const SessionFacts &facts)
@@ -150,21 +140,6 @@ QWidget *MainWindow::topBar(const SessionFacts &facts)
     row->addStretch();
     row->addWidget(m_session);
     row->addWidget(scheme);
-    return bar;
-}
-
-QWidget *MainWindow::statusLine(const SessionFacts &facts)
-{
-    QWidget *bar = barOfKind(QStringLiteral("status"));
-    auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(10, 3, 10, 3);
-    m_status->setSizePolicy(QSizePolicy::Ignored,
-                            QSizePolicy::Preferred); // a long text must not widen the window
-    QLabel *place = plainLabel({}, QStringLiteral("DatabasePlace"));
-    place->setText(place->fontMetrics().elidedText(facts.database, Qt::ElideMiddle, widestPlace));
-    place->setToolTip(facts.database);
-    row->addWidget(m_status, 1);
-    row->addWidget(place);
     return bar;
 }
 
@@ -368,7 +343,10 @@ void MainWindow::signInAnew()
 void MainWindow::showStatus()
 {
     const ModulePage *current = currentPage();
-    m_status->setText(current ? current->status() : QString());
+    if (!current)
+        return m_status->setTexts({}, {}, {});
+    const bool isUnsaved = current->isEditing();
+    m_status->setTexts(current->status(), current->count(), isUnsaved ? QStringLiteral("未保存") : QString());
 }
 
 /// A tab bar does not ask before it changes: what may not be left yet comes back until that is settled.

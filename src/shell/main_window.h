@@ -10,7 +10,6 @@
 
 #include <functional>
 
-class QLabel;
 class QMenu;
 class QStackedWidget;
 class QSystemTrayIcon;
@@ -24,6 +23,7 @@ class ModulePage;
 class Navigation;
 class NoticeBar;
 class ReminderWatch;
+class StatusLine;
 
 /// What the window shows about the session.
 struct SessionFacts
@@ -68,7 +68,6 @@ protected:
 private:
     void setUpLayout(const SessionFacts &facts);
     [[nodiscard]] QWidget *topBar(const SessionFacts &facts);
-    [[nodiscard]] QWidget *statusLine(const SessionFacts &facts);
     void setUpShortcuts();
     void bindPage(ModulePage &page);
     void addTab(ModulePage &page, const QString &caption);
@@ -105,7 +104,7 @@ private:
     MessageBar *m_messages;
     QStackedWidget *m_pages; ///< a page has the position of its tab
     QPointer<ModulePage> m_shown;
-    QLabel *m_status;
+    StatusLine *m_status;
     QToolButton *m_session;
     QSystemTrayIcon *m_tray = nullptr; ///< where there is a tray, from the first notice on
     QDate m_businessDate;

@@ -41,6 +41,8 @@ public:
     virtual bool showRecord(const QString &) { return false; }
     /// For the status line, as long as the module says nothing.
     [[nodiscard]] virtual QString status() const { return {}; }
+    /// How many records are shown; empty where that is not known.
+    [[nodiscard]] virtual QString count() const { return {}; }
     /// A record is being written, and mayLeave() may ask.
     [[nodiscard]] virtual bool isEditing() const { return false; }
     /// Whether the person may turn to something else: what was typed is saved or given up, as he answers.

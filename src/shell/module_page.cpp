@@ -105,6 +105,11 @@ QString ModulePage::status() const
     return m_status.isEmpty() && m_driver ? m_driver->status() : m_status;
 }
 
+QString ModulePage::count() const
+{
+    return m_driver ? m_driver->count() : QString();
+}
+
 void ModulePage::setStatus(const QString &text)
 {
     m_status = text;

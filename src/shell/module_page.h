@@ -31,8 +31,10 @@ public:
     /// nothing to be shown or the module could not be initialised; one whose first load failed is shown with
     /// what it has.
     bool open();
-    /// The module's last message; of a list that says nothing after a load, how many rows it shows.
+    /// The module's last message.
     [[nodiscard]] QString status() const;
+    /// How many records it shows.
+    [[nodiscard]] QString count() const;
     /// Loads the module again.
     void refresh();
     /// Makes the record with this key current; false when the list has none.
@@ -45,7 +47,7 @@ public:
     void shut();
 
 Q_SIGNALS:
-    /// status() has changed.
+    /// status(), count() or isEditing() has changed.
     void message();
     void errMessage(const QString &text, int level, const QString &title);
     /// The module asks to be closed; sent after its operation has returned.

@@ -89,10 +89,9 @@ std::unique_ptr<db::Connection> openDatabase(const QString &named)
 QString databasePlace(const db::Connection &connection)
 {
     const QString location = connection.location();
-    const QString kind = isUrl(location)           ? QStringLiteral("数据库")
-                         : connection.isReadOnly() ? QStringLiteral("本地数据库（只读，不能保存）")
-                                                   : QStringLiteral("本地数据库");
-    return QStringLiteral("%1 · %2").arg(kind, location);
+    const QString kind = isUrl(location) ? QStringLiteral("服务器") : QStringLiteral("本地数据库");
+    const QString closed = connection.isReadOnly() ? QStringLiteral("（只读，不能保存）") : QString();
+    return QStringLiteral("%1%2 · %3").arg(kind, closed, location);
 }
 
 bool hasPassword()

@@ -199,7 +199,7 @@ TEST_F(FollowUpsTest, FindBarGoesThroughTheListAndFiltersIt)
     open(host::FollowUpModule);
     auto &from = see<QLineEdit>(u"qzTxt_0"_qs);
     from.setFocus();
-    from.insert(u"昨天"_qs);
+    from.insert(u"上周"_qs);
     click(u"Command_refresh"_qs);
     EXPECT_EQ(list().model()->rowCount(), 4) << "the field refuses, not the database";
     from.selectAll();
@@ -215,8 +215,10 @@ TEST_F(FollowUpsTest, FindBarGoesThroughTheListAndFiltersIt)
     EXPECT_EQ(status(), u"“看房”：第1条，共2条（已到尽头，从另一端继续）");
     press(Qt::Key_F3, Qt::ShiftModifier);
     EXPECT_EQ(row(), 2);
+    EXPECT_EQ(see<QLabel>(u"StatusCount"_qs).text(), u"共 4 条");
     click(u"FindFilters"_qs);
     EXPECT_EQ(list().model()->rowCount(), 2);
+    EXPECT_EQ(see<QLabel>(u"StatusCount"_qs).text(), u"2 / 4 条");
     press(Qt::Key_F5);
     QApplication::processEvents();
     EXPECT_EQ(list().model()->rowCount(), 2) << "also after loading";

@@ -139,6 +139,7 @@ TEST_F(FormPageTest, EachCommandIsThereInItsStateAndCallsTheModule)
         act();
         EXPECT_EQ(done(), QString::fromUtf8(called));
         EXPECT_EQ(this->state(), QString::fromUtf8(state));
+        EXPECT_EQ(window.findChild<QLabel *>(u"StatusUnsaved"_qs)->isVisible(), isEditing);
         EXPECT_EQ(usable().join(u','),
                   isEditing ? u"save,cancel,close"_qs : u"new,edit,delete,"_qs + browsing);
     }

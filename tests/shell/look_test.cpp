@@ -137,6 +137,7 @@ TEST(Look, MessagesAreShownWithoutTheProgramsOwnNames)
          {},
          u"初始化过程发生错误，原因:停"_qs},
         {u"DoSave:编号已用"_qs, u"提示:"_qs, u"提示：编号已用"_qs},
+        {u"Py_Init:第 23 个字符处：停"_qs, {}, u"停"_qs},
         {u"IsCanDelete::被引用"_qs, {}, u"被引用"_qs},
         {u"删除数据时出错：第 3 个字符处：停"_qs, {}, u"删除数据时出错：停"_qs},
         {u"他说在第 3 个字符处：停"_qs, {}, u"他说在第 3 个字符处：停"_qs},

@@ -38,6 +38,8 @@ class VSFlexGrid : public Control
     Q_PROPERTY(int FrozenCols READ FrozenCols WRITE setFrozenCols)
     Q_PROPERTY(int GridColor READ GridColor WRITE setGridColor)
     Q_PROPERTY(bool WordWrap READ WordWrap WRITE setWordWrap)
+    Q_PROPERTY(int Records READ recordCount)
+    Q_PROPERTY(int RecordsInSight READ recordCountInSight)
     Q_PROPERTY(int Version READ Version CONSTANT)
 
 public:
@@ -128,6 +130,10 @@ public:
     /// Where the next sums go, below their group or above it.
     [[nodiscard]] SubtotalPosition subtotalPosition() const { return m_subtotalPosition; }
     void setSubtotalPosition(SubtotalPosition position) { m_subtotalPosition = position; }
+
+    /// Data rows, without those of sums.
+    [[nodiscard]] int recordCount() const { return m_rows.recordCount(); }
+    [[nodiscard]] int recordCountInSight() const { return m_rows.recordCountInSight(); }
 
     // Columns
     /// Hidden by the screen itself; users cannot show it.

@@ -200,4 +200,13 @@ size_t GridRows::byteSize() const
     return size;
 }
 
+int GridRows::subtotalCount(bool inSight) const
+{
+    if (m_levelOfAdded.empty())
+        return 0;
+    return static_cast<int>(std::ranges::count_if(m_order, [&](Entry each) {
+        return subtotalLevel(each) >= 0 && !(inSight && (each & hiddenMark) != 0);
+    }));
+}
+
 } // namespace ebtq

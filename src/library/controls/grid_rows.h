@@ -45,6 +45,10 @@ public:
     /// How many rows before that position are visible.
     [[nodiscard]] int sightBefore(int position) const;
 
+    /// Without subtotals.
+    [[nodiscard]] int recordCount() const { return count() - subtotalCount(false); }
+    [[nodiscard]] int recordCountInSight() const { return countInSight() - subtotalCount(true); }
+
     // Subtotals: added rows of a level, which number their maker gives.
     [[nodiscard]] const std::vector<Entry> &entries() const { return m_order; }
     [[nodiscard]] std::string_view cellOf(Entry entry, int col) const;
@@ -82,6 +86,7 @@ private:
 
     [[nodiscard]] Entry entry(int position) const { return m_order[static_cast<size_t>(position)]; }
     [[nodiscard]] const EditedCell *editedCell(Identity row, int col) const;
+    [[nodiscard]] int subtotalCount(bool inSight) const;
     [[nodiscard]] Entry newEntry(int subtotalLevel = -1);
     [[nodiscard]] const std::vector<quint32> &inSight() const;
 

@@ -29,7 +29,7 @@ bool isModuleName(const QString &title)
 QString plainMessage(const QString &text)
 {
     // An operation's name without an arrow is known by a capital inside it: "ERROR:" and "C:" stay.
-    static const QRegularExpression operation(uR"(^\s*(\w*-->\w+|[A-Za-z_]*[a-z][A-Z][A-Za-z_]*)::?\s*)"_s,
+    static const QRegularExpression operation(uR"(^\s*(\w*-->\w+|[A-Za-z_]*[a-z]_?[A-Z][A-Za-z_]*)::?\s*)"_s,
                                               QRegularExpression::UseUnicodePropertiesOption);
     static const QRegularExpression position(uR"((^|[:：]\s*)第 \d+ 个字符处：)"_s);
     QString plain = text;

@@ -54,6 +54,7 @@ QFrame[kind="separator"] { background: @line; border: none; max-width: 1px; min-
 QLabel { background: transparent; color: @ink; }
 QLabel:disabled { color: @muted; }
 QLabel[kind="caption"], QLabel[kind="hint"] { color: @muted; }
+QLabel[ink="warning"] { color: @danger; }
 QLabel[kind="title"] { color: @brand; font-weight: bold; }
 QLabel[kind="heading"] { color: @ink; font-size: 20px; font-weight: bold; }
 QLabel[kind="error"] { color: @failureInk; background: @failure; border: 1px solid @danger; border-radius: 4px;

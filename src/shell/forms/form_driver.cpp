@@ -221,6 +221,7 @@ void FormDriver::follow()
     if (m_driven.module.property(dragProperty).isValid())
         m_driven.module.setProperty(dragProperty, m_rights.contains(RightEdit));
     showState();
+    Q_EMIT statusChanged(false);
 }
 
 void FormDriver::readRights()

@@ -59,17 +59,23 @@ void ListDriver::followRows()
     if (!view)
         return;
     m_rows = view->model();
-    const auto tell = [this] { Q_EMIT statusChanged(false); };
+    // A number of records that the module has told of is no longer true.
+    const auto tell = [this] { Q_EMIT statusChanged(true); };
     for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(m_rows, change, this, tell);
-    connect(m_rows, &QAbstractItemModel::modelReset, this, tell);
+    connect(m_rows, &QAbstractItemModel::modelReset, this, [this] { Q_EMIT statusChanged(false); });
 }
 
 /// None is no number to tell: the load may have failed.
-QString ListDriver::status() const
+QString ListDriver::count() const
 {
-    const int count = m_rows ? m_rows->rowCount() : 0;
-    return count > 0 ? QStringLiteral("共 %1 条").arg(count) : QString();
+    const QObject *grid = m_rows ? m_report.IReportUI_oTable() : nullptr;
+    const int all = grid ? grid->property("Records").toInt() : 0;
+    const int shown = grid ? grid->property("RecordsInSight").toInt() : 0;
+    if (all == 0)
+        return {};
+    return all == shown ? QStringLiteral("共 %1 条").arg(all)
+                        : QStringLiteral("%1 / %2 条").arg(shown).arg(all);
 }
 
 /// "nomenu" says that the module has commands of its own.

@@ -23,7 +23,7 @@ public:
     void refresh() override;
     bool showRecord(const QString &key) override;
     /// How many rows the list shows.
-    [[nodiscard]] QString status() const override;
+    [[nodiscard]] QString count() const override;
 
 protected:
     bool init() override;

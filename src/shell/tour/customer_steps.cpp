@@ -35,7 +35,7 @@ void seeList(Tour &tour)
 {
     const qsizetype all = stored(tour, {});
     Tour::expect(rowsShown(tour, QStringLiteral("VS")) == all, QStringLiteral("应列出全部客源"));
-    Tour::expect(tour.person().see<QLabel>(QStringLiteral("StatusMessage")).text() ==
+    Tour::expect(tour.person().see<QLabel>(QStringLiteral("StatusCount")).text() ==
                      QStringLiteral("共 %1 条").arg(all),
                  QStringLiteral("状态应为行数"));
 }

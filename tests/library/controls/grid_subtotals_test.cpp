@@ -128,6 +128,18 @@ QStringList naive(const QList<QStringList> &rows)
     return result;
 }
 
+TEST_F(SubtotalTest, SumsAreNoRecords)
+{
+    load({{u"天河"_qs, {}, {}, {}}, {u"天河"_qs, {}, {}, {}}, {u"海珠"_qs, {}, {}, {}}});
+    const Subtotal wanted[] = {{.groupColumn = District, .totalColumn = Area, .caption = u"%s小计"_qs}};
+    grid.addSubtotals(wanted);
+    grid.insertRow(1);
+    grid.setRowHidden(2, true);
+    EXPECT_EQ(grid.Rows() - grid.FixedRows(), 6);
+    EXPECT_EQ(grid.recordCount(), 4);
+    EXPECT_EQ(grid.recordCountInSight(), 3);
+}
+
 TEST_F(SubtotalTest, RandomRowsAddUpAsAWalkByHandDoes)
 {
     for (unsigned seed = 1; seed <= 60; ++seed) {
