@@ -5,6 +5,7 @@
 #include "library/controls/drawn_later.h"
 #include "library/frame/statements.h"
 
+#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
@@ -123,12 +124,12 @@ void RecordDetail::ShowDetail(const QString &id)
 
 // Counts
 
-/// Those of the record before are wrong at once.
+/// Those of the record before are wrong at once. Without an event loop nobody is ever idle.
 void RecordDetail::countLater()
 {
     for (const int tab : m_tables.countedTabs)
         showCount(tab, 0);
-    if (!m_tables.countedTabs.empty() && !m_isCountingSlow)
+    if (!m_tables.countedTabs.empty() && !m_isCountingSlow && QAbstractEventDispatcher::instance())
         m_idle.start();
 }
 
