@@ -61,6 +61,48 @@ TEST(Look, TextIsReadableOnItsGroundInBothSchemes)
     EXPECT_FALSE(styleSheet(tokens(Scheme::Light)).contains(u'@')) << "an unknown colour";
 }
 
+/// The value of a property in a rule of the style sheet, if it is a plain colour.
+QColor colourIn(const QString &rule, const QString &property)
+{
+    const QRegularExpression value(u"(?:^|[;\\s])%1:[^;]*(#[0-9a-f]{6})"_qs.arg(property));
+    return QColor(value.match(rule).captured(1));
+}
+
+TEST(Look, EachRuleOfTheStyleSheetCanBeReadAndItsFramesBeSeen)
+{
+    static const QRegularExpression rules(u"([^{}]+)\\{([^{}]*)\\}"_qs);
+    static const QRegularExpression framed(
+        u"^\\s*Q(PushButton|LineEdit|ComboBox|Menu|ToolTip)\\b[^:\\[]*$"_qs);
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+        int texts = 0;
+        auto found = rules.globalMatch(styleSheet(tokens(scheme)));
+        while (found.hasNext()) {
+            const auto match = found.next();
+            const QString rule = match.captured(1).simplified();
+            const QColor ground = colourIn(match.captured(2), u"background"_qs);
+            const QColor ink = colourIn(match.captured(2), u"color"_qs);
+            if (ground.isValid() && ink.isValid() && !rule.contains(u":disabled")) {
+                ++texts;
+                const double least = rule.contains(u"curtain") ? 3 : 4.5; // large letters
+                EXPECT_GE(contrast(ink, ground), least) << rule.toStdString();
+            }
+            if (scheme == Scheme::Dark && framed.match(rule).hasMatch() && ground.isValid()) {
+                EXPECT_GE(contrast(colourIn(match.captured(2), u"border"_qs), ground), 3)
+                    << rule.toStdString();
+            }
+        }
+        EXPECT_GT(texts, 15);
+        EXPECT_GE(contrast(tokens(scheme).brand, tokens(scheme).card), 3)
+            << "the frame of what has the keyboard";
+    }
+    const Tokens &dark = tokens(Scheme::Dark);
+    for (const Colour ground : {&Tokens::card, &Tokens::window, &Tokens::zebra})
+        EXPECT_GE(contrast(dark.border, dark.*ground), 3);
+    EXPECT_GE(contrast(dark.zebra, dark.card), 1.1) << "rows";
+    for (const Colour row : {&Tokens::card, &Tokens::zebra})
+        EXPECT_GE(contrast(dark.currentRow, dark.*row), 1.3) << "the current row";
+}
+
 /// The colours of an icon's solid pixels.
 QSet<QRgb> solidColours(const QIcon &icon, int size, qreal scale = 1, QIcon::Mode mode = QIcon::Normal)
 {

@@ -18,6 +18,7 @@ struct Tokens
     QColor ink;
     QColor muted;
     QColor line;
+    QColor border; ///< of what can be filled in or pressed
     QColor window;
     QColor card;
     QColor brand;

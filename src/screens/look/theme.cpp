@@ -19,6 +19,7 @@ constexpr NamedColour namedColours[] = {
     {u"ink", &Tokens::ink},
     {u"muted", &Tokens::muted},
     {u"line", &Tokens::line},
+    {u"border", &Tokens::border},
     {u"window", &Tokens::window},
     {u"card", &Tokens::card},
     {u"brand", &Tokens::brand},
@@ -59,10 +60,10 @@ QLabel[kind="title"] { color: @brand; font-weight: bold; }
 QLabel[kind="heading"] { color: @ink; font-size: 20px; font-weight: bold; }
 QLabel[kind="error"] { color: @failureInk; background: @failure; border: 1px solid @danger; border-radius: 4px;
     padding: 6px 10px; }
-QLabel[kind="state"] { background: @window; color: @muted; border-radius: 4px; padding: 3px 10px; }
+QLabel[kind="state"] { background: @window; color: @ink; border-radius: 4px; padding: 3px 10px; }
 QLabel[kind="state"][active="true"] { background: @brandSoft; color: @brand; font-weight: bold; }
 
-QPushButton { background: @card; color: @ink; border: 1px solid @line; border-radius: 4px; padding: 5px 16px;
+QPushButton { background: @card; color: @ink; border: 1px solid @border; border-radius: 4px; padding: 5px 16px;
     min-height: 20px; }
 QPushButton:hover { background: @brandSoft; }
 QPushButton:pressed { background: @line; }
@@ -93,7 +94,7 @@ QToolButton#Session::menu-indicator { image: url(:/ebtq/images/chevron-down.svg)
     subcontrol-origin: padding; subcontrol-position: center right; right: 4px; }
 QToolButton[kind="close"] { padding: 0; margin-left: 4px; border-radius: 3px; min-width: 16px; min-height: 16px; }
 
-QLineEdit, QPlainTextEdit, QTextEdit, QComboBox { background: @card; color: @ink; border: 1px solid @line;
+QLineEdit, QPlainTextEdit, QTextEdit, QComboBox { background: @card; color: @ink; border: 1px solid @border;
     border-radius: 4px; selection-background-color: @brand; selection-color: @onBrand; }
 QLineEdit, QComboBox { padding: 2px 8px; min-height: 21px; }
 QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QComboBox:focus { border-color: @brand; }
@@ -108,7 +109,7 @@ QComboBox QLineEdit { border: none; background: transparent; padding: 0; min-hei
 QComboBox::drop-down { border: none; width: 22px; subcontrol-origin: padding;
     subcontrol-position: center right; }
 QComboBox::down-arrow { image: url(:/ebtq/images/chevron-down.svg); width: 16px; height: 16px; }
-QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @line; outline: none;
+QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @border; outline: none;
     selection-background-color: @brandSoft; selection-color: @ink; }
 
 QCheckBox, QRadioButton { background: transparent; color: @ink; spacing: 6px; border: 1px solid transparent;
@@ -132,6 +133,8 @@ QGroupBox::title { subcontrol-origin: margin; left: 10px; top: 2px; color: @bran
 QTableView, QTreeView, QListView { background: @card; color: @ink; alternate-background-color: @zebra;
     border: none; outline: none; gridline-color: @line; selection-background-color: @currentRow;
     selection-color: @ink; }
+ebtq--FlexGridView { border-bottom: 2px solid @card; }
+ebtq--FlexGridView:focus { border-bottom-color: @brand; }
 QTreeView::item { padding: 3px 4px; }
 QTreeView::item:disabled { color: @muted; }
 QAbstractScrollArea::corner { background: @card; border: none; }
@@ -150,12 +153,12 @@ QTabWidget::pane { border: none; border-top: 1px solid @line; background: @card;
 
 QMenuBar { background: @card; color: @ink; }
 QMenuBar::item:selected { background: @brandSoft; }
-QMenu { background: @card; color: @ink; border: 1px solid @line; padding: 4px; }
+QMenu { background: @card; color: @ink; border: 1px solid @border; padding: 4px; }
 QMenu::item { padding: 5px 24px 5px 12px; border-radius: 3px; }
 QMenu::item:selected { background: @brandSoft; }
 QMenu::item:disabled { color: @muted; }
 QMenu::separator { height: 1px; background: @line; margin: 4px 6px; }
-QToolTip { background: @card; color: @ink; border: 1px solid @line; padding: 3px 6px; }
+QToolTip { background: @card; color: @ink; border: 1px solid @border; padding: 3px 6px; }
 
 QScrollBar:vertical { background: transparent; width: 12px; margin: 0; }
 QScrollBar:horizontal { background: transparent; height: 12px; margin: 0; }
