@@ -57,7 +57,7 @@ QString sessionText(const SessionFacts &facts)
     const QString who = facts.department.isEmpty()
                             ? facts.userName
                             : facts.department + QStringLiteral(" · ") + facts.userName;
-    return QStringLiteral("%1    业务日期 %2").arg(who, facts.date.toString(Qt::ISODate));
+    return QStringLiteral("%1 · 业务日期 %2").arg(who, facts.date.toString(Qt::ISODate));
 }
 
 } // namespace

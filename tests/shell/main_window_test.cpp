@@ -314,7 +314,7 @@ TEST_F(MainWindowTest, ShowsSessionAndModulesAndChangesItsLook)
 {
     EXPECT_THAT(child<Navigation>("Navigation")->modules(),
                 ElementsAre(ListingModule, CustomerModule, BuildingModule));
-    EXPECT_EQ(child<QToolButton>("Session")->text(), u"营业一部 · 张敏    业务日期 2026-11-22");
+    EXPECT_EQ(child<QToolButton>("Session")->text(), u"营业一部 · 张敏 · 业务日期 2026-11-22");
     EXPECT_EQ(child<QLabel>("DatabasePlace")->text(), u"本地数据库 · a.db");
     EXPECT_FALSE(child<Navigation>("Navigation")->isCollapsed());
     EXPECT_LT(child<Navigation>("Navigation")->minimumWidth(), child<Navigation>("Navigation")->width())

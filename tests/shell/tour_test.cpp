@@ -3,11 +3,13 @@
 #include "contracts/host_contracts.h"
 #include "host/application.h"
 #include "shell/panels/widget_panel_presenter.h"
+#include "shell/tour/caption_walk.h"
 #include "shell/tour/tour_database.h"
 #include "support/messages.h"
 
 #include <QDialog>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -34,6 +36,26 @@ protected:
     QLineEdit field{&window};
     QPushButton button{&window};
 };
+
+TEST_F(PersonTest, WordsThatAreWrongAreFoundOnTheScreen)
+{
+    QLabel label(&window);
+    label.show();
+    field.setAccessibleName(u"名称"_qs);
+    button.setText(u"保存(&S)"_qs);
+    const std::tuple<QString, QWidget *, qsizetype> cases[] = {{u"搜索(&F):"_qs, &field, 0},
+                                                               {u"搜索(&F):"_qs, nullptr, 1},
+                                                               {u"甲  乙"_qs, nullptr, 1},
+                                                               {u" 甲 "_qs, nullptr, 0}};
+    for (const auto &[text, buddy, faults] : cases) {
+        label.setText(text);
+        label.setBuddy(buddy);
+        EXPECT_EQ(captionFaults(window).size(), faults) << captionFaults(window).join(u' ').toStdString();
+    }
+    field.setAccessibleName({});
+    button.setText({});
+    EXPECT_EQ(captionFaults(window).size(), 2) << "without names";
+}
 
 TEST_F(PersonTest, ABoxThatNobodyExpectsEndsTheStepWithItsText)
 {

@@ -107,7 +107,7 @@ QLabel *makeCaption(const Control &control, QWidget &field, QWidget *parent)
     label->setProperty("kind", u"caption"_s);
     label->setBuddy(&field);
     const auto follow = [&control, label] {
-        label->setText(control.Caption());
+        label->setText(control.Caption().trimmed()); // blanks of a caption made room where no layout did
         label->setToolTip(control.ToolTipText());
         setVisibleWithParent(*label, control.Visible());
     };

@@ -18,7 +18,9 @@ TreePanel::TreePanel(TreeView &tree, SearchBox &box, QWidget *parent)
 {
     auto *field = new SearchBoxView(box, this);
     field->setPlaceholderText(u"筛选"_s);
+    field->setAccessibleName(field->placeholderText());
     auto *widget = new TreeViewWidget(tree, this);
+    widget->setAccessibleName(u"目录"_s);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);

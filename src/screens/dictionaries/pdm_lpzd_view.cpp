@@ -38,6 +38,7 @@ void PdmLpzdView::addBlocks()
 {
     QGroupBox *card = addCard(u"栋座"_s, 1);
     auto *grid = new QzGridView(m_module.blocks(), card);
+    grid->setAccessibleName(u"栋座"_s);
     grid->setEmptyHint(u"没有栋座"_s);
     auto *cells = static_cast<QGridLayout *>(card->layout());
     cells->addWidget(grid, 0, 0);

@@ -137,6 +137,7 @@ void ListView::addSearch(FilterBar &bar)
 {
     auto *view = new SearchBoxView(m_module.SearchBox1(), &bar);
     view->setPlaceholderText(u"列表中查找"_s);
+    view->setAccessibleName(view->placeholderText());
     if (!m_look.isFoundByHost)
         view->takeFindKey();
     view->setMinimumWidth(widthOf(*view, searchCharacters));
@@ -149,6 +150,7 @@ void ListView::addSearch(FilterBar &bar)
 FlexGridView *ListView::makeGrid()
 {
     m_grid = new FlexGridView(m_module.VS(), this);
+    m_grid->setAccessibleName(m_module.title().isEmpty() ? u"列表"_s : m_module.title());
     for (const ListLook::Column &column : m_look.columns)
         m_grid->setColumnLook(column.number, {column.ink});
     m_grid->setMouseWheel([this] { return m_module.mcMouseEvent(); });

@@ -170,6 +170,7 @@ QHBoxLayout *RecordDetailView::addGrid(int tab, VSFlexGrid &grid, const QString 
     auto *row = new QHBoxLayout(panel);
     row->setContentsMargins(0, 0, 0, 0);
     auto *view = new FlexGridView(grid, panel);
+    view->setAccessibleName(m_detail.qzVSTabCtl1().tabs()[static_cast<size_t>(tab) - 1].caption);
     row->addWidget(view, 1);
     connect(&m_detail, &RecordDetail::TabShown, view, [=](int shown, bool done) {
         if (shown == tab)

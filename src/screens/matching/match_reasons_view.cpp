@@ -35,10 +35,12 @@ MatchReasonsView::MatchReasonsView(MatchReasons &reasons, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->addWidget(label(reasons.title(), u"title"_s));
     auto *criteria = new FlexGridView(reasons.criteria(), this);
+    criteria->setAccessibleName(u"匹配条件"_s);
     criteria->setFixedHeight(criteriaRows * (fontMetrics().lineSpacing() + 12));
     column->addWidget(criteria);
     column->addWidget(label(u"只差一项的记录"_s, u"title"_s));
     auto *misses = new FlexGridView(reasons.misses(), this);
+    misses->setAccessibleName(u"只差一项的记录"_s);
     column->addWidget(misses, 1);
     auto *bottom = new QHBoxLayout;
     bottom->addWidget(label(reasons.remark(), u"caption"_s), 1);

@@ -115,6 +115,7 @@ void PickerView::addOwner(QHBoxLayout &row)
 void PickerView::addGrid(QVBoxLayout &column)
 {
     m_grid = new FlexGridView(m_picker.VS(), this);
+    m_grid->setAccessibleName(u"可选内容"_s);
     m_grid->installEventFilter(this);
     connect(m_grid, &QAbstractItemView::clicked, this,
             [this](const QModelIndex &index) { m_picker.clickRow(m_picker.VS().rowInSight(index.row())); });

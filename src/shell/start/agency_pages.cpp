@@ -107,6 +107,7 @@ DistrictsPage::DistrictsPage(StartDraft &draft)
     , m_count(hintLabel(QStringLiteral("count")))
 {
     m_lines->setObjectName(QStringLiteral("districts"));
+    m_lines->setAccessibleName(QStringLiteral("地区"));
     m_lines->setPlaceholderText(QStringLiteral("云泽市\n    望澜区\n        柳岸\n        锦堤\n    锦溪区"));
     column().addWidget(m_lines, 1);
     column().addWidget(m_count);
@@ -136,6 +137,7 @@ ListsPage::ListsPage(StartDraft &draft)
     , m_kinds(new QListWidget)
 {
     m_kinds->setObjectName(QStringLiteral("kinds"));
+    m_kinds->setAccessibleName(QStringLiteral("标准字典"));
     m_kinds->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_kinds->setTextElideMode(Qt::ElideRight);
     column().addWidget(m_kinds, 1);

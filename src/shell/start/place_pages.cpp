@@ -65,6 +65,7 @@ QWidget *fileField(QLineEdit *path, std::function<QString(const QString &present
     row->addWidget(path, 1);
     row->addWidget(browse);
     box->setFocusProxy(path);
+    path->setAccessibleName(QStringLiteral("文件"));
     return box;
 }
 
@@ -110,6 +111,7 @@ void ChoicePage::addRecent(const QStringList &recent)
     column().addWidget(hintLabel({}, QStringLiteral("最近使用的数据库：")));
     m_recent = new QListWidget;
     m_recent->setObjectName(QStringLiteral("recent"));
+    m_recent->setAccessibleName(QStringLiteral("最近使用的数据库"));
     m_recent->addItems(recent);
     m_recent->setMaximumHeight(tallest);
     column().addWidget(m_recent);

@@ -1,10 +1,13 @@
 #include "shell/tour/tour.h"
 
 #include "contracts/host_contracts.h"
+#include "shell/tour/caption_walk.h"
 #include "shell/tour/tour_steps.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QWidget>
 
 #include <iostream>
@@ -38,10 +41,28 @@ void Tour::begin(const QString &name)
 
 void Tour::takePicture(const QString &name)
 {
+    savePicture(name);
+    checkWords();
+}
+
+void Tour::savePicture(const QString &name)
+{
     const QString file =
         QStringLiteral("%1/%2-%3.png").arg(m_settings.folder).arg(m_step, 2, 10, QLatin1Char('0')).arg(name);
     if (!m_person.picture().save(file))
         throw Failure(QStringLiteral("无法写入图片：%1").arg(file));
+}
+
+/// Of the window in front: what it covers was in front before. File dialogs are Qt's own.
+void Tour::checkWords()
+{
+    QWidget *inFront = QApplication::activePopupWidget();
+    if (!inFront)
+        inFront = QApplication::activeModalWidget();
+    if (qobject_cast<QFileDialog *>(inFront))
+        return;
+    const QStringList faults = captionFaults(inFront ? *inFront : m_person.window());
+    expect(faults.isEmpty(), faults.join(QStringLiteral("，")));
 }
 
 void Tour::note(const QString &line)
@@ -79,7 +100,7 @@ int runTour(QWidget &window, const TourSettings &settings)
     } catch (const std::exception &reason) {
         failure = QString::fromUtf8(reason.what());
         tour.note(QStringLiteral("  失败：%1").arg(failure));
-        tour.takePicture(QStringLiteral("failed"));
+        tour.savePicture(QStringLiteral("failed"));
         std::cerr << failure.toStdString() << '\n';
     }
     tour.writeNotes();

@@ -30,8 +30,10 @@ public:
     [[nodiscard]] HostApp &app() { return m_settings.app; }
     /// Begins a step: its number stands in front of its pictures.
     void begin(const QString &name);
-    /// Writes a picture of what is on the screen now.
+    /// Writes a picture of what is on the screen now, and throws when a word on it is seen to be wrong.
     void takePicture(const QString &name);
+    /// The same, whatever is on it.
+    void savePicture(const QString &name);
     void note(const QString &line);
     /// Throws Failure with `what` unless the condition holds.
     static void expect(bool holds, const QString &what);
@@ -44,6 +46,8 @@ public:
     const look::Scheme schemeAtStart = look::scheme();
 
 private:
+    void checkWords();
+
     TourSettings m_settings;
     Person m_person;
     int m_step = 0;
