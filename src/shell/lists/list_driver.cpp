@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QDir>
 #include <QScopedValueRollback>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace ebtq::shell {
@@ -33,7 +34,15 @@ bool ListDriver::init()
 void ListDriver::begin()
 {
     restoreLayout();
+    showFirstTab();
     refresh();
+}
+
+/// Of what is below the list, whichever the module begins with: the record itself is looked for first.
+void ListDriver::showFirstTab()
+{
+    if (auto *tabs = m_driven.view.findChild<QTabBar *>())
+        tabs->setCurrentIndex(0);
 }
 
 void ListDriver::refresh()

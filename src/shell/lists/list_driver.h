@@ -35,6 +35,7 @@ private:
     void addCommands();
     void addFollowUpCommands();
     void restoreLayout();
+    void showFirstTab();
     [[nodiscard]] QString layoutFile() const;
 
     IReportUI &m_report;

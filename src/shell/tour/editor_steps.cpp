@@ -112,9 +112,43 @@ void seeChange(Tour &tour)
     Tour::expect(price == u"612.5万元" && kept == u"612.5", QStringLiteral("售价应为修改后的 612.5 万元"));
 }
 
+/// The next listing of the list, a change to it that is given up, and a copy of it that is not saved.
+void goThroughListings(Tour &tour)
+{
+    Person &person = tour.person();
+    const auto leaveUnsaved = [&] {
+        person.withDialog([&] { person.press(Qt::Key_Escape); }, [&] { person.press(Qt::Key_N); });
+    };
+    person.withDialog([&] { person.click(QStringLiteral("NavToolbar1_edit")); },
+                      [&] {
+                          person.click(QStringLiteral("Cmd_5"));
+                          person.fill(fieldName(33), QStringLiteral("+7"));
+                          tour.note(QStringLiteral("  委托日期：%1").arg(fieldText(tour, 33)));
+                          tour.takePicture(QStringLiteral("editor-next"));
+                          leaveUnsaved();
+                      });
+    person.withDialog(
+        [&] {
+            person.focus(QStringLiteral("VS"));
+            person.withPopup([&] { person.askForMenu(QStringLiteral("VS")); },
+                             [&] { person.type(QStringLiteral("w")); });
+        },
+        [&] {
+            tour.takePicture(QStringLiteral("editor-copy"));
+            leaveUnsaved();
+        });
+}
+
+void seeNeighbour(Tour &tour)
+{
+    Tour::expect(tour.person().see<QTableView>(QStringLiteral("VS")).currentIndex().row() == 2,
+                 QStringLiteral("列表应停在下一条"));
+}
+
 constexpr TourStep steps[] = {
     {u"新建房源", u"editor-new", makeListing, seeNewListing},
     {u"修改房源", u"editor-change", changeListing, seeChange},
+    {u"编辑窗口中的下一条，复制为新房源", u"editor-neighbours", goThroughListings, seeNeighbour},
 };
 
 } // namespace

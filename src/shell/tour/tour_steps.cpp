@@ -299,8 +299,38 @@ void seeSmall(Tour &tour)
     expectSize(tour, {1280, 720});
 }
 
+int rowsWhole(Tour &tour)
+{
+    const auto &view = tour.person().see<QTableView>(QStringLiteral("VS"));
+    return view.viewport()->height() / view.rowHeight(0);
+}
+
+void foldDetail(Tour &tour)
+{
+    tour.person().click(QStringLiteral("FoldDetail"));
+    tour.person().waitFor([&] { return rowsWhole(tour) >= 14; }, QStringLiteral("14 行房源"));
+}
+
+void seeFolded(Tour &tour)
+{
+    tour.note(QStringLiteral("  看到 %1 行").arg(rowsWhole(tour)));
+}
+
+/// What a narrow window folds away.
+void unfoldFilters(Tour &tour)
+{
+    tour.person().click(QStringLiteral("FoldDetail"));
+    tour.person().click(QStringLiteral("MoreFilters"));
+}
+
+void seeFilters(Tour &tour)
+{
+    tour.person().focus(QStringLiteral("XPCmb"));
+}
+
 void makeLarge(Tour &tour)
 {
+    tour.person().click(QStringLiteral("MoreFilters"));
     tour.person().window().resize(1920, 1080);
 }
 
@@ -322,6 +352,8 @@ constexpr TourStep steps[] = {
     {u"关闭消息", u"message-closed", leaveMessage, seeNoFilter},
     {u"切换浅色或深色", u"scheme", changeScheme, seeOtherScheme},
     {u"1280×720", u"small", makeSmall, seeSmall},
+    {u"1280×720，折叠详情", u"folded", foldDetail, seeFolded},
+    {u"1280×720，更多筛选", u"filters", unfoldFilters, seeFilters},
     {u"1920×1080", u"large", makeLarge, seeLarge},
 };
 
