@@ -88,6 +88,7 @@ void ListView::addFields(FilterBar &bar)
         qzTxt_S &field = m_module.qzTxt(filter.number);
         auto *view = new FieldView(field, &bar);
         fixWidth(*view, filter.characters);
+        view->setProperty("kind", u"filter"_s);
         view->setEnter(FieldView::Enter::Confirms);
         connect(view, &FieldView::confirmed, this, &ListView::refresh);
         bar.addFilter(together({makeCaption(field, *view, &bar), view}, bar),

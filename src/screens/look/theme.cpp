@@ -102,6 +102,7 @@ QLineEdit:disabled, QLineEdit:read-only, QPlainTextEdit:disabled, QComboBox:disa
     color: @ink; }
 QPlainTextEdit[readOnly="true"] { background: @window; padding: 0 4px; }
 QLineEdit:read-only { padding: 2px 6px; }
+QLineEdit[kind="filter"] { padding: 2px 3px 2px 5px; }
 QLineEdit[ink="sale"] { color: @salePrice; }
 QLineEdit[ink="rent"] { color: @rent; }
 QLineEdit[state="error"], QComboBox[state="error"] { border-color: @danger; }
