@@ -137,8 +137,8 @@ void ListView::addKinds(FilterBar &bar)
 void ListView::addSearch(FilterBar &bar)
 {
     auto *view = new SearchBoxView(m_module.SearchBox1(), &bar);
-    view->setPlaceholderText(u"列表中查找"_s);
-    view->setAccessibleName(view->placeholderText());
+    view->setPlaceholderText(u"查找"_s); // fits where the line leaves little room
+    view->setAccessibleName(u"列表中查找"_s);
     if (!m_look.isFoundByHost)
         view->takeFindKey();
     view->setMinimumWidth(widthOf(*view, searchCharacters));
