@@ -1,5 +1,6 @@
 #include "agency.h"
 
+#include "agents/nobodys_desktop.h"
 #include "database/schema/installer.h"
 #include "host/demo/demo.h"
 #include "host/module_ids.h"
@@ -18,23 +19,6 @@ public:
     std::optional<QDate> chooseDate(const QDate &, int, int) override { return std::nullopt; }
 };
 
-/// Nobody is there to be asked.
-class NoDesktop final : public Desktop
-{
-public:
-    Answer messageBox(const QString &, const QString &, Icon, Buttons) override { return Answer::No; }
-    std::optional<int> choose(const QString &, const QString &, const QStringList &) override { return {}; }
-    std::optional<QString> inputBox(const QString &, const QString &, const QString &) override { return {}; }
-    QString openDialog(const QString &, const QString &, const QString &) override { return {}; }
-    QString saveDialog(const QString &, const QString &, const QString &) override { return {}; }
-    void showModal(QObject &) override {}
-    bool openFile(const QString &) override { return false; }
-    void setWaitCursor(bool) override {}
-    [[nodiscard]] QDateTime now() const override { return QDateTime(QDate(2026, 11, 22), QTime(9, 0)); }
-    QString makeTempFile(const QString &) override { return {}; }
-    QByteArray newGuidBytes() override { return {}; }
-};
-
 host::DemoOptions demoOptions(const Options &options)
 {
     host::DemoOptions demo;
@@ -51,7 +35,7 @@ Agency::Agency(const Options &options)
     : m_file(options.database.isEmpty() ? m_folder.filePath(QStringLiteral("agency.db")) : options.database)
     , m_connection(db::Connection::open(m_file, db::Connection::Missing::IsCreated))
     , m_presenter(std::make_unique<NoPanels>())
-    , m_desktop(std::make_unique<NoDesktop>())
+    , m_desktop(std::make_unique<NobodysDesktop>())
 {
     const bool isEmptyServer = isOnServer() && !m_connection->catalog().table(u"host_schema");
     if (options.database.isEmpty() || isEmptyServer) {

@@ -1,8 +1,8 @@
 # To be sourced: install_dependencies build|test|trial installs the Debian packages that are not there yet.
 
 build_packages=(g++ cmake ninja-build ccache mold pkg-config qt6-base-dev qt6-svg-dev libgl-dev libqt6sql6-sqlite
-    libsqlite3-dev libpq-dev libsodium-dev libxlsxwriter-dev zlib1g-dev qt6-translations-l10n breeze-icon-theme
-    fonts-noto-cjk)
+    libsqlite3-dev libpq-dev libsodium-dev libxlsxwriter-dev libzip-dev zlib1g-dev qt6-translations-l10n
+    breeze-icon-theme fonts-noto-cjk)
 test_packages=(postgresql openssl procps libgtest-dev libgmock-dev poppler-utils)
 
 install_dependencies() {

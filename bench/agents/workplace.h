@@ -1,8 +1,8 @@
 #pragma once
 
+#include "agents/nobodys_desktop.h"
 #include "host/application.h"
 #include "host/panel_presenter.h"
-#include "library/frame/desktop.h"
 
 #include <QTemporaryDir>
 
@@ -13,7 +13,7 @@ namespace ebtq::bench {
 
 /// An agent's machine: connection, host and working folder of its own, and himself in front of it: he does at
 /// a form what he was told, says no to every question and reads every message.
-class Workplace final : public Desktop, public host::PanelPresenter
+class Workplace final : public NobodysDesktop, public host::PanelPresenter
 {
 public:
     struct Building
@@ -44,14 +44,8 @@ public:
     Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons) override;
     /// Colleagues work on the same listings: what they have changed is taken along.
     std::optional<int> choose(const QString &, const QString &, const QStringList &) override { return 0; }
-    std::optional<QString> inputBox(const QString &, const QString &, const QString &) override { return {}; }
-    QString openDialog(const QString &, const QString &, const QString &) override { return {}; }
-    QString saveDialog(const QString &, const QString &, const QString &) override { return {}; }
     void showModal(QObject &form) override;
-    bool openFile(const QString &) override { return false; }
-    void setWaitCursor(bool) override {}
     [[nodiscard]] QDateTime now() const override { return QDateTime::currentDateTime(); }
-    QString makeTempFile(const QString &) override { return {}; }
     QByteArray newGuidBytes() override;
 
     std::optional<qsizetype> choose(const host::Panel &) override { return std::nullopt; }

@@ -7,6 +7,7 @@ set(rules
     "src/database/dialect|database/values/,database/dialect/"
     "src/database|database/"
     "src/contracts|contracts/,database/values/"
+    "src/archive|archive/"
     "src/library/controls|library/controls/,contracts/,database/values/"
     "src/library/layout|library/layout/,library/controls/,contracts/,database/values/"
     "src/library/frame|library/frame/,library/layout/,library/controls/,contracts/,database/values/"
@@ -14,7 +15,7 @@ set(rules
     "src/library/lists|library/lists/,library/records/,library/frame/,library/layout/,library/controls/,contracts/,database/values/"
     "src/library|library/,contracts/,database/values/"
     "src/host|host/,contracts/,database/"
-    "src/screens|screens/,library/,contracts/,database/values/"
+    "src/screens|screens/,archive/,library/,contracts/,database/values/"
     "src/component|component/,screens/,library/,contracts/"
     "src/shell/print|shell/print/,screens/look/,contracts/"
     "src/shell/admin|shell/admin/,host/,contracts/,database/"
@@ -61,8 +62,12 @@ foreach(rule IN LISTS rules)
                 endif()
             elseif(line MATCHES "^#include <([^>]+)>")
                 set(header ${CMAKE_MATCH_1})
-                if(header MATCHES "${widget_headers}" AND folder MATCHES "src/(database|contracts|library|host)")
+                if(header MATCHES "${widget_headers}" AND folder MATCHES "src/(archive|database|contracts|library|host)")
                     message(SEND_ERROR "${path} includes <${header}>: no widgets in this room")
+                    set(broken 1)
+                endif()
+                if(header STREQUAL "zip.h" AND NOT folder STREQUAL "src/archive")
+                    message(SEND_ERROR "${path} includes <${header}>: only the archive knows its format")
                     set(broken 1)
                 endif()
                 if(header MATCHES "${engine_headers}" AND NOT folder MATCHES "^src/database")

@@ -1,8 +1,6 @@
 #include "support/scripted_desktop.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryFile>
+#include "archive/one_file_archive.h"
 
 #include <gtest/gtest.h>
 
@@ -10,11 +8,11 @@ namespace ebtq::test {
 
 ScriptedDesktop::~ScriptedDesktop()
 {
-    EXPECT_EQ(m_answers.size() + m_choices.size() + m_inputs.size() + m_files.size() + m_forms.size(), 0)
+    EXPECT_EQ(m_answers.size() + m_choices.size() + m_inputs.size() + m_files.size() + m_forms.size() +
+                  m_items.size(),
+              0)
         << "scripted, but never asked for";
     EXPECT_EQ(m_waiting, 0) << "the wait cursor was left on";
-    for (const QString &path : std::as_const(m_tempFiles))
-        QFile::remove(path);
 }
 
 template<class T> T ScriptedDesktop::take(QList<T> &script, const QString &question, T otherwise)
@@ -51,14 +49,28 @@ std::optional<QString> ScriptedDesktop::inputBox(const QString &prompt, const QS
     return take(m_inputs, title + u'|' + prompt, std::optional<QString>());
 }
 
-QString ScriptedDesktop::openDialog(const QString &title, const QString &folder, const QString &)
+bool ScriptedDesktop::openDialog(FileDialog &dialog)
 {
-    return take(m_files, title + u'|' + folder, QString());
+    const QString &place = dialog.file.isEmpty() ? dialog.initialDir : dialog.file;
+    const QString chosen = take(m_files, dialog.title + u'|' + place, QString());
+    if (chosen.isEmpty())
+        return false;
+    dialog.file = chosen;
+    dialog.fileTitle = chosen.mid(chosen.lastIndexOf(u'/') + 1);
+    return true;
 }
 
-QString ScriptedDesktop::saveDialog(const QString &title, const QString &proposedPath, const QString &)
+QString ScriptedDesktop::popUpMenu(const QList<MenuItem> &items)
 {
-    return take(m_files, title + u'|' + proposedPath, QString());
+    QStringList texts;
+    QStringList enabled{QString()};
+    for (const MenuItem &item : items) {
+        texts += (item.isEnabled ? QString() : u"-"_qs) + item.text;
+        enabled += item.isEnabled ? item.key : QString();
+    }
+    const QString chosen = take(m_items, texts.join(u'|'), QString());
+    EXPECT_TRUE(enabled.contains(chosen)) << "an item that the menu has not";
+    return chosen;
 }
 
 void ScriptedDesktop::showModal(QObject &form)
@@ -67,10 +79,13 @@ void ScriptedDesktop::showModal(QObject &form)
     take(m_forms, form.objectName(), nothing)(form);
 }
 
-bool ScriptedDesktop::openFile(const QString &path)
+int ScriptedDesktop::shellExecute(const QString &verb, const QString &file, const QString &parameters,
+                                  const QString &folder, int showCmd)
 {
-    m_openedFiles.append(path);
-    return QFile::exists(path);
+    const bool hasMore = !parameters.isEmpty() || !folder.isEmpty();
+    m_openedFiles.append(verb + u'|' + file + (hasMore ? u'|' + parameters + u'|' + folder : QString()) +
+                         u'|' + QString::number(showCmd));
+    return m_shellResult;
 }
 
 void ScriptedDesktop::setWaitCursor(bool on)
@@ -80,14 +95,31 @@ void ScriptedDesktop::setWaitCursor(bool on)
     EXPECT_GE(m_waiting, 0) << "a wait cursor was taken away that nobody had shown";
 }
 
+QString ScriptedDesktop::tempFolder()
+{
+    return m_folder.path();
+}
+
+QString ScriptedDesktop::tempPath(const QString &name, const QString &owner)
+{
+    return m_folder.pathFor(name, owner);
+}
+
 QString ScriptedDesktop::makeTempFile(const QString &prefix)
 {
-    QTemporaryFile file(QDir::temp().filePath(prefix + u"XXXXXX"_qs));
-    file.setAutoRemove(false);
-    if (!file.open())
-        return {};
-    m_tempFiles.append(file.fileName());
-    return file.fileName();
+    return m_folder.makeFile(prefix);
+}
+
+bool ScriptedDesktop::pack(const QString &file, const QString &archive)
+{
+    if (m_packs)
+        archive::pack(file, archive);
+    return m_packs;
+}
+
+void ScriptedDesktop::unpack(const QString &archive, QIODevice &to, qint64 size)
+{
+    archive::unpack(archive, to, size);
 }
 
 QByteArray ScriptedDesktop::newGuidBytes()

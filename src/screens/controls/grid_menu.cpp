@@ -167,8 +167,8 @@ void GridMenu::addPageActions(PassingMenu &menu)
 void GridMenu::addExport(PassingMenu &menu)
 {
     static constexpr Format formats[] = {
-        {u"导出 Excel(&L)…", u"xlsx", u"Excel 工作簿 (*.xlsx)", &writeWorkbook},
-        {u"导出 CSV(&S)…", u"csv", u"CSV 文件 (*.csv)", &writeCsv},
+        {u"导出 Excel(&L)…", u"xlsx", u"Excel 工作簿", &writeWorkbook},
+        {u"导出 CSV(&S)…", u"csv", u"CSV 文件", &writeCsv},
     };
     menu.addSeparator();
     QAction *copying = menu.offer(u"复制(&C)\tCtrl+C"_s, this, &GridMenu::copy);
@@ -208,10 +208,15 @@ void GridMenu::exportAs(const Format &format)
 {
     const QString name =
         u"%1 %2.%3"_s.arg(m_listName, m_desktop.now().date().toString(Qt::ISODate), format.ending);
-    const QString path =
-        m_desktop.saveDialog(u"导出列表"_s, QDir(m_folder).filePath(name), format.filter.toString());
-    if (path.isEmpty())
+    FileDialog dialog;
+    dialog.title = u"导出列表"_s;
+    dialog.file = QDir(m_folder).filePath(name);
+    dialog.filter = u"%1%2*.%3"_s.arg(format.filter, QChar(u'\0'), format.ending);
+    dialog.defaultExt = format.ending.toString();
+    dialog.flags = FileDialog::OverwritePrompt | FileDialog::HideReadOnly;
+    if (!m_desktop.saveDialog(dialog))
         return;
+    const QString path = dialog.file;
     m_folder = QFileInfo(path).absolutePath();
     try {
         ShownGrid table(m_grid);

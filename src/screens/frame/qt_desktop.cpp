@@ -1,5 +1,6 @@
 #include "screens/frame/qt_desktop.h"
 
+#include "archive/one_file_archive.h"
 #include "contracts/host_contracts.h"
 #include "screens/frame/form_dialog.h"
 #include "screens/frame/view_registry.h"
@@ -14,9 +15,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QMenu>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
-#include <QTemporaryFile>
 #include <QUrl>
 #include <QUuid>
 #include <QtEndian>
@@ -46,6 +48,62 @@ void keepWhole(QMessageBox &box, const QString &text, const QString &title)
 {
     box.setToolTip(look::messageToolTip(text, title));
     look::logMessage(text, title);
+}
+
+enum ShellResult {
+    FileNotFound = 2,
+    PathNotFound = 3,
+    AccessDenied = 5,
+    BadProgram = 11,
+    NoAssociation = 31,
+    Begun = 33
+};
+
+/// As "text (*.a *.b)" from names and patterns in turn.
+QStringList nameFilters(const QString &filter)
+{
+    const QStringList parts = filter.split(QChar(u'\0'), Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype at = 0; at < parts.size(); at += 2) {
+        const QString pattern = parts.value(at + 1, u"*"_s).trimmed().replace(u';', u' ');
+        filters += u"%1 (%2)"_s.arg(parts.at(at).section(u'(', 0, 0).trimmed(),
+                                    pattern == u"*.*" ? u"*"_s : pattern);
+    }
+    return filters;
+}
+
+look::FileWish wishOf(const FileDialog &dialog)
+{
+    const QFileInfo proposed(dialog.file);
+    look::FileWish wish;
+    wish.title = dialog.title;
+    wish.folder = dialog.initialDir.isEmpty() ? proposed.path() : dialog.initialDir;
+    wish.name = proposed.fileName();
+    wish.filters = nameFilters(dialog.filter);
+    wish.filter = dialog.filterIndex - 1;
+    wish.suffix = dialog.defaultExt;
+    return wish;
+}
+
+bool take(const look::FileChosen &chosen, FileDialog &dialog)
+{
+    if (chosen.files.isEmpty())
+        return false;
+    const QFileInfo first(chosen.files.first());
+    dialog.file = first.filePath();
+    dialog.fileTitle = first.fileName();
+    if (chosen.files.size() > 1) {
+        dialog.file = first.path();
+        for (const QString &file : chosen.files)
+            dialog.file += QChar(u'\0') + QFileInfo(file).fileName();
+    }
+    dialog.filterIndex = static_cast<int>(chosen.filter) + 1;
+    const bool differs =
+        !dialog.defaultExt.isEmpty() && first.suffix().compare(dialog.defaultExt, Qt::CaseInsensitive) != 0;
+    dialog.flags &= ~unsigned(FileDialog::ReadOnly | FileDialog::ExtensionDiffers);
+    dialog.flags |=
+        (chosen.readOnly ? FileDialog::ReadOnly : 0U) | (differs ? FileDialog::ExtensionDiffers : 0U);
+    return true;
 }
 
 } // namespace
@@ -93,14 +151,34 @@ std::optional<QString> QtDesktop::inputBox(const QString &prompt, const QString 
     return dialog.textValue();
 }
 
-QString QtDesktop::openDialog(const QString &title, const QString &folder, const QString &filter)
+bool QtDesktop::openDialog(FileDialog &dialog)
 {
-    return look::chooseFileToOpen(title, folder, filter);
+    look::FileWish wish = wishOf(dialog);
+    wish.mustExist = (dialog.flags & FileDialog::FileMustExist) != 0;
+    wish.several = (dialog.flags & FileDialog::MultiSelect) != 0;
+    if ((dialog.flags & FileDialog::HideReadOnly) == 0)
+        wish.readOnly = (dialog.flags & FileDialog::ReadOnly) != 0;
+    return take(look::chooseFiles(wish), dialog);
 }
 
-QString QtDesktop::saveDialog(const QString &title, const QString &proposedPath, const QString &filter)
+bool QtDesktop::saveDialog(FileDialog &dialog)
 {
-    return look::chooseFileToSave(title, proposedPath, filter);
+    look::FileWish wish = wishOf(dialog);
+    wish.kind = look::FileWish::Kind::Save;
+    wish.asksToOverwrite = (dialog.flags & FileDialog::OverwritePrompt) != 0;
+    return take(look::chooseFiles(wish), dialog);
+}
+
+QString QtDesktop::popUpMenu(const QList<MenuItem> &items)
+{
+    QMenu menu(look::windowBelow());
+    for (const MenuItem &item : items) {
+        QAction *action = menu.addAction(item.text);
+        action->setData(item.key);
+        action->setEnabled(item.isEnabled);
+    }
+    const QAction *chosen = menu.exec(QCursor::pos());
+    return chosen ? chosen->data().toString() : QString();
 }
 
 void QtDesktop::showModal(QObject &form)
@@ -113,9 +191,19 @@ void QtDesktop::showModal(QObject &form)
     look::runModal(dialog);
 }
 
-bool QtDesktop::openFile(const QString &path)
+int QtDesktop::shellExecute(const QString &verb, const QString &file, const QString &parameters,
+                            const QString &folder, int /*showCmd*/)
 {
-    return QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    const QFileInfo found(file);
+    if (!found.exists())
+        return found.dir().exists() ? FileNotFound : PathNotFound;
+    if (!found.isReadable())
+        return AccessDenied;
+    if (verb.compare(u"open"_s, Qt::CaseInsensitive) != 0)
+        return NoAssociation;
+    if (parameters.isEmpty() && folder.isEmpty())
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(file)) ? Begun : NoAssociation;
+    return QProcess::startDetached(file, QProcess::splitCommand(parameters), folder) ? Begun : BadProgram;
 }
 
 void QtDesktop::setWaitCursor(bool on)
@@ -131,11 +219,35 @@ QDateTime QtDesktop::now() const
     return QDateTime::currentDateTime();
 }
 
+QString QtDesktop::tempFolder()
+{
+    return m_folder.path();
+}
+
+QString QtDesktop::tempPath(const QString &name, const QString &owner)
+{
+    return m_folder.pathFor(name, owner);
+}
+
 QString QtDesktop::makeTempFile(const QString &prefix)
 {
-    QTemporaryFile file(QDir::temp().filePath(prefix + u"XXXXXX"_s));
-    file.setAutoRemove(false);
-    return file.open() ? file.fileName() : QString();
+    return m_folder.makeFile(prefix);
+}
+
+bool QtDesktop::pack(const QString &file, const QString &archive)
+{
+    try {
+        archive::pack(file, archive);
+        return true;
+    } catch (const archive::ArchiveError &error) {
+        qInfo("%s", error.what());
+        return false;
+    }
+}
+
+void QtDesktop::unpack(const QString &archive, QIODevice &to, qint64 size)
+{
+    archive::unpack(archive, to, size);
 }
 
 /// In memory the first three parts of a GUID have their low byte first.

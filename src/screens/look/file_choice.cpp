@@ -2,8 +2,11 @@
 
 #include "screens/look/window_below.h"
 
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QFileIconProvider>
+#include <QFileInfo>
+#include <QGridLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -27,38 +30,78 @@ public:
     }
 };
 
-/// `icons` outlives the dialog, whose threads use it.
-QString choose(QFileDialog &dialog, PlainIcons &icons, const QString &acceptText)
+void caption(QFileDialog &dialog, FileWish::Kind kind)
 {
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // those of some desktops look into files, too
-    dialog.setIconProvider(&icons);
-    dialog.setLabelText(QFileDialog::Accept, acceptText);
+    dialog.setLabelText(QFileDialog::Accept, kind == FileWish::Kind::Open ? u"打开(&O)"_s : u"保存(&S)"_s);
     dialog.setLabelText(QFileDialog::Reject, u"取消(&C)"_s);
     dialog.setLabelText(QFileDialog::FileName, u"文件名:"_s);
     dialog.setLabelText(QFileDialog::FileType, u"类型:"_s);
     dialog.setLabelText(QFileDialog::LookIn, u"位置:"_s);
-    return runModal(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void setMode(QFileDialog &dialog, const FileWish &wish)
+{
+    if (wish.kind == FileWish::Kind::Save)
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+    else if (wish.several)
+        dialog.setFileMode(QFileDialog::ExistingFiles);
+    else
+        dialog.setFileMode(wish.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !wish.asksToOverwrite);
+    dialog.setDefaultSuffix(wish.suffix);
+}
+
+/// A box to tick below the file's name.
+QCheckBox *addReadOnlyBox(QFileDialog &dialog, bool isTicked)
+{
+    auto *box = new QCheckBox(u"以只读方式打开(&R)"_s, &dialog);
+    box->setChecked(isTicked);
+    if (auto *grid = qobject_cast<QGridLayout *>(dialog.layout()))
+        grid->addWidget(box, grid->rowCount(), 1);
+    return box;
 }
 
 } // namespace
 
+FileChosen chooseFiles(const FileWish &wish)
+{
+    PlainIcons icons; // outlives the dialog, whose threads use it
+    QFileDialog dialog(windowBelow(), wish.title, wish.folder);
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // those of some desktops look into files, too
+    dialog.setIconProvider(&icons);
+    setMode(dialog, wish);
+    caption(dialog, wish.kind);
+    dialog.setNameFilters(wish.filters);
+    dialog.selectNameFilter(wish.filters.value(wish.filter));
+    if (!wish.name.isEmpty())
+        dialog.selectFile(wish.name);
+    const QCheckBox *readOnly = wish.readOnly ? addReadOnlyBox(dialog, *wish.readOnly) : nullptr;
+    if (runModal(dialog) != QDialog::Accepted)
+        return {};
+    const qsizetype filter = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
+    return {dialog.selectedFiles(), filter, readOnly && readOnly->isChecked()};
+}
+
 QString chooseFileToOpen(const QString &title, const QString &folder, const QString &filter)
 {
-    PlainIcons icons;
-    QFileDialog dialog(windowBelow(), title, folder, filter);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    return choose(dialog, icons, u"打开(&O)"_s);
+    FileWish wish;
+    wish.title = title;
+    wish.folder = folder;
+    wish.filters = filter.split(u";;"_s);
+    return chooseFiles(wish).files.value(0);
 }
 
 QString chooseFileToSave(const QString &title, const QString &proposedPath, const QString &filter)
 {
     const QFileInfo proposed(proposedPath);
-    PlainIcons icons;
-    QFileDialog dialog(windowBelow(), title, proposed.path(), filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(proposed.suffix());
-    dialog.selectFile(proposed.fileName());
-    return choose(dialog, icons, u"保存(&S)"_s);
+    FileWish wish;
+    wish.kind = FileWish::Kind::Save;
+    wish.title = title;
+    wish.folder = proposed.path();
+    wish.name = proposed.fileName();
+    wish.filters = filter.split(u";;"_s);
+    wish.suffix = proposed.suffix();
+    return chooseFiles(wish).files.value(0);
 }
 
 } // namespace ebtq::look

@@ -15,11 +15,8 @@ struct Ingredient
 };
 
 constexpr Ingredient ingredients[] = {
-    {u"Qt", u"LGPL-3.0"},
-    {u"SQLite", u"公有领域"},
-    {u"libpq", u"PostgreSQL License"},
-    {u"libsodium", u"ISC"},
-    {u"libxlsxwriter", u"BSD-2-Clause"},
+    {u"Qt", u"LGPL-3.0"},          {u"SQLite", u"公有领域"},     {u"libpq", u"PostgreSQL License"},
+    {u"libsodium", u"ISC"},        {u"libzip", u"BSD-3-Clause"}, {u"libxlsxwriter", u"BSD-2-Clause"},
     {u"Breeze 图标", u"LGPL-3.0"},
 };
 

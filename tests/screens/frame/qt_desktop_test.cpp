@@ -6,6 +6,7 @@
 #include "screens/support/screen.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileDialog>
@@ -136,27 +137,58 @@ TEST_F(QtDesktopTest, InputBoxGivesTheTextOrNothing)
     EXPECT_FALSE(desktop.inputBox(QString(), QString(), u"旧"_qs).has_value());
 }
 
-TEST_F(QtDesktopTest, FileDialogsGiveAPathOrNothing)
+TEST_F(QtDesktopTest, FileDialogsGiveAllThatWasChosenOrNothing)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(u"合同.txt"_qs);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
-    const QString filter = u"文本 (*.txt)"_qs;
-    const auto opened = [&](const std::function<void(QWidget & box)> &answer) {
-        const WhenModal modal(answer);
-        return desktop.openDialog(u"打开"_qs, folder.path(), filter);
-    };
-    EXPECT_EQ(opened([&](QWidget &box) {
-                  dynamic_cast<QFileDialog &>(box).selectFile(path);
-                  buttonWith(box, u"打开(&O)"_qs)->click();
-              }),
-              path);
-    EXPECT_EQ(opened(clicks(u"取消(&C)")), QString());
-    const QString proposed = folder.filePath(u"新.txt"_qs);
+    QStringList paths;
+    for (const QString &name : {u"a.txt"_qs, u"b.txt"_qs}) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        paths += file.fileName();
+    }
+    const QChar null(u'\0');
+    FileDialog dialog;
+    dialog.filter = u"图片(*.jpg)%1*.jpg%1文本%1*.txt%1%1"_qs.arg(null);
+    dialog.initialDir = folder.path();
+    dialog.defaultExt = u"jpg"_qs;
+    dialog.filterIndex = 2;
+    dialog.flags = FileDialog::FileMustExist | FileDialog::MultiSelect;
+    {
+        const WhenModal modal(clicks(u"取消(&C)"));
+        EXPECT_FALSE(desktop.openDialog(dialog));
+        EXPECT_TRUE(dialog.file.isEmpty());
+    }
+    {
+        const WhenModal modal([&](QWidget &box) {
+            auto &choice = dynamic_cast<QFileDialog &>(box);
+            EXPECT_EQ(choice.nameFilters(), QStringList({u"图片 (*.jpg)"_qs, u"文本 (*.txt)"_qs}));
+            box.findChild<QCheckBox *>()->click();
+            choice.selectFile(paths.at(1));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return buttonWith(box, u"打开(&O)"_qs)->isEnabled(); }));
+            buttonWith(box, u"打开(&O)"_qs)->click();
+        });
+        ASSERT_TRUE(desktop.openDialog(dialog));
+    }
+    EXPECT_EQ(dialog.file, paths.at(1));
+    EXPECT_EQ(dialog.filterIndex, 2);
+    EXPECT_EQ(dialog.flags, FileDialog::FileMustExist | FileDialog::MultiSelect | FileDialog::ReadOnly |
+                                FileDialog::ExtensionDiffers);
+    FileDialog saved;
+    saved.file = folder.filePath(u"新.txt"_qs);
     const WhenModal modal(clicks(u"保存(&S)"));
-    EXPECT_EQ(desktop.saveDialog(u"保存"_qs, proposed, filter), proposed);
+    ASSERT_TRUE(desktop.saveDialog(saved));
+    EXPECT_EQ(saved.file, folder.filePath(u"新.txt"_qs));
+    EXPECT_EQ(saved.fileTitle, u"新.txt"_qs);
+}
+
+TEST_F(QtDesktopTest, TheSystemSaysWhyAFileCannotBeOpened)
+{
+    const QTemporaryDir folder;
+    EXPECT_EQ(desktop.shellExecute(u"open"_qs, folder.filePath(u"a.pdf"_qs), {}, {}, 1), 2);
+    EXPECT_EQ(desktop.shellExecute(u"open"_qs, folder.filePath(u"b/a.pdf"_qs), {}, {}, 1), 3);
+    EXPECT_EQ(desktop.shellExecute(u"print"_qs, folder.path(), {}, {}, 1), 31);
+    EXPECT_EQ(desktop.shellExecute(u"open"_qs, folder.path(), u"-x"_qs, {}, 1), 11);
+    EXPECT_GE(desktop.shellExecute(u"open"_qs, u"/bin/true"_qs, u"-x"_qs, folder.path(), 1), 33);
 }
 
 /// As another program sees it: the record lock that this one holds on a file.
@@ -190,7 +222,9 @@ TEST_F(QtDesktopTest, AFileDialogTakesNoLockFromTheDatabaseBesideIt)
         QTest::qWait(100);
         buttonWith(box, u"取消(&C)"_qs)->click();
     });
-    (void)desktop.openDialog(u"打开"_qs, folder.path(), u"全部 (*)"_qs);
+    FileDialog dialog;
+    dialog.initialDir = folder.path();
+    EXPECT_FALSE(desktop.openDialog(dialog));
     EXPECT_TRUE(isLocked(database.handle()));
 }
 
@@ -245,7 +279,6 @@ TEST_F(QtDesktopTest, TemporaryFilesAndGuidsAreNew)
     EXPECT_EQ(id.size(), 16);
     EXPECT_EQ(id[7] & 0xf0, 0x40) << "the high byte of the third part, where the version stands, comes last";
     EXPECT_NE(id, desktop.newGuidBytes());
-    EXPECT_FALSE(desktop.openFile(u"/no/such/file"_qs));
 }
 
 } // namespace
