@@ -355,4 +355,32 @@ TEST_F(AdminTest, APasswordOnTheCommandLineIsSeenByNobody)
     EXPECT_FALSE(run(u"check"_qs, {url}).errors.contains(QString::fromUtf8(secret)));
 }
 
+TEST_F(AdminTest, DeletedAttachmentsArePurgedOnlyWhenThePersonSaysSo)
+{
+    const PostgresBase base;
+    for (const QString &place : {m_file, base.url()}) {
+        m_file = place;
+        initialise();
+        const QString row =
+            u"insert into pubAttach(progID,IDs,isActive,modifydate) values(%1,'%2',%3,#%4#)"_qs;
+        sql(u"insert into fyxx(房源ID) values('7')"_qs);
+        const QString owner = sql(u"select 房源ID from fyxx"_qs).output.trimmed();
+        for (const auto &[key, isActive, date] :
+             {std::tuple(owner, 1, "2026-01-01"), std::tuple(u"99"_qs, 1, "2026-01-01"),
+              std::tuple(owner, 0, "2026-01-01"), std::tuple(owner, 0, "2026-11-01")})
+            EXPECT_EQ(sql(row.arg(u"101"_qs, key, QString::number(isActive), QLatin1String(date))).errors,
+                      QString());
+        EXPECT_EQ(run(u"attachments --db @"_qs).output, u"有效：2 个文件，0 字节\n"
+                                                        u"已删除：2 个文件，0 字节\n"
+                                                        u"有效但无所属房源：1 个文件，0 字节\n"_qs);
+        const QString purge = u"attachments --db @ --purge-deleted --before 2026-06-01"_qs;
+        for (const auto &[answer, left] : {std::pair("", "4\n"), std::pair("y\n", "4\n"),
+                                           std::pair("清除\n", "3\n"), std::pair("清除\n", "3\n")}) {
+            EXPECT_EQ(run(purge, {}, answer).status, 0);
+            EXPECT_EQ(sql(u"select count(*) from pubAttach"_qs).output, QLatin1String(left)) << answer;
+        }
+        EXPECT_EQ(run(u"attachments --db @ --purge-deleted"_qs).status, 2);
+    }
+}
+
 } // namespace ebtq::test

@@ -8,6 +8,7 @@
 #include "host/demo/demo.h"
 #include "host/setup.h"
 #include "host/start/agency.h"
+#include "shell/admin/attachments.h"
 #include "shell/admin/command_line.h"
 #include "shell/admin/orphans.h"
 #include "shell/admin/output.h"
@@ -193,6 +194,9 @@ constexpr Command commands[] = {
       u"db=文件 to=备份文件 replace", u""},
      backUp},
     {{u"restore", u"从备份恢复，原数据库改名保留", u"from=备份文件 db=文件", u""}, restore},
+    {{u"attachments", u"附件和照片占用的空间；清除某日之前的已删除文件（按文件日期，先询问）",
+      u"db=文件或地址 purge-deleted before=日期", u""},
+     manageAttachments},
     {{u"user", u"列出用户；增加（同时成为员工，密码同 init）、停用或恢复一位",
       u"db=文件或地址 add=用户名 department=部门 deactivate=用户名 activate=用户名", u""},
      manageUsers},
