@@ -1,4 +1,5 @@
 #include "agency.h"
+#include "archive/one_file_archive.h"
 #include "benchmarks.h"
 #include "database/dialect/dialect.h"
 #include "measure.h"
@@ -9,8 +10,11 @@
 #include <QTemporaryDir>
 
 #include <libpq-fe.h>
+#include <zip.h>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include <unistd.h>
 
@@ -61,6 +65,75 @@ double peakOf(const std::function<void()> &work)
     const qint64 before = statusLine("VmRSS:");
     work();
     return static_cast<double>(statusLine("VmHWM:") - before) / static_cast<double>(fileSize);
+}
+
+/// That compression makes much smaller, as plain texts.
+QByteArray textBytes()
+{
+    QByteArray bytes;
+    bytes.reserve(fileSize + 64);
+    for (int line = 0; bytes.size() < fileSize; ++line)
+        bytes += "listing " + QByteArray::number(line * 7919LL % 100003) + " sold for " +
+                 QByteArray::number(line) + '\n';
+    bytes.truncate(fileSize);
+    return bytes;
+}
+
+/// Through libzip alone, as it compresses unless it is told otherwise.
+void packBare(const QString &source, const QString &target)
+{
+    zip_t *zip = zip_open(QFile::encodeName(target).constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+    require(zip, "cannot make an archive");
+    zip_source_t *from = zip_source_file(zip, QFile::encodeName(source).constData(), 0, -1);
+    require(zip_file_add(zip, "a.bin", from, 0) == 0 && zip_close(zip) == 0, "cannot write an archive");
+}
+
+void unpackBare(const QString &archive, const QString &target)
+{
+    zip_t *zip = zip_open(QFile::encodeName(archive).constData(), ZIP_RDONLY, nullptr);
+    require(zip, "cannot open an archive");
+    zip_file_t *member = zip_fopen_index(zip, 0, 0);
+    require(member, "cannot open the file of an archive");
+    QFile to(target);
+    require(to.open(QIODevice::WriteOnly), "cannot write a file");
+    std::vector<char> piece(1 << 20);
+    while (const zip_int64_t read = zip_fread(member, piece.data(), piece.size()))
+        require(read > 0 && to.write(piece.data(), read) == read, "cannot unpack");
+    zip_fclose(member);
+    zip_discard(zip);
+}
+
+struct Measure
+{
+    QString name;
+    double ratio;
+    double limit;
+};
+
+/// The archive of a file made and read, against libzip alone.
+std::vector<Measure> archiveMeasures(const QString &kind, const QByteArray &bytes, int rounds)
+{
+    const QTemporaryDir folder;
+    const QString source = folder.filePath(QStringLiteral("a.bin"));
+    const QString archive = folder.filePath(QStringLiteral("archive"));
+    const QString bare = folder.filePath(QStringLiteral("bare"));
+    const QString target = folder.filePath(QStringLiteral("out"));
+    writeDown(source, bytes);
+    const double peak = peakOf([&] { archive::pack(source, archive); });
+    const auto unpacks = [&] {
+        QFile to(target);
+        require(to.open(QIODevice::WriteOnly), "cannot write a file");
+        archive::unpack(archive, to, fileSize);
+    };
+    const double openPeak = peakOf(unpacks);
+    const auto times = medians({{"bare", [&] { packBare(source, bare); }},
+                                {"ours", [&] { archive::pack(source, archive); }},
+                                {"bare open", [&] { unpackBare(bare, target); }},
+                                {"our open", unpacks}},
+                               rounds);
+    return {{QStringLiteral("pack_") + kind, times[1] / times[0], 1.5},
+            {QStringLiteral("unpack_") + kind, times[3] / times[2], 2.0},
+            {QStringLiteral("memory_") + kind, std::max(peak, openPeak), 2.0}};
 }
 
 /// A file in a row of the agency, and the bare ways to bring it there and back.
@@ -173,24 +246,23 @@ int attachmentsBenchmark(const Options &options)
     attachment.add();
     const auto opening = medians(
         {{"bare", [&] { attachment.openBare(); }}, {"ours", [&] { attachment.open(); }}}, options.rounds);
-    struct Measure
-    {
-        const char *name;
-        double ratio;
-        double limit;
-    };
     const bool isOnServer = agency.isOnServer();
-    const Measure measures[] = {{"add", adding[1] / adding[0], isOnServer ? 1.3 : 1.5},
-                                {"open", opening[1] / opening[0], isOnServer ? 1.3 : 2.0},
-                                {"add_memory", addPeak, 2.0},
-                                {"open_memory", openPeak, 2.0}};
+    std::vector<Measure> measures{{QStringLiteral("add"), adding[1] / adding[0], isOnServer ? 1.3 : 1.5},
+                                  {QStringLiteral("open"), opening[1] / opening[0], isOnServer ? 1.3 : 2.0},
+                                  {QStringLiteral("add_memory"), addPeak, 2.0},
+                                  {QStringLiteral("open_memory"), openPeak, 2.0}};
+    for (const auto &[kind, bytes] : {std::pair(QStringLiteral("random"), randomBytes()),
+                                      std::pair(QStringLiteral("text"), textBytes())}) {
+        const auto more = archiveMeasures(kind, bytes, options.rounds);
+        measures.insert(measures.end(), more.begin(), more.end());
+    }
     QJsonObject figures{{QStringLiteral("benchmark"), QStringLiteral("attachments")},
                         {QStringLiteral("engine"), QString::fromLatin1(agency.database().dialect().name)},
                         {QStringLiteral("add_ms"), rounded(adding[1])},
                         {QStringLiteral("open_ms"), rounded(opening[1])}};
     double worst = 0;
     for (const auto &[name, ratio, limit] : measures) {
-        figures.insert(QLatin1String(name), rounded(ratio));
+        figures.insert(name, rounded(ratio));
         worst = std::max(worst, ratio / limit);
     }
     figures.insert(QStringLiteral("ratio"), rounded(worst));
